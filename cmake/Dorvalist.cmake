@@ -1,0 +1,55 @@
+# Compiler settings and the three shapes of target: a room, a program and a test.
+
+find_program(DORV_CCACHE ccache)
+if(DORV_CCACHE)
+    # The two sloppiness words are what ccache needs to cache files that use a precompiled header.
+    set(DORV_LAUNCHER ${CMAKE_COMMAND} -E env CCACHE_SLOPPINESS=pch_defines,time_macros,include_file_mtime,include_file_ctime ${DORV_CCACHE})
+    set(CMAKE_C_COMPILER_LAUNCHER ${DORV_LAUNCHER})
+    set(CMAKE_CXX_COMPILER_LAUNCHER ${DORV_LAUNCHER})
+endif()
+
+add_library(dorv_options INTERFACE)
+target_compile_options(dorv_options INTERFACE -Wall -Wextra $<$<COMPILE_LANGUAGE:CXX>:-fpch-preprocess>)
+target_compile_definitions(dorv_options INTERFACE
+    QT_NO_CAST_FROM_BYTEARRAY QT_NO_URL_CAST_FROM_STRING QT_DISABLE_DEPRECATED_BEFORE=0x060400)
+if(DORV_WERROR)
+    target_compile_options(dorv_options INTERFACE -Werror)
+endif()
+if(DORV_SANITIZE)
+    target_compile_options(dorv_options INTERFACE -fsanitize=${DORV_SANITIZE} -fno-omit-frame-pointer -fno-sanitize-recover=undefined)
+    target_link_options(dorv_options INTERFACE -fsanitize=${DORV_SANITIZE})
+endif()
+
+# dorv_room(NAME LIBS lib...): the static library dorv_NAME of all sources of this folder.
+# PCH names the header that the room precompiles ("core" or "widgets").
+function(dorv_room name)
+    cmake_parse_arguments(arg "" "PCH" "LIBS" ${ARGN})
+    file(GLOB_RECURSE sources CONFIGURE_DEPENDS ${CMAKE_CURRENT_SOURCE_DIR}/*.cpp ${CMAKE_CURRENT_SOURCE_DIR}/*.h)
+    add_library(dorv_${name} STATIC ${sources})
+    target_include_directories(dorv_${name} PUBLIC ${PROJECT_SOURCE_DIR}/src)
+    target_link_libraries(dorv_${name} PUBLIC dorv_options ${arg_LIBS})
+    dorv_precompile(dorv_${name} ${arg_PCH})
+endfunction()
+
+function(dorv_precompile target kind)
+    target_precompile_headers(${target} PRIVATE ${PROJECT_SOURCE_DIR}/cmake/pch_${kind}.h)
+endfunction()
+
+# dorv_test(NAME SOURCES file... LIBS lib... [TIMEOUT seconds]): one Qt Test program, run offscreen
+# with the environment nailed down, so that no machine's locale, zone, style or settings reach it.
+function(dorv_test name)
+    cmake_parse_arguments(arg "" "TIMEOUT;PCH" "SOURCES;LIBS" ${ARGN})
+    if(NOT arg_PCH)
+        set(arg_PCH core)
+    endif()
+    if(NOT arg_TIMEOUT)
+        set(arg_TIMEOUT 300)
+    endif()
+    add_executable(${name} ${arg_SOURCES})
+    target_include_directories(${name} PRIVATE ${PROJECT_SOURCE_DIR}/tests)
+    target_link_libraries(${name} PRIVATE ${arg_LIBS} Qt6::Test)
+    dorv_precompile(${name} ${arg_PCH})
+    add_test(NAME ${name} COMMAND ${name})
+    set_tests_properties(${name} PROPERTIES TIMEOUT ${arg_TIMEOUT} ENVIRONMENT
+        "QT_QPA_PLATFORM=offscreen;LC_ALL=C.UTF-8;TZ=Europe/Athens;QT_HASH_SEED=0;QT_STYLE_OVERRIDE=;XDG_CONFIG_HOME=${CMAKE_BINARY_DIR}/test-home/config;XDG_DATA_HOME=${CMAKE_BINARY_DIR}/test-home/data;HOME=${CMAKE_BINARY_DIR}/test-home;QT_SCALE_FACTOR=1;ASAN_OPTIONS=detect_leaks=0")
+endfunction()

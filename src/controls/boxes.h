@@ -1,0 +1,67 @@
+// The text boxes of every form: one set of manners for focus, Enter and colour.
+#pragma once
+
+#include <QLineEdit>
+#include <QPlainTextEdit>
+
+namespace controls {
+
+// Manners shared by all boxes of this header:
+// - on focus the whole content is selected;
+// - Enter moves on as Tab does (in MemoBox it stays a new line);
+// - while `highlighting` is on, the box with the focus takes the highlight colour of the theme;
+// - read-only boxes stay readable, selectable and reachable by Tab;
+// - NUL and other control characters (but line ends and tabs in a MemoBox) never get in, by paste either.
+class TextBox : public QLineEdit {
+    Q_OBJECT
+public:
+    explicit TextBox(QWidget* parent = nullptr);
+    void setHighlighting(bool on);
+    bool isHighlighting() const { return highlighting_; }
+
+protected:
+    void focusInEvent(QFocusEvent*) override;
+    void focusOutEvent(QFocusEvent*) override;
+    void mousePressEvent(QMouseEvent*) override;
+    void keyPressEvent(QKeyEvent*) override;
+
+private:
+    bool highlighting_ = false;
+    bool selectOnRelease_ = false;
+};
+
+// Takes only the keys "0123456789," and Backspace (and the editing keys that bring no character); pasted text
+// loses every other character. An empty box becomes `whenEmpty` on leaving, unless that is null.
+class NumberBox : public TextBox {
+    Q_OBJECT
+public:
+    explicit NumberBox(QWidget* parent = nullptr);
+    void setWhenEmpty(const QString& text) { whenEmpty_ = text; }
+
+protected:
+    void focusOutEvent(QFocusEvent*) override;
+    void keyPressEvent(QKeyEvent*) override;
+
+private:
+    QString whenEmpty_;
+};
+
+// Many lines of plain text. Tab moves on.
+class MemoBox : public QPlainTextEdit {
+    Q_OBJECT
+public:
+    explicit MemoBox(QWidget* parent = nullptr);
+    void setHighlighting(bool on);
+    QString text() const { return toPlainText(); }
+    void setText(const QString& text) { setPlainText(text); }
+
+protected:
+    void focusInEvent(QFocusEvent*) override;
+    void focusOutEvent(QFocusEvent*) override;
+    void insertFromMimeData(const QMimeData* source) override;
+
+private:
+    bool highlighting_ = false;
+};
+
+}  // namespace controls

@@ -1,0 +1,61 @@
+// What a database engine does for a Connection.
+#pragma once
+
+#include <QByteArray>
+#include <QVariant>
+#include <QVector>
+#include <functional>
+#include <memory>
+
+#include "data/error.h"
+#include "data/types.h"
+
+namespace data {
+
+class EngineDialect;
+
+// Where the rows of a statement go; a cell is handed over in the engine's own form, without a copy.
+class RowSink {
+public:
+    virtual ~RowSink() = default;
+    virtual void beginRow() = 0;
+    virtual void null() = 0;
+    virtual void integer(qint64 value) = 0;
+    virtual void real(double value) = 0;
+    virtual void text(const char* utf8, qsizetype size) = 0;   // valid during the call only
+    virtual void blob(const char* bytes, qsizetype size) = 0;  // likewise
+};
+
+struct OpenSettings {
+    QString file;      // embedded engine: the database file
+    QString password;  // the property "Jet OLEDB:Database Password"
+    bool readOnly = false;
+    int busyTimeoutMs = 5000;
+};
+
+struct ExecuteResult {
+    qint64 affected = 0;
+    qint64 lastIdentity = 0;  // autonumber of the last row inserted
+};
+
+// One open database. All failures throw Error. Parameters and results are in the stored form: dates as
+// whole seconds (see format.h), YesNo as 0 and 1.
+class Engine {
+public:
+    virtual ~Engine() = default;
+
+    virtual const EngineDialect& dialect() const = 0;
+    virtual Catalog readCatalog() = 0;
+    // Runs a statement of the engine's own language; statements of the same text are prepared once.
+    virtual ExecuteResult execute(const QByteArray& sql, const QVector<QVariant>& parameters) = 0;
+    // The same for one that gives rows. Returns how many. `sink` may be null, then rows are only counted.
+    virtual qint64 query(const QByteArray& sql, const QVector<QVariant>& parameters, RowSink* sink) = 0;
+    // Several statements without parameters, for the schema's own use.
+    virtual void script(const QByteArray& sql) = 0;
+
+    virtual void begin() = 0;
+    virtual void commit() = 0;
+    virtual void rollback() noexcept = 0;
+};
+
+}  // namespace data

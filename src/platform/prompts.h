@@ -1,0 +1,37 @@
+// Everything modal that the program asks or tells.
+#pragma once
+
+#include <QString>
+#include <optional>
+
+class QWidget;
+
+namespace platform {
+
+enum class MessageIcon { Plain, Information, Question, Warning, Critical };
+
+class Prompts {
+public:
+    virtual ~Prompts() = default;
+    // `parent` may be null everywhere.
+    virtual void message(QWidget* parent, MessageIcon icon, const QString& title, const QString& text) = 0;
+    virtual bool question(QWidget* parent, const QString& title, const QString& text) = 0;  // Yes/No; closing is No
+    virtual std::optional<QString> input(QWidget* parent, const QString& title, const QString& prompt,
+                                         const QString& initial) = 0;
+    // `filter` in the form "Φωτογραφίες (*.bmp *.jpg)"; several separated by ";;". Empty on a cancel.
+    virtual QString openFile(QWidget* parent, const QString& title, const QString& filter) = 0;
+    virtual QString chooseFolder(QWidget* parent, const QString& title) = 0;
+};
+
+// Message boxes and file dialogs of the toolkit, with Greek buttons.
+class DesktopPrompts : public Prompts {
+public:
+    void message(QWidget* parent, MessageIcon icon, const QString& title, const QString& text) override;
+    bool question(QWidget* parent, const QString& title, const QString& text) override;
+    std::optional<QString> input(QWidget* parent, const QString& title, const QString& prompt,
+                                 const QString& initial) override;
+    QString openFile(QWidget* parent, const QString& title, const QString& filter) override;
+    QString chooseFolder(QWidget* parent, const QString& title) override;
+};
+
+}  // namespace platform

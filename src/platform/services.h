@@ -1,0 +1,18 @@
+// The doors to the operating system, passed to every window; tests pass recording stand-ins.
+#pragma once
+
+#include "platform/clock.h"
+#include "platform/prompts.h"
+#include "platform/settings.h"
+#include "platform/sound.h"
+
+namespace platform {
+
+struct Services {
+    Settings& settings;
+    Clock& clock;
+    Prompts& prompts;
+    Sound& sound;
+};
+
+}  // namespace platform

@@ -1,0 +1,34 @@
+// An office: the folder with its two databases.
+#pragma once
+
+#include <QString>
+#include <functional>
+
+#include "data/connection.h"
+#include "schema/tables.h"
+
+namespace schema {
+
+// Password of the users database, as the connection strings carry it.
+QString usersDatabasePassword();
+
+QString mainDatabasePath(const QString& folder);   // FOLDER/dorvalist.mdb
+QString usersDatabasePath(const QString& folder);  // FOLDER/dorvalistu.mdb
+
+QString connectionString(Database database, const QString& file);
+
+// Opens a database of the program: refuses, without touching anything, a file that isn't one, one of the other kind
+// (main for users) and one of a newer version; brings an older version up to date. Throws data::Error.
+// Database::Main or Users is told by the connection string: one with a password is the users database.
+void open(data::Connection& connection, const QString& connectionString);
+
+// Creates both databases with their tables, indexes and default rows, the groups and the Admin password; the
+// folder is made if it isn't there. Refuses (data::Error) a folder that holds either file already. On a failure no file stays
+// behind. `reference` loads name days, medicines and dictionary terms from the delivered files.
+struct NewOffice {
+    QString adminPassword;
+    QString referenceFolder;  // empty: no reference data
+};
+void createOffice(const QString& folder, const NewOffice& options);
+
+}  // namespace schema

@@ -1,0 +1,42 @@
+// The tables of both databases as data: what creates, checks and upgrades them reads these rows.
+#pragma once
+
+#include <QString>
+#include <QStringList>
+#include <QVector>
+
+#include "data/types.h"
+
+namespace schema {
+
+struct Column {
+    QString name;
+    data::ColumnType type;
+    int size = 0;   // UTF-16 units for Text, else 0
+    int since = 1;  // schema version in which the column appeared
+};
+
+// Columns by name in the index's order; text columns are indexed by their fold.
+struct Index {
+    QString name;
+    QStringList columns;
+    int since = 1;
+};
+
+struct Table {
+    QString name;
+    QVector<Column> columns;  // in the order that positional inserts and the query builder walk
+    QVector<Index> indexes;
+    QString key;  // primary key column, or empty
+    int since = 1;
+};
+
+enum class Database { Main, Users };
+
+const QVector<Table>& tables(Database database);
+// Statements of the dialect that fill a new database, in order.
+QStringList defaultRows(Database database);
+
+constexpr int currentVersion = 1;  // stored in the file; grows with every upgrade step
+
+}  // namespace schema
