@@ -1,0 +1,68 @@
+#include "cards/buttonrow.h"
+
+#include <QHBoxLayout>
+
+#include "controls/names.h"
+
+namespace cards {
+
+namespace {
+
+struct ButtonDef {
+    CardButton id;
+    const char16_t* caption;
+    const char16_t* icon;
+    const char16_t* keys;  // for the tool tip and the shortcut
+    bool built;            // what its window needs isn't there yet otherwise
+};
+
+constexpr ButtonDef buttonDefs[] = {
+    {Previous, u"Προηγούμενος", u"prev", u"Ctrl+PgUp", true},
+    {Search, u"Αναζήτηση", u"search", u"F3", false},
+    {Next, u"Επόμενος", u"next", u"Ctrl+PgDown", true},
+    {AddNew, u"Προσθήκη Νέου", u"add", u"Ctrl+N", true},
+    {Edit, u"Διόρθωση Στοιχείων", u"edit", u"F2", true},
+    {Delete, u"Διαγράφη", u"delete", u"Ctrl+Del", true},
+    {Save, u"Ενήμερωση", u"save", u"F5", true},
+    {Cancel, u"Ακύρωση", u"cancel", u"Ctrl+Z, Esc", true},
+    {Exit, u"Έξοδος", u"exit", u"Ctrl+F4", true},
+    {Print, u"Εκτύπωση Καρτέλας", u"print", u"Ctrl+P", false},
+};
+
+}  // namespace
+
+ButtonRow::ButtonRow(core::MainMod& mod, QWidget* parent) : QWidget(parent), mod_(mod) {
+    auto* layout = new QHBoxLayout(this);
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->setSpacing(4);
+    for (const ButtonDef& def : buttonDefs) {
+        if (!def.built) continue;
+        const QString caption = QString::fromUtf16(def.caption);
+        auto* button = controls::named(new controls::PictureButton(caption, QString::fromUtf16(def.icon)),
+                                       controls::arrayName(QStringLiteral("lblClick"), def.id));
+        button->setToolTip(
+            QStringLiteral("%1 (%2)").arg(caption, QString::fromUtf16(def.keys).section(QStringLiteral(", "), -1)));
+        connect(button, &controls::PictureButton::hovered, this,
+                [this] { mod_.playButtonSound(QStringLiteral("NIMOver.wav")); });
+        connect(button, &controls::PictureButton::pressed, this,
+                [this] { mod_.playButtonSound(QStringLiteral("NIMClick.wav")); });
+        connect(button, &controls::PictureButton::clicked, this, [this, id = def.id] { emit pressed(id); });
+        if (def.id == Exit) layout->addStretch(1);
+        layout->addWidget(button);
+        buttons_.insert(def.id, button);
+    }
+}
+
+void ButtonRow::setBrowsing(bool restricted) {
+    for (auto [id, button] : buttons_.asKeyValueRange()) {
+        const bool writes = id == AddNew || id == Edit || id == Delete;
+        if (id != Print) button->setEnabled(id != Save && id != Cancel && !(restricted && writes));
+    }
+}
+
+void ButtonRow::setEditing() {
+    for (auto [id, button] : buttons_.asKeyValueRange())
+        if (id != Print) button->setEnabled(id == Save || id == Cancel);
+}
+
+}  // namespace cards

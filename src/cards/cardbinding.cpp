@@ -1,0 +1,216 @@
+#include "cards/cardbinding.h"
+
+#include "data/format.h"
+
+namespace cards {
+
+namespace {
+
+const QString datePattern = QStringLiteral("dd/mm/yyyy");
+const QString amountPattern = QStringLiteral("#,##0.00");
+const QString man = QStringLiteral("Άνδρας");
+const QString woman = QStringLiteral("Γυναίκα");
+const QDate noBirthDate(1900, 1, 1);
+
+// Boxes show line ends their own way and drop control characters.
+bool sameOnScreen(const QString& shown, const QString& stored) {
+    if (shown == stored) return true;
+    if (shown.contains(u'\n') && shown == QString(stored).replace(QStringLiteral("\r\n"), QStringLiteral("\n")))
+        return true;
+    controls::TextBox probe;
+    probe.setText(stored);
+    return probe.text() == shown;
+}
+
+void setDate(CardView& view, const CardField& field, QDate date) {
+    view.date(field)->setDate(date);
+    view.picker(field)->setValue(date);
+}
+
+void setListText(QComboBox* combo, const QString& text) {
+    combo->setCurrentIndex(combo->findText(text, Qt::MatchExactly | Qt::MatchCaseSensitive));
+    if (combo->isEditable())
+        combo->setEditText(text);
+    else if (combo->currentIndex() < 0 && !text.isEmpty()) {
+        // A name that came into the table after the list was filled.
+        combo->addItem(text);
+        combo->setCurrentIndex(combo->count() - 1);
+    }
+}
+
+double numberOf(const QString& text) {
+    if (const auto number = data::parseNumber(text)) return *number;
+    throw data::Error(data::ErrorCategory::Type, QStringLiteral("Το «%1» δεν είναι αριθμός.").arg(text.left(40)));
+}
+
+QVariant dateOf(const controls::DateBox* box) {
+    return box->formattedText();
+}
+
+void writeText(data::Field column, const QString& text) {
+    const QVariant old = column.value();
+    if (old.isValid() && sameOnScreen(text, old.toString())) return;
+    column.setValue(text);
+}
+
+void writeNameDay(const QString& line, data::Recordset& row, int year) {
+    // An empty choice keeps what the card has.
+    if (line.isEmpty()) return;
+    row[u"ΗΜ_ΕΟΡΤΗΣ"].setValue(nameDayDate(line, year));
+    row[u"KEIM_ΕΟΡΤΗΣ"].setValue(line);
+}
+
+}  // namespace
+
+QString nameDayDate(const QString& line, int year) {
+    return QStringLiteral("%1/%2").arg(line.right(5)).arg(year, 4, 10, QLatin1Char('0'));
+}
+
+QString nameDayLine(const QString& name, const QDateTime& feast) {
+    return name + QStringLiteral("   ") + data::format(feast, u"dd/mm/yyyy").left(5);
+}
+
+void clearControls(CardView& view, QDate today) {
+    for (const CardField& field : cardFields()) {
+        switch (field.kind) {
+            case CardKind::Text:
+            case CardKind::ParamText:
+                view.text(field)->setText({});
+                break;
+            case CardKind::Notes:
+            case CardKind::LongText:
+                view.memo(field)->setText({});
+                break;
+            case CardKind::ParamNumber:
+            case CardKind::Frequency:
+            case CardKind::Amount:
+                view.text(field)->setText(QStringLiteral("0"));
+                break;
+            case CardKind::ParamDate:
+            case CardKind::LastMovement:
+                setDate(view, field, today);
+                break;
+            case CardKind::BirthDate:
+                setDate(view, field, noBirthDate);
+                break;
+            case CardKind::ParamFlag:
+                view.check(field)->setChecked(false);
+                break;
+            case CardKind::ParamList:
+                setListText(view.combo(field), {});
+                break;
+            case CardKind::NameDay:
+                view.combo(field)->setCurrentIndex(0);
+                break;
+            case CardKind::Category:
+                view.combo(field)->setCurrentIndex(view.combo(field)->count() > 1 ? 1 : 0);
+                break;
+            case CardKind::Sex:
+                view.combo(field)->setCurrentText(man);
+                break;
+        }
+    }
+}
+
+void showField(CardView& view, const CardField& field, const QVariant& value, const QString& categoryName) {
+    if (field.kind == CardKind::Category) return setListText(view.combo(field), categoryName);
+    if (!value.isValid()) return;
+    switch (field.kind) {
+        case CardKind::Text:
+        case CardKind::ParamText:
+        case CardKind::ParamNumber:
+        case CardKind::Frequency:
+            view.text(field)->setText(data::valueText(value));
+            break;
+        case CardKind::Amount:
+            view.text(field)->setText(data::format(value, amountPattern));
+            break;
+        case CardKind::Notes:
+        case CardKind::LongText:
+            view.memo(field)->setText(value.toString());
+            break;
+        case CardKind::ParamDate:
+        case CardKind::LastMovement:
+        case CardKind::BirthDate:
+            setDate(view, field, value.toDateTime().date());
+            break;
+        case CardKind::ParamFlag:
+            view.check(field)->setChecked(value.toBool());
+            break;
+        case CardKind::ParamList:
+        case CardKind::NameDay:
+            setListText(view.combo(field), value.toString());
+            break;
+        case CardKind::Sex:
+            view.combo(field)->setCurrentText(value.toBool() ? man : woman);
+            break;
+        case CardKind::Category:
+            break;
+    }
+}
+
+void writeField(const CardView& view, const CardField& field, data::Recordset& row, std::optional<qint64> category,
+                int year) {
+    data::Field column = row[field.column];
+    switch (field.kind) {
+        case CardKind::Text:
+        case CardKind::ParamText:
+            writeText(column, view.text(field)->text());
+            break;
+        case CardKind::Notes:
+        case CardKind::LongText:
+            writeText(column, view.memo(field)->text());
+            break;
+        case CardKind::ParamList:
+            writeText(column, view.combo(field)->currentText());
+            break;
+        case CardKind::ParamNumber:
+        case CardKind::Frequency:
+        case CardKind::Amount:
+            column.setValue(numberOf(view.text(field)->text()));
+            break;
+        case CardKind::BirthDate:
+            column.setValue(view.date(field)->isBlank() ? QVariant() : dateOf(view.date(field)));
+            break;
+        case CardKind::ParamDate:
+        case CardKind::LastMovement:
+            column.setValue(dateOf(view.date(field)));
+            break;
+        case CardKind::ParamFlag:
+            column.setValue(view.check(field)->isChecked());
+            break;
+        case CardKind::Sex:
+            column.setValue(view.combo(field)->currentText() == man);
+            break;
+        case CardKind::NameDay:
+            writeNameDay(view.combo(field)->currentText(), row, year);
+            break;
+        case CardKind::Category:
+            column.setValue(category ? QVariant(*category) : QVariant());
+            break;
+    }
+}
+
+void setEditable(CardView& view, bool editable) {
+    for (const CardField& field : cardFields()) {
+        QWidget* widget = view.control(field);
+        if (auto* box = qobject_cast<controls::DateBox*>(widget)) {
+            box->setEnabled(editable);
+            box->setHighlighting(editable);
+            view.picker(field)->setEnabled(editable);
+        } else if (auto* text = qobject_cast<controls::TextBox*>(widget)) {
+            text->setReadOnly(!editable);
+            text->setHighlighting(editable);
+        } else if (auto* memo = qobject_cast<controls::MemoBox*>(widget)) {
+            memo->setReadOnly(!editable);
+            memo->setHighlighting(editable);
+        } else {
+            widget->setEnabled(editable);
+        }
+    }
+    view.loadPhoto()->setEnabled(editable);
+    view.clearPhoto()->setEnabled(editable);
+    view.saveHint()->setVisible(editable);
+}
+
+}  // namespace cards

@@ -1,0 +1,357 @@
+#include "cards/cardview.h"
+
+#include <QCompleter>
+#include <QFormLayout>
+#include <QGridLayout>
+#include <QHBoxLayout>
+#include <QScrollArea>
+#include <QStackedLayout>
+#include <QVBoxLayout>
+
+#include "controls/names.h"
+#include "controls/theme.h"
+
+namespace cards {
+
+using controls::arrayName;
+using controls::named;
+
+namespace {
+
+struct TabDef {
+    CardTab tab;
+    const char16_t* caption;
+    const char16_t* frame;
+    bool visible;
+};
+
+// The strip in its order. A tab whose contents aren't all there yet exists, since its columns are saved, but isn't
+// shown.
+constexpr TabDef tabDefs[] = {
+    {CardTab::Basic, u"Βασικά Στοιχεία", u"Frame3", true}, {CardTab::Special, u"Ειδικά Στοιχεία", u"Frame4", true},
+    {CardTab::History, u"Ιστορικό", u"Frame5", false},     {CardTab::Notes, u"Σημειώσεις", u"Frame1", true},
+    {CardTab::Texts, u"Κείμενα", u"Frame6", true},
+};
+
+// The two columns of the first tab, top to bottom; this is also the tab order.
+const QStringList basicLeft = {"Text7(0)", "Text7(1)", "Text7(2)", "Combo1",    "Combo2",    "txtDate",
+                               "Text7(3)", "Combo3",   "Text7(4)", "Text7(18)", "Text7(19)", "Text7(15)"};
+const QStringList basicRight = {"Text7(5)",  "Text7(6)",  "Text7(8)",  "Text7(7)",  "Text7(9)",  "Text7(20)",
+                                "Text7(10)", "Text7(21)", "Text7(11)", "Text7(12)", "Text7(13)", "Text7(14)"};
+
+const CardField& fieldNamed(const QString& control) {
+    for (const CardField& field : cardFields())
+        if (field.controlName() == control) return field;
+    Q_UNREACHABLE();
+}
+
+QFormLayout* formLayout() {
+    auto* form = new QFormLayout;
+    form->setContentsMargins(0, 0, 0, 0);
+    form->setHorizontalSpacing(10);
+    form->setVerticalSpacing(6);
+    form->setLabelAlignment(Qt::AlignRight | Qt::AlignVCenter);
+    form->setFieldGrowthPolicy(QFormLayout::AllNonFixedFieldsGrow);
+    return form;
+}
+
+QComboBox* comboBox(bool editable) {
+    auto* combo = new QComboBox;
+    combo->setEditable(editable);
+    combo->setInsertPolicy(QComboBox::NoInsert);
+    combo->setMaxVisibleItems(18);
+    combo->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
+    combo->setMinimumContentsLength(12);
+    if (editable) combo->completer()->setFilterMode(Qt::MatchContains);
+    return combo;
+}
+
+QWidget* scrolled(QWidget* page) {
+    auto* area = new QScrollArea;
+    area->setWidget(page);
+    area->setWidgetResizable(true);
+    area->setFrameShape(QFrame::NoFrame);
+    area->setFocusPolicy(Qt::NoFocus);
+    return area;
+}
+
+}  // namespace
+
+CardView::CardView(QWidget* parent) : QWidget(parent) {
+    for (const CardField& field : cardFields()) widgets_.insert(field.controlName(), create(field));
+
+    tabs_ = named(new QTabWidget, QStringLiteral("TabStrip1"));
+    tabs_->setDocumentMode(true);
+    using Builder = QWidget* (CardView::*)();
+    const QHash<CardTab, Builder> builders = {{CardTab::Basic, &CardView::basicTab},
+                                              {CardTab::Special, &CardView::specialTab},
+                                              {CardTab::History, &CardView::historyTab},
+                                              {CardTab::Notes, &CardView::notesTab},
+                                              {CardTab::Texts, &CardView::textsTab}};
+    for (const TabDef& def : tabDefs) {
+        QWidget* frame = named((this->*builders.value(def.tab))(), QString::fromUtf16(def.frame));
+        QWidget* page = scrolled(frame);
+        pages_.insert(def.tab, page);
+        const int index = tabs_->addTab(page, QString::fromUtf16(def.caption));
+        tabs_->setTabVisible(index, def.visible);
+    }
+
+    auto* layout = new QVBoxLayout(this);
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->setSpacing(8);
+    layout->addWidget(header());
+    layout->addWidget(tabs_, 1);
+}
+
+QWidget* CardView::create(const CardField& field) {
+    QWidget* widget = nullptr;
+    switch (field.kind) {
+        case CardKind::Text:
+        case CardKind::ParamText:
+            widget = new controls::TextBox;
+            break;
+        case CardKind::ParamNumber:
+            widget = new controls::NumberBox;
+            break;
+        case CardKind::Frequency:
+        case CardKind::Amount: {
+            auto* box = new controls::NumberBox;
+            box->setWhenEmpty(QStringLiteral("0"));
+            widget = box;
+            break;
+        }
+        case CardKind::Notes:
+        case CardKind::LongText:
+            widget = new controls::MemoBox;
+            break;
+        case CardKind::ParamDate:
+        case CardKind::BirthDate:
+        case CardKind::LastMovement:
+            widget = new controls::DateBox;
+            break;
+        case CardKind::ParamFlag:
+            widget = new QCheckBox;
+            break;
+        case CardKind::Category:
+        case CardKind::Sex:
+            widget = comboBox(false);
+            break;
+        case CardKind::ParamList:
+        case CardKind::NameDay:
+            widget = comboBox(true);
+            break;
+    }
+    if (field.kind == CardKind::Sex)
+        qobject_cast<QComboBox*>(widget)->addItems({QStringLiteral("Άνδρας"), QStringLiteral("Γυναίκα")});
+    controls::setAccessibleCaption(widget, field.caption);
+    return named(widget, field.controlName());
+}
+
+QLabel* CardView::caption(const CardField& field) {
+    auto* label = new QLabel(field.caption);
+    if (!field.captionColumn.isEmpty()) label->setTextFormat(Qt::PlainText);
+    captions_.insert(field.controlName(), label);
+    controls::tie(label, control(field));
+    return label;
+}
+
+QWidget* CardView::datePairOf(const CardField& field) {
+    static const QHash<QString, QString> pickerNames = {{"txtDate", "DTPicker1"}, {"txtΤελευταία", "DTPΤελευταία"}};
+    auto* picker =
+        named(new controls::DatePicker,
+              field.index < 0 ? pickerNames.value(field.array) : arrayName(QStringLiteral("DTPcustDate"), field.index));
+    controls::setAccessibleCaption(picker, QStringLiteral("Ημερολόγιο: ") + field.caption);
+    pickers_.insert(field.controlName(), picker);
+    controls::pairUp(date(field), picker);
+    auto* pair = new QWidget;
+    auto* layout = new QHBoxLayout(pair);
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->setSpacing(4);
+    layout->addWidget(date(field));
+    layout->addWidget(picker);
+    layout->addStretch(1);
+    return pair;
+}
+
+void CardView::addRow(QFormLayout* form, const CardField& field) {
+    QWidget* holder = control(field);
+    if (qobject_cast<controls::DateBox*>(holder)) holder = datePairOf(field);
+    if (field.kind == CardKind::ParamFlag)
+        form->addRow(QString(), holder);
+    else
+        form->addRow(caption(field), holder);
+    forms_.insert(field.controlName(), form);
+}
+
+QWidget* CardView::header() {
+    surname_ = named(new QLabel, arrayName(QStringLiteral("Label1"), 0));
+    firstName_ = named(new QLabel, arrayName(QStringLiteral("Label1"), 1));
+    telephone_ = named(new QLabel, arrayName(QStringLiteral("Label1"), 2));
+    counter_ = named(new QLabel, QStringLiteral("Label4"));
+    saveHint_ = named(new QLabel(QStringLiteral("[F5] Επικύρωση")), QStringLiteral("Label31"));
+    for (QLabel* label : {surname_, firstName_, telephone_}) {
+        label->setTextFormat(Qt::PlainText);
+        label->setFont(controls::font(QStringLiteral("Tahoma"), 14, label == surname_));
+        // A name of any length must not push the window wider than the screen.
+        label->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
+    }
+    saveHint_->setProperty("role", "accent");
+    counter_->setProperty("role", "muted");
+    auto* bar = new QWidget;
+    auto* layout = new QHBoxLayout(bar);
+    layout->setContentsMargins(2, 0, 2, 0);
+    layout->setSpacing(10);
+    layout->addWidget(surname_, 3);
+    layout->addWidget(firstName_, 3);
+    layout->addWidget(telephone_, 2);
+    layout->addWidget(saveHint_);
+    layout->addWidget(counter_);
+    return bar;
+}
+
+QWidget* CardView::basicTab() {
+    auto* page = new QWidget;
+    auto* grid = new QGridLayout(page);
+    grid->setContentsMargins(14, 14, 14, 14);
+    grid->setHorizontalSpacing(28);
+    QFormLayout *left = formLayout(), *right = formLayout(), *bottom = formLayout();
+    for (const QString& name : basicLeft) addRow(left, fieldNamed(name));
+    for (const QString& name : basicRight) addRow(right, fieldNamed(name));
+    addRow(bottom, fieldNamed(QStringLiteral("Text7(16)")));
+    grid->addLayout(left, 0, 0);
+    grid->addLayout(right, 0, 1);
+    grid->addLayout(bottom, 1, 0, 1, 2);
+    grid->setColumnStretch(0, 1);
+    grid->setColumnStretch(1, 1);
+    grid->setRowStretch(2, 1);
+    return page;
+}
+
+QWidget* CardView::specialTab() {
+    auto* page = new QWidget;
+    auto* layout = new QGridLayout(page);
+    layout->setContentsMargins(14, 14, 14, 14);
+    layout->setHorizontalSpacing(24);
+    QFormLayout *texts = formLayout(), *figures = formLayout(), *choices = formLayout();
+    const QHash<CardKind, QFormLayout*> column = {{CardKind::ParamText, texts},
+                                                  {CardKind::ParamNumber, figures},
+                                                  {CardKind::ParamDate, figures},
+                                                  {CardKind::ParamList, choices},
+                                                  {CardKind::ParamFlag, choices}};
+    // Lists stand above the check boxes, so the lists are added first.
+    for (const bool flags : {false, true})
+        for (const CardField& field : cardFields())
+            if (column.contains(field.kind) && (field.kind == CardKind::ParamFlag) == flags)
+                addRow(column.value(field.kind), field);
+    specialHint_ = new QLabel(QStringLiteral("Το γραφείο δεν έχει ορίσει ακόμη ειδικά πεδία."));
+    specialHint_->setProperty("role", "muted");
+    specialHint_->hide();
+    int index = 0;
+    for (QFormLayout* form : {texts, figures, choices}) {
+        layout->addLayout(form, 0, index);
+        layout->setColumnStretch(index++, 1);
+    }
+    layout->addWidget(specialHint_, 1, 0, 1, 3, Qt::AlignTop);
+    layout->setRowStretch(1, 1);
+    return page;
+}
+
+QWidget* CardView::notesTab() {
+    auto* page = new QWidget;
+    auto* grid = new QGridLayout(page);
+    grid->setContentsMargins(14, 14, 14, 14);
+    grid->setHorizontalSpacing(16);
+    photo_ = named(new PhotoView, QStringLiteral("Image1"));
+    loadPhoto_ =
+        named(new QPushButton(controls::icon(QStringLiteral("photo-add")), QStringLiteral("Εισαγωγή Φωτογραφίας")),
+              QStringLiteral("Command1"));
+    clearPhoto_ =
+        named(new QPushButton(controls::icon(QStringLiteral("photo-remove")), QStringLiteral("Διαγραφή Φωτογραφίας")),
+              QStringLiteral("Command3"));
+    const CardField& notes = fieldNamed(QStringLiteral("Text7(17)"));
+    grid->addWidget(caption(notes), 0, 0, Qt::AlignLeft);
+    grid->addWidget(memo(notes), 1, 0, 3, 1);
+    grid->addWidget(photo_, 1, 1);
+    grid->addWidget(loadPhoto_, 2, 1);
+    grid->addWidget(clearPhoto_, 3, 1);
+    grid->setColumnStretch(0, 2);
+    grid->setColumnStretch(1, 1);
+    grid->setRowStretch(1, 1);
+    return page;
+}
+
+QWidget* CardView::textsTab() {
+    auto* page = new QWidget;
+    auto* grid = new QGridLayout(page);
+    grid->setContentsMargins(14, 14, 14, 14);
+    grid->setHorizontalSpacing(16);
+    textHeader_ = named(new QLabel, QStringLiteral("lblMemeHeader"));
+    textHeader_->setTextFormat(Qt::PlainText);
+    textHeader_->setFont(controls::font(QStringLiteral("Tahoma"), 11, true));
+    grid->addWidget(textHeader_, 0, 1);
+    auto* buttons = new QVBoxLayout;
+    auto* stack = new QVBoxLayout;
+    for (int i = 0; i < 6; ++i) {
+        auto* button = named(new QPushButton, arrayName(QStringLiteral("cmdMemo"), i));
+        button->setCheckable(true);
+        button->setAutoExclusive(true);
+        connect(button, &QPushButton::clicked, this, [this, i] { showText(i); });
+        textButtons_.append(button);
+        buttons->addWidget(button);
+        stack->addWidget(control(arrayName(QStringLiteral("txtMemo"), i)));
+    }
+    buttons->addStretch(1);
+    grid->addLayout(buttons, 1, 0);
+    grid->addLayout(stack, 1, 1);
+    grid->setColumnStretch(1, 1);
+    return page;
+}
+
+QWidget* CardView::historyTab() {
+    auto* page = new QWidget;
+    auto* form = formLayout();
+    page->setLayout(form);
+    form->setContentsMargins(14, 14, 14, 14);
+    for (const CardField& field : cardFields())
+        if (field.tab == CardTab::History) addRow(form, field);
+    return page;
+}
+
+void CardView::dress(const CardField& field, const QString& caption, bool visible) {
+    QWidget* widget = control(field);
+    controls::setAccessibleCaption(widget, caption);
+    if (QLabel* label = captions_.value(field.controlName())) label->setText(caption);
+    if (auto* box = qobject_cast<QCheckBox*>(widget))
+        box->setText(QString(caption).replace(QLatin1Char('&'), QStringLiteral("&&")));
+    if (field.kind == CardKind::LongText) {
+        textButtons_[field.index]->setText(QString(caption).replace(QLatin1Char('&'), QStringLiteral("&&")));
+        return;
+    }
+    if (QFormLayout* form = forms_.value(field.controlName()))
+        form->setRowVisible(qobject_cast<controls::DateBox*>(widget) ? widget->parentWidget() : widget, visible);
+}
+
+void CardView::showSpecialHint() {
+    const bool any = std::any_of(cardFields().begin(), cardFields().end(), [this](const CardField& field) {
+        return field.tab == CardTab::Special && !control(field)->isHidden() &&
+               !control(field)->parentWidget()->isHidden();
+    });
+    specialHint_->setVisible(!any);
+}
+
+void CardView::selectTab(CardTab tab) {
+    tabs_->setCurrentWidget(pages_.value(tab));
+}
+
+bool CardView::isShowing(CardTab tab) const {
+    return tabs_->currentWidget() == pages_.value(tab);
+}
+
+void CardView::showText(int index) {
+    for (int i = 0; i < 6; ++i) control(arrayName(QStringLiteral("txtMemo"), i))->setVisible(i == index);
+    textButtons_[index]->setChecked(true);
+    textHeader_->setText(QStringLiteral(" ") +
+                         textButtons_[index]->text().replace(QStringLiteral("&&"), QStringLiteral("&")));
+}
+
+}  // namespace cards

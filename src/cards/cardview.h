@@ -1,0 +1,81 @@
+// The face of the card: the controls of cardFields() on their tabs, without behaviour of its own.
+#pragma once
+
+#include <QCheckBox>
+#include <QComboBox>
+#include <QHash>
+#include <QLabel>
+#include <QPushButton>
+#include <QTabWidget>
+#include <QWidget>
+
+#include "cards/cardfields.h"
+#include "cards/photoview.h"
+#include "controls/datepair.h"
+
+class QFormLayout;
+
+namespace cards {
+
+class CardView : public QWidget {
+    Q_OBJECT
+public:
+    explicit CardView(QWidget* parent = nullptr);
+
+    // By control name; the field must be of that kind.
+    controls::TextBox* text(const CardField& field) const { return cast<controls::TextBox>(field); }
+    controls::MemoBox* memo(const CardField& field) const { return cast<controls::MemoBox>(field); }
+    controls::DateBox* date(const CardField& field) const { return cast<controls::DateBox>(field); }
+    QComboBox* combo(const CardField& field) const { return cast<QComboBox>(field); }
+    QCheckBox* check(const CardField& field) const { return cast<QCheckBox>(field); }
+    controls::DatePicker* picker(const CardField& field) const { return pickers_.value(field.controlName()); }
+    QWidget* control(const CardField& field) const { return widgets_.value(field.controlName()); }
+    QWidget* control(const QString& name) const { return widgets_.value(name); }
+
+    // Caption and visibility of a parametric field; hidden ones keep their values.
+    void dress(const CardField& field, const QString& caption, bool visible);
+    void showSpecialHint();  // says so when the office has switched no parametric field on
+
+    void selectTab(CardTab tab);
+    bool isShowing(CardTab tab) const;
+    void showText(int index);  // one of the six long texts
+
+    QLabel* surname() const { return surname_; }
+    QLabel* firstName() const { return firstName_; }
+    QLabel* telephone() const { return telephone_; }
+    QLabel* counter() const { return counter_; }
+    QLabel* saveHint() const { return saveHint_; }
+    QTabWidget* tabs() const { return tabs_; }
+    PhotoView* photo() const { return photo_; }
+    QPushButton* loadPhoto() const { return loadPhoto_; }
+    QPushButton* clearPhoto() const { return clearPhoto_; }
+
+private:
+    template <typename W>
+    W* cast(const CardField& field) const {
+        return qobject_cast<W*>(widgets_.value(field.controlName()));
+    }
+    QWidget* create(const CardField& field);
+    QWidget* datePairOf(const CardField& field);
+    QLabel* caption(const CardField& field);
+    QWidget* header();
+    QWidget* basicTab();
+    QWidget* specialTab();
+    QWidget* notesTab();
+    QWidget* textsTab();
+    QWidget* historyTab();
+    void addRow(QFormLayout* form, const CardField& field);
+
+    QHash<QString, QWidget*> widgets_;
+    QHash<QString, controls::DatePicker*> pickers_;
+    QHash<QString, QLabel*> captions_;
+    QHash<QString, QFormLayout*> forms_;
+    QVector<QPushButton*> textButtons_;
+    QHash<CardTab, QWidget*> pages_;
+    QLabel *surname_, *firstName_, *telephone_, *counter_, *saveHint_, *textHeader_, *specialHint_;
+    QTabWidget* tabs_;
+    PhotoView* photo_;
+    QPushButton *loadPhoto_, *clearPhoto_;
+};
+
+}  // namespace cards

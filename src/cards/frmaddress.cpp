@@ -1,0 +1,278 @@
+#include "cards/frmaddress.h"
+
+#include <QApplication>
+#include <QShortcut>
+#include <QVBoxLayout>
+
+#include "cards/cardbinding.h"
+#include "controls/names.h"
+
+namespace cards {
+
+namespace {
+
+// The hourglass, for as long as it lives.
+struct BusyCursor {
+    BusyCursor() { QApplication::setOverrideCursor(Qt::WaitCursor); }
+    ~BusyCursor() { QApplication::restoreOverrideCursor(); }
+};
+
+QVector<QVariant> valuesOf(data::Recordset& row) {
+    QVector<QVariant> values;
+    for (int i = 0; i < row.fieldCount(); ++i) values.append(row.field(i).value());
+    return values;
+}
+
+}  // namespace
+
+frmAddress::frmAddress(core::MainMod& mod)
+    : Form(mod, QStringLiteral("frmAddress"), QStringLiteral("Καρτέλα"), {QStringLiteral("Address"), 0, 0}),
+      view_(new CardView),
+      buttons_(new ButtonRow(mod)) {
+    auto* layout = new QVBoxLayout(this);
+    layout->setContentsMargins(12, 10, 12, 10);
+    layout->setSpacing(8);
+    layout->addWidget(view_, 1);
+    layout->addWidget(buttons_);
+    wire();
+}
+
+void frmAddress::wire() {
+    on(buttons_, &ButtonRow::pressed, [this](CardButton id) { dispatch(id); });
+    on(view_->loadPhoto(), &QPushButton::clicked, [this] { loadPhoto(); });
+    on(view_->clearPhoto(), &QPushButton::clicked, [this] { clearPhoto(); });
+    for (const CardField& field : cardFields())
+        if (controls::DateBox* box = view_->date(field)) on(box, &controls::DateBox::refused, [this] { mod_.beep(); });
+    addShortcut(Qt::Key_F5, [this] {
+        if (isEditing()) SaveCard();
+    });
+    struct Keys {
+        QKeySequence keys;
+        CardButton id;
+    };
+    for (const Keys& row : {Keys{QKeySequence("Ctrl+PgUp"), Previous},
+                            {QKeySequence("Ctrl+PgDown"), Next},
+                            {QKeySequence("Ctrl+N"), AddNew},
+                            {Qt::Key_F2, Edit},
+                            {QKeySequence("Ctrl+Del"), Delete},
+                            {Qt::Key_Escape, Cancel}})
+        addShortcut(row.keys, [this, id = row.id] {
+            if (buttons_->button(id)->isEnabled()) dispatch(id);
+        });
+}
+
+void frmAddress::addShortcut(const QKeySequence& keys, std::function<void()> action) {
+    auto* shortcut = new QShortcut(keys, this, nullptr, nullptr, Qt::WidgetWithChildrenShortcut);
+    on(shortcut, &QShortcut::activated, std::move(action));
+}
+
+void frmAddress::dispatch(CardButton id) {
+    switch (id) {
+        case Previous:
+            return PreviousCard();
+        case Next:
+            return NextCard();
+        case AddNew:
+            return CardAddNew();
+        case Edit:
+            return CardEdit();
+        case Delete:
+            return DeleteCard();
+        case Save:
+            return SaveCard();
+        case Cancel:
+            return CancelCard();
+        case Exit:
+            emit closeRequested();
+            return;
+        case Search:
+        case Print:
+            return;
+    }
+}
+
+void frmAddress::onLoad() {
+    const BusyCursor busy;
+    mod_.gAddressOpen = true;
+    // Locked before anything can fail, so that a card that can't be read can't be typed into.
+    ClearCard();
+    LockCard();
+    showCounter();
+    FillCombo();
+    mRsCards.open(mod_.gConn, QStringLiteral("select code,OutlookEntryID from cards order by ΕΠΩΝΥΜΟ"));
+    dress();
+    ClearCard();
+    LockCard();
+    buttons_->setBrowsing(mod_.gUserGroup == core::groupRestricted);
+    if (mRsCards.isEmpty())
+        showCounter();
+    else
+        showFirst();
+}
+
+void frmAddress::showFirst() {
+    mRsCards.moveFirst();
+    CurrentCode = mRsCards[u"code"].text();
+    ShowCard(true);
+}
+
+void frmAddress::dress() {
+    data::Recordset custom(mod_.gConn, QStringLiteral("Select * from customfields where id=1"));
+    if (custom.isEmpty()) return;
+    for (const CardField& field : cardFields())
+        if (!field.captionColumn.isEmpty())
+            view_->dress(field, custom[field.captionColumn].text(),
+                         field.visibleColumn.isEmpty() || custom[field.visibleColumn].toBool());
+    view_->showSpecialHint();
+    view_->showText(0);
+}
+
+void frmAddress::FillCombo() {
+    const auto fill = [this](const QString& control, const QString& sql,
+                             const std::function<QString(data::Recordset&)>& line) {
+        auto* combo = qobject_cast<QComboBox*>(view_->control(control));
+        const QString shown = combo->currentText();
+        QStringList lines{QString()};
+        for (data::Recordset rows(mod_.gConn, sql); !rows.eof(); rows.moveNext()) lines << line(rows);
+        combo->clear();
+        combo->addItems(lines);
+        // A list refilled under an open card keeps what the card shows.
+        combo->setCurrentIndex(std::max<int>(0, lines.indexOf(shown)));
+        if (combo->isEditable()) combo->setEditText(shown);
+    };
+    const auto description = [](data::Recordset& row) { return row[u"Description"].text(); };
+    fill(QStringLiteral("Combo1"),
+         QStringLiteral("select description,code,PAYABLE from cardKategory order by description"), description);
+    fill(QStringLiteral("Combo3"), QStringLiteral("select ONOMA,HMERA from NameDay order by onoma"),
+         [](data::Recordset& row) { return nameDayLine(row[u"ONOMA"].text(), row[u"HMERA"].toDate()); });
+    for (int n = 1; n <= 4; ++n)
+        fill(controls::arrayName(QStringLiteral("Combo4"), n - 1),
+             QStringLiteral("select Description from combo%1 order by Description").arg(n), description);
+}
+
+void frmAddress::ClearCard() {
+    clearControls(*view_, mod_.services.clock.today());
+    for (QLabel* label : {view_->surname(), view_->firstName(), view_->telephone()}) label->clear();
+    mPhotoBytes.clear();
+    view_->photo()->setBytes({});
+    view_->showText(0);
+    if (mod_.gUserGroup == core::groupRestricted) buttons_->setBrowsing(true);
+}
+
+void frmAddress::LockCard() {
+    setEditable(*view_, false);
+}
+
+void frmAddress::UnlockCard() {
+    setEditable(*view_, true);
+}
+
+void frmAddress::ShowCard(bool Reload) {
+    const BusyCursor busy;
+    const QByteArray photoOnShow = mPhotoBytes;
+    ClearCard();
+    try {
+        data::Recordset row(mod_.gConn, QStringLiteral("Select * from cards where code=%1 ").arg(CurrentCode));
+        if (row.isEmpty()) {
+            mod_.beep();
+            return;
+        }
+        if (!Reload) {
+            mPhotoBytes = photoOnShow;
+            view_->photo()->setBytes(mPhotoBytes);
+        }
+        showRow(row, Reload);
+        CurrentCode = row[u"code"].text();
+        showBrowsing();
+        showHeader();
+        LockCard();
+        showCounter();
+    } catch (const data::Error& error) {
+        core::showFailure(mod_, this, error, QStringLiteral("Πρόβλημα κατά την ανάκτηση των δεμένων! \n"));
+    }
+}
+
+void frmAddress::showRow(data::Recordset& row, bool reload) {
+    for (const CardField& field : cardFields()) {
+        const QVariant value = row[field.column].value();
+        showField(*view_, field, value, field.kind == CardKind::Category ? categoryName(value) : QString());
+    }
+    if (reload) readPhoto(row);
+    shownValues_ = valuesOf(row);
+}
+
+QString frmAddress::categoryName(const QVariant& code) {
+    if (!code.isValid()) return {};
+    data::Recordset category(
+        mod_.gConn,
+        QStringLiteral("select description,Payable from cardKategory where code=%1").arg(code.toLongLong()));
+    return category.isEmpty() ? QString() : category[u"description"].text();
+}
+
+void frmAddress::readPhoto(data::Recordset& row) {
+    data::Field photo = row[u"Photo"];
+    mPhotoBytes = photo.isNull() ? QByteArray() : photo.getChunk(photo.actualSize());
+    view_->photo()->setBytes(mPhotoBytes);
+}
+
+void frmAddress::showBrowsing() {
+    buttons_->setBrowsing(mod_.gUserGroup == core::groupRestricted);
+}
+
+void frmAddress::showHeader() {
+    const auto shown = [this](int index) { return view_->text(*cardField(QStringLiteral("Text7"), index))->text(); };
+    view_->surname()->setText(shown(0));
+    view_->firstName()->setText(shown(1));
+    view_->telephone()->setText(shown(9));
+}
+
+void frmAddress::showCounter() {
+    if (!mRsCards.isOpen() || mRsCards.isEmpty())
+        view_->counter()->setText(QStringLiteral("Καρτέλα (0/0)"));
+    else
+        view_->counter()->setText(
+            QStringLiteral("Εμφάνιση Καρτέλας (%1/%2)").arg(mRsCards.absolutePosition()).arg(mRsCards.recordCount()));
+}
+
+void frmAddress::NextCard() {
+    if (mRsCards.isEmpty()) return;
+    if (mRsCards.absolutePosition() >= mRsCards.recordCount() || mRsCards.eof()) return mod_.beep();
+    mRsCards.moveNext();
+    CurrentCode = mRsCards[u"code"].text();
+    ShowCard(true);
+}
+
+void frmAddress::PreviousCard() {
+    if (mRsCards.isEmpty()) return;
+    if (mRsCards.absolutePosition() < 2 || mRsCards.bof()) return mod_.beep();
+    mRsCards.movePrevious();
+    CurrentCode = mRsCards[u"code"].text();
+    ShowCard(true);
+}
+
+void frmAddress::GoToRec(double Code) {
+    mRsCards.find(QStringLiteral("code=%1").arg(static_cast<qint64>(Code)));
+    CurrentCode = mRsCards[u"code"].text();
+    ShowCard(true);
+}
+
+void frmAddress::FindUnLock() {
+    // Nothing sets the find layout any more; windows that jump to a card still leave it first.
+    mFinding = false;
+    view_->tabs()->setEnabled(true);
+}
+
+bool frmAddress::queryUnload() {
+    return !isEditing() ||
+           mod_.services.prompts.question(
+               this, core::programTitle(),
+               QStringLiteral("Η καρτέλα έχει αλλαγές που δεν αποθηκεύτηκαν.\nΝα κλείσει χωρίς αποθήκευση;"));
+}
+
+void frmAddress::onUnload() {
+    mod_.gAddressOpen = false;
+    mRsCard.close();
+    mRsCards.close();
+}
+
+}  // namespace cards

@@ -1,0 +1,83 @@
+// The contact card: one card at a time, walked, read, added, changed and deleted.
+#pragma once
+
+#include "cards/buttonrow.h"
+#include "cards/cardview.h"
+#include "core/form.h"
+#include "data/recordset.h"
+
+namespace cards {
+
+class frmAddress : public core::Form {
+    Q_OBJECT
+public:
+    explicit frmAddress(core::MainMod& mod);
+
+    // The code of the card on show, "0" when there is none; assign it before ShowCard.
+    QString CurrentCode = QStringLiteral("0");
+
+    // Shows the card CurrentCode, read afresh; with Reload its photo too. Never moves the key set.
+    void ShowCard(bool Reload);
+    // Moves the key set forward to the card and shows it. Throws data::Error when the card isn't at or behind the
+    // current row.
+    void GoToRec(double Code);
+    void FindUnLock();
+    void CardAddNew();
+    void CardEdit();
+    void FillCombo();
+
+    // For the windows that move the key set themselves.
+    data::Recordset& keySet() { return mRsCards; }
+    bool isEditing() const { return mAdding || mEditing; }
+
+protected:
+    void onLoad() override;
+    bool queryUnload() override;
+    void onUnload() override;
+
+private:
+    void wire();
+    void addShortcut(const QKeySequence& keys, std::function<void()> action);
+    void dispatch(CardButton id);
+    void dress();
+    void showFirst();
+    void showRow(data::Recordset& row, bool reload);
+    QString categoryName(const QVariant& code);
+    void readPhoto(data::Recordset& row);
+    void showBrowsing();
+    void showHeader();
+    void showCounter();
+
+    void PreviousCard();
+    void NextCard();
+
+    void ClearCard();
+    void LockCard();
+    void UnlockCard();
+    void startEditing(const QString& title);
+    void leaveEditing();
+    void openCarrier();
+    bool refreshFromCarrier();
+    bool isComplete();
+    void SaveCard();
+    void writeCard();
+    void afterSave();
+    void CancelCard();
+    void DeleteCard();
+    void alignKeySet();
+    void loadPhoto();
+    void clearPhoto();
+
+    CardView* view_;
+    ButtonRow* buttons_;
+
+    data::Recordset mRsCards;  // keys in surname order, open for the form's life
+    data::Recordset mRsCard;   // the one row under an add or a change
+    bool mFinding = false;
+    bool mAdding = false;
+    bool mEditing = false;
+    QByteArray mPhotoBytes;
+    QVector<QVariant> shownValues_;  // the row as ShowCard read it, to see what others changed before an edit
+};
+
+}  // namespace cards

@@ -1,0 +1,190 @@
+// Adding, changing, saving and deleting a card, and its photo.
+#include <QFile>
+
+#include "cards/cardbinding.h"
+#include "cards/frmaddress.h"
+
+namespace cards {
+
+void frmAddress::openCarrier() {
+    mRsCard.open(mod_.gConn, QStringLiteral("Select * from cards where code=%1 ").arg(CurrentCode));
+}
+
+void frmAddress::startEditing(const QString& title) {
+    UnlockCard();
+    buttons_->setEditing();
+    view_->counter()->setText(title);
+    if (!view_->isShowing(CardTab::Basic)) return;
+    view_->control(QStringLiteral("Text7(0)"))->setFocus(Qt::TabFocusReason);
+}
+
+void frmAddress::CardAddNew() {
+    if (isEditing() || mod_.gUserGroup == core::groupRestricted) return;
+    view_->selectTab(CardTab::Basic);
+    openCarrier();
+    mRsCard.addNew();
+    mAdding = true;
+    ClearCard();
+    startEditing(QStringLiteral("Προσθήκη νέας καρτέλας"));
+}
+
+void frmAddress::CardEdit() {
+    if (mRsCards.isEmpty() || isEditing() || mod_.gUserGroup == core::groupRestricted) return;
+    openCarrier();
+    if (!refreshFromCarrier()) return;
+    mEditing = true;
+    startEditing(QStringLiteral("Διόρθωση της καρτέλας"));
+}
+
+// Back to the browsing layout, whatever the next read of the card brings.
+void frmAddress::leaveEditing() {
+    LockCard();
+    showBrowsing();
+    showCounter();
+}
+
+// The row is read again for the change. If somebody saved it since it came on show, the newer values come on
+// show first: otherwise the save would put the older ones back over them without anybody noticing.
+bool frmAddress::refreshFromCarrier() {
+    if (mRsCard.isEmpty()) {
+        core::complain(mod_, this, QStringLiteral("Η καρτέλα έχει διαγραφεί από άλλον χρήστη."));
+        return false;
+    }
+    QVector<QVariant> values;
+    for (int i = 0; i < mRsCard.fieldCount(); ++i) values.append(mRsCard.field(i).value());
+    if (values != shownValues_) {
+        ClearCard();
+        showRow(mRsCard, true);
+        showHeader();
+    }
+    return true;
+}
+
+bool frmAddress::isComplete() {
+    struct Needed {
+        const char* control;
+        const char16_t* text;
+    };
+    static constexpr Needed needed[] = {
+        {"Combo1", u"Δεν έχετε συμπληρώσει την Κατηγορία!"},
+        {"Text7(0)", u"Δεν έχετε συμπληρώσει το Επώνυμο!"},
+        {"Text7(1)", u"Δεν έχετε συμπληρώσει το Όνομα!"},
+    };
+    for (const Needed& need : needed) {
+        QWidget* control = view_->control(QString::fromLatin1(need.control));
+        const auto* combo = qobject_cast<QComboBox*>(control);
+        const QString text = combo ? combo->currentText() : qobject_cast<controls::TextBox*>(control)->text();
+        if (!text.isEmpty()) continue;
+        view_->selectTab(CardTab::Basic);
+        core::complain(mod_, this, QString::fromUtf16(need.text), control);
+        return false;
+    }
+    return true;
+}
+
+void frmAddress::SaveCard() {
+    if (!isEditing() || !isComplete()) return;
+    try {
+        writeCard();
+    } catch (const data::Error& error) {
+        core::showFailure(
+            mod_, this, error,
+            QStringLiteral(
+                "Πρόβλημα κατά την αποθήκευση των δεμένων! \nΕλέγχετε τα αριθμητικά πεδία οτι είναι αριθμοι! \n"));
+        // The typed values stay on screen and can be mended and saved again.
+        if (mRsCard.isOpen()) mRsCard.cancelUpdate();
+        return;
+    }
+    afterSave();
+}
+
+void frmAddress::writeCard() {
+    if (!mRsCard.isOpen()) openCarrier();
+    const QString name = qobject_cast<QComboBox*>(view_->control(QStringLiteral("Combo1")))->currentText();
+    data::Recordset category(mod_.gConn,
+                             QStringLiteral("select description,code from cardKategory where description='%1'")
+                                 .arg(QString(name).replace(u'\'', QStringLiteral("''"))));
+    if (category.isEmpty())
+        throw data::Error(data::ErrorCategory::Constraint,
+                          QStringLiteral("Η κατηγορία «%1» δεν υπάρχει πια.").arg(name));
+    if (mAdding && mRsCard.editMode() != data::EditMode::Add) mRsCard.addNew();
+    const int year = mod_.services.clock.today().year();
+    for (const CardField& field : cardFields()) writeField(*view_, field, mRsCard, category[u"code"].toLong(), year);
+    data::Field photo = mRsCard[u"Photo"];
+    if (!photo.isNull() || !mPhotoBytes.isEmpty()) photo.appendChunk(mPhotoBytes);
+    mRsCard.update();
+}
+
+void frmAddress::afterSave() {
+    mAdding = mEditing = false;
+    CurrentCode = mRsCard[u"code"].text();
+    leaveEditing();
+    ClearCard();
+    view_->selectTab(CardTab::Basic);
+    mRsCard.close();
+    mRsCards.requery();
+    mRsCards.find(QStringLiteral("code=") + CurrentCode);
+    ShowCard(true);
+}
+
+void frmAddress::CancelCard() {
+    if (!isEditing()) return;
+    const bool wasAdding = mAdding;
+    mAdding = mEditing = false;
+    mRsCard.close();
+    leaveEditing();
+    if (wasAdding && mRsCards.isEmpty()) {
+        ClearCard();
+        showHeader();
+        return;
+    }
+    if (wasAdding) {
+        mRsCards.moveFirst();
+        CurrentCode = mRsCards[u"code"].text();
+    }
+    ShowCard(true);
+}
+
+// The key set deletes its own current row; it must be the card that the user sees.
+void frmAddress::alignKeySet() {
+    if (!mRsCards.eof() && !mRsCards.bof() && mRsCards[u"code"].text() == CurrentCode) return;
+    mRsCards.moveFirst();
+    mRsCards.find(QStringLiteral("code=") + CurrentCode);
+}
+
+void frmAddress::DeleteCard() {
+    if (isEditing() || mod_.gUserGroup == core::groupRestricted) return;
+    if (!mod_.services.prompts.question(this, core::programTitle(), QStringLiteral("Είστε σίγουρος για διαγραφή;")))
+        return;
+    if (mRsCards.isEmpty()) return ClearCard();
+    alignKeySet();
+    data::Transaction transaction(mod_.gConn);
+    const QString entry = mRsCards[u"OutlookEntryID"].text().replace(u'\'', QStringLiteral("''"));
+    mod_.gConn.execute(QStringLiteral("Insert Into ToBeDeleted (EntryID) Values ('%1')").arg(entry));
+    mRsCards.remove();
+    transaction.commit();
+    if (!mRsCards.isEmpty()) return showFirst();
+    CurrentCode = QStringLiteral("0");
+    ClearCard();
+    showCounter();
+}
+
+void frmAddress::loadPhoto() {
+    const QString path = mod_.services.prompts.openFile(this, QStringLiteral("Εισαγωγή Φωτογραφίας"),
+                                                        QStringLiteral("Φωτογραφίες (*.bmp *.jpg *.gif)"));
+    if (path.isEmpty()) return;
+    QFile file(path);
+    if (!file.open(QIODevice::ReadOnly)) return;
+    // Kept as the file has it; a file that is no picture leaves the old photo.
+    const QByteArray bytes = file.readAll();
+    if (!PhotoView::isPicture(bytes)) return;
+    mPhotoBytes = bytes;
+    view_->photo()->setBytes(bytes);
+}
+
+void frmAddress::clearPhoto() {
+    mPhotoBytes.clear();
+    view_->photo()->setBytes({});
+}
+
+}  // namespace cards

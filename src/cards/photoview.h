@@ -1,0 +1,33 @@
+// The photo of a card: raw file bytes, decoded only when they come into view.
+#pragma once
+
+#include <QByteArray>
+#include <QFrame>
+#include <QPixmap>
+
+namespace cards {
+
+class PhotoView : public QFrame {
+    Q_OBJECT
+public:
+    explicit PhotoView(QWidget* parent = nullptr);
+
+    void setBytes(const QByteArray& bytes);  // empty clears; bytes that are no picture show as an empty frame
+    bool hasPicture() const { return !bytes_.isEmpty(); }
+    QSize sizeHint() const override { return {260, 320}; }
+
+    // True when the bytes decode to a picture.
+    static bool isPicture(const QByteArray& bytes);
+
+protected:
+    void paintEvent(QPaintEvent*) override;
+    void resizeEvent(QResizeEvent*) override;
+
+private:
+    void decode();
+    QByteArray bytes_;
+    QPixmap picture_;  // at the size on screen
+    bool decoded_ = true;
+};
+
+}  // namespace cards

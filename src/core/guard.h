@@ -1,0 +1,43 @@
+// The wall between an event handler and the toolkit: no failure gets past it unseen.
+#pragma once
+
+#include <QWidget>
+#include <utility>
+
+#include "core/mainmod.h"
+#include "data/error.h"
+
+namespace core {
+
+// "Μήνυμα λάθους" with the program's title and the error's text.
+void showFailure(MainMod& mod, QWidget* parent, const std::exception& error, const QString& lead = {});
+
+// Runs `work`; a failure ends in the general error box and the window lives on. False when it failed.
+template <typename Work>
+bool attempt(MainMod& mod, QWidget* parent, Work&& work) {
+    try {
+        std::forward<Work>(work)();
+        return true;
+    } catch (const std::exception& error) {
+        showFailure(mod, parent, error);
+        return false;
+    }
+}
+
+// Critical box with the program's title; focus goes to `field` afterwards.
+void complain(MainMod& mod, QWidget* parent, const QString& text, QWidget* field = nullptr);
+
+// Connects a signal to a handler that runs under attempt().
+template <typename Sender, typename Signal, typename Handler>
+void onSignal(MainMod& mod, QWidget* window, Sender* sender, Signal signal, Handler handler) {
+    QObject::connect(sender, signal, window, [&mod, window, handler](auto&&... arguments) {
+        attempt(mod, window, [&] {
+            if constexpr (std::is_invocable_v<Handler, decltype(arguments)...>)
+                handler(std::forward<decltype(arguments)>(arguments)...);
+            else
+                handler();
+        });
+    });
+}
+
+}  // namespace core

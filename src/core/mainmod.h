@@ -1,0 +1,50 @@
+// State that all windows share, and the few routines that belong to none of them.
+#pragma once
+
+#include <QString>
+#include <functional>
+
+#include "data/connection.h"
+#include "platform/services.h"
+
+namespace core {
+
+// The program's title: caption of message boxes and name of the settings store.
+QString programTitle();
+QString programVersion();  // "major.minor.revision"
+
+// Rights groups that the program acts on; every other number has the ordinary rights.
+constexpr int groupAdministrators = 1;
+constexpr int groupRestricted = 3;
+
+// One per program run. Windows get it by reference and keep nothing of their own that belongs here.
+class MainMod {
+public:
+    explicit MainMod(platform::Services services) : services(services) {}
+
+    platform::Services services;
+
+    data::Connection gConn;       // dorvalist.mdb
+    data::Connection gConnUsers;  // dorvalistu.mdb
+    QString gDataPath;            // folder of both files, without a trailing separator
+    QString gMainDbPath;
+    QString gUsersDbPath;
+
+    QString gUserName;  // "Admin" for the built-in user
+    int gUserGroup = 0;
+
+    bool gAddressOpen = false;  // frmAddress is loaded
+
+    // Numbers of a card, non-empty ones in the order home 1, work 1, home 2, work 2, mobile, joined by ", ".
+    QString GetPhones(qint64 cardCode);
+
+    void playSound(const QString& file) { services.sound.play(file); }
+    void playButtonSound(const QString& fileName);  // of the delivered sounds, unless the user switched them off
+    void beep() { services.sound.beep(); }
+};
+
+// Greek as code page 737, for dot-matrix printers. Characters that page 1253 has and the conversion doesn't name keep
+// their 1253 code; characters outside 1253 become '?'.
+QByteArray AnsiToDos(const QString& text);
+
+}  // namespace core

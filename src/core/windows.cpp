@@ -1,0 +1,41 @@
+#include "core/windows.h"
+
+namespace core {
+
+Form* Windows::find(const QString& name) const {
+    return forms_.value(name);
+}
+
+Form* Windows::front(const QString& name) {
+    if (Form* form = find(name)) {
+        host_.bringToFront(form);
+        return form;
+    }
+    Form* form = factories_.value(name)();
+    forms_.insert(name, form);
+    order_.append(name);
+    QObject::connect(
+        form, &Form::closeRequested, form, [this, name] { unload(name); }, Qt::QueuedConnection);
+    host_.add(form);
+    form->load();
+    host_.bringToFront(form);
+    return form;
+}
+
+bool Windows::unload(const QString& name) {
+    Form* form = find(name);
+    if (!form) return true;
+    if (!form->unload(host_.isMinimised(form), host_.position(form))) return false;
+    forms_.remove(name);
+    order_.removeAll(name);
+    host_.remove(form);
+    return true;
+}
+
+bool Windows::unloadAll() {
+    while (!order_.isEmpty())
+        if (!unload(order_.last())) return false;
+    return true;
+}
+
+}  // namespace core

@@ -1,0 +1,46 @@
+#include <QApplication>
+
+#include "controls/theme.h"
+#include "core/guard.h"
+#include "core/mainmod.h"
+#include "main/program.h"
+
+namespace {
+
+// Handlers catch their own failures; this is the last wall, so that none takes the program down.
+class Application : public QApplication {
+public:
+    using QApplication::QApplication;
+    core::MainMod* mod = nullptr;
+
+    bool notify(QObject* receiver, QEvent* event) override {
+        try {
+            return QApplication::notify(receiver, event);
+        } catch (const std::exception& error) {
+            if (mod) core::showFailure(*mod, activeWindow(), error);
+            return true;
+        }
+    }
+};
+
+}  // namespace
+
+int main(int argc, char** argv) {
+    Application app(argc, argv);
+    QApplication::setApplicationName(core::programTitle());
+    QApplication::setApplicationVersion(core::programVersion());
+    QApplication::setQuitOnLastWindowClosed(false);
+
+    const auto settings = platform::iniSettings(qEnvironmentVariable("DORVALIST_SETTINGS"));
+    platform::SystemClock clock;
+    platform::DesktopPrompts prompts;
+    const auto sound = platform::systemSound();
+    controls::applyTheme(
+        app, static_cast<controls::ThemeKind>(settings->number(QStringLiteral("Options"), QStringLiteral("Theme"), 0)));
+
+    core::MainMod mod({*settings, clock, prompts, *sound});
+    app.mod = &mod;
+    entry::Program program(mod);
+    QObject::connect(&program, &entry::Program::finished, &app, &QApplication::quit, Qt::QueuedConnection);
+    return program.start() ? QApplication::exec() : 0;
+}

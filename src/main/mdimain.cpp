@@ -1,0 +1,256 @@
+#include "main/mdimain.h"
+
+#include <QApplication>
+#include <QCloseEvent>
+#include <QLayout>
+#include <QMenuBar>
+#include <QScreen>
+#include <QStatusBar>
+
+#include "cards/frmaddress.h"
+#include "controls/names.h"
+#include "controls/theme.h"
+#include "core/contactnoun.h"
+#include "data/format.h"
+#include "users/frmowner.h"
+
+namespace entry {
+
+namespace {
+
+const QString settingsSection = QStringLiteral("Settings");
+const QString optionsSection = QStringLiteral("Options");
+
+}  // namespace
+
+MDIMain::MDIMain(core::MainMod& mod) : mod_(mod), windows_(*this), area_(new QMdiArea) {
+    setObjectName(QStringLiteral("MDIMain"));
+    setWindowTitle(QStringLiteral("Velmarine %1 Ver. %2").arg(core::programTitle(), core::programVersion()));
+    setWindowIcon(controls::icon(QStringLiteral("app")));
+    area_->setHorizontalScrollBarPolicy(Qt::ScrollBarAsNeeded);
+    area_->setVerticalScrollBarPolicy(Qt::ScrollBarAsNeeded);
+    area_->setBackground(controls::theme().window.darker(controls::theme().dark ? 130 : 105));
+    setCentralWidget(area_);
+    ownActions_ = {
+        {QStringLiteral("frmOwner"), [this] { showOwner(); }},
+        {QStringLiteral("mnuLogOff"), [this] { logOff(); }},
+        {QStringLiteral("mnuExit"), [this] { close(); }},
+        {QStringLiteral("mnuSounds"),
+         [this] {
+             mod_.services.settings.setNumber(optionsSection, QStringLiteral("Sounds"),
+                                              menu(QStringLiteral("mnuSounds"))->isChecked());
+         }},
+    };
+    for (int i = 1; i <= 3; ++i)
+        ownActions_.insert(controls::arrayName(QStringLiteral("MnuCat"), i), [this, i] { setNoun(i); });
+    for (int i = 0; i <= 2; ++i)
+        ownActions_.insert(controls::arrayName(QStringLiteral("mnuTheme"), i), [this, i] { setTheme(i); });
+    registerForms();
+    buildMenus();
+    buildStatusBar();
+}
+
+MDIMain::~MDIMain() = default;
+
+void MDIMain::registerForms() {
+    windows_.add(QStringLiteral("frmAddress"), [this] { return new cards::frmAddress(mod_); });
+}
+
+void MDIMain::load() {
+    place();
+    mod_.gAddressOpen = false;
+    refreshMenus();
+    panels_[4]->setText(QStringLiteral("Χρήστης: ") + mod_.gUserName);
+    tick();
+    if (mod_.services.settings.value(settingsSection, QStringLiteral("Name")).isEmpty()) showOwner();
+    for (const char* name : {"frmTodayShow", "frmNameDay"})
+        if (windows_.knows(QString::fromLatin1(name)) &&
+            mod_.services.settings.number(optionsSection, QString::fromLatin1(name) + QStringLiteral("Start"), 1) == 1)
+            windows_.front(QString::fromLatin1(name));
+}
+
+void MDIMain::buildMenus() {
+    menuBar()->setFont(controls::font(QStringLiteral("Arial Greek"), 10));
+    menuBar()->setNativeMenuBar(false);
+    QSet<QString> parents;
+    for (const MenuDef& def : menuDefs()) parents.insert(def.parent);
+    for (const MenuDef& def : menuDefs()) {
+        QMenu* parent = menus_.value(def.parent);
+        if (parents.contains(def.name)) {
+            auto* submenu = controls::named(new QMenu(this), def.name);
+            menus_.insert(def.name, submenu);
+            entries_.insert(def.name, parent ? parent->addMenu(submenu) : menuBar()->addMenu(submenu));
+            continue;
+        }
+        QAction* entry = buildEntry(def);
+        parent ? parent->addAction(entry) : menuBar()->addAction(entry);
+    }
+}
+
+QAction* MDIMain::buildEntry(const MenuDef& def) {
+    auto* entry = new QAction(this);
+    entry->setObjectName(def.name);
+    entry->setSeparator(def.caption == QStringLiteral("-"));
+    entry->setCheckable(def.name.startsWith(QStringLiteral("MnuCat")) ||
+                        def.name.startsWith(QStringLiteral("mnuTheme")) || def.name == QStringLiteral("mnuSounds"));
+    core::onSignal(mod_, this, entry, &QAction::triggered, [this, def] { trigger(def); });
+    entries_.insert(def.name, entry);
+    return entry;
+}
+
+void MDIMain::trigger(const MenuDef& def) {
+    if (const auto own = ownActions_.value(def.form.isEmpty() ? def.name : def.form))
+        own();
+    else
+        windows_.front(def.form);
+}
+
+void MDIMain::refreshMenus() {
+    const int category = mod_.services.settings.number(settingsSection, QStringLiteral("Category"), 1);
+    const core::ContactNoun noun = core::contactNoun(category);
+    const MenuState state{mod_.gUserGroup, category,
+                          [this](const QString& form) { return windows_.knows(form) || ownActions_.contains(form); }};
+    for (const MenuDef& def : menuDefs()) {
+        entries_[def.name]->setText(menuCaption(def, noun));
+        entries_[def.name]->setVisible(menuVisible(def, state));
+    }
+    for (int i = 1; i <= 3; ++i) menu(controls::arrayName(QStringLiteral("MnuCat"), i))->setChecked(i == category);
+    const int theme = mod_.services.settings.number(optionsSection, QStringLiteral("Theme"), 0);
+    for (int i = 0; i <= 2; ++i) menu(controls::arrayName(QStringLiteral("mnuTheme"), i))->setChecked(i == theme);
+    menu(QStringLiteral("mnuSounds"))
+        ->setChecked(mod_.services.settings.number(optionsSection, QStringLiteral("Sounds"), 1) == 1);
+    hideEmptyMenus();
+}
+
+// A submenu shows when something in it does; separators at an end or beside another one are folded away by the menu.
+void MDIMain::hideEmptyMenus() {
+    const auto& defs = menuDefs();
+    for (auto def = defs.rbegin(); def != defs.rend(); ++def) {
+        QMenu* submenu = menus_.value(def->name);
+        if (!submenu || !entries_[def->name]->isVisible()) continue;
+        const auto actions = submenu->actions();
+        entries_[def->name]->setVisible(std::any_of(actions.begin(), actions.end(),
+                                                    [](QAction* a) { return a->isVisible() && !a->isSeparator(); }));
+    }
+}
+
+void MDIMain::buildStatusBar() {
+    statusBar()->setObjectName(QStringLiteral("StatusBar1"));
+    for (int i = 0; i < 5; ++i) {
+        auto* panel = controls::named(new QLabel, QStringLiteral("Panel%1").arg(i + 1));
+        panel->setTextFormat(Qt::PlainText);
+        panel->setAlignment(Qt::AlignCenter);
+        statusBar()->addWidget(panel, i == 2 || i == 3);
+        panels_.append(panel);
+    }
+    panels_[4]->setMinimumWidth(controls::toPixels(3000));
+    connect(&clock_, &QTimer::timeout, this, &MDIMain::tick);
+    clock_.start(1000);
+}
+
+void MDIMain::tick() {
+    const QDateTime now = mod_.services.clock.now();
+    panels_[0]->setText(data::format(now, u"dd/mm/yyyy"));
+    panels_[1]->setText(data::format(now, u"hh:nn"));
+}
+
+void MDIMain::setNoun(int category) {
+    mod_.services.settings.setNumber(settingsSection, QStringLiteral("Category"), category);
+    refreshMenus();
+}
+
+void MDIMain::setTheme(int kind) {
+    mod_.services.settings.setNumber(optionsSection, QStringLiteral("Theme"), kind);
+    controls::applyTheme(*qApp, static_cast<controls::ThemeKind>(kind));
+    area_->setBackground(controls::theme().window.darker(controls::theme().dark ? 130 : 105));
+    refreshMenus();
+}
+
+void MDIMain::showOwner() {
+    users::frmOwner owner(mod_);
+    owner.exec();
+}
+
+void MDIMain::logOff() {
+    loggingOff_ = true;
+    close();
+    loggingOff_ = false;
+}
+
+void MDIMain::closeEvent(QCloseEvent* event) {
+    event->ignore();
+    if (!loggingOff_ && !mod_.services.prompts.question(this, QStringLiteral("Ερώτηση..."),
+                                                        QStringLiteral("Είστε σίγουρος για έξοδο απο το πρόγραμμα; ")))
+        return;
+    if (!windows_.unloadAll()) return;
+    storePlacement();
+    event->accept();
+    loggingOff_ ? emit loggedOff() : emit exited();
+}
+
+void MDIMain::place() {
+    const auto& settings = mod_.services.settings;
+    const QPoint corner = core::loadPosition(settings, {QStringLiteral("Main"), 105, 45});
+    const QSize size(controls::toPixels(settings.number(settingsSection, QStringLiteral("MainWidth"), 11655)),
+                     controls::toPixels(settings.number(settingsSection, QStringLiteral("MainHeight"), 8445)));
+    setGeometry(core::fitInto({corner, size}, screen()->availableGeometry()));
+}
+
+void MDIMain::storePlacement() {
+    if (isMinimized()) return;
+    auto& settings = mod_.services.settings;
+    const QRect rect = isMaximized() ? normalGeometry() : geometry();
+    core::storePosition(settings, {QStringLiteral("Main")}, rect.topLeft());
+    settings.setNumber(settingsSection, QStringLiteral("MainWidth"), controls::toTwips(rect.width()));
+    settings.setNumber(settingsSection, QStringLiteral("MainHeight"), controls::toTwips(rect.height()));
+}
+
+FormFrame* MDIMain::frameOf(core::Form* form) const {
+    return qobject_cast<FormFrame*>(form->parentWidget());
+}
+
+void MDIMain::add(core::Form* form) {
+    auto* frame = new FormFrame(form, [this, name = form->objectName()] { windows_.unload(name); });
+    area_->addSubWindow(frame);
+    frame->resize(frame->sizeHint());
+    frame->move(core::loadPosition(mod_.services.settings, form->placement()));
+    makeRoomFor(frame);
+}
+
+// A window that wouldn't fit makes the main window grow as far as the screen allows, so that nothing is cut off at its
+// first opening.
+void MDIMain::makeRoomFor(QWidget* frame) {
+    const QSize wanted = frame->geometry().size().expandedTo(frame->minimumSizeHint());
+    const QSize needed = QSize(frame->x(), frame->y()) + wanted;
+    const QSize missing = (needed - area_->viewport()->size()).expandedTo({0, 0});
+    if ((missing.width() > 0 || missing.height() > 0) && !isMaximized()) {
+        setGeometry(core::fitInto({pos(), size() + missing}, screen()->availableGeometry()));
+        layout()->activate();
+    }
+    frame->setGeometry(core::fitInto({frame->pos(), wanted}, area_->viewport()->rect()));
+}
+
+void MDIMain::bringToFront(core::Form* form) {
+    FormFrame* frame = frameOf(form);
+    if (frame->isMinimized())
+        frame->showNormal();
+    else
+        frame->show();
+    area_->setActiveSubWindow(frame);
+}
+
+bool MDIMain::isMinimised(core::Form* form) const {
+    return frameOf(form)->isMinimized();
+}
+
+QPoint MDIMain::position(core::Form* form) const {
+    return frameOf(form)->pos();
+}
+
+void MDIMain::remove(core::Form* form) {
+    FormFrame* frame = frameOf(form);
+    area_->removeSubWindow(frame);
+    frame->deleteLater();
+}
+
+}  // namespace entry

@@ -1,0 +1,37 @@
+// The course of a run: entry, logon, main window, and logon again after a log-off.
+#pragma once
+
+#include <QObject>
+#include <memory>
+
+#include "core/mainmod.h"
+#include "main/mdimain.h"
+#include "users/frmlogon.h"
+
+namespace entry {
+
+class Program : public QObject {
+    Q_OBJECT
+public:
+    explicit Program(core::MainMod& mod);
+    ~Program() override;
+
+    // False when the program is to end at once.
+    bool start();
+
+    users::frmLogon* logon() const { return logon_.get(); }
+    MDIMain* mainWindow() const { return main_.get(); }
+
+signals:
+    void finished();
+
+private:
+    void showLogon();
+    void showMain();
+
+    core::MainMod& mod_;
+    std::unique_ptr<users::frmLogon> logon_;
+    std::unique_ptr<MDIMain> main_;
+};
+
+}  // namespace entry

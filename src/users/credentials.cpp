@@ -1,0 +1,35 @@
+#include "users/credentials.h"
+
+#include "core/mainmod.h"
+#include "data/password.h"
+#include "data/recordset.h"
+
+namespace users {
+
+namespace {
+
+bool accepts(data::Recordset& row, QStringView column, const QString& password) {
+    const QString stored = row[column].text();
+    if (!data::verifyPassword(stored, password)) return false;
+    if (!data::isVerifier(stored)) {
+        row[column].setValue(data::makeVerifier(password));
+        row.update();
+    }
+    return true;
+}
+
+}  // namespace
+
+std::optional<Session> authenticate(data::Connection& users, const QString& userName, const QString& password) {
+    if (userName == QStringLiteral("Admin")) {
+        data::Recordset admin(users, QStringLiteral("select pass from admin"));
+        if (!admin.isEmpty() && accepts(admin, u"pass", password)) return Session{userName, core::groupAdministrators};
+    }
+    data::Recordset user(users, QStringLiteral("select * from users where UserName='%1'")
+                                    .arg(QString(userName).replace(u'\'', QStringLiteral("''"))));
+    if (!user.isEmpty() && accepts(user, u"Password", password))
+        return Session{userName, static_cast<int>(user[u"Group"].toDouble())};
+    return std::nullopt;
+}
+
+}  // namespace users

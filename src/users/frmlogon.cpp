@@ -1,0 +1,94 @@
+#include "users/frmlogon.h"
+
+#include <QFormLayout>
+#include <QLabel>
+#include <QPushButton>
+#include <QVBoxLayout>
+
+#include "controls/names.h"
+#include "controls/theme.h"
+#include "core/guard.h"
+#include "users/credentials.h"
+
+namespace users {
+
+using controls::named;
+
+frmLogon::frmLogon(core::MainMod& mod) : mod_(mod) {
+    setObjectName(QStringLiteral("frmLogon"));
+    setWindowTitle(QStringLiteral("Σύνδεση χρήστη"));
+    build();
+    Text1->setText(mod_.services.settings.value(QStringLiteral("Settings"), QStringLiteral("UserName")));
+    core::onSignal(mod_, this, Command1, &QPushButton::clicked, [this] { logon(); });
+    connect(Command2, &QPushButton::clicked, this, &QDialog::reject);
+    // Whoever logged on last only types the password.
+    (Text1->text().isEmpty() ? Text1 : Text2)->setFocus();
+}
+
+void frmLogon::build() {
+    Text1 = named(new controls::TextBox, QStringLiteral("Text1"));
+    Text2 = named(new controls::TextBox, QStringLiteral("Text2"));
+    Text2->setEchoMode(QLineEdit::Password);
+    Command1 = named(new QPushButton(QStringLiteral("Σύνδεση")), QStringLiteral("Command1"));
+    Command2 = named(new QPushButton(QStringLiteral("Άκυρο")), QStringLiteral("Command2"));
+    Command1->setProperty("role", "primary");
+    for (QPushButton* button : {Command1, Command2}) button->setAutoDefault(true);
+    status_ =
+        named(new QLabel(QStringLiteral("Δώστε τον Χρήστη και τον Κώδικό του !!!")), QStringLiteral("StatusBar1"));
+    status_->setProperty("role", "muted");
+
+    auto* title = new QLabel(core::programTitle());
+    title->setFont(controls::font(QStringLiteral("Tahoma"), 18, true));
+    auto* picture = new QLabel;
+    picture->setPixmap(controls::icon(QStringLiteral("app")).pixmap(QSize(48, 48), devicePixelRatioF()));
+    auto* head = new QHBoxLayout;
+    head->setSpacing(14);
+    head->addWidget(picture);
+    head->addWidget(title, 1);
+
+    auto* form = new QFormLayout;
+    form->setSpacing(10);
+    form->setLabelAlignment(Qt::AlignRight | Qt::AlignVCenter);
+    struct Row {
+        const char16_t* caption;
+        const char* name;
+        QWidget* box;
+    };
+    for (const Row& row : {Row{u"Όνομα Χρήστη", "Label1", Text1}, Row{u"Κωδικός Εισόδου", "Label2", Text2}}) {
+        auto* label = named(new QLabel(QString::fromUtf16(row.caption)), QString::fromLatin1(row.name));
+        controls::tie(label, row.box);
+        form->addRow(label, row.box);
+    }
+
+    auto* buttons = new QHBoxLayout;
+    buttons->addStretch(1);
+    buttons->addWidget(Command1);
+    buttons->addWidget(Command2);
+
+    auto* layout = new QVBoxLayout(this);
+    layout->setContentsMargins(26, 22, 26, 16);
+    layout->setSpacing(16);
+    layout->addLayout(head);
+    layout->addLayout(form);
+    layout->addLayout(buttons);
+    layout->addWidget(status_);
+    setMinimumWidth(400);
+}
+
+void frmLogon::logon() {
+    if (Text1->text().isEmpty()) return mod_.beep();
+    const auto session = authenticate(mod_.gConnUsers, Text1->text(), Text2->text());
+    if (!session) {
+        // No word on what was wrong.
+        mod_.beep();
+        Text2->clear();
+        Text2->setFocus();
+        return;
+    }
+    mod_.gUserName = session->userName;
+    mod_.gUserGroup = session->group;
+    mod_.services.settings.setValue(QStringLiteral("Settings"), QStringLiteral("UserName"), mod_.gUserName);
+    accept();
+}
+
+}  // namespace users

@@ -1,0 +1,60 @@
+#include "users/frmowner.h"
+
+#include <QFormLayout>
+#include <QPushButton>
+#include <QVBoxLayout>
+
+#include "controls/names.h"
+#include "core/guard.h"
+
+namespace users {
+
+namespace {
+
+struct OwnerField {
+    const char16_t* caption;
+    const char* key;  // in section "Settings"
+};
+
+constexpr OwnerField ownerFields[] = {
+    {u" Ονοματεπώνυμο", "Name"}, {u" Διεύθυνση", "Address"}, {u" Τηλέφωνο", "Phone"}, {u" Email", "Email"}};
+
+const QString section = QStringLiteral("Settings");
+
+}  // namespace
+
+frmOwner::frmOwner(core::MainMod& mod) : mod_(mod) {
+    setObjectName(QStringLiteral("frmOwner"));
+    setWindowTitle(QStringLiteral("Στοιχεία κατόχου"));
+    auto* form = new QFormLayout;
+    form->setSpacing(10);
+    form->setLabelAlignment(Qt::AlignRight | Qt::AlignVCenter);
+    for (const OwnerField& field : ownerFields) {
+        auto* box = controls::named(new controls::TextBox, controls::arrayName(QStringLiteral("Text7"), Text7.size()));
+        box->setHighlighting(true);
+        box->setText(mod_.services.settings.value(section, QString::fromLatin1(field.key)));
+        auto* label = new QLabel(QString::fromUtf16(field.caption));
+        controls::tie(label, box);
+        form->addRow(label, box);
+        Text7.append(box);
+    }
+    auto* confirm = controls::named(new QPushButton(QStringLiteral("Επικύρωση")), QStringLiteral("Command1"));
+    confirm->setProperty("role", "primary");
+    core::onSignal(mod_, this, confirm, &QPushButton::clicked, [this] { store(); });
+    auto* layout = new QVBoxLayout(this);
+    layout->setContentsMargins(22, 20, 22, 18);
+    layout->setSpacing(16);
+    layout->addLayout(form);
+    layout->addWidget(confirm, 0, Qt::AlignRight);
+    setMinimumWidth(460);
+}
+
+void frmOwner::store() {
+    if (Text7.first()->text().isEmpty())
+        return core::complain(mod_, this, QStringLiteral(" Πρέπει να συμπληρώσετε τα Στοιχεία σας"), Text7.first());
+    for (int i = 0; i < Text7.size(); ++i)
+        mod_.services.settings.setValue(section, QString::fromLatin1(ownerFields[i].key), Text7[i]->text());
+    accept();
+}
+
+}  // namespace users
