@@ -7,7 +7,7 @@
 namespace controls {
 
 // Manners shared by all boxes of this header:
-// - on focus the whole content is selected;
+// - on focus the whole content is selected, by Tab and by the first click alike, unless that click drags a selection;
 // - Enter moves on as Tab does (in MemoBox it stays a new line);
 // - while `highlighting` is on, the box with the focus takes the highlight colour of the theme;
 // - read-only boxes stay readable, selectable and reachable by Tab;
@@ -23,15 +23,22 @@ protected:
     void focusInEvent(QFocusEvent*) override;
     void focusOutEvent(QFocusEvent*) override;
     void mousePressEvent(QMouseEvent*) override;
+    void mouseReleaseEvent(QMouseEvent*) override;
     void keyPressEvent(QKeyEvent*) override;
+
+    // For focusOutEvent: the user goes on to another field of the same form. False when a menu, a drop-down or another
+    // window takes the focus, when the box is hidden or disabled, and when the focus had only been passing through.
+    bool isLeft(const QFocusEvent& event) const;
 
 private:
     bool highlighting_ = false;
     bool selectOnRelease_ = false;
+    bool entered_ = false;
 };
 
 // Takes only the keys "0123456789," and Backspace (and the editing keys that bring no character); pasted text
-// loses every other character. An empty box becomes `whenEmpty` on leaving, unless that is null.
+// loses every other character. A text set by the program stays as it is. An empty box becomes `whenEmpty` on leaving,
+// unless that is null or the box is read-only.
 class NumberBox : public TextBox {
     Q_OBJECT
 public:
@@ -43,7 +50,10 @@ protected:
     void keyPressEvent(QKeyEvent*) override;
 
 private:
+    void dropForeign(const QString& edited);
+
     QString whenEmpty_;
+    QString before_;  // the text before the edit at hand
 };
 
 // Many lines of plain text. Tab moves on.
@@ -52,16 +62,22 @@ class MemoBox : public QPlainTextEdit {
 public:
     explicit MemoBox(QWidget* parent = nullptr);
     void setHighlighting(bool on);
+    bool isHighlighting() const { return highlighting_; }
     QString text() const { return toPlainText(); }
-    void setText(const QString& text) { setPlainText(text); }
+    void setText(const QString& text);
 
 protected:
     void focusInEvent(QFocusEvent*) override;
     void focusOutEvent(QFocusEvent*) override;
+    void mousePressEvent(QMouseEvent*) override;
+    void mouseReleaseEvent(QMouseEvent*) override;
     void insertFromMimeData(const QMimeData* source) override;
 
 private:
+    void selectWhole();
+
     bool highlighting_ = false;
+    bool selectOnRelease_ = false;
 };
 
 }  // namespace controls

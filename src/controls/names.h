@@ -7,7 +7,9 @@
 
 namespace controls {
 
-inline QString arrayName(const QString& array, int index) { return QStringLiteral("%1(%2)").arg(array).arg(index); }
+inline QString arrayName(const QString& array, int index) {
+    return QStringLiteral("%1(%2)").arg(array).arg(index);
+}
 
 // Gives a widget its object name and returns it.
 template <typename W>

@@ -5,8 +5,9 @@
 
 namespace controls {
 
-// Reachable by Tab, pressed by Space and Enter, with a focus ring. The caption is also its accessible name and
-// tool tip. hovered() comes once each time the mouse comes in while enabled.
+// Reachable by Tab (a click leaves the focus in the field), pressed by Space and Enter, with a focus ring. The caption
+// is also its accessible name and tool tip; a long one wraps to two lines. All have the same size hint. hovered() comes
+// once each time the mouse comes in while enabled; pressed() of the base class comes from mouse and keys alike.
 class PictureButton : public QAbstractButton {
     Q_OBJECT
 public:

@@ -1,8 +1,7 @@
 #include "controls/toolkittexts.h"
 
-#include <QApplication>
+#include <QCoreApplication>
 #include <QHash>
-#include <QLocale>
 #include <QTranslator>
 
 namespace controls {
@@ -11,128 +10,148 @@ namespace {
 
 struct Entry {
     const char* source;
-    const char16_t* greek;
+    const char* greek;
 };
 
-// By the toolkit's source text alone: the same word means the same in all of its windows here.
+// By the source text alone: it means the same in every dialog.
 constexpr Entry entries[] = {
-    {"&Undo", u"&Αναίρεση"},
-    {"&Redo", u"Α&κύρωση αναίρεσης"},
-    {"Cu&t", u"Απο&κοπή"},
-    {"&Copy", u"Α&ντιγραφή"},
-    {"&Paste", u"&Επικόλληση"},
-    {"Delete", u"Διαγραφή"},
-    {"Select All", u"Επιλογή όλων"},
-    {"Copy &Link Location", u"Αντιγραφή &διεύθυνσης"},
-    {"Insert Unicode control character", u"Εισαγωγή χαρακτήρα ελέγχου"},
-    {"&Restore", u"Επανα&φορά"},
-    {"&Move", u"&Μετακίνηση"},
-    {"&Size", u"Μέ&γεθος"},
-    {"Mi&nimize", u"&Ελαχιστοποίηση"},
-    {"Ma&ximize", u"Μεγ&ιστοποίηση"},
-    {"Stay on &Top", u"Πάντα μπρο&στά"},
-    {"&Close", u"&Κλείσιμο"},
-    {"Close", u"Κλείσιμο"},
-    {"Minimize", u"Ελαχιστοποίηση"},
-    {"Maximize", u"Μεγιστοποίηση"},
-    {"Restore", u"Επαναφορά"},
-    {"Restore Down", u"Επαναφορά"},
-    {"Menu", u"Μενού"},
-    {"Help", u"Βοήθεια"},
-    {"OK", u"Εντάξει"},
-    {"&OK", u"Εντάξει"},
-    {"&Yes", u"&Ναι"},
-    {"&No", u"Ό&χι"},
-    {"Cancel", u"Άκυρο"},
-    {"Open", u"Άνοιγμα"},
-    {"&Open", u"Ά&νοιγμα"},
-    {"Save", u"Αποθήκευση"},
-    {"&Save", u"Απο&θήκευση"},
-    {"Save As", u"Αποθήκευση ως"},
-    {"Apply", u"Εφαρμογή"},
-    {"Back", u"Πίσω"},
-    {"Forward", u"Εμπρός"},
-    {"Go back", u"Μετάβαση πίσω"},
-    {"Go forward", u"Μετάβαση εμπρός"},
-    {"Go to the parent directory", u"Μετάβαση στον γονικό φάκελο"},
-    {"Parent Directory", u"Γονικός φάκελος"},
-    {"Create a New Folder", u"Δημιουργία νέου φακέλου"},
-    {"Create New Folder", u"Δημιουργία νέου φακέλου"},
-    {"New Folder", u"Νέος φάκελος"},
-    {"&New Folder", u"&Νέος φάκελος"},
-    {"List View", u"Προβολή λίστας"},
-    {"Detail View", u"Προβολή λεπτομερειών"},
-    {"Change to list view mode", u"Αλλαγή σε προβολή λίστας"},
-    {"Change to detail view mode", u"Αλλαγή σε προβολή λεπτομερειών"},
-    {"Look in:", u"Θέση:"},
-    {"Directory:", u"Φάκελος:"},
-    {"Directories", u"Φάκελοι"},
-    {"Find Directory", u"Εύρεση φακέλου"},
-    {"File &name:", u"Όν&ομα αρχείου:"},
-    {"Files of type:", u"Αρχεία τύπου:"},
-    {"Files", u"Αρχεία"},
-    {"Sidebar", u"Πλευρική στήλη"},
-    {"List of places and bookmarks", u"Λίστα θέσεων και σελιδοδεικτών"},
-    {"Recent Places", u"Πρόσφατες θέσεις"},
-    {"Remove", u"Αφαίρεση"},
-    {"Show ", u"Εμφάνιση "},
-    {"&Choose", u"&Επιλογή"},
-    {"&Delete", u"&Διαγραφή"},
-    {"&Rename", u"&Μετονομασία"},
-    {"Show &hidden files", u"Εμφάνιση &κρυφών αρχείων"},
-    {"All Files (*)", u"Όλα τα αρχεία (*)"},
-    {"All files (*)", u"Όλα τα αρχεία (*)"},
-    {"Could not delete directory.", u"Ο φάκελος δεν διαγράφηκε."},
-    {"Are you sure you want to delete '%1'?", u"Να διαγραφεί το «%1»;"},
-    {"%1 already exists.\nDo you want to replace it?", u"Το %1 υπάρχει ήδη.\nΝα αντικατασταθεί;"},
-    {"%1\nDirectory not found.\nPlease verify the correct directory name was given.",
-     u"%1\nΟ φάκελος δεν βρέθηκε.\nΕλέγξτε το όνομά του."},
+    // text boxes
+    {"&Undo", "&Αναίρεση"},
+    {"&Redo", "Ακύρωση α&ναίρεσης"},
+    {"Cu&t", "Απο&κοπή"},
+    {"&Copy", "&Αντιγραφή"},
+    {"&Paste", "&Επικόλληση"},
+    {"Delete", "Διαγραφή"},
+    {"Select All", "Επιλογή όλων"},
+    {"Copy &Link Location", "Αντιγραφή διεύθυνσης &συνδέσμου"},
+    // standard buttons
+    {"OK", "Εντάξει"},
+    {"&OK", "Εντάξει"},
+    {"Cancel", "Άκυρο"},
+    {"&Cancel", "Άκυρο"},
+    {"&Yes", "&Ναι"},
+    {"&No", "Ό&χι"},
+    {"Save", "Αποθήκευση"},
+    {"&Save", "Αποθήκευση"},
+    {"Open", "Άνοιγμα"},
+    {"&Open", "Άνοιγμα"},
+    {"Close", "Κλείσιμο"},
+    {"&Close", "Κλείσιμο"},
+    {"Apply", "Εφαρμογή"},
+    {"Help", "Βοήθεια"},
+    {"Discard", "Απόρριψη"},
+    {"Retry", "Επανάληψη"},
+    {"Ignore", "Παράβλεψη"},
+    {"Abort", "Διακοπή"},
+    // file dialog
+    {"Name", "Όνομα"},
+    {"Size", "Μέγεθος"},
+    {"Type", "Τύπος"},
+    {"Kind", "Τύπος"},
+    {"Date Modified", "Τροποποίηση"},
+    {"Back", "Πίσω"},
+    {"Forward", "Εμπρός"},
+    {"Parent Directory", "Γονικός φάκελος"},
+    {"Create New Folder", "Νέος φάκελος"},
+    {"Create a New Folder", "Νέος φάκελος"},
+    {"&New Folder", "&Νέος φάκελος"},
+    {"New Folder", "Νέος φάκελος"},
+    {"List View", "Λίστα"},
+    {"Change to list view mode", "Προβολή ως λίστα"},
+    {"Detail View", "Λεπτομέρειες"},
+    {"Change to detail view mode", "Προβολή με λεπτομέρειες"},
+    {"Go back", "Πίσω"},
+    {"Go forward", "Εμπρός"},
+    {"Go to the parent directory", "Στον γονικό φάκελο"},
+    {"&Rename", "&Μετονομασία"},
+    {"&Delete", "&Διαγραφή"},
+    {"Show &hidden files", "Εμφάνιση &κρυφών αρχείων"},
+    {"&Choose", "&Επιλογή"},
+    {"Computer", "Υπολογιστής"},
+    {"My Computer", "Ο υπολογιστής μου"},
+    {"Drive", "Μονάδα δίσκου"},
+    {"Folder", "Φάκελος"},
+    {"File Folder", "Φάκελος"},
+    {"File", "Αρχείο"},
+    {"All Files (*)", "Όλα τα αρχεία (*)"},
+    {"Directories", "Φάκελοι"},
+    {"Remove", "Αφαίρεση"},
     {"%1\nFile not found.\nPlease verify the correct file name was given.",
-     u"%1\nΤο αρχείο δεν βρέθηκε.\nΕλέγξτε το όνομά του."},
-    {"Name", u"Όνομα"},
-    {"Size", u"Μέγεθος"},
-    {"Kind", u"Είδος"},
-    {"Type", u"Τύπος"},
-    {"Date Modified", u"Τροποποίηση"},
-    {"My Computer", u"Υπολογιστής"},
-    {"Computer", u"Υπολογιστής"},
-    {"Top", u"Αρχή"},
-    {"Bottom", u"Τέλος"},
-    {"Left edge", u"Αριστερό άκρο"},
-    {"Right edge", u"Δεξιό άκρο"},
-    {"Scroll here", u"Κύλιση εδώ"},
-    {"Scroll up", u"Κύλιση πάνω"},
-    {"Scroll down", u"Κύλιση κάτω"},
-    {"Scroll left", u"Κύλιση αριστερά"},
-    {"Scroll right", u"Κύλιση δεξιά"},
-    {"Page up", u"Προηγούμενη σελίδα"},
-    {"Page down", u"Επόμενη σελίδα"},
-    {"Page left", u"Σελίδα αριστερά"},
-    {"Page right", u"Σελίδα δεξιά"},
-    {"Scroll Left", u"Κύλιση αριστερά"},
-    {"Scroll Right", u"Κύλιση δεξιά"},
-    {"Open the combo box selection popup", u"Άνοιγμα της λίστας επιλογών"},
+     "%1\nΤο αρχείο δε βρέθηκε.\nΕλέγξτε το όνομα του αρχείου."},
+    {"%1\nDirectory not found.\nPlease verify the correct directory name was given.",
+     "%1\nΟ φάκελος δε βρέθηκε.\nΕλέγξτε το όνομα του φακέλου."},
+    {"%1 already exists.\nDo you want to replace it?", "Το %1 υπάρχει ήδη.\nΝα αντικατασταθεί;"},
+    // print dialogs
+    {"Print", "Εκτύπωση"},
+    {"&Print", "Ε&κτύπωση"},
+    {"Print Preview", "Προεπισκόπηση εκτύπωσης"},
+    {"Page Setup", "Διαμόρφωση σελίδας"},
+    {"Page setup", "Διαμόρφωση σελίδας"},
+    {"Fit width", "Στο πλάτος"},
+    {"Fit page", "Στη σελίδα"},
+    {"Zoom in", "Μεγέθυνση"},
+    {"Zoom out", "Σμίκρυνση"},
+    {"Portrait", "Κατακόρυφα"},
+    {"Landscape", "Οριζόντια"},
+    {"First page", "Πρώτη σελίδα"},
+    {"Previous page", "Προηγούμενη σελίδα"},
+    {"Next page", "Επόμενη σελίδα"},
+    {"Last page", "Τελευταία σελίδα"},
+    {"Show single page", "Μία σελίδα"},
+    {"Show facing pages", "Δύο σελίδες"},
+    {"Show overview of all pages", "Όλες οι σελίδες"},
+    // windows inside the main window, scroll bars
+    {"&Restore", "Ε&παναφορά"},
+    {"&Move", "&Μετακίνηση"},
+    {"&Size", "Μέ&γεθος"},
+    {"Mi&nimize", "Ελα&χιστοποίηση"},
+    {"Ma&ximize", "Μεγι&στοποίηση"},
+    {"Stay on &Top", "Πάντα μπροστά"},
+    {"Minimize", "Ελαχιστοποίηση"},
+    {"Maximize", "Μεγιστοποίηση"},
+    {"Restore Down", "Επαναφορά"},
+    {"Restore", "Επαναφορά"},
+    {"Menu", "Μενού"},
+    {"Scroll here", "Κύλιση εδώ"},
+    {"Top", "Αρχή"},
+    {"Bottom", "Τέλος"},
+    {"Left edge", "Αριστερό άκρο"},
+    {"Right edge", "Δεξί άκρο"},
+    {"Page up", "Σελίδα πάνω"},
+    {"Page down", "Σελίδα κάτω"},
+    {"Page left", "Σελίδα αριστερά"},
+    {"Page right", "Σελίδα δεξιά"},
+    {"Scroll up", "Κύλιση πάνω"},
+    {"Scroll down", "Κύλιση κάτω"},
+    {"Scroll left", "Κύλιση αριστερά"},
+    {"Scroll right", "Κύλιση δεξιά"},
 };
 
-class ToolkitTexts : public QTranslator {
+class GreekTexts : public QTranslator {
 public:
-    explicit ToolkitTexts(QObject* parent) : QTranslator(parent) {
-        for (const Entry& entry : entries) texts_.insert(QByteArray(entry.source), QString::fromUtf16(entry.greek));
+    explicit GreekTexts(QObject* parent) : QTranslator(parent) {
+        for (const Entry& entry : entries) table_.insert(entry.source, QString::fromUtf8(entry.greek));
     }
+
     bool isEmpty() const override { return false; }
+
+    // The program's own contexts have no English, so only the toolkit's classes come here.
     QString translate(const char*, const char* source, const char*, int) const override {
-        return texts_.value(QByteArray::fromRawData(source, static_cast<qsizetype>(qstrlen(source))));
+        return table_.value(QByteArray::fromRawData(source, qsizetype(qstrlen(source))));
     }
 
 private:
-    QHash<QByteArray, QString> texts_;
+    QHash<QByteArray, QString> table_;
 };
 
 }  // namespace
 
-void speakGreek(QApplication& app) {
-    QLocale::setDefault(QLocale(QLocale::Greek, QLocale::Greece));
-    QCoreApplication::installTranslator(new ToolkitTexts(&app));
+void useGreekToolkitTexts(QCoreApplication& app) {
+    const QString name = QStringLiteral("greekToolkitTexts");
+    if (app.findChild<QTranslator*>(name)) return;
+    auto* texts = new GreekTexts(&app);
+    texts->setObjectName(name);
+    QCoreApplication::installTranslator(texts);
 }
 
 }  // namespace controls

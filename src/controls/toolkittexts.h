@@ -1,11 +1,11 @@
-// The toolkit's own words in Greek: context menus, window menus, file and folder dialogs.
+// The toolkit brings no Greek translation of its own texts: the menus of boxes, the file dialog, standard buttons.
 #pragma once
 
-class QApplication;
+class QCoreApplication;
 
 namespace controls {
 
-// The toolkit ships no Greek translation. Installs one for the words that this program's windows bring to the screen.
-void speakGreek(QApplication& app);
+// Installs them once; further calls do nothing.
+void useGreekToolkitTexts(QCoreApplication& app);
 
 }  // namespace controls

@@ -1,7 +1,6 @@
 #include <QApplication>
 
 #include "controls/theme.h"
-#include "controls/toolkittexts.h"
 #include "core/guard.h"
 #include "core/mainmod.h"
 #include "main/program.h"
@@ -31,7 +30,6 @@ int main(int argc, char** argv) {
     QApplication::setApplicationName(core::programTitle());
     QApplication::setApplicationVersion(core::programVersion());
     QApplication::setQuitOnLastWindowClosed(false);
-    controls::speakGreek(app);
 
     const auto settings = platform::iniSettings(qEnvironmentVariable("DORVALIST_SETTINGS"));
     platform::SystemClock clock;

@@ -4,7 +4,7 @@
 
 namespace platform {
 
-// What time it is, as the clock on the wall shows it (spec Qt::UTC, so that comparisons see no time zone).
+// What time it is, as the clock on the wall shows it (labelled Qt::UTC, so that comparisons see no time zone).
 class Clock {
 public:
     virtual ~Clock() = default;

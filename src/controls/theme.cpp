@@ -1,0 +1,133 @@
+#include "controls/theme.h"
+
+#include <QApplication>
+#include <QFile>
+#include <QPalette>
+#include <QStyle>
+#include <QStyleFactory>
+
+#include "controls/resources.h"
+#include "controls/toolkittexts.h"
+
+namespace controls {
+
+namespace {
+
+constexpr double uiPoints = 10;
+
+const Theme lightTheme{.dark = false,
+                       .window = "#F3F5F7",
+                       .base = "#FFFFFF",
+                       .alternateBase = "#F7F9FA",
+                       .text = "#1D2733",
+                       .mutedText = "#566270",
+                       .border = "#C2CAD3",
+                       .accent = "#0E7086",
+                       .accentText = "#FFFFFF",
+                       .highlightBox = "#FFFFC0",
+                       .danger = "#B3261E"};
+
+const Theme darkTheme{.dark = true,
+                      .window = "#20262C",
+                      .base = "#293038",
+                      .alternateBase = "#2E363F",
+                      .text = "#E6EAEE",
+                      .mutedText = "#A9B4BF",
+                      .border = "#4A5561",
+                      .accent = "#23798C",
+                      .accentText = "#FFFFFF",
+                      .highlightBox = "#454224",
+                      .danger = "#FF9C92"};
+
+const Theme* current = &lightTheme;
+
+bool desktopIsDark() {
+    // The palette at the first call, before this program's own has replaced it.
+    static const bool dark = QApplication::palette().color(QPalette::Window).lightness() < 128;
+    return dark;
+}
+
+QPalette paletteOf(const Theme& look) {
+    QPalette palette(look.text, look.window, look.dark ? look.border : QColor(Qt::white), look.window.darker(140),
+                     look.border, look.text, look.base);
+    const std::pair<QPalette::ColorRole, QColor> roles[] = {
+        {QPalette::Window, look.window},
+        {QPalette::WindowText, look.text},
+        {QPalette::Base, look.base},
+        {QPalette::AlternateBase, look.alternateBase},
+        {QPalette::Text, look.text},
+        {QPalette::PlaceholderText, look.mutedText},
+        {QPalette::Button, look.window},
+        {QPalette::ButtonText, look.text},
+        {QPalette::Highlight, look.accent},
+        {QPalette::HighlightedText, look.accentText},
+        {QPalette::ToolTipBase, look.base},
+        {QPalette::ToolTipText, look.text},
+        {QPalette::Link, look.dark ? look.accent.lighter(190) : look.accent},
+        {QPalette::LinkVisited, look.mutedText},
+        {QPalette::BrightText, look.danger},
+    };
+    for (const auto& [role, color] : roles) palette.setColor(role, color);
+    for (const QPalette::ColorRole role : {QPalette::WindowText, QPalette::Text, QPalette::ButtonText})
+        palette.setColor(QPalette::Disabled, role, look.mutedText);
+    palette.setColor(QPalette::Disabled, QPalette::Base, look.window);
+    palette.setColor(QPalette::Disabled, QPalette::Highlight, look.border);
+    palette.setColor(QPalette::Disabled, QPalette::HighlightedText, look.text);
+    return palette;
+}
+
+QString blend(const QColor& from, const QColor& to, double share) {
+    const auto channel = [share](int a, int b) { return int(a + (b - a) * share + 0.5); };
+    return QColor(channel(from.red(), to.red()), channel(from.green(), to.green()), channel(from.blue(), to.blue()))
+        .name();
+}
+
+// The style sheet with its @names replaced by the theme's colours.
+QString styleSheetOf(const Theme& look) {
+    QFile file(QStringLiteral(":/dorvalist/theme.qss"));
+    if (!file.open(QIODevice::ReadOnly)) return {};
+    QString sheet = QString::fromUtf8(file.readAll());
+    // A name that begins with another one comes before it.
+    const std::pair<const char*, QString> names[] = {
+        {"@windowHover", blend(look.window, look.accent, 0.12)},
+        {"@windowPressed", blend(look.window, look.accent, 0.26)},
+        {"@windowSunk", blend(look.window, look.text, 0.05)},
+        {"@window", look.window.name()},
+        {"@button", look.dark ? blend(look.window, look.text, 0.10) : look.base.name()},
+        {"@readOnly", blend(look.window, look.base, 0.45)},
+        {"@base", look.base.name()},
+        {"@alternateBase", look.alternateBase.name()},
+        {"@text", look.text.name()},
+        {"@mutedText", look.mutedText.name()},
+        {"@borderStrong", blend(look.border, look.text, 0.3)},
+        {"@borderSoft", blend(look.border, look.window, 0.45)},
+        {"@border", look.border.name()},
+        {"@accentText", look.accentText.name()},
+        {"@accent", look.accent.name()},
+        {"@focus", look.dark ? look.accent.lighter(150).name() : look.accent.name()},
+        {"@kind", look.dark ? QStringLiteral("dark") : QStringLiteral("light")},
+        {"@highlightBox", look.highlightBox.name()},
+        {"@danger", look.danger.name()},
+    };
+    for (const auto& [name, value] : names) sheet.replace(QLatin1String(name), value);
+    return sheet;
+}
+
+}  // namespace
+
+void applyTheme(QApplication& app, ThemeKind kind) {
+    registerResources();
+    const bool dark = kind == ThemeKind::Dark || (desktopIsDark() && kind == ThemeKind::Automatic);
+    current = dark ? &darkTheme : &lightTheme;
+    useGreekToolkitTexts(app);
+    QApplication::setStyle(QStyleFactory::create(QStringLiteral("Fusion")));
+    QApplication::setPalette(paletteOf(*current));
+    QApplication::setFont(font(QStringLiteral("Tahoma"), uiPoints));
+    app.setStyleSheet(styleSheetOf(*current));
+}
+
+const Theme& theme() {
+    return *current;
+}
+
+}  // namespace controls

@@ -1,0 +1,129 @@
+#include "platform/prompts.h"
+
+#include <QDialog>
+#include <QDialogButtonBox>
+#include <QFileDialog>
+#include <QInputDialog>
+#include <QLabel>
+#include <QMessageBox>
+#include <QPlainTextEdit>
+#include <QPushButton>
+#include <QVBoxLayout>
+
+namespace platform {
+
+namespace {
+
+constexpr int longestText = 1500;  // characters, and
+constexpr int mostLines = 25;      // lines, that a plain box shows without outgrowing a small screen
+
+QMessageBox::Icon boxIcon(MessageIcon icon) {
+    switch (icon) {
+        case MessageIcon::Plain:
+            return QMessageBox::NoIcon;
+        case MessageIcon::Information:
+            return QMessageBox::Information;
+        case MessageIcon::Question:
+            return QMessageBox::Question;
+        case MessageIcon::Warning:
+            return QMessageBox::Warning;
+        case MessageIcon::Critical:
+            return QMessageBox::Critical;
+    }
+    return QMessageBox::NoIcon;
+}
+
+bool isLong(const QString& text) {
+    return text.size() > longestText || text.count(u'\n') > mostLines;
+}
+
+// The same question or message over a text that must scroll. Returns whether the accepting button was pressed.
+bool askScrolling(QWidget* parent, const QString& title, const QString& text, const QStringList& buttons) {
+    QDialog dialog(parent);
+    dialog.setWindowTitle(title);
+    auto* view = new QPlainTextEdit(&dialog);
+    view->setReadOnly(true);
+    view->setPlainText(text);
+    view->setTabChangesFocus(true);
+    auto* row = new QDialogButtonBox(&dialog);
+    row->addButton(buttons.value(0), buttons.size() > 1 ? QDialogButtonBox::YesRole : QDialogButtonBox::AcceptRole);
+    if (buttons.size() > 1) row->addButton(buttons.value(1), QDialogButtonBox::NoRole)->setDefault(true);
+    QObject::connect(row, &QDialogButtonBox::accepted, &dialog, &QDialog::accept);
+    QObject::connect(row, &QDialogButtonBox::rejected, &dialog, &QDialog::reject);
+    auto* layout = new QVBoxLayout(&dialog);
+    layout->addWidget(view);
+    layout->addWidget(row);
+    dialog.resize(640, 420);
+    row->buttons().constLast()->setFocus();
+    return dialog.exec() == QDialog::Accepted;
+}
+
+void dressInGreek(QFileDialog& dialog, const QString& accept) {
+    dialog.setLabelText(QFileDialog::LookIn, QStringLiteral("Θέση:"));
+    dialog.setLabelText(QFileDialog::FileName, QStringLiteral("Όνομα:"));
+    dialog.setLabelText(QFileDialog::FileType, QStringLiteral("Τύπος:"));
+    dialog.setLabelText(QFileDialog::Accept, accept);
+    dialog.setLabelText(QFileDialog::Reject, QStringLiteral("Άκυρο"));
+}
+
+QString chosen(QFileDialog& dialog) {
+    return dialog.exec() == QDialog::Accepted ? dialog.selectedFiles().value(0) : QString();
+}
+
+}  // namespace
+
+void DesktopPrompts::message(QWidget* parent, MessageIcon icon, const QString& title, const QString& text) {
+    if (isLong(text)) {
+        askScrolling(parent, title, text, {QStringLiteral("Εντάξει")});
+        return;
+    }
+    QMessageBox box(boxIcon(icon), title, text, QMessageBox::NoButton, parent);
+    box.setTextFormat(Qt::PlainText);
+    box.setEscapeButton(box.addButton(QStringLiteral("Εντάξει"), QMessageBox::AcceptRole));
+    box.exec();
+}
+
+bool DesktopPrompts::question(QWidget* parent, const QString& title, const QString& text) {
+    const QString yes = QStringLiteral("Ναι");
+    const QString no = QStringLiteral("Όχι");
+    if (isLong(text)) return askScrolling(parent, title, text, {yes, no});
+    QMessageBox box(QMessageBox::Question, title, text, QMessageBox::NoButton, parent);
+    box.setTextFormat(Qt::PlainText);
+    const QPushButton* yesButton = box.addButton(yes, QMessageBox::YesRole);
+    QPushButton* noButton = box.addButton(no, QMessageBox::NoRole);
+    // Most questions ask before something is deleted, so a hasty Enter must leave things as they were.
+    box.setDefaultButton(noButton);
+    box.setEscapeButton(noButton);
+    box.exec();
+    return box.clickedButton() == yesButton;
+}
+
+std::optional<QString> DesktopPrompts::input(QWidget* parent, const QString& title, const QString& prompt,
+                                             const QString& initial) {
+    QInputDialog dialog(parent);
+    dialog.setWindowTitle(title);
+    dialog.setLabelText(prompt);
+    if (auto* label = dialog.findChild<QLabel*>()) label->setTextFormat(Qt::PlainText);
+    dialog.setTextValue(initial);
+    dialog.setOkButtonText(QStringLiteral("Εντάξει"));
+    dialog.setCancelButtonText(QStringLiteral("Άκυρο"));
+    if (dialog.exec() != QDialog::Accepted) return std::nullopt;
+    return dialog.textValue();
+}
+
+QString DesktopPrompts::openFile(QWidget* parent, const QString& title, const QString& filter) {
+    QFileDialog dialog(parent, title, QString(), filter);
+    dialog.setFileMode(QFileDialog::ExistingFile);
+    dressInGreek(dialog, QStringLiteral("Άνοιγμα"));
+    return chosen(dialog);
+}
+
+QString DesktopPrompts::chooseFolder(QWidget* parent, const QString& title) {
+    QFileDialog dialog(parent, title);
+    dialog.setFileMode(QFileDialog::Directory);
+    dialog.setOption(QFileDialog::ShowDirsOnly);
+    dressInGreek(dialog, QStringLiteral("Επιλογή"));
+    return chosen(dialog);
+}
+
+}  // namespace platform
