@@ -105,6 +105,7 @@ QString styleSheetOf(const Theme& look) {
         {"@accentText", look.accentText.name()},
         {"@accent", look.accent.name()},
         {"@focus", look.dark ? look.accent.lighter(150).name() : look.accent.name()},
+        {"@link", look.dark ? look.accent.lighter(190).name() : look.accent.name()},
         {"@kind", look.dark ? QStringLiteral("dark") : QStringLiteral("light")},
         {"@highlightBox", look.highlightBox.name()},
         {"@danger", look.danger.name()},

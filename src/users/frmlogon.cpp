@@ -31,7 +31,7 @@ void frmLogon::build() {
     Text2->setEchoMode(QLineEdit::Password);
     Command1 = named(new QPushButton(QStringLiteral("Σύνδεση")), QStringLiteral("Command1"));
     Command2 = named(new QPushButton(QStringLiteral("Άκυρο")), QStringLiteral("Command2"));
-    Command1->setProperty("role", "primary");
+    Command1->setDefault(true);
     for (QPushButton* button : {Command1, Command2}) button->setAutoDefault(true);
     status_ =
         named(new QLabel(QStringLiteral("Δώστε τον Χρήστη και τον Κώδικό του !!!")), QStringLiteral("StatusBar1"));

@@ -39,7 +39,7 @@ frmOwner::frmOwner(core::MainMod& mod) : mod_(mod) {
         Text7.append(box);
     }
     auto* confirm = controls::named(new QPushButton(QStringLiteral("Επικύρωση")), QStringLiteral("Command1"));
-    confirm->setProperty("role", "primary");
+    confirm->setDefault(true);
     core::onSignal(mod_, this, confirm, &QPushButton::clicked, [this] { store(); });
     auto* layout = new QVBoxLayout(this);
     layout->setContentsMargins(22, 20, 22, 18);
