@@ -42,6 +42,10 @@ bool isNumberCharacter(QChar c) {
 
 TextBox::TextBox(QWidget* parent) : QLineEdit(parent) {
     setValidator(new ControlFilter(this));
+    // A long text that the program sets shows its beginning.
+    connect(this, &QLineEdit::textChanged, this, [this] {
+        if (!hasFocus()) setCursorPosition(0);
+    });
 }
 
 void TextBox::setHighlighting(bool on) {
@@ -52,7 +56,8 @@ void TextBox::setHighlighting(bool on) {
 void TextBox::focusInEvent(QFocusEvent* event) {
     QLineEdit::focusInEvent(event);
     detail::setHighlight(this, highlighting_);
-    if (detail::isPassing(*event)) return;
+    // The first field of a form that opens gets its focus by the window's activation.
+    if (detail::isPassing(*event) && entered_) return;
     entered_ = true;
     selectAll();
     selectOnRelease_ = event->reason() == Qt::MouseFocusReason;
@@ -62,7 +67,9 @@ void TextBox::focusOutEvent(QFocusEvent* event) {
     QLineEdit::focusOutEvent(event);
     detail::setHighlight(this, false);
     selectOnRelease_ = false;
-    if (!detail::isPassing(*event)) entered_ = false;
+    if (detail::isPassing(*event)) return;
+    entered_ = false;
+    setCursorPosition(0);
 }
 
 bool TextBox::isLeft(const QFocusEvent& event) const {
@@ -156,7 +163,8 @@ void MemoBox::selectWhole() {
 void MemoBox::focusInEvent(QFocusEvent* event) {
     QPlainTextEdit::focusInEvent(event);
     detail::setHighlight(this, highlighting_);
-    if (detail::isPassing(*event)) return;
+    if (detail::isPassing(*event) && entered_) return;
+    entered_ = true;
     selectWhole();
     selectOnRelease_ = event->reason() == Qt::MouseFocusReason;
 }
@@ -165,6 +173,7 @@ void MemoBox::focusOutEvent(QFocusEvent* event) {
     QPlainTextEdit::focusOutEvent(event);
     detail::setHighlight(this, false);
     selectOnRelease_ = false;
+    if (!detail::isPassing(*event)) entered_ = false;
 }
 
 void MemoBox::mousePressEvent(QMouseEvent* event) {

@@ -78,6 +78,7 @@ private:
 
     bool highlighting_ = false;
     bool selectOnRelease_ = false;
+    bool entered_ = false;
 };
 
 }  // namespace controls

@@ -4,6 +4,7 @@
 #include <QPixmapCache>
 #include <QSvgRenderer>
 
+#include "controls/color.h"
 #include "controls/resources.h"
 #include "controls/theme.h"
 
@@ -24,7 +25,7 @@ QColor colorFor(QIcon::Mode mode) {
             return pale;
         }
         case QIcon::Active:
-            return look.dark ? look.accent.lighter(170) : look.accent;
+            return look.dark ? mixed(look.accent, look.text, 0.35) : look.accent;
         case QIcon::Selected:
             return look.accentText;
         case QIcon::Normal:

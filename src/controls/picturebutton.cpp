@@ -6,6 +6,7 @@
 #include <QPainterPath>
 #include <QTextLayout>
 
+#include "controls/color.h"
 #include "controls/theme.h"
 
 namespace controls {
@@ -16,12 +17,6 @@ constexpr int iconSide = 24;
 constexpr int padding = 6;
 constexpr int gap = 3;
 constexpr int mostLines = 2;
-
-QColor mixed(const QColor& from, const QColor& to, qreal share) {
-    return QColor::fromRgbF(float(from.redF() + (to.redF() - from.redF()) * share),
-                            float(from.greenF() + (to.greenF() - from.greenF()) * share),
-                            float(from.blueF() + (to.blueF() - from.blueF()) * share));
-}
 
 // The caption broken into at most two lines; what does not fit ends in dots.
 QStringList captionLines(const QString& caption, const QFont& font, int width) {

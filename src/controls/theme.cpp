@@ -3,9 +3,9 @@
 #include <QApplication>
 #include <QFile>
 #include <QPalette>
-#include <QStyle>
-#include <QStyleFactory>
 
+#include "controls/color.h"
+#include "controls/lookstyle.h"
 #include "controls/resources.h"
 #include "controls/toolkittexts.h"
 
@@ -63,7 +63,7 @@ QPalette paletteOf(const Theme& look) {
         {QPalette::HighlightedText, look.accentText},
         {QPalette::ToolTipBase, look.base},
         {QPalette::ToolTipText, look.text},
-        {QPalette::Link, look.dark ? look.accent.lighter(190) : look.accent},
+        {QPalette::Link, look.dark ? mixed(look.accent, look.text, 0.55) : look.accent},
         {QPalette::LinkVisited, look.mutedText},
         {QPalette::BrightText, look.danger},
     };
@@ -76,12 +76,6 @@ QPalette paletteOf(const Theme& look) {
     return palette;
 }
 
-QString blend(const QColor& from, const QColor& to, double share) {
-    const auto channel = [share](int a, int b) { return int(a + (b - a) * share + 0.5); };
-    return QColor(channel(from.red(), to.red()), channel(from.green(), to.green()), channel(from.blue(), to.blue()))
-        .name();
-}
-
 // The style sheet with its @names replaced by the theme's colours.
 QString styleSheetOf(const Theme& look) {
     QFile file(QStringLiteral(":/dorvalist/theme.qss"));
@@ -89,22 +83,23 @@ QString styleSheetOf(const Theme& look) {
     QString sheet = QString::fromUtf8(file.readAll());
     // A name that begins with another one comes before it.
     const std::pair<const char*, QString> names[] = {
-        {"@windowHover", blend(look.window, look.accent, 0.12)},
-        {"@windowPressed", blend(look.window, look.accent, 0.26)},
-        {"@windowSunk", blend(look.window, look.text, 0.05)},
+        {"@windowHover", mixed(look.window, look.accent, 0.12).name()},
+        {"@windowPressed", mixed(look.window, look.accent, 0.26).name()},
+        {"@windowSunk", mixed(look.window, look.text, 0.05).name()},
         {"@window", look.window.name()},
-        {"@button", look.dark ? blend(look.window, look.text, 0.10) : look.base.name()},
-        {"@readOnly", blend(look.window, look.base, 0.45)},
+        {"@button", (look.dark ? mixed(look.window, look.text, 0.10) : look.base).name()},
+        {"@readOnly", mixed(look.window, look.base, 0.3).name()},
         {"@base", look.base.name()},
         {"@alternateBase", look.alternateBase.name()},
         {"@text", look.text.name()},
         {"@mutedText", look.mutedText.name()},
-        {"@borderStrong", blend(look.border, look.text, 0.3)},
-        {"@borderSoft", blend(look.border, look.window, 0.45)},
+        {"@borderStrong", mixed(look.border, look.text, 0.3).name()},
+        {"@borderSoft", mixed(look.border, look.window, 0.45).name()},
         {"@border", look.border.name()},
         {"@accentText", look.accentText.name()},
+        {"@accentStrong", mixed(look.accent, look.text, 0.5).name()},
         {"@accent", look.accent.name()},
-        {"@focus", look.dark ? look.accent.lighter(150).name() : look.accent.name()},
+        {"@focus", (look.dark ? mixed(look.accent, look.text, 0.35) : look.accent).name()},
         {"@link", look.dark ? look.accent.lighter(190).name() : look.accent.name()},
         {"@kind", look.dark ? QStringLiteral("dark") : QStringLiteral("light")},
         {"@highlightBox", look.highlightBox.name()},
@@ -121,7 +116,7 @@ void applyTheme(QApplication& app, ThemeKind kind) {
     const bool dark = kind == ThemeKind::Dark || (desktopIsDark() && kind == ThemeKind::Automatic);
     current = dark ? &darkTheme : &lightTheme;
     useGreekToolkitTexts(app);
-    QApplication::setStyle(QStyleFactory::create(QStringLiteral("Fusion")));
+    QApplication::setStyle(new LookStyle);
     QApplication::setPalette(paletteOf(*current));
     QApplication::setFont(font(QStringLiteral("Tahoma"), uiPoints));
     app.setStyleSheet(styleSheetOf(*current));

@@ -84,8 +84,8 @@ void DesktopPrompts::message(QWidget* parent, MessageIcon icon, const QString& t
 }
 
 bool DesktopPrompts::question(QWidget* parent, const QString& title, const QString& text) {
-    const QString yes = QStringLiteral("Ναι");
-    const QString no = QStringLiteral("Όχι");
+    const QString yes = QStringLiteral("&Ναι");
+    const QString no = QStringLiteral("Ό&χι");
     if (isLong(text)) return askScrolling(parent, title, text, {yes, no});
     QMessageBox box(QMessageBox::Question, title, text, QMessageBox::NoButton, parent);
     box.setTextFormat(Qt::PlainText);

@@ -143,7 +143,7 @@ QWidget* iconSheet() {
     int i = 0;
     for (const QString& file : QDir(":/dorvalist/icons").entryList({"*.svg"})) {
         const QString name = file.chopped(4);
-        if (name.startsWith("chevron") || name.startsWith("tick")) continue;
+        if (name.startsWith("chevron") || name.startsWith("box-") || name.startsWith("tick")) continue;
         auto* label = new QLabel;
         label->setPixmap(
             icon(name).pixmap(QSize(24, 24), sheet->devicePixelRatioF(), i % 9 == 8 ? QIcon::Disabled : QIcon::Normal));

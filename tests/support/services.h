@@ -1,0 +1,140 @@
+// Stand-ins for the doors to the operating system. A test takes them all in one line:
+//     support::Desk desk;
+//     frmAddress form(desk.services);
+#pragma once
+
+#include <QTest>
+#include <QtCore/QtCore>
+#include <deque>
+
+#include "platform/services.h"
+
+namespace support {
+
+class MemorySettings : public platform::Settings {
+public:
+    QString value(const QString& section, const QString& key, const QString& fallback) const override {
+        return values_.value(pathOf(section, key), fallback);
+    }
+    void setValue(const QString& section, const QString& key, const QString& value) override {
+        values_.insert(pathOf(section, key), value);
+    }
+    bool contains(const QString& section, const QString& key) const { return values_.contains(pathOf(section, key)); }
+
+private:
+    static QString pathOf(const QString& section, const QString& key) {
+        return (section + QChar(0) + key).toCaseFolded();
+    }
+    QHash<QString, QString> values_;
+};
+
+// Stands still until a test moves it: Thursday 5 November 2026, 10:30.
+class HandClock : public platform::Clock {
+public:
+    QDateTime now() const override { return now_; }
+    void set(QDate date, QTime time = QTime(10, 30)) { now_ = QDateTime(date, time, Qt::UTC); }
+    void advance(qint64 seconds) { now_ = now_.addSecs(seconds); }
+
+private:
+    QDateTime now_ = QDateTime(QDate(2026, 11, 5), QTime(10, 30), Qt::UTC);
+};
+
+// Keeps what was told and answers what was asked from queues filled beforehand. A question that no answer waits for
+// fails the test and counts as No or Cancel; so does a message, once refuseMessages() was called.
+class RecordingPrompts : public platform::Prompts {
+public:
+    enum class Kind { Message, Question, Input, OpenFile, ChooseFolder };
+    struct Shown {
+        Kind kind;
+        platform::MessageIcon icon;
+        QString title;
+        QString text;  // the filter for OpenFile
+    };
+
+    void answer(bool yes) { answers_.push_back(yes); }
+    void answerInput(std::optional<QString> text) { inputs_.push_back(std::move(text)); }
+    void answerFile(const QString& path) { files_.push_back(path); }
+    void answerFolder(const QString& path) { folders_.push_back(path); }
+    void refuseMessages(bool on = true) { refusingMessages_ = on; }
+
+    const QList<Shown>& shown() const { return shown_; }
+    int count() const { return int(shown_.size()); }
+    bool isEmpty() const { return shown_.isEmpty(); }
+    // The last one's; empty when there was none.
+    QString lastText() const { return shown_.isEmpty() ? QString() : shown_.last().text; }
+    QString lastTitle() const { return shown_.isEmpty() ? QString() : shown_.last().title; }
+    bool wasShown(const QString& text) const {
+        return std::any_of(shown_.begin(), shown_.end(), [&](const Shown& s) { return s.text == text; });
+    }
+    // Answers that nobody asked for: a test ends with none.
+    int waiting() const { return int(answers_.size() + inputs_.size() + files_.size() + folders_.size()); }
+    void clear() { shown_.clear(); }
+
+    void message(QWidget*, platform::MessageIcon icon, const QString& title, const QString& text) override {
+        shown_.append({Kind::Message, icon, title, text});
+        if (refusingMessages_) fail("message", title, text);
+    }
+    bool question(QWidget*, const QString& title, const QString& text) override {
+        shown_.append({Kind::Question, platform::MessageIcon::Question, title, text});
+        return taken(answers_, "question", title, text).value_or(false);
+    }
+    std::optional<QString> input(QWidget*, const QString& title, const QString& prompt,
+                                 const QString& /*initial*/) override {
+        shown_.append({Kind::Input, platform::MessageIcon::Plain, title, prompt});
+        return taken(inputs_, "input", title, prompt).value_or(std::nullopt);
+    }
+    QString openFile(QWidget*, const QString& title, const QString& filter) override {
+        shown_.append({Kind::OpenFile, platform::MessageIcon::Plain, title, filter});
+        return taken(files_, "file dialog", title, filter).value_or(QString());
+    }
+    QString chooseFolder(QWidget*, const QString& title) override {
+        shown_.append({Kind::ChooseFolder, platform::MessageIcon::Plain, title, QString()});
+        return taken(folders_, "folder dialog", title, QString()).value_or(QString());
+    }
+
+private:
+    static void fail(const char* what, const QString& title, const QString& text) {
+        const QString report = QStringLiteral("Unexpected %1 \"%2\": %3").arg(QLatin1String(what), title, text);
+        QTest::qFail(qUtf8Printable(report), __FILE__, __LINE__);
+    }
+
+    template <typename T>
+    std::optional<T> taken(std::deque<T>& queue, const char* what, const QString& title, const QString& text) {
+        if (queue.empty()) {
+            fail(what, title, text);
+            return std::nullopt;
+        }
+        std::optional<T> first(std::move(queue.front()));
+        queue.pop_front();
+        return first;
+    }
+
+    QList<Shown> shown_;
+    std::deque<bool> answers_;
+    std::deque<std::optional<QString>> inputs_;
+    std::deque<QString> files_, folders_;
+    bool refusingMessages_ = false;
+};
+
+class RecordingSound : public platform::Sound {
+public:
+    void play(const QString& waveFile) override { played.append(waveFile); }
+    void beep() override { ++beeps; }
+
+    QStringList played;
+    int beeps = 0;
+};
+
+// All four, and the Services that a window takes. Lives longer than the windows that use it.
+struct Desk {
+    MemorySettings settings;
+    HandClock clock;
+    RecordingPrompts prompts;
+    RecordingSound sound;
+    platform::Services services{settings, clock, prompts, sound};
+
+    Desk() = default;
+    Q_DISABLE_COPY_MOVE(Desk)
+};
+
+}  // namespace support
