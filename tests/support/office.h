@@ -1,0 +1,55 @@
+// A real office in a scratch folder, opened as the program opens it.
+#pragma once
+
+#include <QTemporaryDir>
+
+#include "core/mainmod.h"
+#include "data/recordset.h"
+#include "schema/office.h"
+#include "support/services.h"
+
+namespace support {
+
+class Office {
+public:
+    // Default rows, the delivered name days, Admin's password "admin".
+    Office() {
+        schema::createOffice(folder(), {QStringLiteral("admin"), QStringLiteral(DORV_REFERENCE)});
+        open(mod);
+        mod.gDataPath = folder();
+        mod.gUserName = QStringLiteral("Admin");
+        mod.gUserGroup = core::groupAdministrators;
+    }
+
+    QString folder() const { return directory_.filePath(QStringLiteral("office")); }
+
+    // A further seat on the same folder.
+    void open(core::MainMod& seat) {
+        using schema::Database;
+        schema::open(seat.gConn, schema::connectionString(Database::Main, schema::mainDatabasePath(folder())));
+        schema::open(seat.gConnUsers,
+                     schema::connectionString(Database::Users, schema::usersDatabasePath(folder())));
+    }
+
+    qint64 addCard(const QString& surname, const QString& name, const QVariantMap& more = {}) {
+        data::Recordset card(mod.gConn, QStringLiteral("Select * from cards where code=0"));
+        card.addNew();
+        card[u"επωνυμο"].setValue(surname);
+        card[u"ονομα"].setValue(name);
+        card[u"category"].setValue(1);
+        for (auto [column, value] : more.asKeyValueRange()) card[column].setValue(value);
+        card.update();
+        return card[u"code"].toLong();
+    }
+
+    QVariant value(const QString& sql) {
+        data::Recordset rows(mod.gConn, sql);
+        return rows.isEmpty() ? QVariant() : rows.field(0).value();
+    }
+
+    QTemporaryDir directory_;
+    Desk desk;
+    core::MainMod mod{desk.services};
+};
+
+}  // namespace support
