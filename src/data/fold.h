@@ -15,4 +15,7 @@ QString fold(QStringView text);
 // valid UTF-8 come back as they were.
 QByteArray foldUtf8(const char* text, qsizetype size);
 
+// The same into the caller's memory, which has room for size * 3 / 2 bytes; the number of bytes written.
+qsizetype foldUtf8Into(const char* text, qsizetype size, char* out);
+
 }  // namespace data

@@ -44,7 +44,8 @@ QString valueText(const QVariant& value);
 
 // Wall clock to whole seconds since 1899-12-30 00:00:00 and back; the stored form of embedded databases.
 qint64 dateToSeconds(const QDateTime& wallClock);
-QDateTime secondsToDate(qint64 seconds);
+QDateTime secondsToDate(qint64 seconds);  // invalid when it lies far outside the calendar
+QDateTime daysToDate(double days);        // a count of days as numbers in date columns have it; invalid likewise
 
 QDateTime wallClock(QDate date, QTime time = QTime(0, 0));  // spec Qt::UTC, see types.h
 QDateTime toWallClock(const QDateTime& local);              // keeps what the clock on the wall shows

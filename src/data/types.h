@@ -1,6 +1,7 @@
 // Column types of the dialect, their ADO numbers, and how their values travel.
 #pragma once
 
+#include <QHash>
 #include <QString>
 #include <QStringView>
 #include <QVector>

@@ -1,0 +1,44 @@
+#include "data/error.h"
+
+namespace data {
+
+qint32 adoErrorNumber(ErrorCategory category) {
+    switch (category) {
+        case ErrorCategory::Connection:
+            return 3709;
+        case ErrorCategory::Password:
+            return qint32(0x80040E4D);
+        case ErrorCategory::Corrupt:
+            return qint32(0x80004005);
+        case ErrorCategory::Busy:
+            return qint32(0x80040E21);
+        case ErrorCategory::Syntax:
+            return qint32(0x80040E14);
+        case ErrorCategory::Parameter:
+            return qint32(0x80040E10);
+        case ErrorCategory::Type:
+            return qint32(0x80040E07);
+        case ErrorCategory::Constraint:
+            return qint32(0x80040E2F);
+        case ErrorCategory::Conflict:
+            return qint32(0x80040E38);
+        case ErrorCategory::ReadOnly:
+            return qint32(0x80040E09);
+        case ErrorCategory::State:
+            return 3021;
+        case ErrorCategory::Full:
+            return qint32(0x80004005);
+        case ErrorCategory::Other:
+            return qint32(0x80004005);
+    }
+    return qint32(0x80004005);
+}
+
+Error::Error(ErrorCategory category, QString text, QString statement, int engineCode)
+    : category_(category),
+      text_(std::move(text)),
+      statement_(std::move(statement)),
+      engineCode_(engineCode),
+      utf8_(text_.toUtf8()) {}
+
+}  // namespace data

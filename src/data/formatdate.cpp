@@ -1,0 +1,165 @@
+#include <QVector>
+
+#include "data/formatparts.h"
+
+namespace data {
+namespace {
+
+enum class Part { Literal, Day, Month, Year, Hour, Minute, Second, HalfDay };
+
+struct Token {
+    Part part;
+    int count = 0;
+    QString text;  // of a literal
+};
+
+constexpr const char16_t* dayNames[] = {u"Δευτέρα",   u"Τρίτη",   u"Τετάρτη", u"Πέμπτη",
+                                        u"Παρασκευή", u"Σάββατο", u"Κυριακή"};
+constexpr const char16_t* monthNames[] = {u"Ιανουάριος",  u"Φεβρουάριος", u"Μάρτιος",   u"Απρίλιος",
+                                          u"Μάιος",       u"Ιούνιος",     u"Ιούλιος",   u"Αύγουστος",
+                                          u"Σεπτέμβριος", u"Οκτώβριος",   u"Νοέμβριος", u"Δεκέμβριος"};
+constexpr const char16_t* monthGenitives[] = {u"Ιανουαρίου",  u"Φεβρουαρίου", u"Μαρτίου",   u"Απριλίου",
+                                              u"Μαΐου",       u"Ιουνίου",     u"Ιουλίου",   u"Αυγούστου",
+                                              u"Σεπτεμβρίου", u"Οκτωβρίου",   u"Νοεμβρίου", u"Δεκεμβρίου"};
+constexpr const char16_t* monthShort[] = {u"Ιαν",  u"Φεβ", u"Μαρ", u"Απρ", u"Μαϊ", u"Ιουν",
+                                          u"Ιουλ", u"Αυγ", u"Σεπ", u"Οκτ", u"Νοε", u"Δεκ"};
+
+Part partOf(QChar letter) {
+    switch (letter.toLower().unicode()) {
+        case 'd':
+            return Part::Day;
+        case 'm':
+            return Part::Month;
+        case 'y':
+            return Part::Year;
+        case 'h':
+            return Part::Hour;
+        case 'n':
+            return Part::Minute;
+        case 's':
+            return Part::Second;
+        default:
+            return Part::Literal;
+    }
+}
+
+void addLiteral(QVector<Token>& tokens, QStringView text) {
+    if (!tokens.isEmpty() && tokens.last().part == Part::Literal)
+        tokens.last().text += text;
+    else
+        tokens.append({Part::Literal, 0, text.toString()});
+}
+
+// Length of a quoted or escaped literal at the start of the pattern, 0 if there is none.
+qsizetype quotedLength(QStringView pattern) {
+    if (pattern[0] == u'\\' && pattern.size() > 1) return 2;
+    if (pattern[0] != u'"') return 0;
+    const qsizetype end = pattern.indexOf(u'"', 1);
+    return end < 0 ? 0 : end + 1;
+}
+
+QVector<Token> tokenize(QStringView pattern) {
+    QVector<Token> tokens;
+    for (qsizetype i = 0; i < pattern.size();) {
+        const QStringView rest = pattern.mid(i);
+        if (const qsizetype quoted = quotedLength(rest)) {
+            addLiteral(tokens, rest[0] == u'"' ? rest.mid(1, quoted - 2) : rest.mid(1, 1));
+            i += quoted;
+        } else if (rest.startsWith(u"AM/PM", Qt::CaseInsensitive)) {
+            tokens.append({Part::HalfDay, 5, {}});
+            i += 5;
+        } else if (const Part part = partOf(rest[0]); part != Part::Literal) {
+            qsizetype run = 1;
+            while (run < rest.size() && rest[run].toLower() == rest[0].toLower()) ++run;
+            tokens.append({part, int(run), {}});
+            i += run;
+        } else {
+            addLiteral(tokens, rest.first(1));
+            ++i;
+        }
+    }
+    return tokens;
+}
+
+// "m" is a month, unless it stands next to an hour or before a second.
+void resolveMinutes(QVector<Token>& tokens) {
+    Part before = Part::Literal;
+    for (qsizetype i = 0; i < tokens.size(); ++i) {
+        Token& token = tokens[i];
+        if (token.part == Part::Literal) continue;
+        if (token.part == Part::Month && token.count <= 2) {
+            qsizetype next = i + 1;
+            while (next < tokens.size() && tokens[next].part == Part::Literal) ++next;
+            if (before == Part::Hour || (next < tokens.size() && tokens[next].part == Part::Second))
+                token.part = Part::Minute;
+        }
+        before = token.part;
+    }
+}
+
+QString padded(int value, int count, int width = 2) {
+    return count == 1 ? QString::number(value) : QString::number(value).rightJustified(width, u'0');
+}
+
+QString dayText(QDate date, int count) {
+    if (count <= 2) return padded(date.day(), count);
+    const QString name = QString::fromUtf16(dayNames[date.dayOfWeek() - 1]);
+    if (count > 3) return name;
+    return date.dayOfWeek() == 6 ? QStringLiteral("Σαβ") : name.left(3);
+}
+
+QString monthText(QDate date, int count, bool afterDay) {
+    if (count <= 2) return padded(date.month(), count);
+    const auto& names = count == 3 ? monthShort : afterDay ? monthGenitives : monthNames;
+    return QString::fromUtf16(names[date.month() - 1]);
+}
+
+}  // namespace
+
+bool isDatePattern(QStringView pattern) {
+    for (const Token& token : tokenize(pattern))
+        if (token.part != Part::Literal) return true;
+    return false;
+}
+
+QString formatDate(const QDateTime& wallClock, QStringView pattern) {
+    QVector<Token> tokens = tokenize(pattern);
+    resolveMinutes(tokens);
+    const bool twelve = std::any_of(tokens.begin(), tokens.end(), [](auto& t) { return t.part == Part::HalfDay; });
+    const QDate date = wallClock.date();
+    const QTime time = wallClock.time();
+    QString result;
+    bool afterDay = false;
+    for (const Token& token : tokens) {
+        switch (token.part) {
+            case Part::Literal:
+                result += token.text;
+                break;
+            case Part::Day:
+                result += dayText(date, token.count);
+                if (token.count <= 2) afterDay = true;
+                break;
+            case Part::Month:
+                result += monthText(date, token.count, afterDay);
+                break;
+            case Part::Year:
+                result += token.count <= 2 ? padded(date.year() % 100, 2) : padded(date.year(), 4, 4);
+                break;
+            case Part::Hour:
+                result += padded(twelve ? (time.hour() + 11) % 12 + 1 : time.hour(), token.count);
+                break;
+            case Part::Minute:
+                result += padded(time.minute(), token.count);
+                break;
+            case Part::Second:
+                result += padded(time.second(), token.count);
+                break;
+            case Part::HalfDay:
+                result += time.hour() < 12 ? u"πμ" : u"μμ";
+                break;
+        }
+    }
+    return result;
+}
+
+}  // namespace data

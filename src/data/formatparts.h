@@ -1,0 +1,26 @@
+// The two halves of format(): patterns of dates and patterns of numbers.
+#pragma once
+
+#include <QDateTime>
+#include <QString>
+#include <QStringView>
+
+namespace data {
+
+bool isDatePattern(QStringView pattern);
+QString formatDate(const QDateTime& wallClock, QStringView pattern);
+
+// A number as the decimal digits that a person sees: the fewest that read back as the same number.
+struct Decimal {
+    bool negative = false;
+    QByteArray digits;  // '0' to '9', no leading zeros; empty for zero
+    int point = 0;      // how many of the digits stand before the decimal sign; may be negative or past the end
+
+    static Decimal of(double value);  // of a finite number
+    static Decimal of(qint64 value);
+    void round(int places);  // half away from zero
+};
+
+QString formatNumber(Decimal value, QStringView pattern);
+
+}  // namespace data

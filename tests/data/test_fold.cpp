@@ -1,0 +1,100 @@
+#include <QtTest>
+
+#include "data/fold.h"
+#include "data/types.h"
+
+using namespace data;
+
+class TestFold : public QObject {
+    Q_OBJECT
+
+private slots:
+    void texts_data() {
+        QTest::addColumn<QString>("text");
+        QTest::addColumn<QString>("folded");
+        QTest::newRow("capitals carry no accents") << "ΠΑΠΑΔΟΠΟΥΛΟΣ"
+                                                   << "παπαδοπουλοσ";
+        QTest::newRow("small letters do") << "Παπαδόπουλος"
+                                          << "παπαδοπουλοσ";
+        QTest::newRow("both dots and accent") << "Μαΐου Λαΰσ Ϊ Ϋ"
+                                              << "μαιου λαυσ ι υ";
+        QTest::newRow("polytonic") << "ᾼᾳ Ὦ ῥῶ ᾅ"
+                                   << "αα ω ρω α";
+        QTest::newRow("decomposed") << QStringLiteral("α\u0301ι\u0308\u0301 e\u0301") << "αι e";
+        QTest::newRow("latin") << "ÀÉîõü Ñ Çé Åß İ"
+                               << "aeiou n ce aß i";
+        QTest::newRow("micro sign") << QStringLiteral("\u00B5m") << QStringLiteral("\u03BCm");
+        QTest::newRow("ohm and kelvin signs") << QStringLiteral("\u2126\u212A") << QStringLiteral("ωk");
+        QTest::newRow("other scripts keep their marks") << "でガ Привет עִברית"
+                                                        << "でガ привет עִברית";
+        QTest::newRow("emoji") << "👨‍👩‍👧 A"
+                               << "👨‍👩‍👧 a";
+        QTest::newRow("deseret capital") << QString::fromUcs4(U"\U00010400") << QString::fromUcs4(U"\U00010428");
+        QTest::newRow("grows in UTF-8") << QStringLiteral("ȺȺȺȺȺȺȺ") << QStringLiteral("ⱥⱥⱥⱥⱥⱥⱥ");
+        QTest::newRow("NUL") << QString::fromUtf8("Ά\0Β", 5) << QString::fromUtf8("α\0β", 5);
+        QTest::newRow("lone surrogates") << QString(QChar(0xD801)) + "Α" << QString(QChar(0xD801)) + "α";
+        QTest::newRow("empty") << ""
+                               << "";
+        QTest::newRow("ASCII edges") << "@AZ[`az{ABCDEFGH"
+                                     << "@az[`az{abcdefgh";
+    }
+    void texts() {
+        QFETCH(QString, text);
+        QFETCH(QString, folded);
+        QCOMPARE(fold(text), folded);
+        if (text.isValidUtf16()) {
+            const QByteArray utf8 = text.toUtf8();
+            QCOMPARE(QString::fromUtf8(foldUtf8(utf8.constData(), utf8.size())), folded);
+        }
+    }
+
+    // Every character: the fold of the fold is the fold, it doesn't grow, and both roads give the same.
+    void wholeUnicode() {
+        for (char32_t c = 1; c <= 0x10FFFF; ++c) {
+            if (QChar::isSurrogate(c)) continue;
+            const QString text = QString::fromUcs4(&c, 1), once = fold(text);
+            const QByteArray utf8 = text.toUtf8(), onceUtf8 = foldUtf8(utf8.constData(), utf8.size());
+            const bool good = fold(once) == once && once.size() <= text.size() && QString::fromUtf8(onceUtf8) == once;
+            if (!good) QFAIL(qPrintable(QStringLiteral("U+%1 folds to %2").arg(uint(c), 0, 16).arg(once)));
+        }
+    }
+
+    void alphabet() {
+        const QString order = QStringLiteral("αβγδεζηθικλμνξοπρστυφχψω");
+        QVERIFY(std::is_sorted(order.begin(), order.end()));
+        const QString capitals = QStringLiteral("ΑΒΓΔΕΖΗΘΙΚΛΜΝΞΟΠΡΣΤΥΦΧΨΩ");
+        QCOMPARE(fold(capitals), order);
+    }
+
+    void brokenUtf8_data() {
+        QTest::addColumn<QByteArray>("bytes");
+        QTest::addColumn<QByteArray>("folded");
+        QTest::newRow("cut letter") << QByteArray("A\xCE") << QByteArray("a\xCE");
+        QTest::newRow("cut emoji") << QByteArray("A\xF0\x9F\x98") << QByteArray("a\xF0\x9F\x98");
+        QTest::newRow("Windows-1253") << QByteArray("\xC1\xC2 \xDD Z") << QByteArray("\xC1\xC2 \xDD z");
+        QTest::newRow("overlong") << QByteArray("\xC1\x81\xE0\x80\x81") << QByteArray("\xC1\x81\xE0\x80\x81");
+        QTest::newRow("surrogate") << QByteArray("\xED\xA0\x81Z") << QByteArray("\xED\xA0\x81z");
+        QTest::newRow("beyond Unicode") << QByteArray("\xF4\x90\x80\x80Z") << QByteArray("\xF4\x90\x80\x80z");
+    }
+    void brokenUtf8() {
+        QFETCH(QByteArray, bytes);
+        QTEST(foldUtf8(bytes.constData(), bytes.size()), "folded");
+    }
+
+    void names() {
+        QCOMPARE(nameKey(u"ΕΠΩΝΥΜΟΣ"), nameKey(u"επωνυμος"));
+        QCOMPARE(nameKey(u"ΤΕΛΕΥΤΑΙΑ_ΚΙΝΗΣΗ"), nameKey(u"τελευταια_κινηση"));
+        QVERIFY(nameKey(u"ΗΜΕΡΑ") != nameKey(u"Ημέρα"));
+        Catalog catalog;
+        catalog.add({"Cards", {{"code", ColumnType::Autonumber, 0}, {"ΟΡΟΣ", ColumnType::Text, 30}}, "code", 0});
+        catalog.add({"Dates", {}, "aa", -1});
+        QVERIFY(!catalog.find(u"Card"));
+        QCOMPARE(catalog.find(u"CARDS")->indexOf(u"όρος"), -1);
+        QCOMPARE(catalog.find(u"cards")->indexOf(u"ορος"), 1);
+        catalog.add({"CARDS", {}, "code", -1});
+        QCOMPARE(catalog.tables().size(), 2);
+    }
+};
+
+QTEST_APPLESS_MAIN(TestFold)
+#include "test_fold.moc"
