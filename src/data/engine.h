@@ -48,7 +48,8 @@ public:
     virtual Catalog readCatalog() = 0;
     // Runs a statement of the engine's own language; statements of the same text are prepared once.
     virtual ExecuteResult execute(const QByteArray& sql, const QVector<QVariant>& parameters) = 0;
-    // The same for one that gives rows. Returns how many. `sink` may be null, then rows are only counted.
+    // The same for one that gives rows and changes nothing (else Error(ReadOnly)). Returns how many. `sink` may be
+    // null, then rows are only counted.
     virtual qint64 query(const QByteArray& sql, const QVector<QVariant>& parameters, RowSink* sink) = 0;
     // Several statements without parameters, for the schema's own use.
     virtual void script(const QByteArray& sql) = 0;

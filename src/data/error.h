@@ -7,18 +7,18 @@
 namespace data {
 
 enum class ErrorCategory {
-    Connection,     // the database can't be reached or opened, or the connection is closed
-    Password,       // the database password is wrong
-    Corrupt,        // not a database, or a damaged one
-    Busy,           // somebody else holds the lock longer than the busy time-out
-    Syntax,         // the statement doesn't parse or names what isn't there
-    Parameter,      // a name is neither a column nor a given parameter
-    Type,           // a value doesn't fit its column or its comparison
-    Constraint,     // too long, duplicate, mandatory
-    Conflict,       // the row was changed or deleted by somebody else since it was read
-    ReadOnly,       // a write where only reading is allowed
-    State,          // the operation isn't possible now: no current row, a closed recordset
-    Full,           // the disk is full or can't be written
+    Connection,  // the database can't be reached or opened, or the connection is closed
+    Password,    // the database password is wrong
+    Corrupt,     // not a database, or a damaged one
+    Busy,        // somebody else holds the lock longer than the busy time-out
+    Syntax,      // the statement doesn't parse or names what isn't there
+    Parameter,   // a name is neither a column nor a given parameter
+    Type,        // a value doesn't fit its column or its comparison
+    Constraint,  // too long, duplicate, mandatory
+    Conflict,    // the row was changed or deleted by somebody else since it was read
+    ReadOnly,    // a write where only reading is allowed
+    State,       // the operation isn't possible now: no current row, a closed recordset
+    Full,        // the disk is full or can't be written
     Other,
 };
 

@@ -26,14 +26,18 @@ QString format(const QVariant& value, QStringView pattern);
 // others 19xx. No year means the year of `today`. A time alone lies on 1899-12-30. Years 100 to 9999.
 std::optional<QDateTime> parseDate(QStringView text, DateOrder order = DateOrder::DayFirst, QDate today = {});
 
-inline bool isDate(QStringView text) { return parseDate(text).has_value(); }
+inline bool isDate(QStringView text) {
+    return parseDate(text).has_value();
+}
 
 // A text as a number, decimal comma, points between thousands ("1.234,50"), sign, blanks around. A lone
 // point is a decimal point unless exactly three digits follow it (1.234 is a thousand and more).
 // Empty or anything else gives nothing; infinities and NaN don't read.
 std::optional<double> parseNumber(QStringView text);
 
-inline bool isNumeric(QStringView text) { return parseNumber(text).has_value(); }
+inline bool isNumeric(QStringView text) {
+    return parseNumber(text).has_value();
+}
 
 // A number as text: decimal comma, no thousands, the fewest digits that read back as the same number.
 QString numberText(double value);

@@ -20,9 +20,10 @@ public:
     const QString& name() const;
     AdoType type() const;
     ColumnType columnType() const;
-    int definedSize() const;   // UTF-16 units for Text, the type's size in bytes otherwise, 1073741823 / 2147483647 unbounded
-    qint64 actualSize() const; // bytes for LongBinary, UTF-16 units for text, -1 for Null
-    QVariant value() const;    // forms of types.h
+    int definedSize()
+        const;  // UTF-16 units for Text, the type's size in bytes otherwise, 1073741823 / 2147483647 unbounded
+    qint64 actualSize() const;  // bytes for LongBinary, UTF-16 units for text, -1 for Null
+    QVariant value() const;     // forms of types.h
     bool isNull() const;
     QString text() const;      // valueText of the value
     double toDouble() const;   // 0 for Null
@@ -71,8 +72,8 @@ public:
     void moveNext();
     void movePrevious();
 
-    // "column operator value" with = <> < <= > >= LIKE; texts in quotes, dates between #. Starts at the current row plus `skip` rows
-    // (from an end: at the nearest row); stands at EOF (backward: BOF) when nothing matches.
+    // "column operator value" with = <> < <= > >= LIKE; texts in quotes, dates between #. Starts at the current row
+    // plus `skip` rows (from an end: at the nearest row); stands at EOF (backward: BOF) when nothing matches.
     void find(const QString& criterion, qint64 skip = 0, SearchDirection direction = SearchDirection::Forward);
 
     int fieldCount() const;
@@ -84,9 +85,9 @@ public:
     EditMode editMode() const;
     bool isUpdatable() const;
     void addNew();
-    // Writes the row buffer: an INSERT after addNew, else only the columns whose value changed. Throws Conflict when one
-    // of them was changed, or the row deleted, by somebody else since it was read. After a failure the
-    // buffer stands as it was. After an INSERT the autonumber and the columns' defaults are read back.
+    // Writes the row buffer: an INSERT after addNew, else only the columns whose value changed. Throws Conflict when
+    // one of them was changed, or the row deleted, by somebody else since it was read. After a failure the buffer
+    // stands as it was. After an INSERT the autonumber and the columns' defaults are read back.
     void update();
     void cancelUpdate();
     // Deletes the current row and stands on the next one (EOF behind the last). Deleting a row that is already gone

@@ -25,7 +25,9 @@ enum class AdoType : int {
 
 AdoType adoType(ColumnType type);
 
-inline bool isText(ColumnType t) { return t == ColumnType::Text || t == ColumnType::Memo; }
+inline bool isText(ColumnType t) {
+    return t == ColumnType::Text || t == ColumnType::Memo;
+}
 inline bool isNumber(ColumnType t) {
     return t == ColumnType::Autonumber || t == ColumnType::Long || t == ColumnType::Integer ||
            t == ColumnType::Single || t == ColumnType::Double;

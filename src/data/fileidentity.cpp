@@ -1,0 +1,101 @@
+#include "data/fileidentity.h"
+
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+#include <QtEndian>
+
+#include "data/types.h"
+
+namespace data {
+namespace {
+
+constexpr qint64 headBytes = 4096;
+constexpr qsizetype sqliteHeader = 100;
+
+bool isJet(const QByteArray& head) {
+    const QByteArray name = head.mid(4, 15);
+    return name == "Standard Jet DB" || name == "Standard ACE DB";
+}
+
+FileIdentity identifySqlite(const QByteArray& head) {
+    if (head.size() < sqliteHeader) return {FileKind::Noise, 0};
+    const auto number = [&head](int offset) { return qFromBigEndian<quint32>(head.constData() + offset); };
+    switch (number(68)) {
+        case mainApplicationId:
+            return {FileKind::Main, int(number(60))};
+        case usersApplicationId:
+            return {FileKind::Users, int(number(60))};
+        default:
+            return {FileKind::ForeignSqlite, 0};
+    }
+}
+
+// Lines "key = value", at least one of which names a server or a database; "#" starts a comment.
+bool isServerDescription(QByteArray head) {
+    if (head.startsWith("\xEF\xBB\xBF")) head.remove(0, 3);
+    bool names = false;
+    for (const QByteArray& raw : head.split('\n')) {
+        const QByteArray line = raw.trimmed();
+        if (line.isEmpty() || line.startsWith('#') || line.startsWith('[')) continue;
+        for (const char c : line)
+            if (static_cast<unsigned char>(c) < 0x20 && c != '\t') return false;
+        const qsizetype equals = line.indexOf('=');
+        if (equals <= 0) return false;
+        const QByteArray key = line.left(equals).trimmed().toLower();
+        names |= key == "host" || key == "server" || key == "database" || key == "dbname";
+    }
+    return names;
+}
+
+}  // namespace
+
+FileIdentity identifyFile(const QString& file) {
+    const QFileInfo info(file);
+    if (!info.exists()) return {FileKind::Missing, 0};
+    // A pipe or a device would wait for ever; only a plain file is read.
+    if (!info.isFile()) return {FileKind::Unreadable, 0};
+    QFile source(file);
+    if (!source.open(QIODevice::ReadOnly)) return {FileKind::Unreadable, 0};
+    const QByteArray head = source.read(headBytes);
+    if (head.isEmpty()) return {source.error() == QFile::NoError ? FileKind::Empty : FileKind::Unreadable, 0};
+    if (isJet(head)) return {FileKind::Jet, 0};
+    if (head.startsWith(QByteArray("SQLite format 3\0", 16))) return identifySqlite(head);
+    return {isServerDescription(head) ? FileKind::ServerDescription : FileKind::Noise, 0};
+}
+
+QString fileKindText(const QString& file, FileKind kind) {
+    const auto about = [&file](const QString& what) {
+        return QStringLiteral("Το αρχείο «%1» %2").arg(QDir::toNativeSeparators(file), what);
+    };
+    switch (kind) {
+        case FileKind::Missing:
+            return about(QStringLiteral("δεν υπάρχει. Ελέγξτε τον φάκελο των δεδομένων."));
+        case FileKind::Unreadable:
+            return about(QStringLiteral("δεν διαβάζεται. Ελέγξτε αν είναι αρχείο και αν έχετε δικαίωμα ανάγνωσης."));
+        case FileKind::Empty:
+            return about(QStringLiteral("είναι άδειο. Επαναφέρετε ένα αντίγραφο ασφαλείας ή φτιάξτε νέα βάση."));
+        case FileKind::Jet:
+            return about(
+                QStringLiteral("είναι βάση Microsoft Access (Jet), που δεν ανοίγει εδώ. "
+                               "Διαλέξτε τον φάκελο με τη βάση αυτού του προγράμματος."));
+        case FileKind::ServerDescription:
+            return about(
+                QStringLiteral("περιγράφει βάση σε διακομιστή, που αυτή η έκδοση δεν ανοίγει ακόμη. "
+                               "Διαλέξτε φάκελο με βάση σε αρχείο."));
+        case FileKind::ForeignSqlite:
+            return about(
+                QStringLiteral("είναι βάση SQLite άλλου προγράμματος. "
+                               "Διαλέξτε τον φάκελο με τη βάση αυτού του προγράμματος."));
+        case FileKind::Noise:
+            return about(
+                QStringLiteral("δεν είναι βάση δεδομένων ή έχει καταστραφεί. "
+                               "Επαναφέρετε ένα αντίγραφο ασφαλείας."));
+        case FileKind::Main:
+        case FileKind::Users:
+            break;
+    }
+    return {};
+}
+
+}  // namespace data

@@ -1,0 +1,10 @@
+#pragma once
+
+#include "data/engine.h"
+
+namespace data {
+
+// The tables of an open SQLite database, without the internal ones.
+Catalog readSqliteCatalog(Engine& engine);
+
+}  // namespace data

@@ -1,0 +1,266 @@
+#include "data/sqlite/sqliteengine.h"
+
+#include <sqlite3.h>
+
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+
+#include "data/databasepassword.h"
+#include "data/fileidentity.h"
+#include "data/format.h"
+#include "data/password.h"
+#include "data/sqlite/functions.h"
+#include "data/sqlite/sqlitecatalog.h"
+#include "data/sqlite/sqlitedialect.h"
+#include "data/sqlite/sqliteerror.h"
+
+namespace data {
+namespace {
+
+FileIdentity requireOurs(const QString& file) {
+    const FileIdentity identity = identifyFile(file);
+    switch (identity.kind) {
+        case FileKind::Main:
+        case FileKind::Users:
+            return identity;
+        case FileKind::Missing:
+        case FileKind::Unreadable:
+        case FileKind::ServerDescription:
+            throw Error(ErrorCategory::Connection, fileKindText(file, identity.kind));
+        default:
+            throw Error(ErrorCategory::Corrupt, fileKindText(file, identity.kind));
+    }
+}
+
+[[noreturn]] void refuseReadOnly(const QString& what) {
+    throw Error(
+        ErrorCategory::ReadOnly,
+        QStringLiteral("Δεν έχετε δικαίωμα εγγραφής %1. Ζητήστε το από τον διαχειριστή του υπολογιστή.").arg(what));
+}
+
+// Binds in the stored form. Texts and bytes are lent to the statement, so they live in `held` until its reset.
+class Binder {
+public:
+    Binder(sqlite3* database, sqlite3_stmt* statement, const QByteArray& sql)
+        : database_(database), statement_(statement), sql_(sql) {}
+
+    void bind(const QVector<QVariant>& values) {
+        if (values.size() != sqlite3_bind_parameter_count(statement_)) {
+            throw Error(ErrorCategory::Parameter, QStringLiteral("Λείπουν ή περισσεύουν τιμές παραμέτρων."),
+                        QString::fromUtf8(sql_));
+        }
+        held_.reserve(values.size());
+        for (int i = 0; i < values.size(); ++i) {
+            const int code = bindOne(i + 1, values[i]);
+            if (code != SQLITE_OK) throw sqliteError(database_, code, sql_);
+        }
+    }
+
+private:
+    int bindOne(int index, const QVariant& value) {
+        switch (value.typeId()) {
+            case QMetaType::UnknownType:
+            case QMetaType::Nullptr:
+                return sqlite3_bind_null(statement_, index);
+            case QMetaType::Bool:
+                return sqlite3_bind_int(statement_, index, value.toBool());
+            case QMetaType::Double:
+            case QMetaType::Float:
+                return sqlite3_bind_double(statement_, index, value.toDouble());
+            case QMetaType::QDateTime:
+                return sqlite3_bind_int64(statement_, index, dateToSeconds(value.toDateTime()));
+            case QMetaType::QByteArray: {
+                held_.append(value.toByteArray());
+                // A null pointer would be Null, even with no bytes to point at.
+                return sqlite3_bind_blob64(statement_, index, held_.last().constData(), held_.last().size(),
+                                           SQLITE_STATIC);
+            }
+            case QMetaType::QString: {
+                held_.append(value.toString().toUtf8());
+                return sqlite3_bind_text64(statement_, index, held_.last().constData(), held_.last().size(),
+                                           SQLITE_STATIC, SQLITE_UTF8);
+            }
+            default:
+                return sqlite3_bind_int64(statement_, index, value.toLongLong());
+        }
+    }
+
+    sqlite3* database_;
+    sqlite3_stmt* statement_;
+    const QByteArray& sql_;
+    QVector<QByteArray> held_;
+};
+
+void sendRow(sqlite3_stmt* statement, int columns, RowSink& sink) {
+    sink.beginRow();
+    for (int i = 0; i < columns; ++i) {
+        switch (sqlite3_column_type(statement, i)) {
+            case SQLITE_INTEGER:
+                sink.integer(sqlite3_column_int64(statement, i));
+                break;
+            case SQLITE_FLOAT:
+                sink.real(sqlite3_column_double(statement, i));
+                break;
+            case SQLITE_TEXT: {
+                const auto bytes = reinterpret_cast<const char*>(sqlite3_column_text(statement, i));
+                sink.text(bytes, sqlite3_column_bytes(statement, i));
+                break;
+            }
+            case SQLITE_BLOB: {
+                const auto bytes = static_cast<const char*>(sqlite3_column_blob(statement, i));
+                sink.blob(bytes, sqlite3_column_bytes(statement, i));
+                break;
+            }
+            default:
+                sink.null();
+        }
+    }
+}
+
+constexpr char openingPragmas[] =
+    "PRAGMA foreign_keys=OFF;"
+    "PRAGMA synchronous=FULL;"
+    "PRAGMA cell_size_check=ON;"
+    "PRAGMA temp_store=MEMORY;"
+    "PRAGMA cache_size=-32768;"
+    "PRAGMA journal_size_limit=67108864;";
+
+}  // namespace
+
+SqliteEngine::SqliteEngine(const OpenSettings& settings) {
+    const FileIdentity identity = requireOurs(settings.file);
+    try {
+        configure(settings);
+        if (identity.kind == FileKind::Users) checkPassword(settings);
+    } catch (...) {
+        closeDatabase();
+        throw;
+    }
+}
+
+SqliteEngine::~SqliteEngine() {
+    closeDatabase();
+}
+
+void SqliteEngine::closeDatabase() noexcept {
+    statements_.clear();
+    sqlite3_close(database_);
+    database_ = nullptr;
+}
+
+void SqliteEngine::configure(const OpenSettings& settings) {
+    const QFileInfo info(settings.file);
+    if (!settings.readOnly && !info.isWritable())
+        refuseReadOnly(QStringLiteral("στο αρχείο «%1»").arg(info.fileName()));
+    // The journal lies beside the file, also for those who only read.
+    const QString folder = info.absolutePath();
+    if (!QFileInfo(folder).isWritable())
+        refuseReadOnly(QStringLiteral("στον φάκελο «%1»").arg(QDir::toNativeSeparators(folder)));
+
+    const int mode = settings.readOnly ? SQLITE_OPEN_READONLY : SQLITE_OPEN_READWRITE;
+    const int code =
+        sqlite3_open_v2(settings.file.toUtf8().constData(), &database_, mode | SQLITE_OPEN_NOMUTEX, nullptr);
+    if (code != SQLITE_OK) throw sqliteOpenError(code, settings.file);
+    statements_.setDatabase(database_);
+    sqlite3_extended_result_codes(database_, 1);
+    sqlite3_busy_timeout(database_, settings.busyTimeoutMs);
+    sqlite3_db_config(database_, SQLITE_DBCONFIG_DEFENSIVE, 1, nullptr);
+    sqlite3_db_config(database_, SQLITE_DBCONFIG_TRUSTED_SCHEMA, 0, nullptr);
+    sqlite3_db_config(database_, SQLITE_DBCONFIG_DQS_DML, 0, nullptr);
+    sqlite3_db_config(database_, SQLITE_DBCONFIG_DQS_DDL, 0, nullptr);
+    sqlite3_limit(database_, SQLITE_LIMIT_ATTACHED, 1);  // VACUUM needs one
+    registerFunctions(database_);
+    script(openingPragmas);
+    // SQLite opens a file it can't write for reading only, without a word.
+    if (!settings.readOnly && sqlite3_db_readonly(database_, "main") == 1)
+        refuseReadOnly(QStringLiteral("στο αρχείο «%1»").arg(info.fileName()));
+    if (!settings.readOnly) script("PRAGMA journal_mode=WAL");
+    query("SELECT count(*) FROM sqlite_schema", {}, nullptr);  // a damaged first page shows now, not later
+}
+
+void SqliteEngine::checkPassword(const OpenSettings& settings) {
+    const QString verifier = databaseVerifier(*this);
+    if (!verifier.isEmpty() && !verifyPassword(verifier, settings.password))
+        throw Error(ErrorCategory::Password, QStringLiteral("Ο κωδικός της βάσης δεδομένων δεν είναι σωστός."));
+}
+
+const EngineDialect& SqliteEngine::dialect() const {
+    return sqliteDialect();
+}
+
+Catalog SqliteEngine::readCatalog() {
+    return readSqliteCatalog(*this);
+}
+
+ExecuteResult SqliteEngine::execute(const QByteArray& sql, const QVector<QVariant>& parameters) {
+    StatementCache::Lease statement(statements_, sql);
+    Binder binder(database_, statement.get(), sql);
+    binder.bind(parameters);
+    const qint64 before = sqlite3_total_changes64(database_);
+    int code;
+    while ((code = sqlite3_step(statement.get())) == SQLITE_ROW) {
+    }
+    if (code != SQLITE_DONE) throw sqliteError(database_, code, sql);
+    return {sqlite3_total_changes64(database_) - before, sqlite3_last_insert_rowid(database_)};
+}
+
+qint64 SqliteEngine::query(const QByteArray& sql, const QVector<QVariant>& parameters, RowSink* sink) {
+    StatementCache::Lease statement(statements_, sql);
+    if (!sqlite3_stmt_readonly(statement.get())) {
+        throw Error(ErrorCategory::ReadOnly, QStringLiteral("Εδώ επιτρέπεται μόνο ανάγνωση."), QString::fromUtf8(sql));
+    }
+    Binder binder(database_, statement.get(), sql);
+    binder.bind(parameters);
+    const int columns = sqlite3_column_count(statement.get());
+    qint64 rows = 0;
+    int code;
+    while ((code = sqlite3_step(statement.get())) == SQLITE_ROW) {
+        ++rows;
+        if (sink) sendRow(statement.get(), columns, *sink);
+    }
+    if (code != SQLITE_DONE) throw sqliteError(database_, code, sql);
+    return rows;
+}
+
+void SqliteEngine::script(const QByteArray& sql) {
+    const int code = sqlite3_exec(database_, sql.constData(), nullptr, nullptr, nullptr);
+    if (code != SQLITE_OK) throw sqliteError(database_, code, sql);
+}
+
+// The write lock is taken at once: a later one could fail half way for a reader grown old.
+void SqliteEngine::begin() {
+    script("BEGIN IMMEDIATE");
+}
+
+void SqliteEngine::commit() {
+    script("COMMIT");
+}
+
+void SqliteEngine::rollback() noexcept {
+    if (sqlite3_get_autocommit(database_) == 0) sqlite3_exec(database_, "ROLLBACK", nullptr, nullptr, nullptr);
+}
+
+void createSqliteFile(const QString& file, quint32 applicationId) {
+    {
+        QFile target(file);
+        if (!target.open(QIODevice::WriteOnly | QIODevice::NewOnly)) {
+            if (QFileInfo::exists(file)) {
+                throw Error(ErrorCategory::Constraint, QStringLiteral("Το αρχείο «%1» υπάρχει ήδη.").arg(file));
+            }
+            refuseReadOnly(QStringLiteral("στον φάκελο «%1»").arg(QFileInfo(file).absolutePath()));
+        }
+    }
+    sqlite3* database = nullptr;
+    int code = sqlite3_open_v2(file.toUtf8().constData(), &database, SQLITE_OPEN_READWRITE, nullptr);
+    const QByteArray sql =
+        "PRAGMA page_size=4096; PRAGMA encoding='UTF-8'; PRAGMA journal_mode=WAL; PRAGMA application_id=" +
+        QByteArray::number(applicationId) + "; PRAGMA user_version=0;";
+    if (code == SQLITE_OK) code = sqlite3_exec(database, sql.constData(), nullptr, nullptr, nullptr);
+    sqlite3_close(database);
+    if (code == SQLITE_OK) return;
+    for (const char* ending : {"", "-wal", "-shm"}) QFile::remove(file + QLatin1String(ending));
+    throw sqliteOpenError(code, file);
+}
+
+}  // namespace data

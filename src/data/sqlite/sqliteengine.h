@@ -1,0 +1,44 @@
+// The embedded engine: one SQLite file.
+#pragma once
+
+#include "data/engine.h"
+#include "data/sqlite/statementcache.h"
+
+struct sqlite3;
+
+namespace data {
+
+class SqliteEngine : public Engine {
+public:
+    // Opens a database of this program that exists. Any other file is refused before a byte of it or
+    // a file beside it is written. A users database wants its password, a main database ignores it.
+    explicit SqliteEngine(const OpenSettings& settings);
+    ~SqliteEngine() override;
+    SqliteEngine(const SqliteEngine&) = delete;
+    SqliteEngine& operator=(const SqliteEngine&) = delete;
+
+    const EngineDialect& dialect() const override;
+    Catalog readCatalog() override;
+    ExecuteResult execute(const QByteArray& sql, const QVector<QVariant>& parameters) override;
+    qint64 query(const QByteArray& sql, const QVector<QVariant>& parameters, RowSink* sink) override;
+    void script(const QByteArray& sql) override;
+    void begin() override;
+    void commit() override;
+    void rollback() noexcept override;
+
+    sqlite3* handle() const { return database_; }  // for backup; stays the engine's
+
+private:
+    void configure(const OpenSettings& settings);
+    void checkPassword(const OpenSettings& settings);
+    void closeDatabase() noexcept;
+
+    sqlite3* database_ = nullptr;
+    StatementCache statements_;
+};
+
+// Makes a new, empty database file of this program; `applicationId` is one of fileidentity.h. A file that
+// exists is refused and left alone; on a failure no file stays behind.
+void createSqliteFile(const QString& file, quint32 applicationId);
+
+}  // namespace data

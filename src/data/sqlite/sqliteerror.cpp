@@ -1,0 +1,93 @@
+#include "data/sqlite/sqliteerror.h"
+
+#include <sqlite3.h>
+
+#include <QDir>
+
+namespace data {
+namespace {
+
+struct Meaning {
+    int code;  // primary code
+    ErrorCategory category;
+    const char16_t* text;
+};
+
+constexpr Meaning meanings[] = {
+    {SQLITE_BUSY, ErrorCategory::Busy,
+     u"Κάποιος άλλος κρατά τη βάση δεδομένων αυτή τη στιγμή. Δοκιμάστε ξανά σε λίγο."},
+    {SQLITE_LOCKED, ErrorCategory::Busy, u"Ο πίνακας είναι κλειδωμένος από άλλη εργασία. Δοκιμάστε ξανά σε λίγο."},
+    {SQLITE_CORRUPT, ErrorCategory::Corrupt,
+     u"Η βάση δεδομένων έχει καταστραφεί. Επαναφέρετε ένα αντίγραφο ασφαλείας."},
+    {SQLITE_NOTADB, ErrorCategory::Corrupt, u"Το αρχείο δεν είναι βάση δεδομένων ή έχει καταστραφεί."},
+    {SQLITE_FULL, ErrorCategory::Full, u"Ο δίσκος είναι γεμάτος. Τίποτα δεν αποθηκεύτηκε."},
+    {SQLITE_IOERR, ErrorCategory::Full, u"Ο δίσκος δεν διαβάζεται ή δεν γράφεται."},
+    {SQLITE_READONLY, ErrorCategory::ReadOnly, u"Η βάση δεδομένων είναι μόνο για ανάγνωση."},
+    {SQLITE_PERM, ErrorCategory::ReadOnly, u"Δεν έχετε δικαίωμα εγγραφής στη βάση δεδομένων."},
+    {SQLITE_CANTOPEN, ErrorCategory::Connection,
+     u"Η βάση δεδομένων δεν ανοίγει. Ελέγξτε ότι έχετε δικαίωμα εγγραφής στον φάκελό της."},
+    {SQLITE_TOOBIG, ErrorCategory::Constraint, u"Η τιμή ή η εντολή είναι υπερβολικά μεγάλη."},
+    {SQLITE_MISMATCH, ErrorCategory::Type, u"Η τιμή δεν ταιριάζει με τον τύπο του πεδίου."},
+    {SQLITE_AUTH, ErrorCategory::ReadOnly, u"Η εντολή δεν επιτρέπεται εδώ."},
+    {SQLITE_NOMEM, ErrorCategory::Other, u"Δεν υπάρχει αρκετή μνήμη."},
+    {SQLITE_INTERRUPT, ErrorCategory::Other, u"Η εργασία διακόπηκε."},
+};
+
+QString constraintText(int code) {
+    switch (code) {
+        case SQLITE_CONSTRAINT_UNIQUE:
+        case SQLITE_CONSTRAINT_PRIMARYKEY:
+        case SQLITE_CONSTRAINT_ROWID:
+            return QStringLiteral("Υπάρχει ήδη εγγραφή με αυτή την τιμή κλειδιού.");
+        case SQLITE_CONSTRAINT_NOTNULL:
+            return QStringLiteral("Ένα υποχρεωτικό πεδίο είναι κενό.");
+        default:
+            return QStringLiteral("Η εγγραφή παραβιάζει κανόνα του πίνακα.");
+    }
+}
+
+// The dialect's own functions fail with a Greek sentence, which is better than any made from the code.
+bool isGreek(const QString& message) {
+    return std::any_of(message.begin(), message.end(), [](QChar c) { return c.script() == QChar::Script_Greek; });
+}
+
+ErrorCategory categoryOf(int primary) {
+    if (primary == SQLITE_CONSTRAINT) return ErrorCategory::Constraint;
+    for (const Meaning& meaning : meanings)
+        if (meaning.code == primary) return meaning.category;
+    return ErrorCategory::Other;
+}
+
+QString textOf(int code) {
+    if ((code & 0xFF) == SQLITE_CONSTRAINT) return constraintText(code);
+    for (const Meaning& meaning : meanings)
+        if (meaning.code == (code & 0xFF)) return QString::fromUtf16(meaning.text);
+    return {};
+}
+
+}  // namespace
+
+Error sqliteError(sqlite3* database, int code, const QByteArray& sql, bool preparing) {
+    const QString message = database ? QString::fromUtf8(sqlite3_errmsg(database)) : QString();
+    const QString statement = QString::fromUtf8(sql);
+    const int primary = code & 0xFF;
+    if (primary == SQLITE_ERROR && isGreek(message) && !preparing)
+        return Error(ErrorCategory::Type, message, statement, code);
+    if ((primary == SQLITE_CONSTRAINT || primary == SQLITE_MISMATCH) && isGreek(message) &&
+        !message.contains(u"failed"))
+        return Error(categoryOf(primary), message, statement, code);
+    if (primary == SQLITE_ERROR && preparing)
+        return Error(ErrorCategory::Syntax, QStringLiteral("Η εντολή δεν είναι σωστή: %1").arg(message), statement,
+                     code);
+    QString text = textOf(code);
+    if (text.isEmpty()) text = QStringLiteral("Σφάλμα της βάσης δεδομένων: %1").arg(message);
+    return Error(categoryOf(primary), text, statement, code);
+}
+
+Error sqliteOpenError(int code, const QString& file) {
+    const QString text = textOf(code);
+    return Error(categoryOf(code & 0xFF) == ErrorCategory::Other ? ErrorCategory::Connection : categoryOf(code & 0xFF),
+                 QStringLiteral("Το αρχείο «%1» δεν άνοιξε. %2").arg(QDir::toNativeSeparators(file), text), {}, code);
+}
+
+}  // namespace data
