@@ -24,13 +24,21 @@ const Table& mainTable(QStringView name) {
     return *table;
 }
 
-QVariant textOrNull(const QString& text) { return text.isEmpty() ? QVariant() : QVariant(text); }
-QVariant dateOrNull(QDate day) { return day.isValid() ? QVariant(data::wallClock(day)) : QVariant(); }
+QVariant textOrNull(const QString& text) {
+    return text.isEmpty() ? QVariant() : QVariant(text);
+}
+QVariant dateOrNull(QDate day) {
+    return day.isValid() ? QVariant(data::wallClock(day)) : QVariant();
+}
 QVariant timeOrNull(QTime time) {
     return time.isValid() ? QVariant(data::wallClock(QDate(1899, 12, 30), time)) : QVariant();
 }
-QVariant numberOrNull(double number) { return number == 0 ? QVariant() : QVariant(number); }
-double euros(qint64 cents) { return double(cents) / 100; }
+QVariant numberOrNull(double number) {
+    return number == 0 ? QVariant() : QVariant(number);
+}
+double euros(qint64 cents) {
+    return double(cents) / 100;
+}
 
 struct CardField {
     QString column;
@@ -105,8 +113,8 @@ QHash<QString, QDate> readNameDays(data::Connection& main) {
 
 void writeSettings(data::Connection& main) {
     for (const auto& category : demo::categories())
-        main.execute(u"insert into CardKategory (Description,payable) values ('%1',%2)"_s.arg(category.name).arg(
-            int(category.payable)));
+        main.execute(u"insert into CardKategory (Description,payable) values ('%1',%2)"_s.arg(category.name)
+                         .arg(int(category.payable)));
     for (int list = 0; list < demo::lookupLists().size(); ++list)
         for (const QString& value : demo::lookupLists()[list].values)
             main.execute(u"insert into Combo%1 (Description) values ('%2')"_s.arg(list + 1).arg(value));
@@ -172,8 +180,7 @@ void writeDiary(data::Connection& main, const World& world, const QVector<CardRe
                     {u"Subject"_s, u"Priority"_s, u"notes"_s, u"User"_s, u"Entoleas"_s});
     for (const demo::Task& task : demo::makeTasks(world, users))
         tasks.write({task.subject, task.priority, textOrNull(task.notes), task.user, task.placedBy});
-    RowWriter calls(main, mainTable(u"Calls"),
-                    {u"ΗΜΕΡΟΜΗΝΙΑ"_s, u"ΩΡΑ"_s, u"ΟΝΟΜΑ"_s, u"ΤΗΛΕΦΩΝΟ"_s, u"CODECARD"_s});
+    RowWriter calls(main, mainTable(u"Calls"), {u"ΗΜΕΡΟΜΗΝΙΑ"_s, u"ΩΡΑ"_s, u"ΟΝΟΜΑ"_s, u"ΤΗΛΕΦΩΝΟ"_s, u"CODECARD"_s});
     for (const demo::Call& call : demo::makeCalls(world, cards))
         calls.write({dateOrNull(call.day), call.time.toString(u"HH:mm:ss"), call.caller.name,
                      textOrNull(call.caller.telephone), call.caller.code});

@@ -1,14 +1,11 @@
 #include "schema/rowwriter.h"
 
 #include "data/convert.h"
+#include "data/dialect/enginedialect.h"
 #include "data/format.h"
 
 namespace schema {
 namespace {
-
-using namespace Qt::Literals::StringLiterals;
-
-QString quoted(QString name) { return u'"' + name.replace(u'"', u"\"\""_s) + u'"'; }
 
 QVariant stored(const QVariant& value, const data::ColumnInfo& column) {
     const QVariant fitting = data::toColumn(value, column);
@@ -23,15 +20,17 @@ QVariant stored(const QVariant& value, const data::ColumnInfo& column) {
 RowWriter::RowWriter(data::Connection& connection, const Table& table, const QStringList& columns)
     : engine_(connection.engine()) {
     const data::TableInfo info = tableInfo(table);
-    QStringList names, places;
+    const data::EngineDialect& dialect = engine_.dialect();
+    QByteArrayList names, places;
     for (const QString& name : columns) {
         const int index = info.indexOf(name);
         Q_ASSERT_X(index >= 0, "RowWriter", qPrintable(name));
         columns_ += info.columns[index];
-        names += quoted(info.columns[index].name);
-        places += u'?' + QString::number(columns_.size());
+        names += dialect.identifier(info.columns[index].name);
+        places += dialect.parameter(int(columns_.size()));
     }
-    sql_ = u"INSERT INTO %1 (%2) VALUES (%3)"_s.arg(quoted(table.name), names.join(u", "), places.join(u", ")).toUtf8();
+    sql_ = "INSERT INTO " + dialect.identifier(table.name) + " (" + names.join(", ") + ") VALUES (" +
+           places.join(", ") + ")";
     parameters_.resize(columns_.size());
 }
 

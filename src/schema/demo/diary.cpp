@@ -15,13 +15,17 @@ CardRef someCard(Random& random, const QVector<CardRef>& cards, int strangersPer
     return random.pick(cards);
 }
 
-bool isWorkday(QDate day) { return day.dayOfWeek() < Qt::Saturday; }
+bool isWorkday(QDate day) {
+    return day.dayOfWeek() < Qt::Saturday;
+}
 
 Appointment appointment(Random& random, const QStringList& users, int user, const QVector<CardRef>& cards) {
-    static const QVector<QString> subjects = {u"Παρουσίαση προϊόντων"_s, u"Υπογραφή συμβολαίου"_s, u"Συνάντηση εργασίας"_s,
-                                              u"Παράδοση παραγγελίας"_s, u"Συζήτηση προσφοράς"_s,  u"Τηλεδιάσκεψη"_s,
-                                              u"Έλεγχος εγκατάστασης"_s, u"Είσπραξη υπολοίπου"_s,  u"Ετήσια ανασκόπηση"_s};
-    static const QVector<QString> locations = {u"Γραφείο"_s, u"Έδρα πελάτη"_s, u"Αίθουσα συσκέψεων"_s, u"Εκθεσιακός χώρος"_s};
+    static const QVector<QString> subjects = {
+        u"Παρουσίαση προϊόντων"_s, u"Υπογραφή συμβολαίου"_s, u"Συνάντηση εργασίας"_s,
+        u"Παράδοση παραγγελίας"_s, u"Συζήτηση προσφοράς"_s,  u"Τηλεδιάσκεψη"_s,
+        u"Έλεγχος εγκατάστασης"_s, u"Είσπραξη υπολοίπου"_s,  u"Ετήσια ανασκόπηση"_s};
+    static const QVector<QString> locations = {u"Γραφείο"_s, u"Έδρα πελάτη"_s, u"Αίθουσα συσκέψεων"_s,
+                                               u"Εκθεσιακός χώρος"_s};
     Appointment made;
     made.with = someCard(random, cards, 15, u"Νέος ενδιαφερόμενος"_s);
     made.subject = random.pick(subjects);
@@ -66,10 +70,10 @@ QVector<Appointment> makeAppointments(const World& world, const QStringList& use
 
 QVector<Task> makeTasks(const World& world, const QStringList& users) {
     static const QVector<QString> subjects = {
-        u"Αποστολή τιμοκαταλόγου"_s,     u"Παραγγελία γραφικής ύλης"_s,   u"Ανανέωση συμβολαίου"_s,
-        u"Έκδοση τιμολογίων μηνός"_s,    u"Έλεγχος υπολοίπων πελατών"_s,  u"Τηλεφώνημα στο λογιστή"_s,
-        u"Ετοιμασία προσφοράς"_s,        u"Ενημέρωση ιστοσελίδας"_s,      u"Αρχειοθέτηση παραστατικών"_s,
-        u"Κράτηση αίθουσας"_s,           u"Επισκευή εκτυπωτή"_s,          u"Αποστολή ευχετήριων καρτών"_s};
+        u"Αποστολή τιμοκαταλόγου"_s,  u"Παραγγελία γραφικής ύλης"_s,  u"Ανανέωση συμβολαίου"_s,
+        u"Έκδοση τιμολογίων μηνός"_s, u"Έλεγχος υπολοίπων πελατών"_s, u"Τηλεφώνημα στο λογιστή"_s,
+        u"Ετοιμασία προσφοράς"_s,     u"Ενημέρωση ιστοσελίδας"_s,     u"Αρχειοθέτηση παραστατικών"_s,
+        u"Κράτηση αίθουσας"_s,        u"Επισκευή εκτυπωτή"_s,         u"Αποστολή ευχετήριων καρτών"_s};
     Random random(world.seed, purposeTasks);
     QVector<Task> tasks;
     for (const QString& user : users) {

@@ -43,7 +43,7 @@ const QVector<Caption>& captions() {
 }
 
 const QVector<QString>& taxOffices() {
-    static const QVector<QString> all = {u"Α' ΑΘΗΝΩΝ"_s,  u"Δ' ΑΘΗΝΩΝ"_s, u"ΚΗΦΙΣΙΑΣ"_s, u"Α' ΘΕΣΣΑΛΟΝΙΚΗΣ"_s,
+    static const QVector<QString> all = {u"Α' ΑΘΗΝΩΝ"_s,  u"Δ' ΑΘΗΝΩΝ"_s, u"ΚΗΦΙΣΙΑΣ"_s,  u"Α' ΘΕΣΣΑΛΟΝΙΚΗΣ"_s,
                                          u"ΚΑΛΑΜΑΡΙΑΣ"_s, u"Α' ΠΑΤΡΩΝ"_s, u"ΗΡΑΚΛΕΙΟΥ"_s, u"ΛΑΡΙΣΑΣ"_s,
                                          u"ΒΟΛΟΥ"_s,      u"ΙΩΑΝΝΙΝΩΝ"_s, u"ΧΑΝΙΩΝ"_s,    u"ΚΑΒΑΛΑΣ"_s};
     return all;

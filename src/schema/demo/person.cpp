@@ -18,7 +18,9 @@ constexpr int photosAmongFirst = 1000;
 constexpr int photoEvery = 20;
 
 // Joins what was drawn from left to right; the operands of + come in any order.
-QString inOrder(std::initializer_list<QString> parts) { return QStringList(parts).join(QString()); }
+QString inOrder(std::initializer_list<QString> parts) {
+    return QStringList(parts).join(QString());
+}
 
 QString digits(Random& random, int count) {
     QString text;
@@ -31,7 +33,9 @@ QString landline(Random& random, const QString& areaCode) {
     return inOrder({areaCode, QChar(u'2' + random.below(8)), digits(random, rest - 1)});
 }
 
-QString mobile(Random& random) { return inOrder({u"69"_s, QChar(u'3' + random.below(7)), digits(random, 7)}); }
+QString mobile(Random& random) {
+    return inOrder({u"69"_s, QChar(u'3' + random.below(7)), digits(random, 7)});
+}
 
 QString streetAndNumber(Random& random) {
     return inOrder({random.pick(streets()), u" "_s, QString::number(random.between(1, 180))});
