@@ -31,7 +31,8 @@ public:
     Connection& operator=(const Connection&) = delete;
 
     // "Provider=microsoft.jet.oledb.4.0;data source=PATH; Jet OLEDB:Database Password=..."; keys without regard to
-    // case and blanks around them, unknown keys ignored. The file must exist and be a database of this
+    // case and blanks around them, unknown keys ignored; "Mode=Read" only reads, "Busy Timeout" is in
+    // milliseconds (5000). The file must exist and be a database of this
     // program: anything else is refused before a byte of it or a file beside it is written, with
     // a text that says what the file is.
     void open(const QString& connectionString);
@@ -58,6 +59,10 @@ private:
     struct Private;
     std::unique_ptr<Private> d;
 };
+
+// The values of a translation's parameters in their order, in the stored form. Throws Error(Parameter) for one without
+// a value.
+QVector<QVariant> parameterValues(const Translation& translation, const Parameters& given);
 
 // Rolls back when it goes out of scope without a commit.
 class Transaction {

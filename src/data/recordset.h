@@ -13,6 +13,7 @@ enum class EditMode { None, InProgress, Add };
 enum class SearchDirection { Forward, Backward };
 
 class Recordset;
+class RowStore;
 
 // A column of the current row. Cheap to copy; valid as long as its recordset.
 class Field {
@@ -96,6 +97,8 @@ public:
 
 private:
     friend class Field;
+    friend class Connection;
+    Recordset(const QVector<OutputColumn>& columns, RowStore rows);  // of no table
     struct Private;
     std::unique_ptr<Private> d;
 };

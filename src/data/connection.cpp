@@ -1,0 +1,166 @@
+#include "data/connection.h"
+
+#include "data/connectionstring.h"
+#include "data/fold.h"
+#include "data/recordset.h"
+#include "data/rowstore.h"
+#include "data/sqlite/sqliteengine.h"
+
+namespace data {
+namespace {
+
+OpenSettings settingsFrom(const QString& connectionString) {
+    const QHash<QString, QString> properties = parseConnectionString(connectionString);
+    OpenSettings settings;
+    settings.file = properties.value(QStringLiteral("data source"));
+    settings.password = properties.value(QStringLiteral("jet oledb:database password"));
+    settings.readOnly = properties.value(QStringLiteral("mode")).compare(u"read", Qt::CaseInsensitive) == 0;
+    bool ok = false;
+    const int timeout = properties.value(QStringLiteral("busy timeout")).toInt(&ok);
+    if (ok && timeout >= 0) settings.busyTimeoutMs = timeout;
+    if (settings.file.isEmpty())
+        throw Error(ErrorCategory::Connection, QStringLiteral("Η σύνδεση δεν λέει ποιο αρχείο να ανοίξει."));
+    return settings;
+}
+
+QVariant storedForm(const QVariant& value) {
+    switch (value.typeId()) {
+        case QMetaType::QDateTime:
+            return value.toDateTime().isValid() ? QVariant(dateToSeconds(value.toDateTime())) : QVariant();
+        case QMetaType::QDate:
+            return value.toDate().isValid() ? QVariant(dateToSeconds(wallClock(value.toDate()))) : QVariant();
+        case QMetaType::QTime:
+            return dateToSeconds(wallClock(QDate(1899, 12, 30), value.toTime()));
+        case QMetaType::Bool:
+            return qint64(value.toBool());
+        default:
+            return value;
+    }
+}
+
+}  // namespace
+
+struct Connection::Private {
+    std::unique_ptr<Engine> engine;
+    Catalog catalog;
+    std::unique_ptr<Translator> translator;
+    QString connectionString;
+};
+
+Connection::Connection() : d(std::make_unique<Private>()) {}
+Connection::~Connection() = default;
+
+void Connection::open(const QString& connectionString) {
+    close();
+    auto engine = std::make_unique<SqliteEngine>(settingsFrom(connectionString));
+    d->catalog = engine->readCatalog();
+    d->translator = std::make_unique<Translator>(d->catalog, engine->dialect());
+    d->engine = std::move(engine);
+    d->connectionString = connectionString;
+}
+
+void Connection::close() noexcept {
+    d->translator.reset();
+    d->engine.reset();
+    d->catalog.clear();
+}
+
+bool Connection::isOpen() const {
+    return d->engine != nullptr;
+}
+
+const QString& Connection::connectionString() const {
+    return d->connectionString;
+}
+
+Engine& Connection::engine() {
+    if (!d->engine)
+        throw Error(ErrorCategory::Connection, QStringLiteral("Η σύνδεση με τη βάση δεδομένων είναι κλειστή."));
+    return *d->engine;
+}
+
+const Catalog& Connection::catalog() const {
+    return d->catalog;
+}
+
+void Connection::reloadCatalog() {
+    d->catalog = engine().readCatalog();
+    d->translator->clear();
+}
+
+std::shared_ptr<const Translation> Connection::translate(const QString& sql, const OpenOptions& options) {
+    engine();
+    DialectOptions dialect;
+    dialect.parameters = options.parameters.keys();
+    if (options.userComposed) {
+        dialect.dateOrder = DateOrder::DayFirst;
+        dialect.decimalComma = true;
+        dialect.selectOnly = true;
+    }
+    try {
+        return d->translator->translate(sql, dialect);
+    } catch (const Error& error) {
+        throw Error(error.category(), error.text(), sql, error.engineCode());
+    }
+}
+
+qint64 Connection::execute(const QString& sql, const Parameters& parameters) {
+    const auto translation = translate(sql, {parameters, false});
+    const QVector<QVariant> values = parameterValues(*translation, parameters);
+    try {
+        if (translation->kind == StatementKind::Select) {
+            engine().query(translation->sql, values, nullptr);
+            return 0;
+        }
+        return engine().execute(translation->sql, values).affected;
+    } catch (const Error& error) {
+        throw Error(error.category(), error.text(), sql, error.engineCode());
+    }
+}
+
+Recordset Connection::openSchemaTables() {
+    engine();
+    QStringList names;
+    for (const TableInfo& table : d->catalog.tables()) names.append(table.name);
+    std::sort(names.begin(), names.end(), [](const QString& a, const QString& b) { return fold(a) < fold(b); });
+    RowStore rows(2);
+    for (const QString& name : names) {
+        const QByteArray utf8 = name.toUtf8();
+        rows.beginRow();
+        rows.text(utf8.constData(), utf8.size());
+        rows.text("TABLE", 5);
+    }
+    return Recordset({{QStringLiteral("TABLE_NAME"), ColumnType::Text, 255, -1},
+                      {QStringLiteral("TABLE_TYPE"), ColumnType::Text, 255, -1}},
+                     std::move(rows));
+}
+
+QVector<QVariant> parameterValues(const Translation& translation, const Parameters& given) {
+    QVector<QVariant> values;
+    for (const QString& wanted : translation.parameters) {
+        const QString key = nameKey(wanted);
+        const auto it =
+            std::find_if(given.keyBegin(), given.keyEnd(), [&](const QString& name) { return nameKey(name) == key; });
+        if (it == given.keyEnd()) {
+            throw Error(ErrorCategory::Parameter,
+                        QStringLiteral("Δεν δόθηκε τιμή για την παράμετρο «%1».").arg(wanted));
+        }
+        values.append(storedForm(*it.base()));
+    }
+    return values;
+}
+
+Transaction::Transaction(Connection& connection) : engine_(&connection.engine()) {
+    engine_->begin();
+}
+
+Transaction::~Transaction() {
+    if (engine_) engine_->rollback();
+}
+
+void Transaction::commit() {
+    engine_->commit();
+    engine_ = nullptr;
+}
+
+}  // namespace data

@@ -1,0 +1,148 @@
+#include "data/recordsetprivate.h"
+
+namespace data {
+
+void Recordset::Private::setColumns(const QVector<OutputColumn>& list) {
+    columns = list;
+    byKey.clear();
+    bySpelling.clear();
+    // Of two columns of one name the first is meant.
+    for (int i = int(columns.size()) - 1; i >= 0; --i) byKey.insert(nameKey(columns[i].name), i);
+}
+
+void Recordset::Private::fetch() {
+    const auto translation = connection->translate(sql, options);
+    if (translation->kind != StatementKind::Select)
+        throw Error(ErrorCategory::State, QStringLiteral("Η εντολή δεν επιστρέφει εγγραφές."), sql);
+    const TableInfo* const base =
+        translation->baseTable.isEmpty() ? nullptr : connection->catalog().find(translation->baseTable);
+    RowStore fetched(int(translation->columns.size()) + (translation->baseTable.isEmpty() ? 0 : 1));
+    try {
+        connection->engine().query(translation->sql, parameterValues(*translation, options.parameters), &fetched);
+    } catch (const Error& error) {
+        throw Error(error.category(), error.text(), sql, error.engineCode());
+    }
+    table = base ? *base : TableInfo();
+    setColumns(translation->columns);
+    rows = std::move(fetched);
+    position = 0;
+    isOpen = true;
+    endEdit();
+}
+
+int Recordset::Private::indexOf(QStringView name) {
+    const auto known = bySpelling.constFind(QString::fromRawData(name.data(), name.size()));
+    if (known != bySpelling.constEnd()) return *known;
+    const auto found = byKey.constFind(nameKey(name));
+    if (found == byKey.constEnd()) return -1;
+    if (bySpelling.size() < 1000) bySpelling.insert(name.toString(), *found);
+    return *found;
+}
+
+void Recordset::Private::requireOpen() const {
+    if (!isOpen) throw Error(ErrorCategory::State, QStringLiteral("Το σύνολο εγγραφών είναι κλειστό."));
+}
+
+void Recordset::Private::requireRow() const {
+    requireOpen();
+    if (!hasRow()) throw Error(ErrorCategory::State, QStringLiteral("Δεν υπάρχει τρέχουσα εγγραφή."), sql);
+}
+
+void Recordset::Private::requireUpdatable() const {
+    requireOpen();
+    if (table.name.isEmpty()) throw Error(ErrorCategory::State, QStringLiteral("Αυτές οι εγγραφές δεν αλλάζουν."), sql);
+}
+
+void Recordset::Private::moveTo(qint64 target) {
+    position = target;
+    chunkPosition.clear();
+}
+
+const Cell* Recordset::Private::cell(int column) const {
+    if (mode == EditMode::Add) return nullptr;
+    requireRow();
+    return rows.row(position) + column;
+}
+
+QVariant Recordset::Private::pendingValue(int column) const {
+    const auto chunk = chunks.constFind(column);
+    if (chunk == chunks.constEnd()) return pending.value(column);
+    if (columns[column].type == ColumnType::Memo) return QString::fromUtf8(*chunk);
+    return *chunk;
+}
+
+QVariant Recordset::Private::value(int column) const {
+    if (isPending(column)) return pendingValue(column);
+    if (const Cell* const current = cell(column)) return cellValue(*current, columns[column].type);
+    return columns[column].type == ColumnType::YesNo ? QVariant(false) : QVariant();
+}
+
+// The column behind a field, for its conversion.
+ColumnInfo Recordset::Private::columnInfo(int column) const {
+    const int base = columns[column].baseColumn;
+    if (base < 0)
+        throw Error(ErrorCategory::State,
+                    QStringLiteral("Το πεδίο «%1» υπολογίζεται και δεν αλλάζει.").arg(columns[column].name));
+    return table.columns[base];
+}
+
+void Recordset::Private::beginEdit() {
+    if (mode != EditMode::None) return;
+    requireRow();
+    mode = EditMode::InProgress;
+}
+
+void Recordset::Private::endEdit() {
+    mode = EditMode::None;
+    pending.clear();
+    chunks.clear();
+    chunkPosition.clear();
+}
+
+QVariant Recordset::Private::identity() const {
+    return cellParameter(rows.row(position)[columns.size()]);
+}
+
+// What the buffer holds and the row doesn't; in an add, all that was given.
+QVector<ColumnChange> Recordset::Private::changes() const {
+    QVector<ColumnChange> result;
+    for (int column = 0; column < columns.size(); ++column) {
+        if (!isPending(column)) continue;
+        const QVariant now = pendingValue(column);
+        ColumnChange change{columns[column].baseColumn, now, {}};
+        if (const Cell* const current = cell(column)) {
+            const QVariant shown = cellValue(*current, columns[column].type);
+            if (shown == now && shown.isValid() == now.isValid()) continue;
+            change.before = cellParameter(*current);
+        }
+        result.append(change);
+    }
+    return result;
+}
+
+void Recordset::Private::writeChanges() {
+    const QVector<ColumnChange> changed = changes();
+    for (const ColumnChange& change : changed) {
+        if (change.column == table.autonumber)
+            throw Error(ErrorCategory::ReadOnly, QStringLiteral("Ο αύξων αριθμός μιας εγγραφής δεν αλλάζει."), sql);
+    }
+    RowWriter(connection->engine(), table).update(identity(), changed);
+    for (const ColumnChange& change : changed) {
+        for (int column = 0; column < columns.size(); ++column)
+            if (columns[column].baseColumn == change.column) rows.set(position, column, change.value);
+    }
+    endEdit();
+}
+
+void Recordset::Private::writeNew() {
+    RowWriter writer(connection->engine(), table);
+    const qint64 added = writer.insert(changes());
+    // From here the row exists: a failure to read it must not leave a buffer that would add it again.
+    endEdit();
+    QVector<int> wanted;
+    for (const OutputColumn& column : columns) wanted.append(column.baseColumn);
+    moveTo(rows.count());
+    writer.readBack(added, wanted, rows);
+}
+
+}  // namespace data
