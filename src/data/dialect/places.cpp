@@ -25,7 +25,7 @@ QString Places::place(qsizetype position) const {
 }
 
 void Places::fail(qsizetype position, const QString& what, ErrorCategory category) const {
-    throw Error(category, place(position) + u": " + what, statement_);
+    throw Error(category, place(position) + QStringLiteral(": ") + what, statement_);
 }
 
 QString shown(QStringView text) {
