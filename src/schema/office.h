@@ -22,9 +22,12 @@ QString connectionString(Database database, const QString& file);
 // Database::Main or Users is told by the connection string: one with a password is the users database.
 void open(data::Connection& connection, const QString& connectionString);
 
+// The same refusals, but the database stays as it is, also one of an older version: for tools that look.
+void openAsIs(data::Connection& connection, const QString& connectionString);
+
 // Creates both databases with their tables, indexes and default rows, the groups and the Admin password; the
-// folder is made if it isn't there. Refuses (data::Error) a folder that holds either file already. On a failure no file stays
-// behind. `reference` loads name days, medicines and dictionary terms from the delivered files.
+// folder is made if it isn't there. Refuses (data::Error) a folder that holds either file already. On a failure no file
+// stays behind. `reference` loads name days, medicines and dictionary terms from the delivered files.
 struct NewOffice {
     QString adminPassword;
     QString referenceFolder;  // empty: no reference data

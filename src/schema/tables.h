@@ -16,10 +16,12 @@ struct Column {
     int since = 1;  // schema version in which the column appeared
 };
 
-// Columns by name in the index's order; text columns are indexed by their fold.
+// Columns by name in the index's order; text columns are indexed by their fold. The `covered` columns ride along as
+// they are stored: a statement on nothing but these and the autonumber is answered from the index alone.
 struct Index {
     QString name;
     QStringList columns;
+    QStringList covered = {};
     int since = 1;
 };
 
@@ -36,6 +38,9 @@ enum class Database { Main, Users };
 const QVector<Table>& tables(Database database);
 // Statements of the dialect that fill a new database, in order.
 QStringList defaultRows(Database database);
+
+const Table* findTable(Database database, QStringView name);  // without regard to case; null if there is none
+data::TableInfo tableInfo(const Table& table);                // as the data road describes tables
 
 constexpr int currentVersion = 1;  // stored in the file; grows with every upgrade step
 

@@ -1,0 +1,40 @@
+#include "admin/officeoptions.h"
+
+#include <QCoreApplication>
+#include <QDir>
+
+#include "data/error.h"
+
+namespace admin {
+
+using namespace Qt::Literals::StringLiterals;
+
+QString deliveredReferenceFolder() {
+    QDir folder(QCoreApplication::applicationDirPath());
+    constexpr int parents = 4;  // build/PRESET/admin lies three below the source tree
+    for (int i = 0; i < parents && folder.cdUp(); ++i)
+        for (const QString& path : {u"share/dorvalist/reference"_s, u"assets/reference"_s})
+            if (folder.exists(path + u"/namedays.tsv"_s)) return folder.filePath(path);
+    return {};
+}
+
+void createOffice(const Arguments& arguments, const QString& adminPassword) {
+    schema::NewOffice office;
+    office.adminPassword = adminPassword;
+    office.referenceFolder =
+        arguments.has(u"--reference"_s) ? arguments.value(u"--reference"_s) : deliveredReferenceFolder();
+    if (office.referenceFolder.isEmpty())
+        throw data::Error(data::ErrorCategory::Other,
+                          u"Δεν βρέθηκαν τα αρχεία αναφοράς· δώστε τον φάκελό τους με --reference."_s);
+    schema::createOffice(arguments.positional().first(), office);
+}
+
+Option referenceOption() {
+    return {u"--reference"_s, u"ΦΑΚΕΛΟΣ"_s, u"από πού φορτώνονται εορτές, φάρμακα και λεξικό (αλλιώς τα παραδοτέα)"_s};
+}
+
+Option adminPasswordOption(const QString& help) {
+    return {u"--admin-password"_s, u"ΚΩΔΙΚΟΣ"_s, help};
+}
+
+}  // namespace admin

@@ -1,0 +1,19 @@
+// What the commands that create an office share.
+#pragma once
+
+#include "admin/arguments.h"
+#include "schema/office.h"
+
+namespace admin {
+
+// The folder of the delivered reference files: of the installation, or of the source tree when run from a build.
+// Empty when there is none.
+QString deliveredReferenceFolder();
+
+// Creates the office in the first positional argument. Throws data::Error.
+void createOffice(const Arguments& arguments, const QString& adminPassword);
+
+Option referenceOption();  // --reference, understood by createOffice above
+Option adminPasswordOption(const QString& help);
+
+}  // namespace admin

@@ -1,0 +1,123 @@
+#include "schema/check.h"
+
+#include "data/dialect/enginedialect.h"
+#include "schema/upgrade.h"
+
+namespace schema {
+namespace {
+
+using namespace Qt::Literals::StringLiterals;
+
+// Rows of texts; other values as their digits.
+struct TextRows : data::RowSink {
+    QVector<QStringList> rows;
+    void beginRow() override { rows += QStringList(); }
+    void null() override { rows.last() += QString(); }
+    void integer(qint64 value) override { rows.last() += QString::number(value); }
+    void real(double value) override { rows.last() += QString::number(value); }
+    void text(const char* utf8, qsizetype size) override { rows.last() += QString::fromUtf8(utf8, size); }
+    void blob(const char*, qsizetype) override { rows.last() += QString(); }
+};
+
+QVector<QStringList> queryTexts(data::Connection& connection, const QByteArray& sql) {
+    TextRows sink;
+    connection.engine().query(sql, {}, &sink);
+    return sink.rows;
+}
+
+QString typeName(const data::ColumnInfo& column) {
+    static const QHash<data::ColumnType, QString> names = {{data::ColumnType::Autonumber, u"Autonumber"_s},
+                                                           {data::ColumnType::Long, u"Long"_s},
+                                                           {data::ColumnType::Integer, u"Integer"_s},
+                                                           {data::ColumnType::Single, u"Single"_s},
+                                                           {data::ColumnType::Double, u"Double"_s},
+                                                           {data::ColumnType::Text, u"Text"_s},
+                                                           {data::ColumnType::Memo, u"Memo"_s},
+                                                           {data::ColumnType::YesNo, u"Yes/No"_s},
+                                                           {data::ColumnType::DateTime, u"Date/Time"_s},
+                                                           {data::ColumnType::LongBinary, u"Long binary"_s}};
+    const QString name = names.value(column.type);
+    return column.type == data::ColumnType::Text ? u"%1(%2)"_s.arg(name).arg(column.size) : name;
+}
+
+void checkColumns(QStringList& found, const data::TableInfo& wanted, const data::TableInfo& there) {
+    for (qsizetype i = 0; i < qMax(wanted.columns.size(), there.columns.size()); ++i) {
+        if (i >= there.columns.size()) {
+            found += u"Πίνακας %1: λείπει η στήλη %2."_s.arg(wanted.name, wanted.columns[i].name);
+        } else if (i >= wanted.columns.size()) {
+            found += u"Πίνακας %1: περισσεύει η στήλη %2."_s.arg(wanted.name, there.columns[i].name);
+        } else if (wanted.columns[i].name != there.columns[i].name) {
+            found += u"Πίνακας %1: στη θέση %2 περιμέναμε τη στήλη %3 και είναι η %4."_s.arg(wanted.name)
+                         .arg(i + 1)
+                         .arg(wanted.columns[i].name, there.columns[i].name);
+            return;  // the rest would only repeat it
+        } else if (typeName(wanted.columns[i]) != typeName(there.columns[i])) {
+            found += u"Πίνακας %1: η στήλη %2 είναι %3 αντί για %4."_s.arg(
+                wanted.name, wanted.columns[i].name, typeName(there.columns[i]), typeName(wanted.columns[i]));
+        }
+    }
+}
+
+QHash<QString, QString> storedIndexes(data::Connection& connection) {
+    QHash<QString, QString> indexes;
+    for (const QStringList& row :
+         queryTexts(connection, "SELECT name, sql FROM sqlite_schema WHERE type='index' AND sql IS NOT NULL"))
+        indexes.insert(row[0], row[1]);
+    return indexes;
+}
+
+void checkIndexes(QStringList& found, data::Connection& connection, Database database) {
+    QHash<QString, QString> stored = storedIndexes(connection);
+    const data::EngineDialect& dialect = connection.engine().dialect();
+    for (const Table& table : tables(database))
+        for (const Index& index : table.indexes) {
+            const auto sql = dialect.createIndex(index.name, tableInfo(table), index.columns, index.covered);
+            if (!stored.contains(index.name))
+                found += u"Πίνακας %1: λείπει το ευρετήριο %2."_s.arg(table.name, index.name);
+            else if (stored.take(index.name) != QString::fromUtf8(sql))
+                found += u"Πίνακας %1: το ευρετήριο %2 δεν είναι αυτό που πρέπει."_s.arg(table.name, index.name);
+        }
+    for (const QString& name : stored.keys()) found += u"Περισσεύει το ευρετήριο %1."_s.arg(name);
+}
+
+void checkTables(QStringList& found, data::Connection& connection, Database database) {
+    for (const Table& table : tables(database)) {
+        const data::TableInfo* there = connection.catalog().find(table.name);
+        if (there)
+            checkColumns(found, tableInfo(table), *there);
+        else
+            found += u"Λείπει ο πίνακας %1."_s.arg(table.name);
+    }
+    for (const data::TableInfo& there : connection.catalog().tables())
+        if (!findTable(database, there.name)) found += u"Περισσεύει ο πίνακας %1."_s.arg(there.name);
+}
+
+void checkFile(QStringList& found, data::Connection& connection) {
+    for (const QStringList& row : queryTexts(connection, "PRAGMA integrity_check"))
+        if (row[0] != u"ok") found += u"Βλάβη στο αρχείο: "_s + row[0];
+}
+
+}  // namespace
+
+QStringList findings(data::Connection& connection, Database database) {
+    QStringList found;
+    const int version = storedVersion(connection);
+    if (version != currentVersion)
+        found += u"Η έκδοση της βάσης είναι %1 αντί για %2."_s.arg(version).arg(currentVersion);
+    checkTables(found, connection, database);
+    checkIndexes(found, connection, database);
+    checkFile(found, connection);
+    return found;
+}
+
+QVector<TableCount> tableCounts(data::Connection& connection, Database database) {
+    QVector<TableCount> counts;
+    for (const Table& table : tables(database)) {
+        if (!connection.catalog().find(table.name)) continue;
+        const QByteArray from = connection.engine().dialect().identifier(table.name);
+        counts += {table.name, queryTexts(connection, "SELECT count(*) FROM " + from)[0][0].toLongLong()};
+    }
+    return counts;
+}
+
+}  // namespace schema

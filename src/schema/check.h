@@ -1,0 +1,20 @@
+#pragma once
+
+#include <QStringList>
+
+#include "data/connection.h"
+#include "schema/tables.h"
+
+namespace schema {
+
+// What differs in an open database from the tables as data, and what the engine finds damaged in its file; a Greek
+// line each, none when all is well.
+QStringList findings(data::Connection& connection, Database database);
+
+struct TableCount {
+    QString table;
+    qint64 rows;
+};
+QVector<TableCount> tableCounts(data::Connection& connection, Database database);
+
+}  // namespace schema

@@ -1,0 +1,43 @@
+#include "schema/rowwriter.h"
+
+#include "data/convert.h"
+#include "data/dialect/enginedialect.h"
+#include "data/format.h"
+
+namespace schema {
+namespace {
+
+QVariant stored(const QVariant& value, const data::ColumnInfo& column) {
+    const QVariant fitting = data::toColumn(value, column);
+    if (!fitting.isValid()) return fitting;
+    if (column.type == data::ColumnType::DateTime) return data::dateToSeconds(fitting.toDateTime());
+    if (column.type == data::ColumnType::YesNo) return qint64(fitting.toBool());
+    return fitting;
+}
+
+}  // namespace
+
+RowWriter::RowWriter(data::Connection& connection, const Table& table, const QStringList& columns)
+    : engine_(connection.engine()) {
+    const data::TableInfo info = tableInfo(table);
+    const data::EngineDialect& dialect = engine_.dialect();
+    QByteArrayList names, places;
+    for (const QString& name : columns) {
+        const int index = info.indexOf(name);
+        Q_ASSERT_X(index >= 0, "RowWriter", qPrintable(name));
+        columns_ += info.columns[index];
+        names += dialect.identifier(info.columns[index].name);
+        places += dialect.parameter(int(columns_.size()));
+    }
+    sql_ = "INSERT INTO " + dialect.identifier(table.name) + " (" + names.join(", ") + ") VALUES (" +
+           places.join(", ") + ")";
+    parameters_.resize(columns_.size());
+}
+
+qint64 RowWriter::write(const QVector<QVariant>& values) {
+    Q_ASSERT(values.size() == columns_.size());
+    for (qsizetype i = 0; i < columns_.size(); ++i) parameters_[i] = stored(values[i], columns_[i]);
+    return engine_.execute(sql_, parameters_).lastIdentity;
+}
+
+}  // namespace schema

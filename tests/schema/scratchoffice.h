@@ -1,0 +1,48 @@
+// An office in a folder that goes away with it.
+#pragma once
+
+#include <QTemporaryDir>
+#include <QtTest>
+
+#include "data/error.h"
+#include "data/recordset.h"
+#include "schema/office.h"
+
+class ScratchOffice {
+public:
+    explicit ScratchOffice(const QString& referenceFolder = {}) {
+        schema::createOffice(folder.path(), {QStringLiteral("secret"), referenceFolder});
+        openBoth();
+    }
+    void openBoth() {
+        using schema::Database;
+        schema::open(main, schema::connectionString(Database::Main, mainFile()));
+        schema::open(users, schema::connectionString(Database::Users, usersFile()));
+    }
+    void closeBoth() {
+        main.close();
+        users.close();
+    }
+    QString mainFile() const { return schema::mainDatabasePath(folder.path()); }
+    QString usersFile() const { return schema::usersDatabasePath(folder.path()); }
+
+    QTemporaryDir folder;
+    data::Connection main, users;
+};
+
+// The first cell of a statement's first row, "" when there is none.
+inline QString firstText(data::Connection& connection, const QString& sql) {
+    data::Recordset rows(connection, sql);
+    return rows.isEmpty() ? QString() : rows.field(0).text();
+}
+
+// The text of the failure, "" when there was none.
+template <typename Work>
+QString failureOf(Work work) {
+    try {
+        work();
+    } catch (const data::Error& error) {
+        return error.text();
+    }
+    return {};
+}

@@ -1,0 +1,74 @@
+#include "scratchoffice.h"
+
+using namespace Qt::Literals::StringLiterals;
+
+namespace {
+
+// The engine's own account of how it would run a statement.
+struct PlanText : data::RowSink {
+    QString text_;
+    void beginRow() override { text_ += u'\n'; }
+    void null() override {}
+    void integer(qint64) override {}
+    void real(double) override {}
+    void text(const char* utf8, qsizetype size) override { text_ += QString::fromUtf8(utf8, size); }
+    void blob(const char*, qsizetype) override {}
+};
+
+}  // namespace
+
+// The windows' own statements meet the indexes that were made for them.
+class TestIndexes : public QObject {
+    Q_OBJECT
+
+private slots:
+    void windowsStatementsUseTheirIndex_data() {
+        QTest::addColumn<QString>("sql");
+        QTest::addColumn<QString>("wanted");
+        QTest::newRow("all cards in order")
+            << u"select code,OutlookEntryID from cards order by ΕΠΩΝΥΜΟ"_s << u"COVERING INDEX Cards_surname"_s;
+        const QStringList searched = {u"επωνυμο"_s,   u"ονομα"_s,     u"εταιρια"_s, u"τηλεφωνο1"_s, u"τηλεφωνο2"_s,
+                                      u"τηλεφωνο3"_s, u"τηλεφωνο4"_s, u"email"_s,   u"κινητο"_s};
+        QTest::newRow("card search") << u"Select [επωνυμο],[ονομα],[code] from cards where "_s +
+                                            searched.join(u" like 'παπ%' or "_s) +
+                                            u" like 'παπ%' ORDER BY επωνυμο,ονομα,email"_s
+                                     << u"MULTI-INDEX OR"_s;
+        QTest::newRow("caller") << u"Select code,photo from cards where τηλεφωνο1 ='2101' or τηλεφωνο2 ='2101' or "
+                                   u"τηλεφωνο3 ='2101' or τηλεφωνο4 ='2101' or κινητο ='2101'"_s
+                                << u"MULTI-INDEX OR"_s;
+        QTest::newRow("Outlook twin") << u"select * from cards where OutlookEntryId ='A1'"_s << u"Cards_outlook"_s;
+        QTest::newRow("movements of a card")
+            << u"Select * from History where codecards=5 order by ημερομηνια,aa"_s << u"History_card"_s;
+        QTest::newRow("journal") << u"select * from History where ΗΜΕΡΟΜΗΝΙΑ between #2026/01/01# and #2026/01/31#"_s
+                                 << u"History_day"_s;
+        QTest::newRow("links of a card") << u"Select * from LINKS where codecards=5 order by ΠΕΡΙΓΡΑΦΗ,aa"_s
+                                         << u"Links_card"_s;
+        QTest::newRow("day") << u"select * from dates where day=#11/23/2026# and User='maria'"_s << u"Dates_day"_s;
+        QTest::newRow("appointments of a card") << u"Select aa from dates where codecard=5"_s << u"Dates_card"_s;
+        QTest::newRow("calls of a day") << u"Select * from calls where ΗΜΕΡΟΜΗΝΙΑ= #2026/11/23# order by -aa"_s
+                                        << u"Calls_day"_s;
+        QTest::newRow("calls by name") << u"Select * from calls where ονομα like 'Παπ%' order by -aa"_s << u"Calls_name"_s;
+    }
+    void windowsStatementsUseTheirIndex() {
+        QFETCH(QString, sql);
+        QFETCH(QString, wanted);
+        ScratchOffice office;
+        const auto translation = office.main.translate(sql);
+        PlanText plan;
+        office.main.engine().query("EXPLAIN QUERY PLAN " + translation->sql, {}, &plan);
+        QVERIFY2(plan.text_.contains(wanted), qPrintable(plan.text_ + u'\n' + QString::fromUtf8(translation->sql)));
+        QVERIFY2(wanted.startsWith(u"COVERING") || !plan.text_.contains(u"SCAN"), qPrintable(plan.text_));
+    }
+
+    void historyComesInOrderWithoutSorting() {
+        ScratchOffice office;
+        PlanText plan;
+        const auto translation =
+            office.main.translate(u"Select * from History where codecards=5 order by ημερομηνια,aa"_s);
+        office.main.engine().query("EXPLAIN QUERY PLAN " + translation->sql, {}, &plan);
+        QVERIFY2(!plan.text_.contains(u"TEMP B-TREE"), qPrintable(plan.text_));
+    }
+};
+
+QTEST_GUILESS_MAIN(TestIndexes)
+#include "test_indexes.moc"
