@@ -1,0 +1,194 @@
+#include "main/entry.h"
+
+#include "main/program.h"
+#include "platform/folders.h"
+#include "support/office.h"
+
+using entry::Outcome;
+
+namespace {
+
+const QString noBase = QStringLiteral("Πρόβλημα στο main αρχείο της εφαρμογής (Dorvalist.mdb)");
+
+QByteArray contents(const QString& file) {
+    QFile f(file);
+    return f.open(QIODevice::ReadOnly) ? f.readAll() : QByteArray("<missing>");
+}
+
+void write(const QString& file, const QByteArray& bytes) {
+    QFile f(file);
+    if (!f.open(QIODevice::WriteOnly) || f.write(bytes) != bytes.size()) qFatal("scratch file");
+}
+
+struct Site {
+    Site() { schema::createOffice(office, {QStringLiteral("admin"), {}}); }
+    QString main() const { return schema::mainDatabasePath(office); }
+    QString users() const { return schema::usersDatabasePath(office); }
+    Outcome run() { return entry::run(mod); }
+    void stored(const QString& path) { desk.settings.setValue("Startup", "Path", path); }
+    QString stored() const { return desk.settings.value("STARTUP", "path", "none"); }
+
+    QTemporaryDir directory;
+    QString office = directory.filePath("γραφείο α");
+    support::Desk desk;
+    core::MainMod mod{desk.services};
+};
+
+}  // namespace
+
+class TestEntry : public QObject {
+    Q_OBJECT
+private slots:
+    void aNormalRunSaysNothing() {
+        Site site;
+        site.stored(site.office);
+        QCOMPARE(site.run(), Outcome::Logon);
+        QVERIFY(site.desk.prompts.isEmpty());
+        QVERIFY(site.mod.gConn.isOpen() && site.mod.gConnUsers.isOpen());
+    }
+
+    void aFirstRunAsksAndRemembers() {
+        Site site;
+        site.desk.prompts.answerFolder(site.office);
+        QCOMPARE(site.run(), Outcome::Logon);
+        QCOMPARE(site.desk.prompts.count(), 1);
+        QCOMPARE(site.desk.prompts.lastTitle(), QString("Επιλογή Υποκαταλόγου dorvalist.mdb ..."));
+        QCOMPARE(site.stored(), site.office);
+    }
+
+    void aCancelledFolderEndsWithoutAWord() {
+        Site site;
+        site.desk.prompts.answerFolder("");
+        QCOMPARE(site.run(), Outcome::End);
+        QCOMPARE(site.desk.prompts.count(), 1);
+        QCOMPARE(site.stored(), QString("none"));
+    }
+
+    void aFolderThatIsNone() {
+        Site site;
+        const QString nowhere = site.directory.filePath("πουθενά");
+        site.desk.prompts.answerFolder(nowhere);
+        site.desk.prompts.answerFolder("");
+        QCOMPARE(site.run(), Outcome::End);
+        QVERIFY(site.desk.prompts.wasShown("Δεν υπάρχει το directory " + nowhere));
+        QCOMPARE(site.stored(), QString("none"));
+    }
+
+    void aFolderWithoutTheFilesGivesTwoMessagesAndAsksAgain() {
+        Site site;
+        const QString empty = site.directory.filePath("άδειος φάκελος");
+        QDir().mkpath(empty);
+        site.desk.prompts.answerFolder(empty);
+        site.desk.prompts.answerFolder(site.office);
+        QCOMPARE(site.run(), Outcome::Logon);
+        const auto& shown = site.desk.prompts.shown();
+        QCOMPARE(shown.size(), 4);
+        QVERIFY(shown[1].text.startsWith(noBase + "-2147467259 "));
+        QVERIFY(!shown[1].text.contains('\n'));
+        QVERIFY(shown[2].text.startsWith("Δεν υπάρχουν στο [ ") && shown[2].text.endsWith("ΑΔΕΙΟΣ ΦΑΚΕΛΟΣ ]\nτα αρχεία του προγράμματος"));
+        QCOMPARE(site.stored(), site.office);
+        QVERIFY(QDir(empty).isEmpty());
+    }
+
+    void theUsersFileIsMissing() {
+        Site site;
+        site.stored(site.office);
+        QFile::remove(site.users());
+        QCOMPARE(site.run(), Outcome::End);
+        QVERIFY(site.desk.prompts.lastText().endsWith(" όλα τα αρχεία του προγράμματος! (Λείπει το Dorvalistu.mdb!!!)"));
+        QCOMPARE(site.stored(), site.office);
+    }
+
+    void theMainFileMovedAway() {
+        Site site;
+        site.stored(site.office);
+        QFile::remove(site.main());
+        site.desk.prompts.answerFolder("");
+        QCOMPARE(site.run(), Outcome::End);
+        QCOMPARE(site.desk.prompts.count(), 1);
+    }
+
+    void aFileThatIsNoDatabaseIsToldAndNotTouched_data() {
+        QTest::addColumn<QByteArray>("bytes");
+        QTest::addColumn<QString>("says");
+        QByteArray noise(70000, '\0');
+        for (qsizetype i = 0; i < noise.size(); ++i) noise[i] = char((i * 7919) >> 3);
+        QTest::newRow("empty") << QByteArray() << "";
+        QTest::newRow("noise") << noise << "";
+        QTest::newRow("short noise") << QByteArray("x") << "";
+        QTest::newRow("Jet") << QByteArray::fromRawData("\0\1\0\0Standard Jet DB\0\1\0\0\0", 24) + QByteArray(4096, '\1') << "Access";
+        QTest::newRow("a foreign SQLite file's header") << QByteArray("SQLite format 3\0\x10\0\1\1\0\x40\x20\x20", 24) + QByteArray(4072, '\0') << "";
+    }
+    void aFileThatIsNoDatabaseIsToldAndNotTouched() {
+        QFETCH(QByteArray, bytes);
+        QFETCH(QString, says);
+        Site site;
+        site.stored(site.office);
+        write(site.main(), bytes);
+        const auto before = QDir(site.office).entryList();
+        QCOMPARE(site.run(), Outcome::Logon);
+        QCOMPARE(site.desk.prompts.count(), 1);
+        QVERIFY2(site.desk.prompts.lastText().startsWith(noBase), qPrintable(site.desk.prompts.lastText()));
+        QVERIFY2(site.desk.prompts.lastText().contains(says), qPrintable(site.desk.prompts.lastText()));
+        QVERIFY(!site.mod.gConn.isOpen() && site.mod.gConnUsers.isOpen());
+        QVERIFY(contents(site.main()) == bytes);
+        site.mod.gConnUsers.close();
+        QCOMPARE(QDir(site.office).entryList(), before);
+    }
+
+    void exchangedFilesAndNewerVersionsAreRefused() {
+        Site site;
+        site.stored(site.office);
+        QFile::rename(site.main(), site.main() + "x");
+        QFile::rename(site.users(), site.main());
+        QFile::rename(site.main() + "x", site.users());
+        QCOMPARE(site.run(), Outcome::Logon);
+        QVERIFY(site.desk.prompts.lastText().startsWith(noBase));
+        QVERIFY(!site.mod.gConn.isOpen() && !site.mod.gConnUsers.isOpen());
+    }
+
+    void aNewerVersionIsRefusedUntouched() {
+        Site site;
+        site.stored(site.office);
+        QByteArray bytes = contents(site.main());
+        bytes[63] = char(schema::currentVersion + 1);  // SQLite's user_version, big-endian at 60
+        write(site.main(), bytes);
+        QCOMPARE(site.run(), Outcome::Logon);
+        QVERIFY2(site.desk.prompts.lastText().contains(QString::number(schema::currentVersion + 1)), qPrintable(site.desk.prompts.lastText()));
+        QVERIFY(contents(site.main()) == bytes);
+    }
+
+    void fromStartToMainWindowAndBack() {
+        Site site;
+        site.stored(site.office);
+        site.desk.settings.setValue("Settings", "Name", "Γραφείο");
+        entry::Program program(site.mod);
+        QVERIFY(program.start());
+        auto type = [&](const QString& user, const QString& password) {
+            program.logon()->findChild<controls::TextBox*>("Text1")->setText(user);
+            program.logon()->findChild<controls::TextBox*>("Text2")->setText(password);
+            program.logon()->findChild<QPushButton*>("Command1")->click();
+        };
+        type("Admin", "wrong");
+        QVERIFY(!program.mainWindow());
+        type("Admin", "admin");
+        QVERIFY(program.mainWindow()->isVisible());
+        program.mainWindow()->menu("mnuCards")->trigger();
+        QVERIFY(site.mod.gAddressOpen);
+
+        // Log-off asks nothing, and the name stays until somebody else is in.
+        program.mainWindow()->menu("mnuLogOff")->trigger();
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+        QVERIFY(site.desk.prompts.isEmpty());
+        QVERIFY(!program.mainWindow() && program.logon()->isVisible());
+        QVERIFY(!site.mod.gAddressOpen);
+        QCOMPARE(site.mod.gUserName, QString("Admin"));
+
+        QSignalSpy finished(&program, &entry::Program::finished);
+        program.logon()->findChild<QPushButton*>("Command2")->click();
+        QCOMPARE(finished.count(), 1);
+    }
+};
+
+QTEST_MAIN(TestEntry)
+#include "test_entry.moc"
