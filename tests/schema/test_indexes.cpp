@@ -47,7 +47,8 @@ private slots:
         QTest::newRow("appointments of a card") << u"Select aa from dates where codecard=5"_s << u"Dates_card"_s;
         QTest::newRow("calls of a day") << u"Select * from calls where ΗΜΕΡΟΜΗΝΙΑ= #2026/11/23# order by -aa"_s
                                         << u"Calls_day"_s;
-        QTest::newRow("calls by name") << u"Select * from calls where ονομα like 'Παπ%' order by -aa"_s << u"Calls_name"_s;
+        QTest::newRow("calls by name") << u"Select * from calls where ονομα like 'Παπ%' order by -aa"_s
+                                       << u"Calls_name"_s;
     }
     void windowsStatementsUseTheirIndex() {
         QFETCH(QString, sql);

@@ -50,15 +50,19 @@ public:
         return "ALTER TABLE " + identifier(table.name) + " ADD COLUMN " + declaration(column);
     }
 
-    QByteArray createIndex(const QString& name, const TableInfo& table, const QStringList& columns) const override {
-        QByteArray out = "CREATE INDEX " + identifier(name) + " ON " + identifier(table.name) + " (";
-        for (qsizetype i = 0; i < columns.size(); ++i) {
-            if (i > 0) out += ", ";
-            const int index = table.indexOf(columns[i]);
-            const QByteArray column = identifier(index >= 0 ? table.columns[index].name : columns[i]);
-            out += index >= 0 && isText(table.columns[index].type) ? fold(column) : column;
+    QByteArray createIndex(const QString& name, const TableInfo& table, const QStringList& columns,
+                           const QStringList& covered) const override {
+        QByteArrayList parts;
+        const auto nameOf = [&](const QString& column, int index) {
+            return identifier(index >= 0 ? table.columns[index].name : column);
+        };
+        for (const QString& column : columns) {
+            const int index = table.indexOf(column);
+            const QByteArray name = nameOf(column, index);
+            parts += index >= 0 && isText(table.columns[index].type) ? fold(name) : name;
         }
-        return out + ')';
+        for (const QString& column : covered) parts += nameOf(column, table.indexOf(column));
+        return "CREATE INDEX " + identifier(name) + " ON " + identifier(table.name) + " (" + parts.join(", ") + ')';
     }
 
     QByteArray dateLiteral(const QDateTime& value) const override {
