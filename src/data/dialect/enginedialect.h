@@ -37,8 +37,9 @@ public:
     // never Null and start as False.
     virtual QByteArray createTable(const TableInfo& table, const QString& key) const = 0;
     virtual QByteArray addColumn(const TableInfo& table, const ColumnInfo& column) const = 0;
-    // An index in the order of the columns; text columns by their fold.
-    virtual QByteArray createIndex(const QString& name, const TableInfo& table, const QStringList& columns) const = 0;
+    // An index in the order of the columns, text columns by their fold; the covered columns ride along as they are.
+    virtual QByteArray createIndex(const QString& name, const TableInfo& table, const QStringList& columns,
+                                   const QStringList& covered = {}) const = 0;
 
     // Pieces of statements. The arguments are SQL of this engine; each stands alone or in parentheses when it must, and
     // so must the answer, unless told otherwise.
