@@ -3,10 +3,31 @@
 
 #include <QByteArray>
 #include <QStringList>
+#include <QVariant>
+#include <QVector>
 
 #include "data/types.h"
 
 namespace data {
+
+// What a value of a statement is, as far as comparing and computing go. Any is a parameter, whose value is known only
+// when the statement runs.
+enum class ValueKind { Null, Number, Text, YesNo, Date, Binary, Any };
+
+ValueKind kindOf(ColumnType type);
+char kindTag(ValueKind kind);  // the letter by which functions of the engine are told a kind
+
+enum class Arithmetic {
+    Divide,            // numbers; never a whole-number division
+    WholeDivide,       // numbers, rounded first
+    Modulo,            // likewise
+    Power,             // numbers
+    DatePlusDays,      // date, number
+    DateMinusDays,     // date, number
+    DatePlusDate,      // a day and a time of day
+    DateMinusDate,     // days between
+    ConcatenateTexts,  // Null when one is Null
+};
 
 class EngineDialect {
 public:
@@ -16,8 +37,41 @@ public:
     // never Null and start as False.
     virtual QByteArray createTable(const TableInfo& table, const QString& key) const = 0;
     virtual QByteArray addColumn(const TableInfo& table, const ColumnInfo& column) const = 0;
-    // An index in the order of the columns; text columns by their fold.
-    virtual QByteArray createIndex(const QString& name, const TableInfo& table, const QStringList& columns) const = 0;
+    // An index in the order of the columns, text columns by their fold; the covered columns ride along as they are.
+    virtual QByteArray createIndex(const QString& name, const TableInfo& table, const QStringList& columns,
+                                   const QStringList& covered = {}) const = 0;
+
+    // Pieces of statements. The arguments are SQL of this engine; each stands alone or in parentheses when it must, and
+    // so must the answer, unless told otherwise.
+    virtual QByteArray identifier(QStringView name) const;  // "name"
+    virtual QByteArray textLiteral(QStringView text) const;
+    // Forms of types.h; Null too.
+    virtual QByteArray literal(const QVariant& value) const;
+    virtual QByteArray dateLiteral(const QDateTime& value) const = 0;
+    virtual QByteArray yesNoLiteral(bool value) const = 0;
+    virtual QByteArray parameter(int number) const = 0;  // from 1
+
+    // The folded text, exactly as createIndex renders an indexed text column.
+    virtual QByteArray fold(const QByteArray& text) const;
+    // `text` is not folded yet, `pattern` is; only % and _ are wildcards.
+    virtual QByteArray like(const QByteArray& text, const QByteArray& pattern) const = 0;
+
+    // The same value as another kind: YesNo counts as -1 and 0, a date as days since 1899-12-30, texts are read by
+    // Greek rules (Null when they don't read) and written as valueText does.
+    virtual QByteArray convert(const QByteArray& value, ValueKind from, ValueKind to) const = 0;
+    // What toColumn does, when the value is known only at run time; a failure must carry the same sentence.
+    virtual QByteArray intoColumn(const QByteArray& value, ValueKind from, const ColumnInfo& column) const = 0;
+
+    virtual QByteArray arithmetic(Arithmetic operation, const QByteArray& left, const QByteArray& right) const = 0;
+    // A function of the dialect under its own name in lower case ("dateadd", "left"; "format" and others that take any
+    // kind get the kind's tag as their second argument). The aggregates are "min", "max" (for texts), "first", "last".
+    virtual QByteArray call(const QByteArray& function, const QVector<QByteArray>& arguments) const;
+
+    // ORDER BY's term; Null comes before every value.
+    virtual QByteArray orderTerm(const QByteArray& key, bool descending) const;
+    virtual QByteArray limit(qint64 rows) const;  // with a blank before
+    // The row identity of a table that stands under this (quoted) name in FROM.
+    virtual QByteArray rowIdentity(const QByteArray& source, const TableInfo& table) const;
 };
 
 }  // namespace data

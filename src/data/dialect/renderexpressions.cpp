@@ -1,0 +1,316 @@
+#include "data/convert.h"
+#include "data/dialect/binder.h"
+#include "data/dialect/functiontable.h"
+#include "data/dialect/renderer.h"
+#include "data/fold.h"
+
+namespace data::dialect {
+
+bool sameExpr(const Expr& a, const Expr& b) {
+    if (&a == &b) return true;
+    if (a.kind != b.kind || a.operation != b.operation || a.negated != b.negated || a.star != b.star ||
+        a.source != b.source || a.column != b.column || a.parameter != b.parameter || a.function != b.function ||
+        a.output != b.output || a.query || b.query || a.arguments.size() != b.arguments.size())
+        return false;
+    if (a.kind == ExprKind::Literal && (a.value.typeId() != b.value.typeId() || a.value != b.value)) return false;
+    for (size_t i = 0; i < a.arguments.size(); ++i)
+        if (!sameExpr(*a.arguments[i], *b.arguments[i])) return false;
+    return true;
+}
+
+class Renderer::Without {
+public:
+    explicit Without(Renderer& renderer) : renderer_(renderer), before_(renderer.replacements_.active) {
+        renderer.replacements_.active = false;
+    }
+    ~Without() { renderer_.replacements_.active = before_; }
+
+private:
+    Renderer& renderer_;
+    bool before_;
+};
+
+QByteArray Renderer::sql(const Expr& expr, Level atLeast) {
+    Piece rendered = piece(expr);
+    return rendered.level < atLeast ? '(' + rendered.sql + ')' : rendered.sql;
+}
+
+Renderer::Piece Renderer::piece(const Expr& expr) {
+    if (expr.kind == ExprKind::Output) return piece(*expr.output);
+    if (replacements_.active) {
+        for (const Replacement& replacement : replacements_.list)
+            if (sameExpr(*replacement.expr, expr)) return {replacement.sql, Whole};
+        if (expr.kind == ExprKind::Column)
+            places_.fail(expr.position, QString::fromUtf8(replacements_.otherwise) + u' ' +
+                                            shown(expr.source->table ? expr.source->table->columns[expr.column].name
+                                                                     : expr.source->columns[size_t(expr.column)].name));
+    }
+    return plainPiece(expr);
+}
+
+Renderer::Piece Renderer::plainPiece(const Expr& expr) {
+    switch (expr.kind) {
+        case ExprKind::Literal: {
+            const bool negative = expr.type.kind == ValueKind::Number && expr.value.toDouble() < 0;
+            return {dialect_.literal(expr.value), negative ? Unary : Whole};
+        }
+        case ExprKind::Column:
+            return {columnSql(*expr.source, expr.column), Whole};
+        case ExprKind::Parameter:
+            return {dialect_.parameter(expr.parameter), Whole};
+        case ExprKind::Negate:
+            return {"-(" + as(*expr.arguments[0], ValueKind::Number, Loose) + ')', Unary};
+        case ExprKind::Arithmetic:
+            return arithmetic(expr);
+        case ExprKind::Concatenate:
+            return concatenate(expr);
+        case ExprKind::Not:
+            return {"NOT " + condition(*expr.arguments[0], Comparison), Not};
+        case ExprKind::And:
+        case ExprKind::Or:
+            return junction(expr, 0, expr.arguments.size());
+        case ExprKind::Xor:
+            return {condition(*expr.arguments[0], Sum) + " <> " + condition(*expr.arguments[1], Sum), Comparison};
+        case ExprKind::Compare:
+            return compare(*expr.arguments[0], *expr.arguments[1], expr.operation, expr.position);
+        case ExprKind::Like:
+        case ExprKind::Between:
+        case ExprKind::In: {
+            Piece positive = comparePart(expr);
+            if (!expr.negated) return positive;
+            return {"NOT " + (positive.level < Comparison ? '(' + positive.sql + ')' : positive.sql), Not};
+        }
+        case ExprKind::IsNull:
+            return {sql(*expr.arguments[0], Sum) + (expr.negated ? " IS NOT NULL" : " IS NULL"), Comparison};
+        case ExprKind::Exists: {
+            const Without plain(*this);
+            return {"EXISTS (" + query(*expr.query, true) + ')', Whole};
+        }
+        case ExprKind::Scalar: {
+            const Without plain(*this);
+            return {'(' + query(*expr.query, false) + ')', Whole};
+        }
+        case ExprKind::Call:
+            return {call(expr), Whole};
+        case ExprKind::Name:
+        case ExprKind::Output:
+            break;
+    }
+    return {"NULL", Whole};
+}
+
+QByteArray Renderer::columnSql(const Source& source, int column) const {
+    if (source.table) return source.sqlName + '.' + dialect_.identifier(source.table->columns[column].name);
+    return source.sqlName + ".c" + QByteArray::number(column);
+}
+
+QByteArray Renderer::condition(const Expr& expr, Level atLeast) {
+    return as(expr, ValueKind::YesNo, atLeast);
+}
+
+// Engines build AND and OR as deep as they are long, and have a limit: a long one is halved into brackets.
+Renderer::Piece Renderer::junction(const Expr& expr, size_t first, size_t last) {
+    constexpr size_t longest = 64;
+    const bool isAnd = expr.kind == ExprKind::And;
+    const Level level = isAnd ? And : Or;
+    const char* word = isAnd ? " AND " : " OR ";
+    if (last - first > longest) {
+        const size_t middle = first + (last - first) / 2;
+        return {'(' + junction(expr, first, middle).sql + ')' + word + '(' + junction(expr, middle, last).sql + ')',
+                level};
+    }
+    QByteArray out;
+    for (size_t i = first; i < last; ++i) {
+        if (i > first) out += word;
+        out += condition(*expr.arguments[i], level);
+    }
+    return {out, level};
+}
+
+static std::optional<Arithmetic> dateOperation(const Expr& expr) {
+    const bool left = expr.arguments[0]->type.kind == ValueKind::Date;
+    const bool right = expr.arguments[1]->type.kind == ValueKind::Date;
+    if (expr.operation == Operator::Add && left && right) return Arithmetic::DatePlusDate;
+    if (expr.operation == Operator::Add && (left || right)) return Arithmetic::DatePlusDays;
+    if (expr.operation == Operator::Subtract && left && right) return Arithmetic::DateMinusDate;
+    if (expr.operation == Operator::Subtract && left) return Arithmetic::DateMinusDays;
+    return std::nullopt;
+}
+
+Renderer::Piece Renderer::arithmetic(const Expr& expr) {
+    const Expr* left = expr.arguments[0].get();
+    const Expr* right = expr.arguments[1].get();
+    if (const std::optional<Arithmetic> operation = dateOperation(expr)) {
+        if (left->type.kind != ValueKind::Date) std::swap(left, right);
+        const ValueKind other = right->type.kind == ValueKind::Date ? ValueKind::Date : ValueKind::Number;
+        return {dialect_.arithmetic(*operation, sql(*left, Whole), as(*right, other, Whole)), Whole};
+    }
+    if (expr.type.kind == ValueKind::Text)
+        return {dialect_.arithmetic(Arithmetic::ConcatenateTexts, sql(*left, Whole), sql(*right, Whole)), Whole};
+    const auto simple = [&](const char* sign, Level level) -> Piece {
+        return {as(*left, ValueKind::Number, level) + sign + as(*right, ValueKind::Number, Level(level + 1)), level};
+    };
+    const auto engines = [&](Arithmetic operation) -> Piece {
+        return {
+            dialect_.arithmetic(operation, as(*left, ValueKind::Number, Whole), as(*right, ValueKind::Number, Whole)),
+            Whole};
+    };
+    switch (expr.operation) {
+        case Operator::Add:
+            return simple(" + ", Sum);
+        case Operator::Subtract:
+            return simple(" - ", Sum);
+        case Operator::Multiply:
+            return simple(" * ", Product);
+        case Operator::WholeDivide:
+            return engines(Arithmetic::WholeDivide);
+        case Operator::Modulo:
+            return engines(Arithmetic::Modulo);
+        case Operator::Power:
+            return engines(Arithmetic::Power);
+        default:
+            return engines(Arithmetic::Divide);
+    }
+}
+
+// Null counts as an empty text.
+Renderer::Piece Renderer::concatenate(const Expr& expr) {
+    QByteArray out;
+    for (const ExprPtr& operand : expr.arguments) {
+        if (!out.isEmpty()) out += " || ";
+        const bool literal = operand->kind == ExprKind::Literal && operand->type.kind != ValueKind::Null;
+        const QByteArray text = as(*operand, ValueKind::Text, literal ? Whole : Loose);
+        out += literal ? text : "coalesce(" + text + ", '')";
+    }
+    return {out, Loose};
+}
+
+QByteArray Renderer::folded(const Expr& expr) {
+    if (expr.kind == ExprKind::Literal && expr.type.kind != ValueKind::Null)
+        return dialect_.textLiteral(fold(convertLiteral(expr, ValueKind::Text, nullptr).toString()));
+    return dialect_.fold(as(expr, ValueKind::Text, Loose));
+}
+
+QByteArray Renderer::key(const Expr& expr) {
+    return expr.type.kind == ValueKind::Text ? folded(expr) : sql(expr, Sum);
+}
+
+QVariant Renderer::convertLiteral(const Expr& literal, ValueKind kind, const Expr* partner) const {
+    if (literal.type.kind == kind || literal.type.kind == ValueKind::Null) return literal.value;
+    if (kind == ValueKind::Text) return valueText(literal.value);
+    ColumnInfo column;
+    column.type = kind == ValueKind::Date    ? ColumnType::DateTime
+                  : kind == ValueKind::YesNo ? ColumnType::YesNo
+                                             : ColumnType::Double;
+    const bool dateAsCondition = kind == ValueKind::YesNo && literal.type.kind == ValueKind::Date;
+    try {
+        return dateAsCondition ? QVariant(true) : toColumn(literal.value, column);
+    } catch (const Error&) {
+        const char* wanted = kind == ValueKind::Date    ? "ημερομηνία"
+                             : kind == ValueKind::YesNo ? "True ή False"
+                                                        : "αριθμό";
+        QString why =
+            QStringLiteral("περίμενα %1, βρήκα %2").arg(QString::fromUtf8(wanted), shown(valueText(literal.value)));
+        if (partner && partner->kind == ExprKind::Column && partner->source->table)
+            why += QStringLiteral(" (για τη στήλη «%1»)").arg(partner->source->table->columns[partner->column].name);
+        places_.fail(literal.position, why, ErrorCategory::Type);
+    }
+}
+
+QByteArray Renderer::as(const Expr& expr, ValueKind kind, Level atLeast, const Expr* partner) {
+    const ValueKind from = expr.type.kind;
+    if (from == kind || from == ValueKind::Null || kind == ValueKind::Any || kind == ValueKind::Null ||
+        kind == ValueKind::Binary)
+        return sql(expr, atLeast);
+    if (expr.kind == ExprKind::Literal) {
+        const QVariant value = convertLiteral(expr, kind, partner);
+        const bool negative =
+            (value.typeId() == QMetaType::Double || value.typeId() == QMetaType::LongLong) && value.toDouble() < 0;
+        return negative && atLeast > Unary ? '(' + dialect_.literal(value) + ')' : dialect_.literal(value);
+    }
+    return dialect_.convert(sql(expr, Whole), from, kind);
+}
+
+// Functions
+
+QByteArray Renderer::argument(const Expr& expr, char takes) {
+    switch (takes) {
+        case 'T':
+        case 'I':
+            return as(expr, ValueKind::Text, Loose);
+        case 'N':
+            return as(expr, ValueKind::Number, Loose);
+        case 'D':
+            return as(expr, ValueKind::Date, Loose);
+        case 'B':
+            return as(expr, ValueKind::YesNo, Loose);
+        default:
+            return sql(expr, Loose);
+    }
+}
+
+QByteArray Renderer::call(const Expr& expr) {
+    const Function& function = *expr.function;
+    if (function.isAggregate()) return aggregate(expr);
+    const auto arg = [&](size_t i) -> const Expr& { return *expr.arguments[i]; };
+    switch (function.form) {
+        case FunctionForm::Convert:
+            return as(arg(0), function.result, Whole);
+        case FunctionForm::IsNull:
+            return '(' + sql(arg(0), Sum) + " IS NULL)";
+        case FunctionForm::Iif:
+        case FunctionForm::Nz:
+            return choice(expr);
+        case FunctionForm::Whole:
+            return dialect_.call("whole", {argument(arg(0), 'N')});
+        case FunctionForm::InStr: {
+            const size_t skip = expr.arguments.size() == 3 ? 1 : 0;
+            return dialect_.call("instr", {skip ? argument(arg(0), 'N') : QByteArray("1"), argument(arg(skip), 'T'),
+                                           argument(arg(skip + 1), 'T')});
+        }
+        default:
+            break;
+    }
+    QVector<QByteArray> arguments;
+    const QByteArray takes = function.takes;
+    for (size_t i = 0; i < expr.arguments.size(); ++i) {
+        arguments << argument(arg(i), takes[std::min(qsizetype(i), takes.size() - 1)]);
+        if (i == 0 && function.form == FunctionForm::Tagged)
+            arguments << QByteArray("'") + kindTag(arg(0).type.kind) + '\'';
+    }
+    return dialect_.call(function.name, arguments);
+}
+
+QByteArray Renderer::choice(const Expr& expr) {
+    const ValueKind kind = expr.type.kind;
+    if (expr.function->form == FunctionForm::Iif)
+        return "CASE WHEN " + condition(*expr.arguments[0]) + " THEN " + as(*expr.arguments[1], kind, Loose) +
+               " ELSE " + as(*expr.arguments[2], kind, Loose) + " END";
+    QByteArray otherwise = kind == ValueKind::Text || kind == ValueKind::Any ? "''" : "0";
+    if (kind == ValueKind::YesNo) otherwise = dialect_.yesNoLiteral(false);
+    if (kind == ValueKind::Date) otherwise = dialect_.dateLiteral(wallClock(QDate(1899, 12, 30)));
+    if (expr.arguments.size() == 2) otherwise = as(*expr.arguments[1], kind, Loose);
+    return "coalesce(" + as(*expr.arguments[0], kind, Loose) + ", " + otherwise + ')';
+}
+
+QByteArray Renderer::aggregate(const Expr& expr) {
+    const Without plain(*this);
+    const Function& function = *expr.function;
+    if (expr.star) return "count(*)";
+    const Expr& value = *expr.arguments[0];
+    const QByteArray name = function.name;
+    switch (function.form) {
+        case FunctionForm::Count:
+            return "count(" + sql(value, Loose) + ')';
+        case FunctionForm::Sum:
+            return name + '(' + as(value, ValueKind::Number, Loose) + ')';
+        case FunctionForm::Extreme:
+            if (value.type.kind != ValueKind::Text) return name + '(' + sql(value, Loose) + ')';
+            break;
+        default:
+            break;
+    }
+    return dialect_.call(name, {sql(value, Loose)});
+}
+
+}  // namespace data::dialect

@@ -1,0 +1,165 @@
+#include "data/sqlite/sqlitedialect.h"
+
+#include "data/format.h"
+
+namespace data {
+
+namespace {
+
+QByteArray declaredType(const ColumnInfo& column) {
+    switch (column.type) {
+        case ColumnType::Autonumber:
+            return "INTEGER PRIMARY KEY AUTOINCREMENT";
+        case ColumnType::Long:
+            return "INTEGER";
+        case ColumnType::Integer:
+            return "SMALLINT";
+        case ColumnType::Single:
+            return "FLOAT";
+        case ColumnType::Double:
+            return "DOUBLE";
+        case ColumnType::Text:
+            return "TEXT(" + QByteArray::number(column.size > 0 ? column.size : 255) + ')';
+        case ColumnType::Memo:
+            return "LONGTEXT";
+        case ColumnType::YesNo:
+            return "YESNO";
+        case ColumnType::DateTime:
+            return "DATETIME";
+        case ColumnType::LongBinary:
+            return "LONGBLOB";
+    }
+    return "LONGTEXT";
+}
+
+class SqliteDialect final : public EngineDialect {
+public:
+    QByteArray createTable(const TableInfo& table, const QString& key) const override {
+        QByteArray out = "CREATE TABLE " + identifier(table.name) + " (";
+        for (qsizetype i = 0; i < table.columns.size(); ++i) {
+            if (i > 0) out += ", ";
+            out += declaration(table.columns[i]);
+            const bool isKey = !key.isEmpty() && nameKey(table.columns[i].name) == nameKey(key);
+            // "INTEGER PRIMARY KEY" would make a plain Long column the autonumber.
+            if (isKey && table.columns[i].type != ColumnType::Autonumber) out += " NOT NULL UNIQUE";
+        }
+        return out + ')';
+    }
+
+    QByteArray addColumn(const TableInfo& table, const ColumnInfo& column) const override {
+        return "ALTER TABLE " + identifier(table.name) + " ADD COLUMN " + declaration(column);
+    }
+
+    QByteArray createIndex(const QString& name, const TableInfo& table, const QStringList& columns,
+                           const QStringList& covered) const override {
+        QByteArrayList parts;
+        for (const QString& column : columns) parts << indexed(table, column, true);
+        for (const QString& column : covered) parts << indexed(table, column, false);
+        return "CREATE INDEX " + identifier(name) + " ON " + identifier(table.name) + " (" + parts.join(", ") + ')';
+    }
+
+    QByteArray dateLiteral(const QDateTime& value) const override {
+        const qint64 seconds = dateToSeconds(value);
+        return seconds < 0 ? '(' + QByteArray::number(seconds) + ')' : QByteArray::number(seconds);
+    }
+
+    QByteArray yesNoLiteral(bool value) const override { return value ? "1" : "0"; }
+
+    QByteArray parameter(int number) const override { return '?' + QByteArray::number(number); }
+
+    QByteArray like(const QByteArray& text, const QByteArray& pattern) const override {
+        return "jet_like(" + text + ", " + pattern + ')';
+    }
+
+    QByteArray convert(const QByteArray& value, ValueKind from, ValueKind to) const override {
+        if (from == ValueKind::Binary && to != ValueKind::Text) return "NULL";
+        const bool unread = from == ValueKind::Text || from == ValueKind::Any;
+        switch (to) {
+            case ValueKind::Number:
+                if (unread) return "jet_tonumber(" + value + ')';
+                return from == ValueKind::YesNo ? "(-" + value + ')' : '(' + value + " / 86400.0)";
+            case ValueKind::Date:
+                if (unread) return "jet_todate(" + value + ')';
+                return "CAST(round(" + value +
+                       (from == ValueKind::YesNo ? " * -86400.0) AS INTEGER)" : " * 86400.0) AS INTEGER)");
+            case ValueKind::YesNo:
+                return unread ? "jet_toyesno(" + value + ')' : '(' + value + " <> 0)";
+            case ValueKind::Text:
+                return "jet_totext(" + value + ", '" + kindTag(from) + "')";
+            default:
+                return value;
+        }
+    }
+
+    QByteArray intoColumn(const QByteArray& value, ValueKind from, const ColumnInfo& column) const override {
+        return "jet_tocolumn(" + value + ", '" + kindTag(from) + "', " + QByteArray::number(int(column.type)) + ", " +
+               QByteArray::number(column.size) + ", " + textLiteral(column.name) + ')';
+    }
+
+    QByteArray arithmetic(Arithmetic operation, const QByteArray& left, const QByteArray& right) const override {
+        switch (operation) {
+            case Arithmetic::Divide:
+                return "(CAST(" + left + " AS REAL) / " + right + ')';
+            case Arithmetic::WholeDivide:
+                return "jet_wholedivide(" + left + ", " + right + ')';
+            case Arithmetic::Modulo:
+                return "jet_modulo(" + left + ", " + right + ')';
+            case Arithmetic::Power:
+                return "jet_power(" + left + ", " + right + ')';
+            case Arithmetic::DatePlusDays:
+                return '(' + left + " + CAST(round(" + right + " * 86400.0) AS INTEGER))";
+            case Arithmetic::DateMinusDays:
+                return '(' + left + " - CAST(round(" + right + " * 86400.0) AS INTEGER))";
+            case Arithmetic::DatePlusDate:
+                return '(' + left + " + " + right + ')';
+            case Arithmetic::DateMinusDate:
+                return "((" + left + " - " + right + ") / 86400.0)";
+            case Arithmetic::ConcatenateTexts:
+                return '(' + left + " || " + right + ')';
+        }
+        return "NULL";
+    }
+
+private:
+    QByteArray indexed(const TableInfo& table, const QString& name, bool byFold) const {
+        const int index = table.indexOf(name);
+        const QByteArray column = identifier(index >= 0 ? table.columns[index].name : name);
+        return byFold && index >= 0 && isText(table.columns[index].type) ? fold(column) : column;
+    }
+
+    QByteArray declaration(const ColumnInfo& column) const {
+        QByteArray out = identifier(column.name) + ' ' + declaredType(column);
+        if (column.type == ColumnType::YesNo) out += " NOT NULL DEFAULT 0";
+        return out;
+    }
+};
+
+}  // namespace
+
+const EngineDialect& sqliteDialect() {
+    static const SqliteDialect dialect;
+    return dialect;
+}
+
+ColumnInfo columnFromDeclaration(const QString& name, const QString& declaredType, bool isRowIdKey) {
+    ColumnInfo column;
+    column.name = name;
+    const QString type = declaredType.trimmed().toUpper();
+    if (isRowIdKey) {
+        column.type = ColumnType::Autonumber;
+    } else if (type.startsWith(u"TEXT(") && type.endsWith(u')')) {
+        column.type = ColumnType::Text;
+        column.size = type.mid(5, type.size() - 6).toInt();
+    } else {
+        static const QHash<QString, ColumnType> types = {
+            {QStringLiteral("INTEGER"), ColumnType::Long},        {QStringLiteral("SMALLINT"), ColumnType::Integer},
+            {QStringLiteral("FLOAT"), ColumnType::Single},        {QStringLiteral("DOUBLE"), ColumnType::Double},
+            {QStringLiteral("YESNO"), ColumnType::YesNo},         {QStringLiteral("DATETIME"), ColumnType::DateTime},
+            {QStringLiteral("LONGBLOB"), ColumnType::LongBinary}, {QStringLiteral("LONGTEXT"), ColumnType::Memo},
+        };
+        column.type = types.value(type, ColumnType::Memo);
+    }
+    return column;
+}
+
+}  // namespace data
