@@ -53,15 +53,8 @@ public:
     QByteArray createIndex(const QString& name, const TableInfo& table, const QStringList& columns,
                            const QStringList& covered) const override {
         QByteArrayList parts;
-        const auto nameOf = [&](const QString& column, int index) {
-            return identifier(index >= 0 ? table.columns[index].name : column);
-        };
-        for (const QString& column : columns) {
-            const int index = table.indexOf(column);
-            const QByteArray name = nameOf(column, index);
-            parts += index >= 0 && isText(table.columns[index].type) ? fold(name) : name;
-        }
-        for (const QString& column : covered) parts += nameOf(column, table.indexOf(column));
+        for (const QString& column : columns) parts << indexed(table, column, true);
+        for (const QString& column : covered) parts << indexed(table, column, false);
         return "CREATE INDEX " + identifier(name) + " ON " + identifier(table.name) + " (" + parts.join(", ") + ')';
     }
 
@@ -128,6 +121,12 @@ public:
     }
 
 private:
+    QByteArray indexed(const TableInfo& table, const QString& name, bool byFold) const {
+        const int index = table.indexOf(name);
+        const QByteArray column = identifier(index >= 0 ? table.columns[index].name : name);
+        return byFold && index >= 0 && isText(table.columns[index].type) ? fold(column) : column;
+    }
+
     QByteArray declaration(const ColumnInfo& column) const {
         QByteArray out = identifier(column.name) + ' ' + declaredType(column);
         if (column.type == ColumnType::YesNo) out += " NOT NULL DEFAULT 0";
