@@ -105,6 +105,9 @@ Table cards() {
             {u"Cards_phone4"_s, {u"τηλεφωνο4"_s}},
             {u"Cards_mobile"_s, {u"ΚΙΝΗΤΟ"_s}},
             {u"Cards_email"_s, {u"email"_s}},
+            // The quick selection offers every town and district that there is.
+            {u"Cards_town"_s, {u"πολη"_s}, {u"πολη"_s}},
+            {u"Cards_district"_s, {u"περιοχη"_s}, {u"περιοχη"_s}},
             {u"Cards_outlook"_s, {u"OutlookEntryID"_s}},
         },
         u"code"_s,

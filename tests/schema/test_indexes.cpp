@@ -27,6 +27,9 @@ private slots:
         QTest::addColumn<QString>("wanted");
         QTest::newRow("all cards in order")
             << u"select code,OutlookEntryID from cards order by ΕΠΩΝΥΜΟ"_s << u"COVERING INDEX Cards_surname"_s;
+        QTest::newRow("towns") << u"Select distinct πολη from CARDS order by πολη"_s << u"COVERING INDEX Cards_town"_s;
+        QTest::newRow("districts") << u"Select distinct περιοχη from CARDS order by περιοχη"_s
+                                   << u"COVERING INDEX Cards_district"_s;
         const QStringList searched = {u"επωνυμο"_s,   u"ονομα"_s,     u"εταιρια"_s, u"τηλεφωνο1"_s, u"τηλεφωνο2"_s,
                                       u"τηλεφωνο3"_s, u"τηλεφωνο4"_s, u"email"_s,   u"κινητο"_s};
         QTest::newRow("card search") << u"Select [επωνυμο],[ονομα],[code] from cards where "_s +
@@ -47,7 +50,8 @@ private slots:
         QTest::newRow("appointments of a card") << u"Select aa from dates where codecard=5"_s << u"Dates_card"_s;
         QTest::newRow("calls of a day") << u"Select * from calls where ΗΜΕΡΟΜΗΝΙΑ= #2026/11/23# order by -aa"_s
                                         << u"Calls_day"_s;
-        QTest::newRow("calls by name") << u"Select * from calls where ονομα like 'Παπ%' order by -aa"_s << u"Calls_name"_s;
+        QTest::newRow("calls by name") << u"Select * from calls where ονομα like 'Παπ%' order by -aa"_s
+                                       << u"Calls_name"_s;
     }
     void windowsStatementsUseTheirIndex() {
         QFETCH(QString, sql);

@@ -20,7 +20,7 @@ private slots:
         QCOMPARE(schema::findings(office.main, Database::Main), QStringList());
         QCOMPARE(schema::findings(office.users, Database::Users), QStringList());
         QCOMPARE(office.main.catalog().find(u"cards")->columns.size(), 75);
-        QCOMPARE(office.main.catalog().tables().size(), 21);
+        QCOMPARE(office.main.catalog().tables().size(), 20);
     }
 
     void columnsThatInsertsCountOn_data() {
@@ -42,7 +42,7 @@ private slots:
         row("CardKategory", 3, "payable");
         row("Cards", 6, "category");
         row("Cards", 29, "ΣΧΟΛΙΑ1");
-        row("Cards", 50, "ΣΥΧΝΟΤΗΤΑ_ΚΙΝΗΣΗΣ");
+        row("Cards", 51, "ΣΥΧΝΟΤΗΤΑ_ΚΙΝΗΣΗΣ");
         row("Cards", 71, "Photo");
         row("Cards", 75, "doy");
         row("MEDRA", 4, "Κατηγορία/Οργανικό Σύστημα (SOC)_   κωδικός");
@@ -67,12 +67,15 @@ private slots:
         data::Recordset fields(office.main, u"select * from CustomFields"_s);
         QCOMPARE(fields.recordCount(), 1);
         QCOMPARE(fields.fieldCount(), 84);
-        const QVector<QPair<QString, QString>> captions = {
-            {u"FIELdchar10"_s, u"Αλφαριθμητικό 10"_s}, {u"FIELdnum6"_s, u"Αριθμητικό 6"_s},
-            {u"FIELddate4"_s, u"Ημερομηνία 4"_s},      {u"fnph5"_s, {}},
-            {u"FIELdcharh2"_s, u"Αλφαριθμητικό 2"_s},  {u"FieldNumh1"_s, u"Αριθμητικό 1"_s},
-            {u"Memo6"_s, u"Κείμενο 6"_s},              {u"FieldYes8"_s, u"Επιλεκτικό 8"_s},
-            {u"FieldCombo1"_s, u"Λίστα 1"_s}};
+        const QVector<QPair<QString, QString>> captions = {{u"FIELdchar10"_s, u"Αλφαριθμητικό 10"_s},
+                                                           {u"FIELdnum6"_s, u"Αριθμητικό 6"_s},
+                                                           {u"FIELddate4"_s, u"Ημερομηνία 4"_s},
+                                                           {u"fnph5"_s, {}},
+                                                           {u"FIELdcharh2"_s, u"Αλφαριθμητικό 2"_s},
+                                                           {u"FieldNumh1"_s, u"Αριθμητικό 1"_s},
+                                                           {u"Memo6"_s, u"Κείμενο 6"_s},
+                                                           {u"FieldYes8"_s, u"Επιλεκτικό 8"_s},
+                                                           {u"FieldCombo1"_s, u"Λίστα 1"_s}};
         for (const auto& [column, caption] : captions) QCOMPARE(fields[column].text(), caption);
         int flags = 0;
         for (int i = 0; i < fields.fieldCount(); ++i) {
@@ -150,8 +153,8 @@ private slots:
         office.closeBoth();
         const QByteArray before = bytesOf(office.mainFile());
         data::Connection connection;
-        const QString text = failureOf(
-            [&] { schema::open(connection, schema::connectionString(Database::Main, office.mainFile())); });
+        const QString text =
+            failureOf([&] { schema::open(connection, schema::connectionString(Database::Main, office.mainFile())); });
         QVERIFY2(text.contains(part), qPrintable(text));
         if (version > 0) QVERIFY(text.contains(QString::number(schema::currentVersion)));
         QVERIFY(!connection.isOpen());

@@ -36,8 +36,8 @@ private slots:
             QVERIFY2(date.isValid(), qPrintable(name + u' ' + day));
             ++perMonth[date.month()];
             QVERIFY2(name.size() <= 30 && name[0].isUpper() && !name.contains(u' '), qPrintable(name));
-            const bool greek = std::all_of(name.cbegin(), name.cend(),
-                                           [](QChar c) { return c.script() == QChar::Script_Greek; });
+            const bool greek =
+                std::all_of(name.cbegin(), name.cend(), [](QChar c) { return c.script() == QChar::Script_Greek; });
             QVERIFY2(greek, qPrintable(name));
         }
         QVERIFY(names.size() >= 400);
@@ -96,8 +96,8 @@ private slots:
         QFETCH(QString, part);
         ScratchOffice office;
         office.main.execute(u"insert into NameDay (ONOMA,HMERA) values ('Πρώτη',#2000/02/29#)"_s);
-        const QString text = failureOf(
-            [&] { schema::loadReference(office.main, kind(u"namedays"_s), written(content), true); });
+        const QString text =
+            failureOf([&] { schema::loadReference(office.main, kind(u"namedays"_s), written(content), true); });
         QVERIFY2(text.contains(part), qPrintable(text));
         QCOMPARE(firstText(office.main, u"select onoma from NameDay"_s), u"Πρώτη"_s);
     }

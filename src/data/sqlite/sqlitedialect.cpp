@@ -50,15 +50,12 @@ public:
         return "ALTER TABLE " + identifier(table.name) + " ADD COLUMN " + declaration(column);
     }
 
-    QByteArray createIndex(const QString& name, const TableInfo& table, const QStringList& columns) const override {
-        QByteArray out = "CREATE INDEX " + identifier(name) + " ON " + identifier(table.name) + " (";
-        for (qsizetype i = 0; i < columns.size(); ++i) {
-            if (i > 0) out += ", ";
-            const int index = table.indexOf(columns[i]);
-            const QByteArray column = identifier(index >= 0 ? table.columns[index].name : columns[i]);
-            out += index >= 0 && isText(table.columns[index].type) ? fold(column) : column;
-        }
-        return out + ')';
+    QByteArray createIndex(const QString& name, const TableInfo& table, const QStringList& columns,
+                           const QStringList& covered) const override {
+        QByteArrayList parts;
+        for (const QString& column : columns) parts << indexed(table, column, true);
+        for (const QString& column : covered) parts << indexed(table, column, false);
+        return "CREATE INDEX " + identifier(name) + " ON " + identifier(table.name) + " (" + parts.join(", ") + ')';
     }
 
     QByteArray dateLiteral(const QDateTime& value) const override {
@@ -124,6 +121,12 @@ public:
     }
 
 private:
+    QByteArray indexed(const TableInfo& table, const QString& name, bool byFold) const {
+        const int index = table.indexOf(name);
+        const QByteArray column = identifier(index >= 0 ? table.columns[index].name : name);
+        return byFold && index >= 0 && isText(table.columns[index].type) ? fold(column) : column;
+    }
+
     QByteArray declaration(const ColumnInfo& column) const {
         QByteArray out = identifier(column.name) + ' ' + declaredType(column);
         if (column.type == ColumnType::YesNo) out += " NOT NULL DEFAULT 0";
