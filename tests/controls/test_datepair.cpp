@@ -167,6 +167,11 @@ private slots:
         QVERIFY(QTest::qWaitForWindowActive(form_.get()));
         QVERIFY(form_->box->hasFocus());
 
+        auto* bar = new QMenuBar(form_.get());
+        bar->show();
+        bar->setFocus(Qt::MenuBarFocusReason);
+        QVERIFY(bar->hasFocus());
+        form_->box->setFocus(Qt::MenuBarFocusReason);
         QMenu menu;
         menu.addAction("x");
         menu.popup(QPoint(0, 0));
