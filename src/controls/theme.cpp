@@ -66,6 +66,8 @@ QPalette paletteOf(const Theme& look) {
         {QPalette::Link, look.dark ? mixed(look.accent, look.text, 0.55) : look.accent},
         {QPalette::LinkVisited, look.mutedText},
         {QPalette::BrightText, look.danger},
+        // The ground behind the windows of the main window.
+        {QPalette::Dark, look.dark ? look.window.darker(120) : mixed(look.window, look.border, 0.5)},
     };
     for (const auto& [role, color] : roles) palette.setColor(role, color);
     for (const QPalette::ColorRole role : {QPalette::WindowText, QPalette::Text, QPalette::ButtonText})

@@ -14,8 +14,11 @@ namespace platform {
 
 namespace {
 
-constexpr int longestText = 1500;  // characters, and
-constexpr int mostLines = 25;      // lines, that a plain box shows without outgrowing a small screen
+// What a plain box shows without outgrowing a small screen, in characters and lines.
+constexpr int longestText = 1500;
+constexpr int mostLines = 25;
+// Characters that a scrolling box lays out without a noticeable pause.
+constexpr int mostShown = 20000;
 
 QMessageBox::Icon boxIcon(MessageIcon icon) {
     switch (icon) {
@@ -43,7 +46,7 @@ bool askScrolling(QWidget* parent, const QString& title, const QString& text, co
     dialog.setWindowTitle(title);
     auto* view = new QPlainTextEdit(&dialog);
     view->setReadOnly(true);
-    view->setPlainText(text);
+    view->setPlainText(text.size() > mostShown ? text.left(mostShown) + u'…' : text);
     view->setTabChangesFocus(true);
     auto* row = new QDialogButtonBox(&dialog);
     row->addButton(buttons.value(0), buttons.size() > 1 ? QDialogButtonBox::YesRole : QDialogButtonBox::AcceptRole);

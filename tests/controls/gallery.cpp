@@ -185,6 +185,23 @@ QWidget* gallery() {
     return window;
 }
 
+QWidget* childWindows() {
+    auto* area = new QMdiArea;
+    int index = 0;
+    for (const char* title : {"Καρτέλα", "Συναντήσεις σήμερα"}) {
+        auto* memo = new MemoBox;
+        memo->setReadOnly(true);
+        memo->setText("Μόνο ανάγνωση: Παπαδόπουλος Γεώργιος, 2310 123456");
+        memo->setWindowTitle(QString::fromUtf8(title));
+        memo->setWindowIcon(icon("card"));
+        auto* window = area->addSubWindow(memo);
+        window->setGeometry(20 + 200 * index, 20 + 60 * index, 320, 160);
+        ++index;
+    }
+    area->resize(580, 280);
+    return area;
+}
+
 void save(QWidget* widget, const QString& file) {
     QCoreApplication::processEvents();
     widget->grab().save(file);
@@ -204,6 +221,10 @@ int main(int argc, char** argv) {
         window->activateWindow();
         window->findChild<TextBox*>("lit")->setFocus(Qt::TabFocusReason);
         save(window.get(), folder + "/controls" + tail);
+        std::unique_ptr<QWidget> inner(childWindows());
+        inner->show();
+        save(inner.get(), folder + "/windows" + tail);
+        inner.reset();
         auto* picker = window->findChild<DatePicker*>();
         picker->setValue(QDate(2026, 11, 23));
         picker->dropDown();

@@ -1,0 +1,295 @@
+#include <QSignalSpy>
+#include <QTest>
+
+#include "controls/datepair.h"
+
+using namespace controls;
+
+namespace {
+
+struct Form : QWidget {
+    TextBox* before = new TextBox(this);
+    DateBox* box = new DateBox(this);
+    DatePicker* picker = new DatePicker(this);
+    DateBox* other = new DateBox(this);
+    TextBox* after = new TextBox(this);
+
+    Form() {
+        auto* layout = new QVBoxLayout(this);
+        for (QWidget* widget : std::initializer_list<QWidget*>{before, box, picker, other, after})
+            layout->addWidget(widget);
+        pairUp(box, picker);
+        show();
+        activateWindow();
+    }
+    QCalendarWidget* calendar() const { return picker->findChild<QCalendarWidget*>(); }
+};
+
+}  // namespace
+
+class TestDatePair : public QObject {
+    Q_OBJECT
+
+    std::unique_ptr<Form> form_;
+
+    // The popup deletes itself from the event loop.
+    static void settle() { QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete); }
+
+private slots:
+    void init() {
+        form_ = std::make_unique<Form>();
+        QVERIFY(QTest::qWaitForWindowActive(form_.get()));
+        form_->before->setFocus();
+    }
+    void cleanup() { form_.reset(); }
+
+    void blank() {
+        QCOMPARE(form_->box->formattedText(), QString("__/__/____"));
+        QCOMPARE(form_->box->text(), QString("__/__/____"));
+        QVERIFY(form_->box->isBlank() && !form_->box->date());
+        form_->box->setDate(QDate(2026, 11, 5));
+        QVERIFY(!form_->box->isBlank());
+        for (const QString& nothing : {QString(), QString("__/__/____"), QString("Α/Β")}) {
+            form_->box->setFormattedText("05/11/2026");
+            form_->box->setFormattedText(nothing);
+            QVERIFY(form_->box->isBlank());
+        }
+    }
+
+    void typing_data() {
+        QTest::addColumn<QString>("typed");
+        QTest::addColumn<QString>("shown");
+        QTest::addColumn<QDate>("date");
+        QTest::newRow("digits skip the slashes") << "05112026"
+                                                 << "05/11/2026" << QDate(2026, 11, 5);
+        QTest::newRow("slashes typed") << "5/1/2026"
+                                       << "5_/1_/2026" << QDate(2026, 1, 5);
+        QTest::newRow("letters are dropped") << "a0b5c11x2026"
+                                             << "05/11/2026" << QDate(2026, 11, 5);
+        QTest::newRow("leap day") << "29022024"
+                                  << "29/02/2024" << QDate(2024, 2, 29);
+        QTest::newRow("no leap day") << "29022026"
+                                     << "29/02/2026" << QDate();
+        QTest::newRow("day is first") << "13012026"
+                                      << "13/01/2026" << QDate(2026, 1, 13);
+        QTest::newRow("month 13") << "01132026"
+                                  << "01/13/2026" << QDate();
+        QTest::newRow("two-digit year") << "051126"
+                                        << "05/11/26__" << QDate();
+        QTest::newRow("year 99") << "05110099"
+                                 << "05/11/0099" << QDate();
+        QTest::newRow("year 100") << "01010100"
+                                  << "01/01/0100" << QDate(100, 1, 1);
+        QTest::newRow("day 0") << "00112026"
+                               << "00/11/2026" << QDate();
+    }
+    void typing() {
+        QFETCH(QString, typed);
+        QFETCH(QString, shown);
+        QFETCH(QDate, date);
+        form_->box->setFormattedText("31/12/1999");
+        form_->box->setFocus(Qt::TabFocusReason);
+        QTest::keyClicks(form_->box, typed);
+        QCOMPARE(form_->box->text(), shown);
+        QCOMPARE(form_->box->date().value_or(QDate()), date);
+    }
+
+    void paste_data() {
+        QTest::addColumn<QString>("pasted");
+        QTest::addColumn<QString>("shown");
+        QTest::newRow("short figures") << " 5/1/2026\n"
+                                       << "05/01/2026";
+        QTest::newRow("dashes") << "5-11-2026"
+                                << "05/11/2026";
+        QTest::newRow("points") << "05.11.2026"
+                                << "05/11/2026";
+        QTest::newRow("words") << "χθες"
+                               << "__/__/____";
+        QTest::newRow("long") << QString(10000, u'x') << "__/__/____";
+    }
+    void paste() {
+        QFETCH(QString, pasted);
+        QFETCH(QString, shown);
+        QGuiApplication::clipboard()->setText(pasted);
+        form_->box->setFocus(Qt::TabFocusReason);
+        QTest::keySequence(form_->box, QKeySequence::Paste);
+        QCOMPARE(form_->box->text(), shown);
+    }
+
+    void leavingWithNoDateIsRefusedOnce_data() {
+        QTest::addColumn<QString>("text");
+        QTest::newRow("blank") << "";
+        QTest::newRow("no such day") << "31/02/2026";
+        QTest::newRow("half") << "05/11/____";
+    }
+    void leavingWithNoDateIsRefusedOnce() {
+        QFETCH(QString, text);
+        form_->box->setFormattedText(text);
+        form_->box->setFocus(Qt::TabFocusReason);
+        bool hadFocus = false;
+        connect(form_->box, &DateBox::refused, this, [&] { hadFocus = form_->box->hasFocus(); });
+        QSignalSpy refused(form_->box, &DateBox::refused);
+        QSignalSpy accepted(form_->box, &DateBox::accepted);
+        QTest::keyClick(form_->box, Qt::Key_Tab);
+        QVERIFY(form_->box->hasFocus() && hadFocus);
+        QTest::keyClick(form_->box, Qt::Key_Return);
+        QTest::keyClick(form_->box, Qt::Key_Backtab);
+        QTest::mouseClick(form_->after, Qt::LeftButton);
+        QVERIFY(form_->box->hasFocus());
+        QCOMPARE(refused.count(), 4);
+        QCOMPARE(accepted.count(), 0);
+    }
+
+    void twoBadBoxesDoNotFight() {
+        form_->box->setFocus();
+        QSignalSpy first(form_->box, &DateBox::refused);
+        QSignalSpy second(form_->other, &DateBox::refused);
+        form_->other->setFocus();
+        QVERIFY(form_->box->hasFocus());
+        QCOMPARE(first.count(), 1);
+        QCOMPARE(second.count(), 0);
+        form_->box->setDate(QDate(2026, 1, 1));
+        form_->other->setFocus();
+        QVERIFY(form_->other->hasFocus());
+        form_->box->setFocus();
+        QVERIFY(form_->other->hasFocus());
+        QCOMPARE(second.count(), 1);
+    }
+
+    void notRefusedWhenTheUserIsNotLeaving() {
+        QSignalSpy refused(form_->box, &DateBox::refused);
+        form_->box->setFocus();
+        QWidget window;
+        window.show();
+        window.activateWindow();
+        QVERIFY(QTest::qWaitForWindowActive(&window));
+        form_->activateWindow();
+        QVERIFY(QTest::qWaitForWindowActive(form_.get()));
+        QVERIFY(form_->box->hasFocus());
+
+        auto* bar = new QMenuBar(form_.get());
+        bar->show();
+        bar->setFocus(Qt::MenuBarFocusReason);
+        QVERIFY(bar->hasFocus());
+        form_->box->setFocus(Qt::MenuBarFocusReason);
+        QMenu menu;
+        menu.addAction("x");
+        menu.popup(QPoint(0, 0));
+        menu.close();
+
+        form_->box->setEnabled(false);
+        QVERIFY(!form_->box->hasFocus());
+        form_->box->setEnabled(true);
+        form_->box->setFocus();
+        form_->box->setReadOnly(true);
+        QTest::keyClick(form_->box, Qt::Key_Backtab);
+        QVERIFY(form_->before->hasFocus());
+        form_->box->setReadOnly(false);
+        form_->box->setFocus();
+        form_->box->hide();
+        form_->box->show();
+        form_->box->setFocus();
+        form_->hide();
+        QCOMPARE(refused.count(), 0);
+    }
+
+    void windowsInsideTheMainWindowMayBeSwitched() {
+        QMdiArea area;
+        auto* inside = new QWidget;
+        auto* box = new DateBox(inside);
+        auto* neighbour = new TextBox;
+        QMdiSubWindow* first = area.addSubWindow(inside);
+        QMdiSubWindow* second = area.addSubWindow(neighbour);
+        area.resize(400, 300);
+        area.show();
+        area.activateWindow();
+        QVERIFY(QTest::qWaitForWindowActive(&area));
+        QSignalSpy refused(box, &DateBox::refused);
+        area.setActiveSubWindow(first);
+        box->setFocus();
+        QVERIFY(box->hasFocus());
+        area.setActiveSubWindow(second);
+        neighbour->setFocus(Qt::MouseFocusReason);
+        QVERIFY(neighbour->hasFocus());
+        QCOMPARE(refused.count(), 0);
+    }
+
+    void leavingWithADateMovesThePicker() {
+        QSignalSpy accepted(form_->box, &DateBox::accepted);
+        form_->box->setFocus(Qt::TabFocusReason);
+        QTest::keyClicks(form_->box, "5/1/2026");
+        QTest::keyClick(form_->box, Qt::Key_Return);
+        QVERIFY(form_->picker->hasFocus());
+        QCOMPARE(form_->picker->value(), QDate(2026, 1, 5));
+        QCOMPARE(form_->box->text(), QString("05/01/2026"));
+        QCOMPARE(accepted.count(), 1);
+        QCOMPARE(accepted[0][0].toDate(), QDate(2026, 1, 5));
+    }
+
+    void pickingWritesTheBoxAndFocusesIt() {
+        QSignalSpy picked(form_->picker, &DatePicker::picked);
+        form_->box->setDate(QDate(2026, 11, 5));
+        form_->picker->setFocus(Qt::TabFocusReason);
+        QTest::keyClick(form_->picker, Qt::Key_Down, Qt::AltModifier);
+        QCalendarWidget* calendar = form_->calendar();
+        QVERIFY(calendar);
+        QCOMPARE(calendar->selectedDate(), QDate(2026, 11, 5));
+        QCOMPARE(calendar->firstDayOfWeek(), Qt::Monday);
+        auto* days = calendar->findChild<QAbstractItemView*>();
+        QTest::keyClick(days, Qt::Key_Down);
+        QTest::keyClick(days, Qt::Key_Return);
+        settle();
+        QVERIFY(!form_->calendar());
+        QCOMPARE(form_->box->text(), QString("12/11/2026"));
+        QCOMPARE(form_->picker->value(), QDate(2026, 11, 12));
+        QCOMPARE(picked.count(), 1);
+        QVERIFY(form_->box->hasFocus());
+    }
+
+    void clickOnADayPicksOnce() {
+        QSignalSpy picked(form_->picker, &DatePicker::picked);
+        form_->box->setDate(QDate(2026, 11, 5));
+        QTest::mouseClick(form_->picker, Qt::LeftButton);
+        auto* days = form_->calendar()->findChild<QAbstractItemView*>();
+        // The third row below the day names; 16 November 2026 is a Monday.
+        const QModelIndex cell = days->model()->index(4, 0);
+        QTest::mouseClick(days->viewport(), Qt::LeftButton, {}, days->visualRect(cell).center());
+        settle();
+        QCOMPARE(picked.count(), 1);
+        QCOMPARE(picked[0][0].toDate().dayOfWeek(), 1);
+        QCOMPARE(form_->box->date(), std::optional(picked[0][0].toDate()));
+    }
+
+    void escapeClosesWithoutPicking() {
+        form_->box->setDate(QDate(2026, 11, 5));
+        form_->box->setFocus();
+        QTest::keyClick(form_->box, Qt::Key_F4);
+        QVERIFY(form_->calendar());
+        QTest::keyClick(form_->calendar()->findChild<QAbstractItemView*>(), Qt::Key_Escape);
+        settle();
+        QVERIFY(!form_->calendar());
+        QCOMPARE(form_->box->text(), QString("05/11/2026"));
+    }
+
+    void blankBoxReachesItsCalendar() {
+        QSignalSpy refused(form_->box, &DateBox::refused);
+        form_->picker->setValue(QDate(2026, 3, 1));
+        form_->box->setFocus();
+        QTest::mouseClick(form_->picker, Qt::LeftButton);
+        QVERIFY(form_->calendar());
+        QCOMPARE(form_->calendar()->selectedDate(), QDate(2026, 3, 1));
+        QCOMPARE(refused.count(), 0);
+    }
+
+    void pickerDestroyedWhileOpen() {
+        form_->picker->dropDown();
+        form_->picker->dropDown();
+        QCOMPARE(form_->picker->findChildren<QCalendarWidget*>().size(), 1);
+        delete std::exchange(form_->box, nullptr);
+        form_->picker->setFocus(Qt::TabFocusReason);
+        delete std::exchange(form_->picker, nullptr);
+    }
+};
+
+QTEST_MAIN(TestDatePair)
+#include "test_datepair.moc"
