@@ -31,8 +31,19 @@ function(dorv_room name)
     dorv_precompile(dorv_${name} ${arg_PCH})
 endfunction()
 
+# The two precompiled headers, core and widgets, are built once and shared: every target has the same compiler options.
 function(dorv_precompile target kind)
-    target_precompile_headers(${target} PRIVATE ${PROJECT_SOURCE_DIR}/cmake/pch_${kind}.h)
+    if(NOT TARGET dorv_pch_${kind})
+        file(WRITE ${CMAKE_BINARY_DIR}/pch_${kind}.cpp "")
+        add_library(dorv_pch_${kind} OBJECT ${CMAKE_BINARY_DIR}/pch_${kind}.cpp)
+        set_target_properties(dorv_pch_${kind} PROPERTIES AUTOMOC OFF AUTORCC OFF)
+        target_link_libraries(dorv_pch_${kind} PRIVATE dorv_options Qt6::Core)
+        if(kind STREQUAL "widgets")
+            target_link_libraries(dorv_pch_${kind} PRIVATE Qt6::Widgets)
+        endif()
+        target_precompile_headers(dorv_pch_${kind} PRIVATE ${PROJECT_SOURCE_DIR}/cmake/pch_${kind}.h)
+    endif()
+    target_precompile_headers(${target} REUSE_FROM dorv_pch_${kind})
 endfunction()
 
 # dorv_test(NAME SOURCES file... LIBS lib... [TIMEOUT seconds]): one Qt Test program, run offscreen
