@@ -56,8 +56,9 @@ public:
     }
 
     void takeBoxDate() {
-        if (!box_) return;
-        if (const std::optional<QDate> date = box_->date()) picker_->setValue(*date);
+        const auto* box = qobject_cast<DateBox*>(box_);
+        if (!box) return;
+        if (const std::optional<QDate> date = box->date()) picker_->setValue(*date);
     }
 
     bool eventFilter(QObject* watched, QEvent* event) override {
@@ -72,7 +73,7 @@ public:
     }
 
 private:
-    QPointer<DateBox> box_;
+    QPointer<QObject> box_;  // a box under destruction still sends events, when it is no DateBox any more
     DatePicker* picker_;
 };
 

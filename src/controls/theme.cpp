@@ -115,7 +115,8 @@ QString styleSheetOf(const Theme& look) {
 
 void applyTheme(QApplication& app, ThemeKind kind) {
     registerResources();
-    const bool dark = kind == ThemeKind::Dark || (desktopIsDark() && kind == ThemeKind::Automatic);
+    const bool desktop = desktopIsDark();
+    const bool dark = kind == ThemeKind::Automatic ? desktop : kind == ThemeKind::Dark;
     current = dark ? &darkTheme : &lightTheme;
     useGreekToolkitTexts(app);
     QApplication::setStyle(new LookStyle);

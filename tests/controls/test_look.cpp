@@ -61,6 +61,14 @@ class TestLook : public QObject {
     }
 
 private slots:
+    void initTestCase() {
+        // The desktop's palette counts, not the one that an earlier choice of the user's has put over it.
+        const bool desktopIsDark = QApplication::palette().color(QPalette::Window).lightness() < 128;
+        applyTheme(*qApp, desktopIsDark ? ThemeKind::Light : ThemeKind::Dark);
+        applyTheme(*qApp, ThemeKind::Automatic);
+        QCOMPARE(theme().dark, desktopIsDark);
+    }
+
     void coloursAreReadable_data() { themes(); }
     void coloursAreReadable() {
         apply();
