@@ -319,7 +319,7 @@ QWidget* CardView::historyTab() {
 
 void CardView::dress(const CardField& field, const QString& caption, bool visible) {
     QWidget* widget = control(field);
-    controls::setAccessibleCaption(widget, caption);
+    widget->setAccessibleName(caption);
     if (QLabel* label = captions_.value(field.controlName())) label->setText(caption);
     if (auto* box = qobject_cast<QCheckBox*>(widget))
         box->setText(QString(caption).replace(QLatin1Char('&'), QStringLiteral("&&")));

@@ -17,6 +17,7 @@ struct CardDriver {
         form.resize(960, 640);
         form.show();
         form.activateWindow();
+        if (!QTest::qWaitForWindowActive(&form)) QTest::qFail("the card never got the focus", __FILE__, __LINE__);
     }
 
     template <typename W = QWidget>

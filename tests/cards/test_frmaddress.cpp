@@ -123,7 +123,7 @@ private slots:
         card.form.GoToRec(double(b));
         card.form.GoToRec(double(c));
         QCOMPARE(card.counter(), QString("Εμφάνιση Καρτέλας (3/3)"));
-        QVERIFY_EXCEPTION_THROWN(card.form.GoToRec(double(a)), data::Error);
+        QVERIFY_THROWS_EXCEPTION(data::Error, card.form.GoToRec(double(a)));
         card.form.keySet().moveFirst();
         card.form.GoToRec(double(a));
         QCOMPARE(card.text(0)->text(), QString("Α"));

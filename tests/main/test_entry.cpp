@@ -1,5 +1,7 @@
 #include "main/entry.h"
 
+#include <QSignalSpy>
+
 #include "main/program.h"
 #include "platform/folders.h"
 #include "support/office.h"

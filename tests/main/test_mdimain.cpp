@@ -1,4 +1,5 @@
 #include <QMdiArea>
+#include <QSignalSpy>
 #include <QTimer>
 
 #include "main/mdimain.h"
