@@ -25,6 +25,10 @@ int run(QStringList words) {
     if (name == u"--help" || name == u"-h") name = u"help"_s;
     const admin::Command* command = admin::findCommand(name);
     if (!command) return usageFailure(u"Άγνωστη εντολή «%1»."_s.arg(name), nullptr);
+    if (words.value(0) == u"--help") {
+        words = {name};
+        command = admin::findCommand(u"help"_s);
+    }
     try {
         return command->run(
             admin::Arguments(words, command->options, command->leastPositional, command->mostPositional));

@@ -16,7 +16,7 @@ bool checkDatabase(schema::Database database, const QString& file) {
     QStringList found;
     try {
         data::Connection connection;
-        schema::openAsIs(connection, schema::connectionString(database, file));
+        schema::openToRead(connection, schema::connectionString(database, file));
         for (const schema::TableCount& count : schema::tableCounts(connection, database))
             out() << u"  %1\t%2"_s.arg(count.table).arg(count.rows) << Qt::endl;
         found = schema::findings(connection, database);

@@ -41,7 +41,7 @@ ExitCode sql(const Arguments& arguments) {
     if (write)
         schema::open(connection, string);
     else
-        schema::openAsIs(connection, string);
+        schema::openToRead(connection, string);
     if (connection.translate(statement)->kind == data::StatementKind::Select) {
         data::Recordset rows(connection, statement);
         printRows(rows);

@@ -7,7 +7,7 @@
 #include "schema/demo/diary.h"
 #include "schema/demo/lists.h"
 #include "schema/demo/values.h"
-#include "schema/rowwriter.h"
+#include "schema/tablewriter.h"
 
 namespace schema {
 namespace {
@@ -87,7 +87,7 @@ public:
 
 private:
     static constexpr int linkEvery = 12;
-    RowWriter cards_, movements_, links_;
+    TableWriter cards_, movements_, links_;
 };
 
 QVector<CardRef> writeCards(data::Connection& main, const World& world, const DemoOptions& options) {
@@ -106,18 +106,18 @@ QVector<CardRef> writeCards(data::Connection& main, const World& world, const De
 void writeDiary(data::Connection& main, const World& world, const QVector<CardRef>& cards) {
     QStringList users = {u"Admin"_s};
     for (const DemoUser& user : demoUsers()) users += user.name;
-    RowWriter dates(main, mainTable(u"Dates"),
-                    {u"codecard"_s, u"contact"_s, u"Subject"_s, u"Location"_s, u"Day"_s, u"Start"_s, u"End"_s,
-                     u"Remind"_s, u"notes"_s, u"User"_s, u"Entoleas"_s});
+    TableWriter dates(main, mainTable(u"Dates"),
+                      {u"codecard"_s, u"contact"_s, u"Subject"_s, u"Location"_s, u"Day"_s, u"Start"_s, u"End"_s,
+                       u"Remind"_s, u"notes"_s, u"User"_s, u"Entoleas"_s});
     for (int user = 0; user < users.size(); ++user)
         for (const demo::Appointment& a : makeAppointments(world, users, user, cards))
             dates.write({a.with.code, a.with.name, a.subject, a.location, dateOrNull(a.day), timeOrNull(a.start),
                          timeOrNull(a.end), timeOrNull(a.remind), textOrNull(a.notes), a.user, a.placedBy});
-    RowWriter tasks(main, mainTable(u"ThinksToDo"),
-                    {u"Subject"_s, u"Priority"_s, u"notes"_s, u"User"_s, u"Entoleas"_s});
+    TableWriter tasks(main, mainTable(u"ThinksToDo"),
+                      {u"Subject"_s, u"Priority"_s, u"notes"_s, u"User"_s, u"Entoleas"_s});
     for (const demo::Task& task : demo::makeTasks(world, users))
         tasks.write({task.subject, task.priority, textOrNull(task.notes), task.user, task.placedBy});
-    RowWriter calls(main, mainTable(u"Calls"), {u"ΗΜΕΡΟΜΗΝΙΑ"_s, u"ΩΡΑ"_s, u"ΟΝΟΜΑ"_s, u"ΤΗΛΕΦΩΝΟ"_s, u"CODECARD"_s});
+    TableWriter calls(main, mainTable(u"Calls"), {u"ΗΜΕΡΟΜΗΝΙΑ"_s, u"ΩΡΑ"_s, u"ΟΝΟΜΑ"_s, u"ΤΗΛΕΦΩΝΟ"_s, u"CODECARD"_s});
     for (const demo::Call& call : demo::makeCalls(world, cards))
         calls.write({dateOrNull(call.day), call.time.toString(u"HH:mm:ss"), call.caller.name,
                      textOrNull(call.caller.telephone), call.caller.code});
@@ -125,7 +125,7 @@ void writeDiary(data::Connection& main, const World& world, const QVector<CardRe
 
 void writeUsers(data::Connection& users) {
     data::Transaction transaction(users);
-    RowWriter rows(users, *findTable(Database::Users, u"Users"), {u"UserName"_s, u"Password"_s, u"Group"_s});
+    TableWriter rows(users, *findTable(Database::Users, u"Users"), {u"UserName"_s, u"Password"_s, u"Group"_s});
     for (const DemoUser& user : demoUsers()) rows.write({user.name, data::makeVerifier(user.password), user.group});
     transaction.commit();
 }

@@ -5,6 +5,7 @@
 #include <QFileInfo>
 #include <QTemporaryDir>
 
+#include "data/connectionstring.h"
 #include "data/databasepassword.h"
 #include "data/dialect/enginedialect.h"
 #include "data/error.h"
@@ -12,7 +13,7 @@
 #include "data/password.h"
 #include "data/sqlite/sqliteengine.h"
 #include "schema/reference.h"
-#include "schema/rowwriter.h"
+#include "schema/tablewriter.h"
 #include "schema/upgrade.h"
 
 namespace schema {
@@ -23,29 +24,13 @@ using data::Error;
 using data::ErrorCategory;
 using data::FileKind;
 
-const QString passwordKey = u"Jet OLEDB:Database Password"_s;
+using Properties = QHash<QString, QString>;
 
-// The value of a key of a connection string, which compares without regard to case; null if it isn't there.
-QString connectionValue(const QString& connectionString, const QString& key) {
-    for (const QString& part : connectionString.split(u';')) {
-        const qsizetype equals = part.indexOf(u'=');
-        if (equals > 0 && part.left(equals).trimmed().compare(key, Qt::CaseInsensitive) == 0)
-            return part.mid(equals + 1).trimmed();
-    }
-    return {};
-}
+const QString fileKey = u"data source"_s;
+const QString passwordKey = u"jet oledb:database password"_s;
 
-Database wantedDatabase(const QString& connectionString) {
-    return connectionValue(connectionString, passwordKey).isEmpty() ? Database::Main : Database::Users;
-}
-
-void closeOnFailure(data::Connection& connection, const std::function<void()>& work) {
-    try {
-        work();
-    } catch (...) {
-        connection.close();
-        throw;
-    }
+Database wantedDatabase(const Properties& properties) {
+    return properties.value(passwordKey).isEmpty() ? Database::Main : Database::Users;
 }
 
 QString fileName(Database database) {
@@ -85,6 +70,28 @@ void refuseUnfinished(const QString& file, int version) {
             QFileInfo(file).fileName()));
 }
 
+// Opens what is surely a database of the wanted kind and of a version that is known here.
+void openKnown(data::Connection& connection, const QString& connectionString, const Properties& properties) {
+    const QString file = properties.value(fileKey);
+    const data::FileIdentity identity = data::identifyFile(file);
+    refuseOtherKind(file, identity.kind, wantedDatabase(properties));
+    refuseNewer(file, identity.version);
+    connection.open(connectionString);
+    // The header that was read above is old while the newest one still lies in the journal.
+    const int version = storedVersion(connection);
+    refuseNewer(file, version);
+    refuseUnfinished(file, version);
+}
+
+void closeOnFailure(data::Connection& connection, const std::function<void()>& work) {
+    try {
+        work();
+    } catch (...) {
+        connection.close();
+        throw;
+    }
+}
+
 void createTables(data::Connection& connection, Database database) {
     data::Engine& engine = connection.engine();
     for (const Table& table : tables(database)) {
@@ -119,7 +126,7 @@ void loadDeliveredReference(const QString& mainFile, const QString& folder) {
 }
 
 void fillUsers(data::Connection& users, const QString& adminPassword) {
-    RowWriter(users, *findTable(Database::Users, u"Admin"), {u"Pass"_s}).write({data::makeVerifier(adminPassword)});
+    TableWriter(users, *findTable(Database::Users, u"Admin"), {u"Pass"_s}).write({data::makeVerifier(adminPassword)});
     data::setDatabasePassword(users.engine(), usersDatabasePassword());
 }
 
@@ -167,28 +174,26 @@ QString usersDatabasePath(const QString& folder) {
 }
 
 QString connectionString(Database database, const QString& file) {
-    QString text = u"Provider=microsoft.jet.oledb.4.0;data source="_s + file;
-    if (database == Database::Users) text += u"; "_s + passwordKey + u'=' + usersDatabasePassword();
+    QString path = file;
+    const bool plain =
+        !path.contains(u';') && !path.startsWith(u'"') && !path.startsWith(u'\'') && path == path.trimmed();
+    if (!plain) path = u'"' + path.replace(u'"', u"\"\""_s) + u'"';
+    QString text = u"Provider=microsoft.jet.oledb.4.0;data source="_s + path;
+    if (database == Database::Users) text += u"; Jet OLEDB:Database Password="_s + usersDatabasePassword();
     return text;
 }
 
-void openAsIs(data::Connection& connection, const QString& connectionString) {
-    const QString file = connectionValue(connectionString, u"data source"_s);
-    const data::FileIdentity identity = data::identifyFile(file);
-    refuseOtherKind(file, identity.kind, wantedDatabase(connectionString));
-    refuseNewer(file, identity.version);
-    connection.open(connectionString);
-    closeOnFailure(connection, [&] {
-        // The header that was read above is old while the newest one still lies in the journal.
-        const int version = storedVersion(connection);
-        refuseNewer(file, version);
-        refuseUnfinished(file, version);
-    });
+void openToRead(data::Connection& connection, const QString& connectionString) {
+    const Properties properties = data::parseConnectionString(connectionString);
+    closeOnFailure(connection, [&] { openKnown(connection, connectionString + u"; mode=read"_s, properties); });
 }
 
 void open(data::Connection& connection, const QString& connectionString) {
-    openAsIs(connection, connectionString);
-    closeOnFailure(connection, [&] { upgrade(connection, upgradeSteps(wantedDatabase(connectionString))); });
+    const Properties properties = data::parseConnectionString(connectionString);
+    closeOnFailure(connection, [&] {
+        openKnown(connection, connectionString, properties);
+        upgrade(connection, upgradeSteps(wantedDatabase(properties)));
+    });
 }
 
 void createOffice(const QString& folder, const NewOffice& options) {

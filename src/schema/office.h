@@ -22,8 +22,8 @@ QString connectionString(Database database, const QString& file);
 // Database::Main or Users is told by the connection string: one with a password is the users database.
 void open(data::Connection& connection, const QString& connectionString);
 
-// The same refusals, but the database stays as it is, also one of an older version: for tools that look.
-void openAsIs(data::Connection& connection, const QString& connectionString);
+// The same refusals, but for reading only, and an older version stays as it is: for tools that look.
+void openToRead(data::Connection& connection, const QString& connectionString);
 
 // Creates both databases with their tables, indexes and default rows, the groups and the Admin password; the
 // folder is made if it isn't there. Refuses (data::Error) a folder that holds either file already. On a failure no file

@@ -5,8 +5,8 @@
 #include "data/error.h"
 #include "data/format.h"
 #include "data/recordset.h"
-#include "schema/rowwriter.h"
 #include "schema/tabfile.h"
+#include "schema/tablewriter.h"
 
 namespace schema {
 namespace {
@@ -104,7 +104,7 @@ LoadCounts loadReference(data::Connection& connection, const ReferenceKind& kind
     data::Transaction transaction(connection);
     if (replace) connection.execute(u"delete from "_s + table.name);
     const QSet<QString> existing = existingKeys(connection, table);
-    RowWriter writer(connection, table, columns);
+    TableWriter writer(connection, table, columns);
     LoadCounts counts;
     for (const CheckedRow& row : rows) {
         if (existing.contains(row.key)) {

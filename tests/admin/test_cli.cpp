@@ -85,6 +85,7 @@ private slots:
             QVERIFY(help.out.contains(command));
             QVERIFY(runTool({u"help"_s, command}).out.contains(u"dorvalist-admin "_s + command));
         }
+        QCOMPARE(runTool({u"load"_s, u"--help"_s}).out, runTool({u"help"_s, u"load"_s}).out);
         QVERIFY(help.out.contains(u"Κωδικοί εξόδου"));
         QVERIFY(runTool({u"--version"_s}).out.startsWith(u"dorvalist-admin 1."));
     }

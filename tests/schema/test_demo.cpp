@@ -4,6 +4,7 @@
 #include <QImage>
 
 #include "data/password.h"
+#include "schema/demo/latin.h"
 #include "schema/tables.h"
 #include "scratchoffice.h"
 
@@ -118,6 +119,14 @@ private slots:
         QCOMPARE(count(u"Cards where ΑΝΔΡΑΣ=True and επωνυμο like '%οπουλου'"_s), u"0"_s);
         QCOMPARE(count(u"Cards where ΑΝΔΡΑΣ=False and επωνυμο like '%οπουλος'"_s), u"0"_s);
         QVERIFY(count(u"Cards where ΑΝΔΡΑΣ=False and επωνυμο like '%οπουλου'"_s).toInt() > 5);
+    }
+
+    void addressesAreWrittenAsPeopleWriteThem() {
+        const QVector<QPair<QString, QString>> names = {{u"Ελευθέριος"_s, u"eleftherios"_s},
+                                                        {u"Παύλος"_s, u"pavlos"_s},
+                                                        {u"Παπαδοπούλου"_s, u"papadopoulou"_s},
+                                                        {u"Άγγελος Ψυχάρης"_s, u"angelospsycharis"_s}};
+        for (const auto& [greek, latin] : names) QCOMPARE(schema::demo::latinName(greek), latin);
     }
 
     void photosAreImages() {

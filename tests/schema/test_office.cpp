@@ -119,6 +119,34 @@ private slots:
         QCOMPARE(QDir(folder.path()).entryList(QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot).size(), 1);
     }
 
+    void oddFolderNamesWork_data() {
+        QTest::addColumn<QString>("name");
+        QTest::newRow("semicolon") << u"a;b=c"_s;
+        QTest::newRow("quotes") << u"Ο'Neil \"και\" Υιοί"_s;
+        QTest::newRow("blank") << u" γραφείο "_s;
+    }
+    void oddFolderNamesWork() {
+        QFETCH(QString, name);
+        QTemporaryDir parent;
+        const QString folder = parent.filePath(name);
+        schema::createOffice(folder, {u"x"_s, {}});
+        for (const Database database : {Database::Main, Database::Users}) {
+            const bool main = database == Database::Main;
+            const QString file = main ? schema::mainDatabasePath(folder) : schema::usersDatabasePath(folder);
+            data::Connection connection;
+            schema::open(connection, schema::connectionString(database, file));
+            QVERIFY(connection.isOpen());
+        }
+    }
+
+    void lookingNeverWrites() {
+        ScratchOffice office;
+        data::Connection reader;
+        schema::openToRead(reader, schema::connectionString(Database::Main, office.mainFile()));
+        QVERIFY(!failureOf([&] { reader.execute(u"delete from Options"_s); }).isEmpty());
+        QCOMPARE(firstText(reader, u"select aa from Options"_s), u"1"_s);
+    }
+
     void failedCreationLeavesNothing() {
         QTemporaryDir parent;
         const QString folder = parent.filePath(u"new/office"_s);

@@ -23,8 +23,6 @@ Ending ending(QChar letter) {
             return {u"ιάδης"_s, u"ιάδου"_s};
         case u'k':
             return {u"άκης"_s, u"άκη"_s};
-        case u'K':
-            return {u"ιδάκης"_s, u"ιδάκη"_s};
         case u'e':
             return {u"έας"_s, u"έα"_s};
         case u'r':
@@ -42,27 +40,28 @@ struct Stem {
 const QVector<Stem>& stems() {
     static const QVector<Stem> all = {
         {u"Γεωργ"_s, u"oIkg"_s},   {u"Δημητρ"_s, u"oIkg"_s},   {u"Νικολ"_s, u"oik"_s},     {u"Αντων"_s, u"oIkg"_s},
-        {u"Βασιλ"_s, u"oK"_s},     {u"Κωνσταντιν"_s, u"oi"_s}, {u"Θεοδωρ"_s, u"oik"_s},    {u"Αναστασ"_s, u"oIkg"_s},
+        {u"Βασιλ"_s, u"ok"_s},     {u"Κωνσταντιν"_s, u"oi"_s}, {u"Θεοδωρ"_s, u"oik"_s},    {u"Αναστασ"_s, u"oIkg"_s},
         {u"Αθανασ"_s, u"oIg"_s},   {u"Παναγιωτ"_s, u"oik"_s},  {u"Χριστ"_s, u"oik"_s},     {u"Σταυρ"_s, u"oik"_s},
         {u"Πετρ"_s, u"oik"_s},     {u"Παυλ"_s, u"oik"_s},      {u"Στεφαν"_s, u"oik"_s},    {u"Ηλι"_s, u"oak"_s},
-        {u"Μιχαηλ"_s, u"oi"_s},    {u"Μιχαλ"_s, u"ok"_s},      {u"Εμμανουηλ"_s, u"i"_s},   {u"Μανωλ"_s, u"ok"_s},
+        {u"Μιχαηλ"_s, u"i"_s},     {u"Μιχαλ"_s, u"ok"_s},      {u"Εμμανουηλ"_s, u"i"_s},   {u"Μανωλ"_s, u"ok"_s},
         {u"Σωτηρ"_s, u"oIg"_s},    {u"Λεωνιδ"_s, u"k"_s},      {u"Γρηγορ"_s, u"oIkg"_s},   {u"Ιωανν"_s, u"i"_s},
         {u"Γιανν"_s, u"ok"_s},     {u"Ευσταθ"_s, u"oIg"_s},    {u"Σταθ"_s, u"ok"_s},       {u"Ευαγγελ"_s, u"oi"_s},
         {u"Αγγελ"_s, u"oik"_s},    {u"Αποστολ"_s, u"oik"_s},   {u"Χαραλαμπ"_s, u"oik"_s},  {u"Φωτ"_s, u"oIg"_s},
         {u"Αλεξανδρ"_s, u"oik"_s}, {u"Αλεξ"_s, u"oIg"_s},      {u"Ανδρ"_s, u"I"_s},        {u"Ανδρικ"_s, u"o"_s},
         {u"Καλλιγ"_s, u"r"_s},     {u"Ραφτ"_s, u"o"_s},        {u"Μυλων"_s, u"ak"_s},      {u"Σιδερ"_s, u"ik"_s},
         {u"Κουκουλ"_s, u"k"_s},    {u"Σαρρ"_s, u"i"_s},        {u"Κυριακ"_s, u"oik"_s},    {u"Λαζαρ"_s, u"oik"_s},
-        {u"Σαββ"_s, u"oi"_s},      {u"Σιμ"_s, u"oI"_s},        {u"Συμε"_s, u"o"_s},        {u"Τριανταφυλλ"_s, u"oik"_s},
+        {u"Σαββ"_s, u"oi"_s},      {u"Σιμ"_s, u"oI"_s},        {u"Συμεων"_s, u"i"_s},      {u"Τριανταφυλλ"_s, u"oik"_s},
         {u"Σπυρ"_s, u"oik"_s},     {u"Σπυριδ"_s, u"k"_s},      {u"Καραγιανν"_s, u"oik"_s}, {u"Παπαδ"_s, u"ok"_s},
         {u"Οικονομ"_s, u"oi"_s},   {u"Διαμαντ"_s, u"oik"_s},   {u"Αργυρ"_s, u"oik"_s},     {u"Ζαχαρ"_s, u"oIkg"_s},
         {u"Ιακωβ"_s, u"i"_s},      {u"Φραγκ"_s, u"oIk"_s},     {u"Κουτσ"_s, u"o"_s},       {u"Καραμαν"_s, u"oi"_s},
-        {u"Μαυρ"_s, u"oik"_s},     {u"Ασημ"_s, u"ok"_s},       {u"Μαρκ"_s, u"oik"_s},      {u"Ματθ"_s, u"o"_s},
+        {u"Μαυρ"_s, u"oik"_s},     {u"Ασημ"_s, u"ok"_s},       {u"Μαρκ"_s, u"oik"_s},      {u"Ματθαι"_s, u"o"_s},
         {u"Λυμπερ"_s, u"oik"_s},   {u"Κοντ"_s, u"o"_s},        {u"Σκουρ"_s, u"k"_s},       {u"Τσιμπ"_s, u"i"_s},
-        {u"Αδαμ"_s, u"ok"_s},      {u"Δανιηλ"_s, u"i"_s},      {u"Γαβριηλ"_s, u"i"_s},     {u"Θωμ"_s, u"oa"_s},
-        {u"Λουκ"_s, u"oak"_s},     {u"Μελετ"_s, u"oIg"_s},     {u"Προκοπ"_s, u"g"_s},      {u"Ευθυμ"_s, u"oIkg"_s},
+        {u"Αδαμ"_s, u"ok"_s},      {u"Δανιηλ"_s, u"i"_s},      {u"Γαβριηλ"_s, u"i"_s},     {u"Θωμ"_s, u"o"_s},
+        {u"Λουκ"_s, u"ok"_s},      {u"Μελετ"_s, u"oIg"_s},     {u"Προκοπ"_s, u"g"_s},      {u"Ευθυμ"_s, u"oIkg"_s},
         {u"Καπετ"_s, u"k"_s},      {u"Κανελλ"_s, u"ok"_s},     {u"Ροδ"_s, u"oik"_s},       {u"Βλαχ"_s, u"ok"_s},
-        {u"Κορδ"_s, u"k"_s},       {u"Μπαλ"_s, u"k"_s},        {u"Σερ"_s, u"ei"_s},        {u"Λιακ"_s, u"o"_s},
-        {u"Τζαν"_s, u"ek"_s},      {u"Ξαν"_s, u"k"_s},         {u"Σκαρλ"_s, u"k"_s},       {u"Κρητικ"_s, u"ok"_s},
+        {u"Κορδ"_s, u"k"_s},       {u"Μπαλ"_s, u"k"_s},        {u"Σερ"_s, u"i"_s},         {u"Λιακ"_s, u"o"_s},
+        {u"Τζαν"_s, u"ek"_s},      {u"Ξαν"_s, u"k"_s},         {u"Σκαρλ"_s, u"k"_s},       {u"Κρητικ"_s, u"o"_s},
+        {u"Βασιλε"_s, u"I"_s},
     };
     return all;
 }
@@ -174,7 +173,7 @@ const QVector<MaleName>& maleNames() {
         {u"Αριστείδης"_s, u"Αριστείδη"_s},
         {u"Λεωνίδας"_s, u"Λεωνίδα"_s},
         {u"Θωμάς"_s, u"Θωμά"_s},
-        {u"Μάριος"_s, u"Μάριου"_s},
+        {u"Μάριος"_s, u"Μαρίου"_s},
         {u"Φίλιππος"_s, u"Φιλίππου"_s},
         {u"Ευθύμιος"_s, u"Ευθυμίου"_s},
         {u"Σάββας"_s, u"Σάββα"_s},

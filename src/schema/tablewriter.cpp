@@ -1,4 +1,4 @@
-#include "schema/rowwriter.h"
+#include "schema/tablewriter.h"
 
 #include "data/convert.h"
 #include "data/dialect/enginedialect.h"
@@ -17,14 +17,14 @@ QVariant stored(const QVariant& value, const data::ColumnInfo& column) {
 
 }  // namespace
 
-RowWriter::RowWriter(data::Connection& connection, const Table& table, const QStringList& columns)
+TableWriter::TableWriter(data::Connection& connection, const Table& table, const QStringList& columns)
     : engine_(connection.engine()) {
     const data::TableInfo info = tableInfo(table);
     const data::EngineDialect& dialect = engine_.dialect();
     QByteArrayList names, places;
     for (const QString& name : columns) {
         const int index = info.indexOf(name);
-        Q_ASSERT_X(index >= 0, "RowWriter", qPrintable(name));
+        Q_ASSERT_X(index >= 0, "TableWriter", qPrintable(name));
         columns_ += info.columns[index];
         names += dialect.identifier(info.columns[index].name);
         places += dialect.parameter(int(columns_.size()));
@@ -34,7 +34,7 @@ RowWriter::RowWriter(data::Connection& connection, const Table& table, const QSt
     parameters_.resize(columns_.size());
 }
 
-qint64 RowWriter::write(const QVector<QVariant>& values) {
+qint64 TableWriter::write(const QVector<QVariant>& values) {
     Q_ASSERT(values.size() == columns_.size());
     for (qsizetype i = 0; i < columns_.size(); ++i) parameters_[i] = stored(values[i], columns_[i]);
     return engine_.execute(sql_, parameters_).lastIdentity;

@@ -10,10 +10,10 @@ namespace schema {
 
 // Inserts many rows of one table with one prepared statement. The connection must outlive it; a
 // transaction is the caller's.
-class RowWriter {
+class TableWriter {
 public:
     // `columns` are the table's own; those not named stay Null, a YesNo False.
-    RowWriter(data::Connection& connection, const Table& table, const QStringList& columns);
+    TableWriter(data::Connection& connection, const Table& table, const QStringList& columns);
     // Values in the forms of data/types.h, converted and checked as any write is. Returns the row's autonumber.
     qint64 write(const QVector<QVariant>& values);
 
