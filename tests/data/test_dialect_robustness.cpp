@@ -160,11 +160,10 @@ QString TestDialectRobustness::operand(int depth) {
                                        QStringLiteral("%1 in (select %2 from cards)"),
                                        QStringLiteral("exists (select * from history where aa=%1)")};
     if (depth == 0 || below(4) == 0) return pick(leaves);
-    return pick(shapes)
-        .arg(QStringLiteral("\1"), QStringLiteral("\2"), QStringLiteral("\3"))
-        .replace(u'\1', operand(depth - 1))
-        .replace(u'\2', operand(depth - 1))
-        .replace(u'\3', operand(depth - 1));
+    QString shape = pick(shapes);
+    for (const QString& place : {QStringLiteral("%1"), QStringLiteral("%2"), QStringLiteral("%3")})
+        if (shape.contains(place)) shape.replace(place, operand(depth - 1));
+    return shape;
 }
 
 // Statements that parse, with every kind of value in every place; also run, since a wrong conversion shows there.
