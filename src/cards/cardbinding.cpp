@@ -1,5 +1,6 @@
 #include "cards/cardbinding.h"
 
+#include "controls/choicebox.h"
 #include "data/format.h"
 
 namespace cards {
@@ -206,6 +207,7 @@ void setEditable(CardView& view, bool editable) {
             memo->setHighlighting(editable);
         } else {
             widget->setEnabled(editable);
+            if (auto* choice = qobject_cast<controls::ChoiceBox*>(widget)) choice->setHighlighting(editable);
         }
     }
     view.loadPhoto()->setEnabled(editable);

@@ -1,6 +1,5 @@
 #include "cards/cardview.h"
 
-#include <QCompleter>
 #include <QFormLayout>
 #include <QGridLayout>
 #include <QHBoxLayout>
@@ -8,6 +7,7 @@
 #include <QStackedLayout>
 #include <QVBoxLayout>
 
+#include "controls/choicebox.h"
 #include "controls/names.h"
 #include "controls/theme.h"
 
@@ -55,23 +55,14 @@ QFormLayout* formLayout() {
     return form;
 }
 
-QComboBox* comboBox(bool editable) {
-    auto* combo = new QComboBox;
-    combo->setEditable(editable);
-    combo->setInsertPolicy(QComboBox::NoInsert);
-    combo->setMaxVisibleItems(18);
-    combo->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
-    combo->setMinimumContentsLength(12);
-    if (editable) combo->completer()->setFilterMode(Qt::MatchContains);
-    return combo;
-}
-
 QWidget* scrolled(QWidget* page) {
     auto* area = new QScrollArea;
     area->setWidget(page);
     area->setWidgetResizable(true);
     area->setFrameShape(QFrame::NoFrame);
     area->setFocusPolicy(Qt::NoFocus);
+    // The window asks for as much room as its largest tab.
+    area->setSizeAdjustPolicy(QAbstractScrollArea::AdjustToContents);
     return area;
 }
 
@@ -134,11 +125,11 @@ QWidget* CardView::create(const CardField& field) {
             break;
         case CardKind::Category:
         case CardKind::Sex:
-            widget = comboBox(false);
+            widget = new controls::ChoiceBox(false);
             break;
         case CardKind::ParamList:
         case CardKind::NameDay:
-            widget = comboBox(true);
+            widget = new controls::ChoiceBox(true);
             break;
     }
     if (field.kind == CardKind::Sex)
@@ -290,6 +281,7 @@ QWidget* CardView::textsTab() {
     textHeader_->setFont(controls::font(QStringLiteral("Tahoma"), 11, true));
     grid->addWidget(textHeader_, 0, 1);
     auto* buttons = new QVBoxLayout;
+    buttons->setSpacing(8);
     auto* stack = new QVBoxLayout;
     for (int i = 0; i < 6; ++i) {
         auto* button = named(new QPushButton, arrayName(QStringLiteral("cmdMemo"), i));

@@ -160,6 +160,14 @@ void MemoBox::selectWhole() {
     setTextCursor(whole);
 }
 
+void MemoBox::changeEvent(QEvent* event) {
+    QPlainTextEdit::changeEvent(event);
+    // The style sheet tells a read-only box by its property, and looks at it only when it is polished.
+    if (event->type() != QEvent::ReadOnlyChange) return;
+    style()->unpolish(this);
+    style()->polish(this);
+}
+
 void MemoBox::focusInEvent(QFocusEvent* event) {
     QPlainTextEdit::focusInEvent(event);
     detail::setHighlight(this, highlighting_);

@@ -67,6 +67,7 @@ public:
     void setText(const QString& text);
 
 protected:
+    void changeEvent(QEvent*) override;
     void focusInEvent(QFocusEvent*) override;
     void focusOutEvent(QFocusEvent*) override;
     void mousePressEvent(QMouseEvent*) override;

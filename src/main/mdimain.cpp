@@ -26,7 +26,7 @@ const QString optionsSection = QStringLiteral("Options");
 MDIMain::MDIMain(core::MainMod& mod) : mod_(mod), windows_(*this), area_(new QMdiArea) {
     setObjectName(QStringLiteral("MDIMain"));
     setWindowTitle(QStringLiteral("Velmarine %1 Ver. %2").arg(core::programTitle(), core::programVersion()));
-    setWindowIcon(controls::icon(QStringLiteral("app")));
+    setWindowIcon(controls::icon(QStringLiteral("dorvalist")));
     area_->setHorizontalScrollBarPolicy(Qt::ScrollBarAsNeeded);
     area_->setVerticalScrollBarPolicy(Qt::ScrollBarAsNeeded);
     area_->setBackground(controls::theme().window.darker(controls::theme().dark ? 130 : 105));

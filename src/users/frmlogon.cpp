@@ -40,7 +40,7 @@ void frmLogon::build() {
     auto* title = new QLabel(core::programTitle());
     title->setFont(controls::font(QStringLiteral("Tahoma"), 18, true));
     auto* picture = new QLabel;
-    picture->setPixmap(controls::icon(QStringLiteral("app")).pixmap(QSize(48, 48), devicePixelRatioF()));
+    picture->setPixmap(controls::icon(QStringLiteral("dorvalist")).pixmap(QSize(48, 48), devicePixelRatioF()));
     auto* head = new QHBoxLayout;
     head->setSpacing(14);
     head->addWidget(picture);

@@ -1,0 +1,85 @@
+// Renders the windows of a demonstration office into a folder, light and dark: dorv_screens FOLDER
+#include <QMdiArea>
+#include <QTabWidget>
+
+#include "controls/theme.h"
+#include "main/mdimain.h"
+#include "schema/demo.h"
+#include "schema/office.h"
+#include "support/services.h"
+#include "users/frmlogon.h"
+#include "users/frmowner.h"
+
+namespace {
+
+struct Studio {
+    Studio() {
+        const QString office = directory.filePath("office");
+        schema::createOffice(office, {QStringLiteral("admin"), QStringLiteral(DORV_REFERENCE)});
+        using schema::Database;
+        schema::open(mod.gConn, schema::connectionString(Database::Main, schema::mainDatabasePath(office)));
+        schema::open(mod.gConnUsers, schema::connectionString(Database::Users, schema::usersDatabasePath(office)));
+        schema::DemoOptions options;
+        options.cards = 1000;
+        options.referenceDate = desk.clock.today();
+        schema::fillDemo(mod.gConn, mod.gConnUsers, options);
+        mod.gUserName = QStringLiteral("Admin");
+        mod.gUserGroup = core::groupAdministrators;
+        const std::pair<const char*, const char*> owner[] = {{"Name", "Γραφείο Επίδειξης"}, {"Address", "Ερμού 12, Αθήνα"}, {"Phone", "210 1234567"}, {"Email", "info@example.gr"}, {"UserName", "Admin"}};
+        for (const auto& [key, value] : owner) desk.settings.setValue("Settings", key, value);
+    }
+
+    QTemporaryDir directory;
+    support::Desk desk;
+    core::MainMod mod{desk.services};
+};
+
+class Album {
+public:
+    Album(QString folder, QString suffix) : folder_(std::move(folder)), suffix_(std::move(suffix)) {}
+    void take(QWidget& window, const QString& name) const {
+        window.show();
+        for (int i = 0; i < 5; ++i) QApplication::processEvents(QEventLoop::AllEvents, 20);
+        const QString file = QStringLiteral("%1/%2-%3.png").arg(folder_, name, suffix_);
+        if (!window.grab().save(file)) qFatal("%s can't be written", qUtf8Printable(file));
+    }
+
+private:
+    QString folder_, suffix_;
+};
+
+void cards(Studio& studio, const Album& album) {
+    entry::MDIMain window(studio.mod);
+    window.load();
+    album.take(window, "main");
+    window.menu("mnuCards")->trigger();
+    auto* tabs = window.findChild<QTabWidget*>("TabStrip1");
+    const std::pair<const char*, QString> shots[] = {{"card-basic", "Βασικά Στοιχεία"}, {"card-special", "Ειδικά Στοιχεία"}, {"card-notes", "Σημειώσεις"}, {"card-texts", "Κείμενα"}};
+    for (const auto& [name, caption] : shots) {
+        for (int i = 0; i < tabs->count(); ++i)
+            if (tabs->tabText(i) == caption) tabs->setCurrentIndex(i);
+        album.take(window, name);
+    }
+    tabs->setCurrentIndex(0);
+    window.findChild<QAbstractButton*>("lblClick(6)")->click();
+    album.take(window, "card-edit");
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+    QApplication app(argc, argv);
+    if (argc < 2 || !QDir().mkpath(argv[1])) qFatal("usage: dorv_screens FOLDER [SUFFIX]");
+    const QString suffix = argc > 2 ? QString::fromLocal8Bit(argv[2]) : QString();
+    Studio studio;
+    for (const auto& [kind, name] : {std::pair(controls::ThemeKind::Light, "light"), std::pair(controls::ThemeKind::Dark, "dark")}) {
+        controls::applyTheme(app, kind);
+        const Album album(QString::fromLocal8Bit(argv[1]), name + suffix);
+        users::frmLogon logon(studio.mod);
+        album.take(logon, "logon");
+        users::frmOwner owner(studio.mod);
+        album.take(owner, "owner");
+        cards(studio, album);
+    }
+    return 0;
+}
