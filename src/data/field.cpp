@@ -59,10 +59,12 @@ int Field::definedSize() const {
 qint64 Field::actualSize() const {
     const auto& d = *recordset_->d;
     if (columnType() == ColumnType::LongBinary) {
-        if (d.isPending(index_))
-            return d.pendingValue(index_).isValid() ? d.pendingValue(index_).toByteArray().size() : -1;
+        if (d.isPending(index_)) {
+            const QVariant bytes = d.pendingValue(index_);
+            return bytes.isValid() ? bytes.toByteArray().size() : -1;
+        }
         const Cell* const cell = d.cell(index_);
-        return !cell || cell->kind == CellKind::Null ? -1 : cell->size;
+        return !cell || cell->kind == CellKind::Null ? -1 : qint64(cell->size);
     }
     const QVariant current = value();
     if (!current.isValid()) return -1;

@@ -113,7 +113,7 @@ void Recordset::find(const QString& criterion, qint64 skip, SearchDirection dire
     if (column < 0)
         throw Error(ErrorCategory::Syntax, QStringLiteral("Δεν υπάρχει πεδίο «%1».").arg(wanted.column), criterion);
     const OutputColumn& output = d->columns[column];
-    CellMatcher matcher(wanted, {output.name, output.type, output.size}, d->dateOrder());
+    CellMatcher matcher(wanted, {output.name, output.type, output.size});
 
     const qint64 count = d->rows.count(), step = direction == SearchDirection::Forward ? 1 : -1;
     skip = qBound(-count - 1, skip, count + 1);

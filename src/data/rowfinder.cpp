@@ -128,7 +128,7 @@ qsizetype characterSize(const char* at, const char* end) {
 }
 
 // The value as a number that cells of the column compare with.
-double numberFor(const QVariant& value, const ColumnInfo& column, DateOrder order) {
+double numberFor(const QVariant& value, const ColumnInfo& column) {
     const auto misfit = [&column] {
         return Error(ErrorCategory::Type,
                      QStringLiteral("Η τιμή της αναζήτησης δεν ταιριάζει με το πεδίο «%1».").arg(column.name));
@@ -136,7 +136,7 @@ double numberFor(const QVariant& value, const ColumnInfo& column, DateOrder orde
     if (value.typeId() == QMetaType::QDateTime) return double(dateToSeconds(value.toDateTime()));
     if (value.typeId() == QMetaType::QString) {
         if (column.type == ColumnType::DateTime) {
-            if (const auto date = parseDate(value.toString(), order)) return double(dateToSeconds(*date));
+            if (const auto date = parseDate(value.toString())) return double(dateToSeconds(*date));
         } else if (const auto number = parseNumber(value.toString())) {
             return *number;
         }
@@ -179,7 +179,7 @@ bool matchesPattern(const char* text, qsizetype size, const QByteArray& pattern)
     return p == patternEnd;
 }
 
-CellMatcher::CellMatcher(const FindCriterion& criterion, const ColumnInfo& column, DateOrder order)
+CellMatcher::CellMatcher(const FindCriterion& criterion, const ColumnInfo& column)
     : op_(criterion.op), type_(column.type) {
     null_ = !criterion.value.isValid();
     if (null_) return;
@@ -187,7 +187,7 @@ CellMatcher::CellMatcher(const FindCriterion& criterion, const ColumnInfo& colum
         folded_ = foldedUtf8(valueText(criterion.value));
         return;
     }
-    number_ = numberFor(criterion.value, column, order);
+    number_ = numberFor(criterion.value, column);
     isWhole_ = std::fabs(number_) < 9e15 && number_ == std::floor(number_);
     if (isWhole_) whole_ = qint64(number_);
 }

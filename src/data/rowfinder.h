@@ -21,10 +21,11 @@ struct FindCriterion {
 // Throws Error(Syntax) with the place where the text goes wrong.
 FindCriterion parseCriterion(const QString& text, DateOrder order);
 
-// Tests cells of one column. Texts compare by their fold, Null only meets Null.
+// Tests cells of one column. Texts compare by their fold, Null only meets Null; a text compared with a date reads day
+// first.
 class CellMatcher {
 public:
-    CellMatcher(const FindCriterion& criterion, const ColumnInfo& column, DateOrder order);
+    CellMatcher(const FindCriterion& criterion, const ColumnInfo& column);
     bool matches(const Cell& cell);
 
 private:

@@ -26,10 +26,6 @@ char* Arena::allocate(qsizetype size) {
     return given;
 }
 
-void Arena::clear() {
-    *this = Arena();
-}
-
 void RowStore::beginRow() {
     if (leftInBlock_ == 0) {
         // The first block is small: most recordsets hold one row.
@@ -89,10 +85,6 @@ void RowStore::set(qint64 row, int column, const QVariant& value) {
         default:
             integer(value.toLongLong());
     }
-}
-
-void RowStore::clear(int columns) {
-    *this = RowStore(columns);
 }
 
 namespace {

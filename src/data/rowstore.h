@@ -25,7 +25,6 @@ struct Cell {
 class Arena {
 public:
     char* allocate(qsizetype size);
-    void clear();
 
 private:
     static constexpr qsizetype firstChunk = 1 << 14, largestChunk = 1 << 20;
@@ -35,7 +34,7 @@ private:
     qsizetype next_ = firstChunk;
 };
 
-// Takes the rows of a query as they come. Rows keep their addresses until clear().
+// Takes the rows of a query as they come. Rows keep their addresses.
 class RowStore : public RowSink {
 public:
     explicit RowStore(int columns = 0) : columns_(columns) {}
@@ -55,7 +54,6 @@ public:
     void remove(qint64 index) { rows_.erase(rows_.begin() + index); }
     // Replaces a cell by a value in the form of types.h.
     void set(qint64 row, int column, const QVariant& value);
-    void clear(int columns);
 
 private:
     void put(CellKind kind, const char* bytes, qsizetype size);

@@ -365,6 +365,14 @@ private slots:
         QVERIFY(!error->text().contains("select"));
     }
 
+    // A value that only shows while the statement runs that it doesn't fit.
+    void functionErrors() {
+        connection_->execute("insert into Saves (notes) values ('δέκα')");
+        const auto error = road::errorOf([&] { connection_->execute("update Saves set a=notes"); });
+        QVERIFY(error);
+        QVERIFY2(error->category() == ErrorCategory::Type && error->text().contains("«a»"), error->what());
+    }
+
     void schemaTables() {
         Recordset tables = connection_->openSchemaTables();
         QCOMPARE(tables.recordCount(), 2);

@@ -97,7 +97,7 @@ private slots:
         VERIFY_ERROR(Busy, mine.update());
         QVERIFY2(timer.elapsed() >= 25 && timer.elapsed() < 3000, qPrintable(QString::number(timer.elapsed())));
         VERIFY_ERROR(Busy, one_.execute("delete from Cards"));
-        VERIFY_ERROR(Busy, Transaction(one_));
+        VERIFY_ERROR(Busy, Transaction mine_(one_));
         QCOMPARE(Recordset(one_, "select * from Cards").recordCount(), 2);  // reading goes on
         theirs.commit();
         mine.update();
@@ -120,7 +120,7 @@ private slots:
             QByteArray output;
             while (output.count('\n') <= lines && writer.waitForReadyRead(20000))
                 output += writer.readAllStandardOutput();
-            QVERIFY2(output.count('\n') > lines, writer.readAllStandardError());
+            QVERIFY2(output.count('\n') > lines, writer.readAllStandardError().constData());
             QElapsedTimer spin;
             for (spin.start(); spin.nsecsElapsed() < qint64(random.bounded(1'500'000));) {
             }
