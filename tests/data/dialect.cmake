@@ -1,5 +1,5 @@
 # The translation of the dialect.
-foreach(name corpus)
+foreach(name corpus semantics functions errors robustness)
     dorv_test(test_dialect_${name} SOURCES test_dialect_${name}.cpp dialectdatabase.cpp dialectdatabase.h
         LIBS dorv_data SQLite::SQLite3)
 endforeach()

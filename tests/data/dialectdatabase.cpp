@@ -176,3 +176,18 @@ QString DialectDatabase::plan(const QString& sql) {
     sqlite3_finalize(statement);
     return steps.join(QStringLiteral("; "));
 }
+
+QVector<ColumnInfo> DialectDatabase::declaredColumns(const QString& table) {
+    const QByteArray sql = "SELECT name, type, pk FROM pragma_table_info('" + table.toUtf8() + "') ORDER BY cid";
+    sqlite3_stmt* statement = nullptr;
+    if (sqlite3_prepare_v2(database_, sql.constData(), -1, &statement, nullptr) != SQLITE_OK) fail(sql);
+    QVector<ColumnInfo> columns;
+    while (sqlite3_step(statement) == SQLITE_ROW) {
+        const auto text = [&](int i) {
+            return QString::fromUtf8(reinterpret_cast<const char*>(sqlite3_column_text(statement, i)));
+        };
+        columns << columnFromDeclaration(text(0), text(1), sqlite3_column_int(statement, 2) > 0);
+    }
+    sqlite3_finalize(statement);
+    return columns;
+}

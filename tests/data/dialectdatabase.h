@@ -26,6 +26,8 @@ public:
     void prepare(const data::Translation& translation);
     // EXPLAIN QUERY PLAN of a statement, in one line.
     QString plan(const QString& sql);
+    // The columns of a table as its declaration says.
+    QVector<data::ColumnInfo> declaredColumns(const QString& table);
     void engine(const QByteArray& sql);
 
     data::Translator& translator() { return *translator_; }

@@ -210,6 +210,7 @@ void Binder::bindOrder(Query& query, Scope& scope) {
         const auto at = std::find_if(outputs.begin(), outputs.end(),
                                      [&](const Output& output) { return output.expr.get() == term.key->output; });
         term.key->kind = ExprKind::Column;
+        term.key->output = nullptr;
         term.key->source = &query.unionSource;
         term.key->column = int(at - outputs.begin());
         term.key->type = query.unionColumns[size_t(term.key->column)].type;

@@ -103,7 +103,13 @@ Renderer::Piece Renderer::inQuery(const Expr& expr) {
     const QByteArray left = comparable(value, kind, column);
     const Replacements before = replacements_;
     replacements_ = {};
-    QByteArray inner = query(rows, true);
+    // Only what has to be converted needs another query around it.
+    if (kind != ValueKind::Text && kind == column.type.kind) {
+        const QByteArray values = query(rows, false);
+        replacements_ = before;
+        return {left + " IN (" + values + ')', Comparison};
+    }
+    const QByteArray inner = query(rows, true);
     const QByteArray right = kind == ValueKind::Text ? folded(column) : as(column, kind, Loose);
     replacements_ = before;
     return {left + " IN (SELECT " + right + " FROM (" + inner + ") AS \"%s\")", Comparison};

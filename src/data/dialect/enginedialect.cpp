@@ -7,22 +7,33 @@ namespace data {
 ValueKind kindOf(ColumnType type) {
     switch (type) {
         case ColumnType::Text:
-        case ColumnType::Memo: return ValueKind::Text;
-        case ColumnType::YesNo: return ValueKind::YesNo;
-        case ColumnType::DateTime: return ValueKind::Date;
-        case ColumnType::LongBinary: return ValueKind::Binary;
-        default: return ValueKind::Number;
+        case ColumnType::Memo:
+            return ValueKind::Text;
+        case ColumnType::YesNo:
+            return ValueKind::YesNo;
+        case ColumnType::DateTime:
+            return ValueKind::Date;
+        case ColumnType::LongBinary:
+            return ValueKind::Binary;
+        default:
+            return ValueKind::Number;
     }
 }
 
 char kindTag(ValueKind kind) {
     switch (kind) {
-        case ValueKind::Number: return 'n';
-        case ValueKind::Text: return 't';
-        case ValueKind::YesNo: return 'y';
-        case ValueKind::Date: return 'd';
-        case ValueKind::Binary: return 'b';
-        default: return 'v';
+        case ValueKind::Number:
+            return 'n';
+        case ValueKind::Text:
+            return 't';
+        case ValueKind::YesNo:
+            return 'y';
+        case ValueKind::Date:
+            return 'd';
+        case ValueKind::Binary:
+            return 'b';
+        default:
+            return 'v';
     }
 }
 
@@ -55,12 +66,18 @@ static QByteArray realLiteral(double value) {
 
 QByteArray EngineDialect::literal(const QVariant& value) const {
     switch (value.typeId()) {
-        case QMetaType::UnknownType: return "NULL";
-        case QMetaType::Bool: return yesNoLiteral(value.toBool());
-        case QMetaType::Double: return realLiteral(value.toDouble());
-        case QMetaType::QDateTime: return dateLiteral(value.toDateTime());
-        case QMetaType::QString: return textLiteral(value.toString());
-        default: return QByteArray::number(value.toLongLong());
+        case QMetaType::UnknownType:
+            return "NULL";
+        case QMetaType::Bool:
+            return yesNoLiteral(value.toBool());
+        case QMetaType::Double:
+            return realLiteral(value.toDouble());
+        case QMetaType::QDateTime:
+            return dateLiteral(value.toDateTime());
+        case QMetaType::QString:
+            return textLiteral(value.toString());
+        default:
+            return QByteArray::number(value.toLongLong());
     }
 }
 

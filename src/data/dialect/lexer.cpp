@@ -15,27 +15,48 @@ struct KeywordName {
 
 // In alphabetical order, for the binary search.
 constexpr std::array keywordNames = {
-    KeywordName{"ALIKE", Keyword::Like},     KeywordName{"ALL", Keyword::All},
-    KeywordName{"AND", Keyword::And},        KeywordName{"AS", Keyword::As},
-    KeywordName{"ASC", Keyword::Asc},        KeywordName{"BETWEEN", Keyword::Between},
-    KeywordName{"BY", Keyword::By},          KeywordName{"DELETE", Keyword::Delete},
-    KeywordName{"DESC", Keyword::Desc},      KeywordName{"DISTINCT", Keyword::Distinct},
-    KeywordName{"DISTINCTROW", Keyword::Distinct}, KeywordName{"EXISTS", Keyword::Exists},
-    KeywordName{"FALSE", Keyword::False},    KeywordName{"FROM", Keyword::From},
-    KeywordName{"GROUP", Keyword::Group},    KeywordName{"HAVING", Keyword::Having},
-    KeywordName{"IN", Keyword::In},          KeywordName{"INNER", Keyword::Inner},
-    KeywordName{"INSERT", Keyword::Insert},  KeywordName{"INTO", Keyword::Into},
-    KeywordName{"IS", Keyword::Is},          KeywordName{"JOIN", Keyword::Join},
-    KeywordName{"LEFT", Keyword::Left},      KeywordName{"LIKE", Keyword::Like},
-    KeywordName{"MOD", Keyword::Mod},        KeywordName{"NOT", Keyword::Not},
-    KeywordName{"NULL", Keyword::Null},      KeywordName{"ON", Keyword::On},
-    KeywordName{"OR", Keyword::Or},          KeywordName{"ORDER", Keyword::Order},
-    KeywordName{"OUTER", Keyword::Outer},    KeywordName{"PERCENT", Keyword::Percent},
-    KeywordName{"RIGHT", Keyword::Right},    KeywordName{"SELECT", Keyword::Select},
-    KeywordName{"SET", Keyword::Set},        KeywordName{"TOP", Keyword::Top},
-    KeywordName{"TRUE", Keyword::True},      KeywordName{"UNION", Keyword::Union},
-    KeywordName{"UPDATE", Keyword::Update},  KeywordName{"VALUES", Keyword::Values},
-    KeywordName{"WHERE", Keyword::Where},    KeywordName{"XOR", Keyword::Xor},
+    KeywordName{"ALIKE", Keyword::Like},
+    KeywordName{"ALL", Keyword::All},
+    KeywordName{"AND", Keyword::And},
+    KeywordName{"AS", Keyword::As},
+    KeywordName{"ASC", Keyword::Asc},
+    KeywordName{"BETWEEN", Keyword::Between},
+    KeywordName{"BY", Keyword::By},
+    KeywordName{"DELETE", Keyword::Delete},
+    KeywordName{"DESC", Keyword::Desc},
+    KeywordName{"DISTINCT", Keyword::Distinct},
+    KeywordName{"DISTINCTROW", Keyword::Distinct},
+    KeywordName{"EXISTS", Keyword::Exists},
+    KeywordName{"FALSE", Keyword::False},
+    KeywordName{"FROM", Keyword::From},
+    KeywordName{"GROUP", Keyword::Group},
+    KeywordName{"HAVING", Keyword::Having},
+    KeywordName{"IN", Keyword::In},
+    KeywordName{"INNER", Keyword::Inner},
+    KeywordName{"INSERT", Keyword::Insert},
+    KeywordName{"INTO", Keyword::Into},
+    KeywordName{"IS", Keyword::Is},
+    KeywordName{"JOIN", Keyword::Join},
+    KeywordName{"LEFT", Keyword::Left},
+    KeywordName{"LIKE", Keyword::Like},
+    KeywordName{"MOD", Keyword::Mod},
+    KeywordName{"NOT", Keyword::Not},
+    KeywordName{"NULL", Keyword::Null},
+    KeywordName{"ON", Keyword::On},
+    KeywordName{"OR", Keyword::Or},
+    KeywordName{"ORDER", Keyword::Order},
+    KeywordName{"OUTER", Keyword::Outer},
+    KeywordName{"PERCENT", Keyword::Percent},
+    KeywordName{"RIGHT", Keyword::Right},
+    KeywordName{"SELECT", Keyword::Select},
+    KeywordName{"SET", Keyword::Set},
+    KeywordName{"TOP", Keyword::Top},
+    KeywordName{"TRUE", Keyword::True},
+    KeywordName{"UNION", Keyword::Union},
+    KeywordName{"UPDATE", Keyword::Update},
+    KeywordName{"VALUES", Keyword::Values},
+    KeywordName{"WHERE", Keyword::Where},
+    KeywordName{"XOR", Keyword::Xor},
 };
 
 Keyword keywordOf(QStringView word) {
@@ -93,19 +114,23 @@ private:
         if (startsWord(c)) return word();
         if (isDigit(c) || (c == u'.' && isDigit(peek(1)) && !afterName())) return number();
         switch (c.unicode()) {
-            case u'[': return enclosed(TokenKind::Bracketed, u']', u"]");
-            case u'`': return enclosed(TokenKind::Bracketed, u'`', u"`");
-            case u'\'': return text(c);
-            case u'"': return text(c);
-            case u'#': return enclosed(TokenKind::Date, u'#', u"#");
-            default: return sign(c);
+            case u'[':
+                return enclosed(TokenKind::Bracketed, u']', u"]");
+            case u'`':
+                return enclosed(TokenKind::Bracketed, u'`', u"`");
+            case u'\'':
+                return text(c);
+            case u'"':
+                return text(c);
+            case u'#':
+                return enclosed(TokenKind::Date, u'#', u"#");
+            default:
+                return sign(c);
         }
     }
 
     // "t.1" is no number.
-    bool afterName() const {
-        return !tokens_.empty() && tokens_.back().isName() && tokens_.back().end() == at_;
-    }
+    bool afterName() const { return !tokens_.empty() && tokens_.back().isName() && tokens_.back().end() == at_; }
 
     Token& push(TokenKind kind, qsizetype length) {
         Token token;
@@ -164,7 +189,8 @@ private:
             end = text_.indexOf(quote, end);
             if (end < 0)
                 places_.fail(at_, QStringLiteral("περίμενα %1 που να κλείνει το κείμενο %2, βρήκα το τέλος της εντολής")
-                                      .arg(quote).arg(shown(text_.mid(at_, 20))));
+                                      .arg(quote)
+                                      .arg(shown(text_.mid(at_, 20))));
             if (end + 1 >= text_.size() || text_[end + 1] != quote) break;
             end += 2;
         }
@@ -182,19 +208,31 @@ private:
     void sign(QChar c) {
         const QChar following = peek(1);
         switch (c.unicode()) {
-            case u',': return one(Sign::Comma);
+            case u',':
+                return one(Sign::Comma);
             case u'.':
-            case u'!': return one(Sign::Dot);
-            case u'(': return one(Sign::Open);
-            case u')': return one(Sign::Close);
-            case u'*': return one(Sign::Star);
-            case u'+': return one(Sign::Plus);
-            case u'-': return one(Sign::Minus);
-            case u'/': return one(Sign::Slash);
-            case u'\\': return one(Sign::Backslash);
-            case u'^': return one(Sign::Caret);
-            case u'&': return one(Sign::Ampersand);
-            case u';': return one(Sign::Semicolon);
+            case u'!':
+                return one(Sign::Dot);
+            case u'(':
+                return one(Sign::Open);
+            case u')':
+                return one(Sign::Close);
+            case u'*':
+                return one(Sign::Star);
+            case u'+':
+                return one(Sign::Plus);
+            case u'-':
+                return one(Sign::Minus);
+            case u'/':
+                return one(Sign::Slash);
+            case u'\\':
+                return one(Sign::Backslash);
+            case u'^':
+                return one(Sign::Caret);
+            case u'&':
+                return one(Sign::Ampersand);
+            case u';':
+                return one(Sign::Semicolon);
             case u'=':
                 if (following == u'<') return two(Sign::LessEqual);
                 if (following == u'>') return two(Sign::GreaterEqual);
@@ -207,7 +245,8 @@ private:
                 if (following == u'=') return two(Sign::GreaterEqual);
                 if (following == u'<') return two(Sign::NotEqual);
                 return one(Sign::Greater);
-            default: unexpected(c);
+            default:
+                unexpected(c);
         }
     }
 

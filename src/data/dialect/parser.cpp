@@ -36,8 +36,9 @@ void Parser::statementEnd() {
     }
     if (peek().kind == TokenKind::End) return;
     if (options_.selectOnly && (closed || at(Keyword::Into)))
-        places_.fail(peek().position, QStringLiteral("εδώ επιτρέπεται μόνο μία εντολή SELECT, βρήκα και %1")
-                                          .arg(shown(peek().source)), ErrorCategory::ReadOnly);
+        places_.fail(peek().position,
+                     QStringLiteral("εδώ επιτρέπεται μόνο μία εντολή SELECT, βρήκα και %1").arg(shown(peek().source)),
+                     ErrorCategory::ReadOnly);
     expected(QStringLiteral("το τέλος της εντολής"));
 }
 
@@ -93,8 +94,11 @@ void Parser::top(Select& select) {
     const Token& count = take();
     bool ok = false;
     const qint64 rows = count.source.toLongLong(&ok);
-    if (!ok || rows > 0x7fffffff) places_.fail(count.position, QStringLiteral("περίμενα ακέραιο πλήθος μετά το TOP, βρήκα %1").arg(shown(count.source)));
-    if (at(Keyword::Percent)) places_.fail(peek().position, QStringLiteral("το TOP δέχεται πλήθος γραμμών, όχι PERCENT"));
+    if (!ok || rows > 0x7fffffff)
+        places_.fail(count.position,
+                     QStringLiteral("περίμενα ακέραιο πλήθος μετά το TOP, βρήκα %1").arg(shown(count.source)));
+    if (at(Keyword::Percent))
+        places_.fail(peek().position, QStringLiteral("το TOP δέχεται πλήθος γραμμών, όχι PERCENT"));
     select.top = rows;
 }
 
@@ -124,7 +128,8 @@ SelectItem Parser::selectItem() {
 // [AS] name; empty when there is none.
 QString Parser::aliasName() {
     if (accept(Keyword::As)) {
-        if (!peek().isName() && peek().kind != TokenKind::Text) expected(QStringLiteral("όνομα μετά το AS"));
+        if (atReservedWord() || (!peek().isName() && peek().kind != TokenKind::Text))
+            expected(QStringLiteral("όνομα μετά το AS"));
         return textOf(take());
     }
     if (peek().kind == TokenKind::Bracketed || (peek().kind == TokenKind::Word && at(Keyword::None)))
@@ -242,7 +247,8 @@ Statement Parser::insert() {
         statement.assignments.resize(values.size());
     } else if (values.size() != statement.assignments.size()) {
         places_.fail(opened, QStringLiteral("οι στήλες είναι %1 και οι τιμές %2· περίμενα μία τιμή για κάθε στήλη")
-                                 .arg(statement.assignments.size()).arg(values.size()));
+                                 .arg(statement.assignments.size())
+                                 .arg(values.size()));
     }
     for (size_t i = 0; i < values.size(); ++i) statement.assignments[i].value = std::move(values[i]);
     return statement;
@@ -327,28 +333,48 @@ void Parser::expect(Keyword keyword, const char* what) {
 bool Parser::atReservedWord() const {
     switch (peek().keyword) {
         case Keyword::Group:
-        case Keyword::Order: return at(Keyword::By, 1);
-        case Keyword::And: case Keyword::As: case Keyword::Between: case Keyword::Delete: case Keyword::From:
-        case Keyword::Having: case Keyword::In: case Keyword::Inner: case Keyword::Insert: case Keyword::Into:
-        case Keyword::Is: case Keyword::Join: case Keyword::Like: case Keyword::Not: case Keyword::Or:
-        case Keyword::Select: case Keyword::Set: case Keyword::Union: case Keyword::Update: case Keyword::Values:
-        case Keyword::Where: case Keyword::Xor: return true;
-        default: return false;
+        case Keyword::Order:
+            return at(Keyword::By, 1);
+        case Keyword::And:
+        case Keyword::As:
+        case Keyword::Between:
+        case Keyword::Delete:
+        case Keyword::From:
+        case Keyword::Having:
+        case Keyword::In:
+        case Keyword::Inner:
+        case Keyword::Insert:
+        case Keyword::Into:
+        case Keyword::Is:
+        case Keyword::Join:
+        case Keyword::Like:
+        case Keyword::Not:
+        case Keyword::Or:
+        case Keyword::Select:
+        case Keyword::Set:
+        case Keyword::Union:
+        case Keyword::Update:
+        case Keyword::Values:
+        case Keyword::Where:
+        case Keyword::Xor:
+            return true;
+        default:
+            return false;
     }
 }
 
 void Parser::expected(const QString& what) const {
     const Token& token = peek();
-    const QString found =
-        token.kind == TokenKind::End ? QStringLiteral("το τέλος της εντολής") : shown(token.source);
+    const QString found = token.kind == TokenKind::End ? QStringLiteral("το τέλος της εντολής") : shown(token.source);
     places_.fail(token.position, QStringLiteral("περίμενα %1, βρήκα %2").arg(what, found));
 }
 
 Parser::Level::Level(Parser& parser) : parser_(parser) {
     if (++parser.depth_ > deepestNesting) {
         --parser.depth_;  // the destructor doesn't run for a constructor that throws
-        parser.places_.fail(parser.peek().position,
-                            QStringLiteral("περίμενα το πολύ %1 επίπεδα μέσα στο άλλο, βρήκα και άλλο").arg(deepestNesting));
+        parser.places_.fail(
+            parser.peek().position,
+            QStringLiteral("περίμενα το πολύ %1 επίπεδα μέσα στο άλλο, βρήκα και άλλο").arg(deepestNesting));
     }
 }
 

@@ -18,7 +18,9 @@ ExprPtr Parser::node(ExprKind kind, qsizetype position, Arguments... arguments) 
 void Parser::grow(Expr& parent, ExprPtr argument) {
     parent.height = std::max(parent.height, argument->height + 1);
     if (parent.height > deepestNesting)
-        places_.fail(parent.position, QStringLiteral("η έκφραση είναι πολύ μεγάλη· περίμενα το πολύ %1 πράξεις τη μία πάνω στην άλλη").arg(deepestNesting));
+        places_.fail(parent.position,
+                     QStringLiteral("η έκφραση είναι πολύ μεγάλη· περίμενα το πολύ %1 πράξεις τη μία πάνω στην άλλη")
+                         .arg(deepestNesting));
     parent.arguments.push_back(std::move(argument));
 }
 
@@ -67,13 +69,20 @@ ExprPtr Parser::negation() {
 
 static Operator comparisonOf(Sign sign) {
     switch (sign) {
-        case Sign::Equal: return Operator::Equal;
-        case Sign::NotEqual: return Operator::NotEqual;
-        case Sign::Less: return Operator::Less;
-        case Sign::LessEqual: return Operator::LessEqual;
-        case Sign::Greater: return Operator::Greater;
-        case Sign::GreaterEqual: return Operator::GreaterEqual;
-        default: return Operator::None;
+        case Sign::Equal:
+            return Operator::Equal;
+        case Sign::NotEqual:
+            return Operator::NotEqual;
+        case Sign::Less:
+            return Operator::Less;
+        case Sign::LessEqual:
+            return Operator::LessEqual;
+        case Sign::Greater:
+            return Operator::Greater;
+        case Sign::GreaterEqual:
+            return Operator::GreaterEqual;
+        default:
+            return Operator::None;
     }
 }
 
@@ -95,10 +104,14 @@ ExprPtr Parser::afterOperand(ExprPtr left, bool& found) {
     if (at(Keyword::Is)) return isNull(std::move(left));
     const bool negated = at(Keyword::Not);
     switch (peek(negated ? 1 : 0).keyword) {
-        case Keyword::Like: return like(std::move(left), negated);
-        case Keyword::Between: return between(std::move(left), negated);
-        case Keyword::In: return in(std::move(left), negated);
-        default: break;
+        case Keyword::Like:
+            return like(std::move(left), negated);
+        case Keyword::Between:
+            return between(std::move(left), negated);
+        case Keyword::In:
+            return in(std::move(left), negated);
+        default:
+            break;
     }
     if (negated) {
         take();
@@ -164,12 +177,18 @@ ExprPtr Parser::concatenation() {
 // Levels: 0 is + and -, 1 is MOD, 2 is \, 3 is * and /.
 static Operator arithmeticAt(const Token& token, int level) {
     switch (token.sign) {
-        case Sign::Plus: return level == 0 ? Operator::Add : Operator::None;
-        case Sign::Minus: return level == 0 ? Operator::Subtract : Operator::None;
-        case Sign::Backslash: return level == 2 ? Operator::WholeDivide : Operator::None;
-        case Sign::Star: return level == 3 ? Operator::Multiply : Operator::None;
-        case Sign::Slash: return level == 3 ? Operator::Divide : Operator::None;
-        default: return level == 1 && token.keyword == Keyword::Mod ? Operator::Modulo : Operator::None;
+        case Sign::Plus:
+            return level == 0 ? Operator::Add : Operator::None;
+        case Sign::Minus:
+            return level == 0 ? Operator::Subtract : Operator::None;
+        case Sign::Backslash:
+            return level == 2 ? Operator::WholeDivide : Operator::None;
+        case Sign::Star:
+            return level == 3 ? Operator::Multiply : Operator::None;
+        case Sign::Slash:
+            return level == 3 ? Operator::Divide : Operator::None;
+        default:
+            return level == 1 && token.keyword == Keyword::Mod ? Operator::Modulo : Operator::None;
     }
 }
 
@@ -218,18 +237,22 @@ ExprPtr Parser::power() {
 
 ExprPtr Parser::primary() {
     switch (peek().kind) {
-        case TokenKind::Number: return number();
+        case TokenKind::Number:
+            return number();
         case TokenKind::Text: {
             const Token& token = take();
             return literal(token, textOf(token));
         }
-        case TokenKind::Date: return date(take());
+        case TokenKind::Date:
+            return date(take());
         case TokenKind::Word:
-        case TokenKind::Bracketed: return name();
+        case TokenKind::Bracketed:
+            return name();
         case TokenKind::Sign:
             if (at(Sign::Open)) return bracketed();
             break;
-        case TokenKind::End: break;
+        case TokenKind::End:
+            break;
     }
     expected(QStringLiteral("τιμή, στήλη ή συνάρτηση"));
 }
@@ -275,7 +298,8 @@ ExprPtr Parser::number() {
     }
     const double real = text.toDouble(&ok);
     if (!ok || !std::isfinite(real))
-        places_.fail(token.position, QStringLiteral("ο αριθμός %1 είναι πολύ μεγάλος").arg(shown(token.source)), ErrorCategory::Type);
+        places_.fail(token.position, QStringLiteral("ο αριθμός %1 είναι πολύ μεγάλος").arg(shown(token.source)),
+                     ErrorCategory::Type);
     return literal(token, real);
 }
 
@@ -288,7 +312,8 @@ ExprPtr Parser::literal(const Token& token, QVariant value) {
 ExprPtr Parser::date(const Token& token) {
     const std::optional<QDateTime> value = parseDate(token.content.trimmed(), options_.dateOrder);
     if (!value)
-        places_.fail(token.position, QStringLiteral("περίμενα ημερομηνία ή ώρα ανάμεσα στα #, βρήκα %1").arg(shown(token.source)));
+        places_.fail(token.position,
+                     QStringLiteral("περίμενα ημερομηνία ή ώρα ανάμεσα στα #, βρήκα %1").arg(shown(token.source)));
     return literal(token, *value);
 }
 

@@ -191,8 +191,15 @@ QByteArray Renderer::folded(const Expr& expr) {
     return dialect_.fold(as(expr, ValueKind::Text, Loose));
 }
 
+// A bare whole number would be the position of a column.
+static bool looksLikePosition(const QByteArray& sql) {
+    return std::all_of(sql.begin(), sql.end(), [](char c) { return (c >= '0' && c <= '9') || strchr("()- ", c); });
+}
+
 QByteArray Renderer::key(const Expr& expr) {
-    return expr.type.kind == ValueKind::Text ? folded(expr) : sql(expr, Sum);
+    if (expr.type.kind == ValueKind::Text) return folded(expr);
+    const QByteArray plain = sql(expr, Sum);
+    return looksLikePosition(plain) ? plain + " + 0" : plain;
 }
 
 QVariant Renderer::convertLiteral(const Expr& literal, ValueKind kind, const Expr* partner) const {

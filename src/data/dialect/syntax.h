@@ -19,30 +19,42 @@ struct ValueType {
 };
 
 enum class ExprKind {
-    Literal,     // value
-    Name,        // qualifier, name; the binder makes it a Column, a Parameter or an Output
-    Column,      // source, column
-    Parameter,   // number
-    Output,      // output: ORDER BY's reference to a column of the result
+    Literal,    // value
+    Name,       // qualifier, name; the binder makes it a Column, a Parameter or an Output
+    Column,     // source, column
+    Parameter,  // number
+    Output,     // output: ORDER BY's reference to a column of the result
     Negate,
-    Arithmetic,  // operation, two arguments
-    Concatenate, // any number of arguments
+    Arithmetic,   // operation, two arguments
+    Concatenate,  // any number of arguments
     Not,
-    And,         // any number of arguments
-    Or,          // likewise
+    And,  // any number of arguments
+    Or,   // likewise
     Xor,
-    Compare,     // operation
+    Compare,  // operation
     Like,
     Between,
-    In,          // first argument in the others, or in the query
+    In,  // first argument in the others, or in the query
     IsNull,
-    Exists,      // query
-    Scalar,      // query
-    Call,        // name, then function
+    Exists,  // query
+    Scalar,  // query
+    Call,    // name, then function
 };
 
 enum class Operator {
-    None, Add, Subtract, Multiply, Divide, WholeDivide, Modulo, Power, Equal, NotEqual, Less, LessEqual, Greater,
+    None,
+    Add,
+    Subtract,
+    Multiply,
+    Divide,
+    WholeDivide,
+    Modulo,
+    Power,
+    Equal,
+    NotEqual,
+    Less,
+    LessEqual,
+    Greater,
     GreaterEqual,
 };
 
@@ -166,9 +178,9 @@ struct Assignment {
 
 struct Statement {
     StatementKind kind = StatementKind::Select;
-    std::unique_ptr<Query> query;  // Select, and Insert from one
-    TableRef table;                // Insert, Update, Delete
-    bool namesColumns = false;     // Insert with a list of columns
+    std::unique_ptr<Query> query;         // Select, and Insert from one
+    TableRef table;                       // Insert, Update, Delete
+    bool namesColumns = false;            // Insert with a list of columns
     std::vector<Assignment> assignments;  // Insert, Update; without values when an Insert has a query
     ExprPtr where;
 };

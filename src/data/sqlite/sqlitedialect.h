@@ -5,8 +5,8 @@
 namespace data {
 
 // Declared types carry the dialect's type through SQLite without a wrong affinity:
-// AUTONUMBER is "INTEGER PRIMARY KEY AUTOINCREMENT", the others "INTEGER" (Long), "SMALLINT", "FLOAT" (Single), "DOUBLE",
-// "TEXT(n)", "LONGTEXT" (Memo), "YESNO", "DATETIME", "LONGBLOB".
+// AUTONUMBER is "INTEGER PRIMARY KEY AUTOINCREMENT", the others "INTEGER" (Long), "SMALLINT", "FLOAT" (Single),
+// "DOUBLE", "TEXT(n)", "LONGTEXT" (Memo), "YESNO", "DATETIME", "LONGBLOB".
 const EngineDialect& sqliteDialect();
 
 // A column from its declaration as PRAGMA table_info gives it.

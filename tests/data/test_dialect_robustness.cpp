@@ -1,0 +1,218 @@
+// Nonsense: whatever comes in, the answer is an error or a statement that the engine takes.
+#include <QtTest/QtTest>
+#include <random>
+
+#include "data/error.h"
+#include "dialectdatabase.h"
+
+using namespace data;
+
+class TestDialectRobustness : public QObject {
+    Q_OBJECT
+private slots:
+    void initTestCase();
+    void tokenSoup();
+    void mutatedStatements();
+    void grownExpressions();
+    void brokenCharacters();
+
+private:
+    void check(const QString& sql);
+    QString operand(int depth);
+    size_t below(size_t limit) { return std::uniform_int_distribution<size_t>(0, limit - 1)(random_); }
+    template <class List>
+    auto pick(const List& list) {
+        return list[decltype(list.size())(below(size_t(list.size())))];
+    }
+
+    DialectDatabase database_;
+    QStringList corpus_;
+    QStringList words_;
+    std::mt19937 random_{20261105};
+    int accepted_ = 0;
+    QString failure_;
+};
+
+// Exceptions but Error, and statements that SQLite refuses, are faults.
+void TestDialectRobustness::check(const QString& sql) {
+    if (!failure_.isEmpty()) return;
+    DialectOptions options;
+    options.decimalComma = below(2) == 0;
+    options.parameters = {QStringLiteral("p1"), QStringLiteral("p2")};
+    try {
+        const auto translation = database_.translator().translate(sql, options);
+        ++accepted_;
+        database_.prepare(*translation);
+    } catch (const Error& error) {
+        if (error.text().isEmpty()) failure_ = QStringLiteral("no text: ") + sql;
+    } catch (const std::exception& error) {
+        failure_ = QString::fromUtf8(error.what()) + QStringLiteral("\n  from ") + sql;
+    }
+}
+
+void TestDialectRobustness::initTestCase() {
+    QFile file(QFINDTESTDATA("corpus/statements.txt"));
+    QVERIFY(file.open(QIODevice::ReadOnly));
+    for (const QString& line : QString::fromUtf8(file.readAll()).split(u'\n'))
+        if (!line.isEmpty() && !line.startsWith(u'#') && !line.startsWith(u'@')) corpus_ << line;
+    QVERIFY(corpus_.size() > 100);
+    words_ = QStringLiteral(
+                 "select from where order by group having union all distinct top 1 inner left right join on as "
+                 "and or not xor like between in is null exists insert into values update set delete true "
+                 "false mod asc desc cards History Dates Options code aa επωνυμο total FieldYes1 Day [end] "
+                 "Photo σχολια p1 p2 x t c0 ( ) ( ) , , . * + - / \\ ^ & = <> < <= > >= ; 5 0 -1 2.5 1e3 "
+                 "'α' '%α%' 'α%' '5,5' '' \"β\" #2026/11/05# #5/11/2026# #09:00# iif( nz( left( dateadd( "
+                 "count( sum( min( max( first( format( day( round( instr( replace( cdate( cstr( isnull( 'd'")
+                 .split(u' ');
+}
+
+void TestDialectRobustness::tokenSoup() {
+    for (int round = 0; round < 20'000; ++round) {
+        QStringList soup;
+        if (below(4) != 0)
+            soup << pick(QStringList{
+                QStringLiteral("select"), QStringLiteral("update cards set"), QStringLiteral("delete from cards where"),
+                QStringLiteral("select code from cards where"), QStringLiteral("select * from cards order by")});
+        const size_t length = 1 + below(14);
+        for (size_t i = 0; i < length; ++i) soup << pick(words_);
+        check(soup.join(u' '));
+    }
+    QVERIFY2(failure_.isEmpty(), qPrintable(failure_));
+    QVERIFY(accepted_ > 100);
+}
+
+void TestDialectRobustness::mutatedStatements() {
+    accepted_ = 0;
+    static const QRegularExpression pieces(QStringLiteral("\\[[^\\]]*\\]|'[^']*'|#[^#]*#|\\w+|\\s+|."));
+    for (int round = 0; round < 20'000; ++round) {
+        QStringList tokens;
+        auto matches = pieces.globalMatch(pick(corpus_));
+        while (matches.hasNext()) tokens << matches.next().captured();
+        const size_t changes = 1 + below(3);
+        for (size_t i = 0; i < changes && !tokens.isEmpty(); ++i) {
+            const qsizetype at = qsizetype(below(size_t(tokens.size())));
+            switch (below(4)) {
+                case 0:
+                    tokens.removeAt(at);
+                    break;
+                case 1:
+                    tokens.insert(at, tokens[at]);
+                    break;
+                case 2:
+                    tokens[at] = u' ' + pick(words_) + u' ';
+                    break;
+                default:
+                    tokens.swapItemsAt(at, qsizetype(below(size_t(tokens.size()))));
+                    break;
+            }
+        }
+        check(tokens.join(QString()));
+    }
+    QVERIFY2(failure_.isEmpty(), qPrintable(failure_));
+    QVERIFY(accepted_ > 1000);
+}
+
+QString TestDialectRobustness::operand(int depth) {
+    static const QStringList leaves = {
+        QStringLiteral("code"),         QStringLiteral("total"),     QStringLiteral("επωνυμο"),
+        QStringLiteral("σχολια"),       QStringLiteral("FieldYes1"), QStringLiteral("ΗΜ_ΓΕΝΗΣΗΣ"),
+        QStringLiteral("photo"),        QStringLiteral("5"),         QStringLiteral("-2.5"),
+        QStringLiteral("'α%'"),         QStringLiteral("'5,5'"),     QStringLiteral("'5/11/2026'"),
+        QStringLiteral("#2026/11/05#"), QStringLiteral("#09:00#"),   QStringLiteral("true"),
+        QStringLiteral("null"),         QStringLiteral("p1")};
+    // %1 to %3 are operands.
+    static const QStringList shapes = {QStringLiteral("%1+%2"),
+                                       QStringLiteral("%1-%2"),
+                                       QStringLiteral("%1*%2"),
+                                       QStringLiteral("%1/%2"),
+                                       QStringLiteral("%1\\%2"),
+                                       QStringLiteral("%1 mod %2"),
+                                       QStringLiteral("%1^%2"),
+                                       QStringLiteral("%1&%2"),
+                                       QStringLiteral("-%1"),
+                                       QStringLiteral("(%1)"),
+                                       QStringLiteral("%1=%2"),
+                                       QStringLiteral("%1<>%2"),
+                                       QStringLiteral("%1<%2"),
+                                       QStringLiteral("%1>=%2"),
+                                       QStringLiteral("%1 and %2"),
+                                       QStringLiteral("%1 or %2"),
+                                       QStringLiteral("%1 xor %2"),
+                                       QStringLiteral("not %1"),
+                                       QStringLiteral("%1 like %2"),
+                                       QStringLiteral("%1 not like %2"),
+                                       QStringLiteral("%1 between %2 and %3"),
+                                       QStringLiteral("%1 in (%2,%3)"),
+                                       QStringLiteral("%1 is null"),
+                                       QStringLiteral("(%1 is not null)"),
+                                       QStringLiteral("iif(%1,%2,%3)"),
+                                       QStringLiteral("nz(%1,%2)"),
+                                       QStringLiteral("left(%1,%2)"),
+                                       QStringLiteral("dateadd('d',%1,%2)"),
+                                       QStringLiteral("datediff('m',%1,%2)"),
+                                       QStringLiteral("format(%1,%2)"),
+                                       QStringLiteral("cstr(%1)"),
+                                       QStringLiteral("cdate(%1)"),
+                                       QStringLiteral("cdbl(%1)"),
+                                       QStringLiteral("cint(%1)"),
+                                       QStringLiteral("isnull(%1)"),
+                                       QStringLiteral("(select max(%1) from cards)"),
+                                       QStringLiteral("%1 in (select %2 from cards)"),
+                                       QStringLiteral("exists (select * from history where aa=%1)")};
+    if (depth == 0 || below(4) == 0) return pick(leaves);
+    QString shape = pick(shapes);
+    for (const QString& place : {QStringLiteral("%1"), QStringLiteral("%2"), QStringLiteral("%3")})
+        if (shape.contains(place)) shape.replace(place, operand(depth - 1));
+    return shape;
+}
+
+// Statements that parse, with every kind of value in every place; also run, since a wrong conversion shows there.
+void TestDialectRobustness::grownExpressions() {
+    accepted_ = 0;
+    database_.run(QStringLiteral(
+        "insert into cards (επωνυμο, total, ΗΜ_ΓΕΝΗΣΗΣ, FieldYes1) values ('Παππάς', 5.5, #2026/11/05#, true)"));
+    static const QStringList frames = {
+        QStringLiteral("select %1 from cards"),
+        QStringLiteral("select code from cards where %1"),
+        QStringLiteral("select code from cards order by %1"),
+        QStringLiteral("select %1, count(*) from cards group by %1"),
+        QStringLiteral("select distinct %1 from cards order by 1"),
+        QStringLiteral("select %1 from cards union select %2 from cards order by 1"),
+        QStringLiteral("select max(%1), sum(%2), first(%1) from cards"),
+        QStringLiteral("select x from (select %1 as x from cards where %2) t where x is not null")};
+    for (int round = 0; round < 20'000; ++round) {
+        QString sql = pick(frames);
+        sql.replace(QStringLiteral("%1"), operand(3)).replace(QStringLiteral("%2"), operand(2));
+        check(sql);
+        try {
+            if (failure_.isEmpty()) database_.run(sql, {}, {{QStringLiteral("p1"), QStringLiteral("5/11/2026")}});
+        } catch (const Error&) {
+        } catch (const std::exception& error) {
+            if (!QByteArray(error.what()).contains("integer overflow"))
+                failure_ = QString::fromUtf8(error.what()) + QStringLiteral("\n  from ") + sql;
+        }
+    }
+    QVERIFY2(failure_.isEmpty(), qPrintable(failure_));
+    QVERIFY(accepted_ > 5000);
+}
+
+void TestDialectRobustness::brokenCharacters() {
+    const QString nul(QChar(u'\0'));
+    const QString lone(QChar(0xD800));
+    const QString rightToLeft = QStringLiteral("\u202Eשלום");
+    for (const QString& odd : {nul, lone, QString(QChar(0xDC00)), rightToLeft, QStringLiteral("\U0001F600"),
+                               QString(10'000, u'x'), QString(QChar(0xFFFF)), QStringLiteral("\u00A0")})
+        for (const QString& frame :
+             {QStringLiteral("%1"), QStringLiteral("select %1"),
+              QStringLiteral("select code from cards where επωνυμο='%1'"),
+              QStringLiteral("select code from cards where επωνυμο like '%1%'"),
+              QStringLiteral("select [%1] from cards"), QStringLiteral("select code as [%1] from cards"),
+              QStringLiteral("select code from %1"), QStringLiteral("select #%1#")}) {
+            QString sql = frame;
+            check(sql.replace(QStringLiteral("%1"), odd));
+        }
+    QVERIFY2(failure_.isEmpty(), qPrintable(failure_));
+}
+
+QTEST_GUILESS_MAIN(TestDialectRobustness)
+#include "test_dialect_robustness.moc"
