@@ -62,5 +62,5 @@ function(dorv_test name)
     dorv_precompile(${name} ${arg_PCH})
     add_test(NAME ${name} COMMAND ${name})
     set_tests_properties(${name} PROPERTIES TIMEOUT ${arg_TIMEOUT} ENVIRONMENT
-        "QT_QPA_PLATFORM=offscreen;LC_ALL=C.UTF-8;TZ=Europe/Athens;QT_HASH_SEED=0;QT_STYLE_OVERRIDE=;XDG_CONFIG_HOME=${CMAKE_BINARY_DIR}/test-home/config;XDG_DATA_HOME=${CMAKE_BINARY_DIR}/test-home/data;HOME=${CMAKE_BINARY_DIR}/test-home;QT_SCALE_FACTOR=1;ASAN_OPTIONS=detect_leaks=0")
+        "QT_QPA_PLATFORM=offscreen:configfile=${PROJECT_SOURCE_DIR}/tests/support/screen.json;LC_ALL=C.UTF-8;TZ=Europe/Athens;QT_HASH_SEED=0;QT_STYLE_OVERRIDE=;XDG_CONFIG_HOME=${CMAKE_BINARY_DIR}/test-home/config;XDG_DATA_HOME=${CMAKE_BINARY_DIR}/test-home/data;HOME=${CMAKE_BINARY_DIR}/test-home;QT_SCALE_FACTOR=1;ASAN_OPTIONS=detect_leaks=0")
 endfunction()

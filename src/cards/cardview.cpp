@@ -55,14 +55,18 @@ QFormLayout* formLayout() {
     return form;
 }
 
+// Asks for as much room as its page wants; the toolkit's own stops at a few lines.
+class PageArea : public QScrollArea {
+public:
+    QSize sizeHint() const override { return widget()->sizeHint() + QSize(2 * frameWidth(), 2 * frameWidth()); }
+};
+
 QWidget* scrolled(QWidget* page) {
-    auto* area = new QScrollArea;
+    auto* area = new PageArea;
     area->setWidget(page);
     area->setWidgetResizable(true);
     area->setFrameShape(QFrame::NoFrame);
     area->setFocusPolicy(Qt::NoFocus);
-    // The window asks for as much room as its largest tab.
-    area->setSizeAdjustPolicy(QAbstractScrollArea::AdjustToContents);
     return area;
 }
 

@@ -85,7 +85,7 @@ private slots:
         QCOMPARE(site.run(), Outcome::Logon);
         const auto& shown = site.desk.prompts.shown();
         QCOMPARE(shown.size(), 4);
-        QVERIFY2(shown[1].text.startsWith(noBase + "-2147467259 "), qPrintable(shown[1].text));
+        QVERIFY2(shown[1].text.startsWith(noBase + QString::number(data::adoErrorNumber(data::ErrorCategory::Connection)) + " "), qPrintable(shown[1].text));
         QVERIFY(!shown[1].text.contains('\n'));
         QVERIFY(shown[2].text.startsWith("Δεν υπάρχουν στο [ ") && shown[2].text.endsWith("ΑΔΕΙΟΣ ΦΑΚΕΛΟΣ ]\nτα αρχεία του προγράμματος"));
         QCOMPARE(site.stored(), site.office);
