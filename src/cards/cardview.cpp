@@ -4,7 +4,7 @@
 #include <QGridLayout>
 #include <QHBoxLayout>
 #include <QScrollArea>
-#include <QStackedLayout>
+#include <QStackedWidget>
 #include <QVBoxLayout>
 
 #include "controls/choicebox.h"
@@ -286,7 +286,7 @@ QWidget* CardView::textsTab() {
     grid->addWidget(textHeader_, 0, 1);
     auto* buttons = new QVBoxLayout;
     buttons->setSpacing(8);
-    auto* stack = new QVBoxLayout;
+    texts_ = new QStackedWidget;
     for (int i = 0; i < 6; ++i) {
         auto* button = named(new QPushButton, arrayName(QStringLiteral("cmdMemo"), i));
         button->setCheckable(true);
@@ -294,11 +294,11 @@ QWidget* CardView::textsTab() {
         connect(button, &QPushButton::clicked, this, [this, i] { showText(i); });
         textButtons_.append(button);
         buttons->addWidget(button);
-        stack->addWidget(control(arrayName(QStringLiteral("txtMemo"), i)));
+        texts_->addWidget(control(arrayName(QStringLiteral("txtMemo"), i)));
     }
     buttons->addStretch(1);
     grid->addLayout(buttons, 1, 0);
-    grid->addLayout(stack, 1, 1);
+    grid->addWidget(texts_, 1, 1);
     grid->setColumnStretch(1, 1);
     return page;
 }
@@ -344,7 +344,7 @@ bool CardView::isShowing(CardTab tab) const {
 }
 
 void CardView::showText(int index) {
-    for (int i = 0; i < 6; ++i) control(arrayName(QStringLiteral("txtMemo"), i))->setVisible(i == index);
+    texts_->setCurrentIndex(index);
     textButtons_[index]->setChecked(true);
     textHeader_->setText(QStringLiteral(" ") +
                          textButtons_[index]->text().replace(QStringLiteral("&&"), QStringLiteral("&")));

@@ -14,6 +14,7 @@
 #include "controls/datepair.h"
 
 class QFormLayout;
+class QStackedWidget;
 
 namespace cards {
 
@@ -74,6 +75,7 @@ private:
     QHash<CardTab, QWidget*> pages_;
     QLabel *surname_, *firstName_, *telephone_, *counter_, *saveHint_, *textHeader_, *specialHint_;
     QTabWidget* tabs_;
+    QStackedWidget* texts_;
     PhotoView* photo_;
     QPushButton *loadPhoto_, *clearPhoto_;
 };

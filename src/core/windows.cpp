@@ -16,8 +16,8 @@ Form* Windows::front(const QString& name) {
     order_.append(name);
     QObject::connect(
         form, &Form::closeRequested, form, [this, name] { unload(name); }, Qt::QueuedConnection);
-    host_.add(form);
     form->load();
+    host_.add(form);
     host_.bringToFront(form);
     return form;
 }

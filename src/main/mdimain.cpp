@@ -136,6 +136,7 @@ void MDIMain::hideEmptyMenus() {
 
 void MDIMain::buildStatusBar() {
     statusBar()->setObjectName(QStringLiteral("StatusBar1"));
+    statusBar()->setContentsMargins(8, 0, 8, 0);
     for (int i = 0; i < 5; ++i) {
         auto* panel = controls::named(new QLabel, QStringLiteral("Panel%1").arg(i + 1));
         panel->setTextFormat(Qt::PlainText);
@@ -193,13 +194,23 @@ void MDIMain::place() {
     const QPoint corner = core::loadPosition(settings, {QStringLiteral("Main"), 105, 45});
     const QSize size(controls::toPixels(settings.number(settingsSection, QStringLiteral("MainWidth"), 11655)),
                      controls::toPixels(settings.number(settingsSection, QStringLiteral("MainHeight"), 8445)));
-    setGeometry(core::fitInto({corner, size}, screen()->availableGeometry()));
+    putFrame({corner, size});
+}
+
+// `wanted` is the frame's corner and the size inside; the title bar stays on the screen.
+void MDIMain::putFrame(QRect wanted) {
+    const QSize frame = isVisible() ? frameGeometry().size() - size() : QSize(8, 36);
+    wanted.setSize(wanted.size() + frame);
+    wanted = core::fitInto(wanted, screen()->availableGeometry());
+    move(wanted.topLeft());
+    resize(wanted.size() - frame);
 }
 
 void MDIMain::storePlacement() {
     if (isMinimized()) return;
     auto& settings = mod_.services.settings;
-    const QRect rect = isMaximized() ? normalGeometry() : geometry();
+    // The corner of the frame, as it is moved to, and the size inside it.
+    const QRect rect = isMaximized() ? normalGeometry() : QRect(pos(), size());
     core::storePosition(settings, {QStringLiteral("Main")}, rect.topLeft());
     settings.setNumber(settingsSection, QStringLiteral("MainWidth"), controls::toTwips(rect.width()));
     settings.setNumber(settingsSection, QStringLiteral("MainHeight"), controls::toTwips(rect.height()));
@@ -224,7 +235,7 @@ void MDIMain::makeRoomFor(QWidget* frame) {
     const QSize needed = QSize(frame->x(), frame->y()) + wanted;
     const QSize missing = (needed - area_->viewport()->size()).expandedTo({0, 0});
     if ((missing.width() > 0 || missing.height() > 0) && !isMaximized()) {
-        setGeometry(core::fitInto({pos(), size() + missing}, screen()->availableGeometry()));
+        putFrame({pos(), size() + missing});
         layout()->activate();
     }
     frame->setGeometry(core::fitInto({frame->pos(), wanted}, area_->viewport()->rect()));

@@ -55,6 +55,7 @@ private:
     void logOff();
     void tick();
     void place();
+    void putFrame(QRect wanted);
     void storePlacement();
     void makeRoomFor(QWidget* frame);
     FormFrame* frameOf(core::Form* form) const;

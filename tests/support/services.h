@@ -52,7 +52,8 @@ public:
     };
 
     void answer(bool yes) { answers_.push_back(yes); }
-    void answerInput(std::optional<QString> text) { inputs_.push_back(std::move(text)); }
+    void answerInput(const QString& text) { inputs_.push_back({true, text}); }
+    void cancelInput() { inputs_.push_back({false, QString()}); }
     void answerFile(const QString& path) { files_.push_back(path); }
     void answerFolder(const QString& path) { folders_.push_back(path); }
     void refuseMessages(bool on = true) { refusingMessages_ = on; }
@@ -76,42 +77,50 @@ public:
     }
     bool question(QWidget*, const QString& title, const QString& text) override {
         shown_.append({Kind::Question, platform::MessageIcon::Question, title, text});
-        return taken(answers_, "question", title, text).value_or(false);
+        return taken(answers_, false, "question", title, text);
     }
     std::optional<QString> input(QWidget*, const QString& title, const QString& prompt,
                                  const QString& /*initial*/) override {
         shown_.append({Kind::Input, platform::MessageIcon::Plain, title, prompt});
-        return taken(inputs_, "input", title, prompt).value_or(std::nullopt);
+        const InputAnswer answer = taken(inputs_, {}, "input", title, prompt);
+        if (!answer.given) return std::nullopt;
+        return answer.text;
     }
     QString openFile(QWidget*, const QString& title, const QString& filter) override {
         shown_.append({Kind::OpenFile, platform::MessageIcon::Plain, title, filter});
-        return taken(files_, "file dialog", title, filter).value_or(QString());
+        return taken(files_, {}, "file dialog", title, filter);
     }
     QString chooseFolder(QWidget*, const QString& title) override {
         shown_.append({Kind::ChooseFolder, platform::MessageIcon::Plain, title, QString()});
-        return taken(folders_, "folder dialog", title, QString()).value_or(QString());
+        return taken(folders_, {}, "folder dialog", title, {});
     }
 
 private:
+    struct InputAnswer {
+        bool given = false;
+        QString text;
+    };
+
     static void fail(const char* what, const QString& title, const QString& text) {
         const QString report = QStringLiteral("Unexpected %1 \"%2\": %3").arg(QLatin1String(what), title, text);
         QTest::qFail(qUtf8Printable(report), __FILE__, __LINE__);
     }
 
+    // The next answer, or `otherwise` and a failed test when none waits.
     template <typename T>
-    std::optional<T> taken(std::deque<T>& queue, const char* what, const QString& title, const QString& text) {
+    T taken(std::deque<T>& queue, T otherwise, const char* what, const QString& title, const QString& text) {
         if (queue.empty()) {
             fail(what, title, text);
-            return std::nullopt;
+            return otherwise;
         }
-        std::optional<T> first(std::move(queue.front()));
+        T first = std::move(queue.front());
         queue.pop_front();
         return first;
     }
 
     QList<Shown> shown_;
     std::deque<bool> answers_;
-    std::deque<std::optional<QString>> inputs_;
+    std::deque<InputAnswer> inputs_;
     std::deque<QString> files_, folders_;
     bool refusingMessages_ = false;
 };
