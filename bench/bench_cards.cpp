@@ -1,4 +1,5 @@
-// The card window and the office's own statements on a demonstration office of 100,000 cards, beside the engine's C interface.
+// The card window and the office's own statements on a demonstration office of 100,000 cards, beside the engine's C
+// interface.
 #include <benchmark/benchmark.h>
 #include <sqlite3.h>
 

@@ -47,7 +47,8 @@ void append(QVector<CardField>& fields, const Family& family) {
 
 QVector<CardField> build() {
     using enum CardKind;
-    constexpr CardTab Basic = CardTab::Basic, Special = CardTab::Special, History = CardTab::History, Texts = CardTab::Texts;
+    constexpr CardTab Basic = CardTab::Basic, Special = CardTab::Special, History = CardTab::History,
+                      Texts = CardTab::Texts;
     QVector<CardField> fields;
     for (const Row& row : {Row{u"Text7", 0, u"επωνυμο", u"Επώνυμο:"}, Row{u"Text7", 1, u"ονομα", u"Όνομα:"},
                            Row{u"Text7", 2, u"πατρονυμο", u"Πατρώνυμο:"}})

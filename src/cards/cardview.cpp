@@ -76,6 +76,7 @@ CardView::CardView(QWidget* parent) : QWidget(parent) {
     for (const CardField& field : cardFields()) widgets_.insert(field.controlName(), create(field));
 
     tabs_ = named(new QTabWidget, QStringLiteral("TabStrip1"));
+    tabs_->setAccessibleName(QStringLiteral("Στοιχεία καρτέλας"));
     tabs_->setDocumentMode(true);
     using Builder = QWidget* (CardView::*)();
     const QHash<CardTab, Builder> builders = {{CardTab::Basic, &CardView::basicTab},

@@ -48,8 +48,7 @@ void PhotoView::decode() {
     const qreal ratio = devicePixelRatioF();
     const QSize room = contentsRect().adjusted(8, 8, -8, -8).size() * ratio;
     QImage image = readScaled(bytes_, room);
-    if (!image.isNull() && (image.width() > room.width() || image.height() > room.height()))
-        image = image.scaled(room, Qt::KeepAspectRatio, Qt::SmoothTransformation);
+    if (!image.isNull()) image = image.scaled(room, Qt::KeepAspectRatio, Qt::SmoothTransformation);
     picture_ = QPixmap::fromImage(image);
     picture_.setDevicePixelRatio(ratio);
     decoded_ = true;

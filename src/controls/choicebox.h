@@ -5,8 +5,8 @@
 
 namespace controls {
 
-// Enter moves on as Tab does; the highlight colour shows while the box has the focus and `highlighting` is on. The mouse wheel
-// changes nothing until the box has the focus, so that scrolling over a form alters no card.
+// Enter moves on as Tab does; the highlight colour shows while the box has the focus and `highlighting` is on. The
+// mouse wheel changes nothing until the box has the focus, so that scrolling over a form alters no card.
 class ChoiceBox : public QComboBox {
     Q_OBJECT
 public:

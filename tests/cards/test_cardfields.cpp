@@ -20,7 +20,8 @@ private slots:
             written.insert(field.column);
         }
         QCOMPARE(controls.size(), cards::cardFields().size());
-        const QSet<QString> untouched = {"code", "codefull", "ΗΜ_ΕΟΡΤΗΣ", "Photo", "total", "OutlookEntryID", "afm", "doy"};
+        const QSet<QString> untouched = {"code",  "codefull",       "ΗΜ_ΕΟΡΤΗΣ", "Photo",
+                                         "total", "OutlookEntryID", "afm",       "doy"};
         QCOMPARE(columns["Cards"] - written, untouched);
     }
 

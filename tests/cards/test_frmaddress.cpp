@@ -49,10 +49,21 @@ private slots:
         Office office;
         office.mod.gConn.execute("INSERT into CardKategory VALUES (7,'ΠΕΛΑΤΕΣ',1)");
         office.addCard("Επώνυμο", "Όνομα",
-                       {{"category", 7}, {"ΑΝΔΡΑΣ", false}, {"ΗΜ_ΓΕΝΗΣΗΣ", "5/3/1970"}, {"KEIM_ΕΟΡΤΗΣ", "ξένο κείμενο"},
-                        {"FIELdnum2", 12.5}, {"FIELdchar10", "δέκα"}, {"FIELddate4", "31/12/1999"}, {"ΠΟΣΟ_ΚΙΝΗΣΗΣ", 1234.5},
-                        {"ΣΥΧΝΟΤΗΤΑ_ΚΙΝΗΣΗΣ", 30}, {"FieldYes8", true}, {"FieldCombo3", "τιμή"}, {"ΚΕΙΜΕΝΟ6", "έξι\nγραμμές"},
-                        {"σχολια", "σημείωση"}, {"ΣΧΟΛΙΑ1", "σχόλιο"}, {"εταιρια", "Α.Ε."}});
+                       {{"category", 7},
+                        {"ΑΝΔΡΑΣ", false},
+                        {"ΗΜ_ΓΕΝΗΣΗΣ", "5/3/1970"},
+                        {"KEIM_ΕΟΡΤΗΣ", "ξένο κείμενο"},
+                        {"FIELdnum2", 12.5},
+                        {"FIELdchar10", "δέκα"},
+                        {"FIELddate4", "31/12/1999"},
+                        {"ΠΟΣΟ_ΚΙΝΗΣΗΣ", 1234.5},
+                        {"ΣΥΧΝΟΤΗΤΑ_ΚΙΝΗΣΗΣ", 30},
+                        {"FieldYes8", true},
+                        {"FieldCombo3", "τιμή"},
+                        {"ΚΕΙΜΕΝΟ6", "έξι\nγραμμές"},
+                        {"σχολια", "σημείωση"},
+                        {"ΣΧΟΛΙΑ1", "σχόλιο"},
+                        {"εταιρια", "Α.Ε."}});
         CardDriver card(office.mod);
         QCOMPARE(card.combo("Combo1")->currentText(), QString("ΠΕΛΑΤΕΣ"));
         QCOMPARE(card.combo("Combo2")->currentText(), QString("Γυναίκα"));
@@ -87,13 +98,17 @@ private slots:
 
     void theOfficeNamesAndHidesParametricFields() {
         Office office;
-        office.mod.gConn.execute("update CustomFields set FIELdchar2='ΑΦΜ & ΔΟΥ', fc2=True, FieldYes1='Ενεργός', fy1=True, FIELddate1='Λήξη', fd1=True, Memo3='Ιστορικό', FIELdnum1=Null, fn1=True where id=1");
+        office.mod.gConn.execute(
+            "update CustomFields set FIELdchar2='ΑΦΜ & ΔΟΥ', fc2=True, FieldYes1='Ενεργός', fy1=True, "
+            "FIELddate1='Λήξη', fd1=True, Memo3='Ιστορικό', FIELdnum1=Null, fn1=True where id=1");
         office.addCard("Α", "Β");
         CardDriver card(office.mod);
         card.find<QTabWidget>("TabStrip1")->setCurrentIndex(1);
-        QVERIFY(card.special(1)->isVisible() && card.date("txtCustDate(0)")->isVisible() && card.find("Check1(0)")->isVisible());
+        QVERIFY(card.special(1)->isVisible() && card.date("txtCustDate(0)")->isVisible() &&
+                card.find("Check1(0)")->isVisible());
         QVERIFY(card.special(10)->isVisible());
-        QVERIFY(!card.special(0)->isVisible() && !card.date("txtCustDate(1)")->isVisible() && !card.combo("Combo4(0)")->isVisible());
+        QVERIFY(!card.special(0)->isVisible() && !card.date("txtCustDate(1)")->isVisible() &&
+                !card.combo("Combo4(0)")->isVisible());
         QCOMPARE(card.special(1)->accessibleName(), QString("ΑΦΜ & ΔΟΥ"));
         QCOMPARE(card.find<QCheckBox>("Check1(0)")->text(), QString("Ενεργός"));
         QCOMPARE(card.find<QPushButton>("cmdMemo(2)")->text(), QString("Ιστορικό"));
@@ -168,7 +183,8 @@ private slots:
         office.mod.gConn.close();
         card.form.ShowCard(true);
         QCOMPARE(office.desk.prompts.lastTitle(), QString("Μήνυμα λάθους"));
-        QVERIFY(office.desk.prompts.lastText().startsWith("Πρόβλημα κατά την ανάκτηση των δεμένων! \nDorvalist Error: "));
+        QVERIFY(
+            office.desk.prompts.lastText().startsWith("Πρόβλημα κατά την ανάκτηση των δεμένων! \nDorvalist Error: "));
     }
 
     void aWindowWithoutADatabaseOpensEmptyAndUsable() {

@@ -280,7 +280,8 @@ private slots:
         const QByteArray picture = png({2400, 2900});  // about 20 MB
         office.desk.prompts.answerFile(fileWith(office, "photo.bmp", picture));
         load->click();
-        for (const QByteArray& noise : {QByteArray("no picture"), QByteArray(), QByteArray("BM\xff\xff\xff\xff junk")}) {
+        for (const QByteArray& noise :
+             {QByteArray("no picture"), QByteArray(), QByteArray("BM\xff\xff\xff\xff junk")}) {
             office.desk.prompts.answerFile(fileWith(office, "noise.jpg", noise));
             load->click();
         }

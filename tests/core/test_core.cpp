@@ -63,7 +63,8 @@ private slots:
 
     void phonesOfACard() {
         support::Office office;
-        const qint64 code = office.addCard("Α", "Β", {{"ΚΙΝΗΤΟ", "697"}, {"τηλεφωνο4", "4"}, {"τηλεφωνο1", "1"}, {"τηλεφωνο3", ""}});
+        const qint64 code =
+            office.addCard("Α", "Β", {{"ΚΙΝΗΤΟ", "697"}, {"τηλεφωνο4", "4"}, {"τηλεφωνο1", "1"}, {"τηλεφωνο3", ""}});
         QCOMPARE(office.mod.GetPhones(code), QStringLiteral("1, 4, 697"));
         QCOMPARE(office.mod.GetPhones(code + 1), QString());
     }
@@ -96,7 +97,8 @@ private slots:
         PlainHost host;
         core::Windows windows(host);
         QStringList log;
-        for (const QString name : {"frmA", "frmB"}) windows.add(name, [&, name] { return new SampleForm(mod, name, log); });
+        for (const QString name : {"frmA", "frmB"})
+            windows.add(name, [&, name] { return new SampleForm(mod, name, log); });
         Form* a = windows.front("frmA");
         windows.front("frmB");
         QCOMPARE(windows.front("frmA"), a);

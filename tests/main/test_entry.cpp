@@ -85,9 +85,12 @@ private slots:
         QCOMPARE(site.run(), Outcome::Logon);
         const auto& shown = site.desk.prompts.shown();
         QCOMPARE(shown.size(), 4);
-        QVERIFY2(shown[1].text.startsWith(noBase + QString::number(data::adoErrorNumber(data::ErrorCategory::Connection)) + " "), qPrintable(shown[1].text));
+        QVERIFY2(shown[1].text.startsWith(noBase +
+                                          QString::number(data::adoErrorNumber(data::ErrorCategory::Connection)) + " "),
+                 qPrintable(shown[1].text));
         QVERIFY(!shown[1].text.contains('\n'));
-        QVERIFY(shown[2].text.startsWith("Δεν υπάρχουν στο [ ") && shown[2].text.endsWith("ΑΔΕΙΟΣ ΦΑΚΕΛΟΣ ]\nτα αρχεία του προγράμματος"));
+        QVERIFY(shown[2].text.startsWith("Δεν υπάρχουν στο [ ") &&
+                shown[2].text.endsWith("ΑΔΕΙΟΣ ΦΑΚΕΛΟΣ ]\nτα αρχεία του προγράμματος"));
         QCOMPARE(site.stored(), site.office);
         QVERIFY(QDir(empty).isEmpty());
     }
@@ -97,7 +100,8 @@ private slots:
         site.stored(site.office);
         QFile::remove(site.users());
         QCOMPARE(site.run(), Outcome::End);
-        QVERIFY(site.desk.prompts.lastText().endsWith(" όλα τα αρχεία του προγράμματος! (Λείπει το Dorvalistu.mdb!!!)"));
+        QVERIFY(
+            site.desk.prompts.lastText().endsWith(" όλα τα αρχεία του προγράμματος! (Λείπει το Dorvalistu.mdb!!!)"));
         QCOMPARE(site.stored(), site.office);
     }
 
@@ -118,8 +122,11 @@ private slots:
         QTest::newRow("empty") << QByteArray() << "";
         QTest::newRow("noise") << noise << "";
         QTest::newRow("short noise") << QByteArray("x") << "";
-        QTest::newRow("Jet") << QByteArray::fromRawData("\0\1\0\0Standard Jet DB\0\1\0\0\0", 24) + QByteArray(4096, '\1') << "Access";
-        QTest::newRow("a foreign SQLite file's header") << QByteArray("SQLite format 3\0\x10\0\1\1\0\x40\x20\x20", 24) + QByteArray(4072, '\0') << "";
+        QTest::newRow("Jet") << QByteArray::fromRawData("\0\1\0\0Standard Jet DB\0\1\0\0\0", 24) +
+                                    QByteArray(4096, '\1')
+                             << "Access";
+        QTest::newRow("a foreign SQLite file's header")
+            << QByteArray("SQLite format 3\0\x10\0\1\1\0\x40\x20\x20", 24) + QByteArray(4072, '\0') << "";
     }
     void aFileThatIsNoDatabaseIsToldAndNotTouched() {
         QFETCH(QByteArray, bytes);
@@ -156,7 +163,8 @@ private slots:
         bytes[63] = char(schema::currentVersion + 1);  // SQLite's user_version, big-endian at 60
         write(site.main(), bytes);
         QCOMPARE(site.run(), Outcome::Logon);
-        QVERIFY2(site.desk.prompts.lastText().contains(QString::number(schema::currentVersion + 1)), qPrintable(site.desk.prompts.lastText()));
+        QVERIFY2(site.desk.prompts.lastText().contains(QString::number(schema::currentVersion + 1)),
+                 qPrintable(site.desk.prompts.lastText()));
         QVERIFY(contents(site.main()) == bytes);
     }
 

@@ -62,7 +62,8 @@ private slots:
         const QStringList names = visible(*window);
         QVERIFY(names.contains("mnuCards") && names.contains("mnuOwner") && names.contains("MnuCat(2)"));
         for (const entry::MenuDef& def : entry::menuDefs())
-            if (names.contains(def.name) && !def.form.isEmpty() && def.form != "frmOwner") QVERIFY2(window->windows().knows(def.form), qPrintable(def.name));
+            if (names.contains(def.name) && !def.form.isEmpty() && def.form != "frmOwner")
+                QVERIFY2(window->windows().knows(def.form), qPrintable(def.name));
         QVERIFY(!names.contains("mnuDates") && !names.contains("mnuThinks"));
     }
 

@@ -2,6 +2,7 @@
 #include <QMdiArea>
 #include <QTabWidget>
 
+#include "cards/frmaddress.h"
 #include "controls/theme.h"
 #include "main/mdimain.h"
 #include "schema/demo.h"
@@ -25,7 +26,11 @@ struct Studio {
         schema::fillDemo(mod.gConn, mod.gConnUsers, options);
         mod.gUserName = QStringLiteral("Admin");
         mod.gUserGroup = core::groupAdministrators;
-        const std::pair<const char*, const char*> owner[] = {{"Name", "Γραφείο Επίδειξης"}, {"Address", "Ερμού 12, Αθήνα"}, {"Phone", "210 1234567"}, {"Email", "info@example.gr"}, {"UserName", "Admin"}};
+        const std::pair<const char*, const char*> owner[] = {{"Name", "Γραφείο Επίδειξης"},
+                                                             {"Address", "Ερμού 12, Αθήνα"},
+                                                             {"Phone", "210 1234567"},
+                                                             {"Email", "info@example.gr"},
+                                                             {"UserName", "Admin"}};
         for (const auto& [key, value] : owner) desk.settings.setValue("Settings", key, value);
     }
 
@@ -48,13 +53,20 @@ private:
     QString folder_, suffix_;
 };
 
-void cards(Studio& studio, const Album& album) {
+void shootCards(Studio& studio, const Album& album) {
     entry::MDIMain window(studio.mod);
     window.load();
     album.take(window, "main");
     window.menu("mnuCards")->trigger();
+    auto* card = qobject_cast<cards::frmAddress*>(window.windows().find("frmAddress"));
+    data::Recordset withPhoto(
+        studio.mod.gConn, QStringLiteral("select top 1 code from cards where Photo is not null order by επωνυμο desc"));
+    if (!withPhoto.isEmpty()) card->GoToRec(withPhoto[u"code"].toDouble());
     auto* tabs = window.findChild<QTabWidget*>("TabStrip1");
-    const std::pair<const char*, QString> shots[] = {{"card-basic", "Βασικά Στοιχεία"}, {"card-special", "Ειδικά Στοιχεία"}, {"card-notes", "Σημειώσεις"}, {"card-texts", "Κείμενα"}};
+    const std::pair<const char*, QString> shots[] = {{"card-basic", "Βασικά Στοιχεία"},
+                                                     {"card-special", "Ειδικά Στοιχεία"},
+                                                     {"card-notes", "Σημειώσεις"},
+                                                     {"card-texts", "Κείμενα"}};
     for (const auto& [name, caption] : shots) {
         for (int i = 0; i < tabs->count(); ++i)
             if (tabs->tabText(i) == caption) tabs->setCurrentIndex(i);
@@ -72,14 +84,15 @@ int main(int argc, char** argv) {
     if (argc < 2 || !QDir().mkpath(argv[1])) qFatal("usage: dorv_screens FOLDER [SUFFIX]");
     const QString suffix = argc > 2 ? QString::fromLocal8Bit(argv[2]) : QString();
     Studio studio;
-    for (const auto& [kind, name] : {std::pair(controls::ThemeKind::Light, "light"), std::pair(controls::ThemeKind::Dark, "dark")}) {
+    for (const auto& [kind, name] :
+         {std::pair(controls::ThemeKind::Light, "light"), std::pair(controls::ThemeKind::Dark, "dark")}) {
         controls::applyTheme(app, kind);
         const Album album(QString::fromLocal8Bit(argv[1]), name + suffix);
         users::frmLogon logon(studio.mod);
         album.take(logon, "logon");
         users::frmOwner owner(studio.mod);
         album.take(owner, "owner");
-        cards(studio, album);
+        shootCards(studio, album);
     }
     return 0;
 }

@@ -27,8 +27,7 @@ public:
     void open(core::MainMod& seat) {
         using schema::Database;
         schema::open(seat.gConn, schema::connectionString(Database::Main, schema::mainDatabasePath(folder())));
-        schema::open(seat.gConnUsers,
-                     schema::connectionString(Database::Users, schema::usersDatabasePath(folder())));
+        schema::open(seat.gConnUsers, schema::connectionString(Database::Users, schema::usersDatabasePath(folder())));
     }
 
     qint64 addCard(const QString& surname, const QString& name, const QVariantMap& more = {}) {

@@ -37,15 +37,24 @@ private slots:
         QTest::addColumn<QString>("user");
         QTest::addColumn<QString>("password");
         QTest::addColumn<int>("group");  // 0: refused
-        QTest::newRow("Admin") << "Admin" << "admin" << 1;
-        QTest::newRow("Admin, wrong") << "Admin" << "Admin" << 0;
-        QTest::newRow("Admin, nothing") << "Admin" << "" << 0;
-        QTest::newRow("restricted user") << "eleni" << "κωδικός" << 3;
-        QTest::newRow("password of another") << "eleni" << "admin" << 0;
-        QTest::newRow("the row of an Admin is a second way in") << "Admin" << "second" << 2;
-        QTest::newRow("quote in the name") << "O'Neil" << "x'y" << 2;
-        QTest::newRow("quote as a trick") << "' or '1'='1" << "x" << 0;
-        QTest::newRow("nobody") << "κανείς" << "" << 0;
+        QTest::newRow("Admin") << "Admin"
+                               << "admin" << 1;
+        QTest::newRow("Admin, wrong") << "Admin"
+                                      << "Admin" << 0;
+        QTest::newRow("Admin, nothing") << "Admin"
+                                        << "" << 0;
+        QTest::newRow("restricted user") << "eleni"
+                                         << "κωδικός" << 3;
+        QTest::newRow("password of another") << "eleni"
+                                             << "admin" << 0;
+        QTest::newRow("the row of an Admin is a second way in") << "Admin"
+                                                                << "second" << 2;
+        QTest::newRow("quote in the name") << "O'Neil"
+                                           << "x'y" << 2;
+        QTest::newRow("quote as a trick") << "' or '1'='1"
+                                          << "x" << 0;
+        QTest::newRow("nobody") << "κανείς"
+                                << "" << 0;
         QTest::newRow("very long") << QString(10000, u'a') << QString(10000, u'b') << 0;
     }
     void whoMayLogOn() {
@@ -53,7 +62,9 @@ private slots:
         QFETCH(QString, password);
         QFETCH(int, group);
         support::Office office;
-        const auto light = [](const char16_t* text) { return data::makeVerifier(QString::fromUtf16(text), data::PasswordCost::Light); };
+        const auto light = [](const char16_t* text) {
+            return data::makeVerifier(QString::fromUtf16(text), data::PasswordCost::Light);
+        };
         addUser(office, "eleni", light(u"κωδικός"), 3);
         addUser(office, "O'Neil", light(u"x'y"), 2);
         addUser(office, "Admin", light(u"second"), 2);
