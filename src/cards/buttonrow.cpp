@@ -18,7 +18,7 @@ struct ButtonDef {
 
 constexpr ButtonDef buttonDefs[] = {
     {Previous, u"Προηγούμενος", u"prev", u"Ctrl+PgUp", true},
-    {Search, u"Αναζήτηση", u"search", u"F3", false},
+    {Search, u"Αναζήτηση", u"search", u"Ctrl+F", true},
     {Next, u"Επόμενος", u"next", u"Ctrl+PgDown", true},
     {AddNew, u"Προσθήκη Νέου", u"add", u"Ctrl+N", true},
     {Edit, u"Διόρθωση Στοιχείων", u"edit", u"F2", true},

@@ -5,6 +5,7 @@
 #include <QVBoxLayout>
 
 #include "cards/cardbinding.h"
+#include "cards/frmfind.h"
 #include "controls/names.h"
 
 namespace cards {
@@ -46,12 +47,21 @@ void frmAddress::wire() {
     addShortcut(Qt::Key_F5, [this] {
         if (isEditing()) SaveCard();
     });
+    // The boxes that F3 searches from: surname, first name, first telephone, e-mail.
+    for (int index : {0, 1, 9, 13}) {
+        auto* shortcut = new QShortcut(Qt::Key_F3, view_->control(controls::arrayName(QStringLiteral("Text7"), index)),
+                                       nullptr, nullptr, Qt::WidgetShortcut);
+        on(shortcut, &QShortcut::activated, [this] {
+            if (!isEditing()) openFind();
+        });
+    }
     struct Keys {
         QKeySequence keys;
         CardButton id;
     };
     for (const Keys& row : {Keys{QKeySequence("Ctrl+PgUp"), Previous},
                             {QKeySequence("Ctrl+PgDown"), Next},
+                            {QKeySequence("Ctrl+F"), Search},
                             {QKeySequence("Ctrl+N"), AddNew},
                             {Qt::Key_F2, Edit},
                             {QKeySequence("Ctrl+Del"), Delete},
@@ -86,6 +96,7 @@ void frmAddress::dispatch(CardButton id) {
             emit closeRequested();
             return;
         case Search:
+            return openFind();
         case Print:
             return;
     }
@@ -254,6 +265,26 @@ void frmAddress::GoToRec(double Code) {
     mRsCards.find(QStringLiteral("code=%1").arg(static_cast<qint64>(Code)));
     CurrentCode = mRsCards[u"code"].text();
     ShowCard(true);
+}
+
+void frmAddress::openFind() {
+    frmFind find(mod_, this, [this](const FoundCard& card) { goToFound(card.code); });
+    find.exec();
+}
+
+void frmAddress::goToFound(qint64 code) {
+    const QString criterion = QStringLiteral("code=%1").arg(code);
+    if (!mRsCards.isEmpty()) mRsCards.moveFirst();
+    mRsCards.find(criterion);
+    if (mRsCards.eof()) {
+        // Added by somebody else since the key set was read.
+        mRsCards.requery();
+        mRsCards.find(criterion);
+    }
+    CurrentCode = QString::number(code);
+    FindUnLock();
+    ShowCard(true);
+    view_->selectTab(CardTab::Basic);
 }
 
 void frmAddress::FindUnLock() {

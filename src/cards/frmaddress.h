@@ -22,6 +22,8 @@ public:
     // current row.
     void GoToRec(double Code);
     void FindUnLock();
+    // From the top of the key set, read again when the card isn't in it; for windows that hand over a code.
+    void goToFound(qint64 code);
     void CardAddNew();
     void CardEdit();
     void FillCombo();
@@ -48,6 +50,7 @@ private:
     void showHeader();
     void showCounter();
 
+    void openFind();
     void PreviousCard();
     void NextCard();
 

@@ -1,0 +1,125 @@
+#include "cards/frmfind.h"
+
+#include <QHBoxLayout>
+#include <QKeyEvent>
+#include <QLabel>
+#include <QPushButton>
+#include <QVBoxLayout>
+
+#include "controls/names.h"
+#include "controls/theme.h"
+#include "core/columnwidths.h"
+#include "core/guard.h"
+#include "core/placement.h"
+#include "data/recordset.h"
+
+namespace cards {
+
+using controls::named;
+
+namespace {
+
+const QString section = QStringLiteral("lvFind");
+
+// The columns in the order of the condition; the order of the rows is their own.
+constexpr const char16_t* searched[] = {u"επωνυμο",   u"ονομα",     u"εταιρια", u"τηλεφωνο1", u"τηλεφωνο2",
+                                        u"τηλεφωνο3", u"τηλεφωνο4", u"email",   u"κινητο"};
+
+QVector<controls::ListColumn> columns() {
+    return {{QStringLiteral("Name"), QStringLiteral("Επώνυμο")},
+            {QStringLiteral("Code"), QStringLiteral("Όνομα")},
+            {QStringLiteral("ΕΤΑΙΡΙΑ"), QStringLiteral("ΕΤΑΙΡΙΑ")},
+            {QStringLiteral("TelJob"), QStringLiteral("Τηλέφωνο 1")},
+            {QStringLiteral("TelGym"), QStringLiteral("Διεύθυνση")}};
+}
+
+}  // namespace
+
+QString findStatement(const QString& text) {
+    const QString pattern = QString(text).replace(u'\'', QStringLiteral("''"));
+    QStringList conditions;
+    for (const char16_t* column : searched)
+        conditions << QStringLiteral("%1 like '%2%'").arg(QString::fromUtf16(column), pattern);
+    return QStringLiteral(
+               "Select [επωνυμο],[ονομα],[εταιρια],[διευθυνση],[τηλεφωνο1],[email],[code] from cards where ") +
+           conditions.join(QStringLiteral(" or ")) + QStringLiteral(" ORDER BY επωνυμο,ονομα,email");
+}
+
+frmFind::frmFind(core::MainMod& mod, QWidget* parent, std::function<void(const FoundCard&)> chosen)
+    : QDialog(parent), mod_(mod), chosen_(std::move(chosen)) {
+    setObjectName(QStringLiteral("frmFind"));
+    setWindowTitle(QStringLiteral("Έξυπνη Εύρεση"));
+    build();
+    core::loadColumns(mod_.services.settings, section, *list_, columns());
+    core::onSignal(mod_, this, list_, &controls::ListView::rowActivated, [this](int row) { choose(row); });
+    text_->installEventFilter(this);
+    text_->setFocus();
+}
+
+void frmFind::build() {
+    text_ = named(new controls::TextBox, controls::arrayName(QStringLiteral("Text1"), 0));
+    text_->setHighlighting(true);
+    auto* caption =
+        named(new QLabel(QStringLiteral(" Αναζήτηση για")), controls::arrayName(QStringLiteral("Label1"), 0));
+    controls::tie(caption, text_);
+    list_ = named(new controls::ListView, QStringLiteral("ListView1"));
+    list_->setAccessibleName(QStringLiteral("Καρτέλες που βρέθηκαν"));
+    list_->setFont(controls::font(QStringLiteral("Tahoma"), 10));
+    auto* exit = named(new QPushButton(QStringLiteral("Έξοδος")), QStringLiteral("cmdexit"));
+    exit->setAutoDefault(false);
+    connect(exit, &QPushButton::clicked, this, &QDialog::reject);
+
+    auto* top = new QHBoxLayout;
+    top->addWidget(caption);
+    top->addWidget(text_, 1);
+    auto* layout = new QVBoxLayout(this);
+    layout->setContentsMargins(14, 14, 14, 12);
+    layout->setSpacing(10);
+    layout->addLayout(top);
+    layout->addWidget(list_, 1);
+    layout->addWidget(exit, 0, Qt::AlignRight);
+    resize(760, 460);
+}
+
+// Enter searches; in every other box of the program it would move on.
+bool frmFind::eventFilter(QObject* watched, QEvent* event) {
+    if (watched != text_ || event->type() != QEvent::KeyPress) return QDialog::eventFilter(watched, event);
+    const int key = static_cast<QKeyEvent*>(event)->key();
+    if (key == Qt::Key_Down && list_->count() > 0) {
+        list_->setFocus(Qt::TabFocusReason);
+        return true;
+    }
+    if (key != Qt::Key_Return && key != Qt::Key_Enter) return QDialog::eventFilter(watched, event);
+    core::attempt(mod_, this, [this] { search(text_->text()); });
+    return true;
+}
+
+void frmFind::search(const QString& text) {
+    if (text.isEmpty()) return;
+    QVector<controls::ListRow> rows;
+    for (data::Recordset found(mod_.gConn, findStatement(text)); !found.eof(); found.moveNext()) {
+        QStringList cells;
+        for (const char16_t* column : {u"επωνυμο", u"ονομα", u"εταιρια", u"τηλεφωνο1", u"διευθυνση"})
+            cells << found[QStringView(column)].text();
+        rows.append({cells, found[u"code"].value(), {}});
+    }
+    list_->setRows(std::move(rows));
+    if (list_->count() == 0) return mod_.beep();
+    list_->selectRow(0);
+}
+
+void frmFind::choose(int row) {
+    const controls::ListRow& found = list_->row(row);
+    const FoundCard card{found.tag.toLongLong(), found.cells.value(0), found.cells.value(1)};
+    accept();
+    chosen_(card);
+}
+
+void frmFind::done(int result) {
+    core::storeColumns(mod_.services.settings, section, *list_);
+    const core::Placement placement{QStringLiteral("Find")};
+    if (!isMinimized()) core::storePosition(mod_.services.settings, placement, pos());
+    QDialog::done(result);
+}
+
+}  // namespace cards

@@ -1,0 +1,56 @@
+// The report list of many windows: columns with headers, whole rows, a tag behind each row.
+#pragma once
+
+#include <QColor>
+#include <QTreeView>
+#include <QVariant>
+#include <QVector>
+
+namespace controls {
+
+struct ListColumn {
+    QString key;  // under which its width is stored
+    QString header;
+    int width = 1000;     // twips
+    bool number = false;  // right-aligned
+};
+
+struct ListRow {
+    QStringList cells;
+    QVariant tag;   // what the row stands for; invalid for rows that stand for nothing (sums, blanks)
+    QColor colour;  // of its text; invalid for the theme's
+};
+
+// Holds its rows itself; a hundred thousand are no burden. Enter and a double click activate a row alike.
+class ListView : public QTreeView {
+    Q_OBJECT
+public:
+    explicit ListView(QWidget* parent = nullptr);
+    ~ListView() override;
+
+    void setColumns(const QVector<ListColumn>& columns);
+    const QVector<ListColumn>& columns() const;
+    int columnTwips(int column) const;
+
+    void setRows(QVector<ListRow> rows);
+    void clear() { setRows({}); }
+    int count() const;
+    const ListRow& row(int index) const;
+    int currentRow() const;  // -1 when nothing is selected
+    void selectRow(int index);
+
+signals:
+    void rowActivated(int row);
+    void columnClicked(int column);
+    void menuRequested(int row, QPoint globalPosition);  // right click; row is -1 beside the rows
+
+protected:
+    void keyPressEvent(QKeyEvent* event) override;
+    void contextMenuEvent(QContextMenuEvent* event) override;
+
+private:
+    class Rows;
+    Rows* rows_;
+};
+
+}  // namespace controls
