@@ -5,6 +5,7 @@
 #include <QHBoxLayout>
 #include <QScrollArea>
 #include <QStackedWidget>
+#include <QToolButton>
 #include <QVBoxLayout>
 
 #include "controls/choicebox.h"
@@ -172,11 +173,27 @@ QWidget* CardView::datePairOf(const CardField& field) {
 void CardView::addRow(QFormLayout* form, const CardField& field) {
     QWidget* holder = control(field);
     if (qobject_cast<controls::DateBox*>(holder)) holder = datePairOf(field);
+    if (field.kind == CardKind::Category) holder = categoryRow(field);
     if (field.kind == CardKind::ParamFlag)
         form->addRow(QString(), holder);
     else
         form->addRow(caption(field), holder);
     forms_.insert(field.controlName(), form);
+}
+
+QWidget* CardView::categoryRow(const CardField& field) {
+    categories_ = named(new QToolButton, QStringLiteral("Command2"));
+    categories_->setIcon(controls::icon(QStringLiteral("category")));
+    categories_->setToolTip(QStringLiteral("Κατηγορίες Καρτέλας"));
+    categories_->setAccessibleName(QStringLiteral("Κατηγορίες Καρτέλας"));
+    categories_->setFocusPolicy(Qt::TabFocus);
+    auto* row = new QWidget;
+    auto* layout = new QHBoxLayout(row);
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->setSpacing(4);
+    layout->addWidget(combo(field), 1);
+    layout->addWidget(categories_);
+    return row;
 }
 
 QWidget* CardView::header() {

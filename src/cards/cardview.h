@@ -15,6 +15,7 @@
 
 class QFormLayout;
 class QStackedWidget;
+class QToolButton;
 
 namespace cards {
 
@@ -50,6 +51,7 @@ public:
     PhotoView* photo() const { return photo_; }
     QPushButton* loadPhoto() const { return loadPhoto_; }
     QPushButton* clearPhoto() const { return clearPhoto_; }
+    QToolButton* categories() const { return categories_; }
 
 private:
     template <typename W>
@@ -58,6 +60,7 @@ private:
     }
     QWidget* create(const CardField& field);
     QWidget* datePairOf(const CardField& field);
+    QWidget* categoryRow(const CardField& field);
     QLabel* caption(const CardField& field);
     QWidget* header();
     QWidget* basicTab();
@@ -78,6 +81,7 @@ private:
     QStackedWidget* texts_;
     PhotoView* photo_;
     QPushButton *loadPhoto_, *clearPhoto_;
+    QToolButton* categories_;
 };
 
 }  // namespace cards

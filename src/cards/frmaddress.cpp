@@ -2,6 +2,7 @@
 
 #include <QApplication>
 #include <QShortcut>
+#include <QToolButton>
 #include <QVBoxLayout>
 
 #include "cards/cardbinding.h"
@@ -41,6 +42,7 @@ frmAddress::frmAddress(core::MainMod& mod)
 void frmAddress::wire() {
     on(buttons_, &ButtonRow::pressed, [this](CardButton id) { dispatch(id); });
     on(view_->loadPhoto(), &QPushButton::clicked, [this] { loadPhoto(); });
+    on(view_->categories(), &QToolButton::clicked, [this] { emit openRequested(QStringLiteral("frmCategory")); });
     on(view_->clearPhoto(), &QPushButton::clicked, [this] { clearPhoto(); });
     for (const CardField& field : cardFields())
         if (controls::DateBox* box = view_->date(field)) on(box, &controls::DateBox::refused, [this] { mod_.beep(); });
@@ -105,6 +107,7 @@ void frmAddress::dispatch(CardButton id) {
 void frmAddress::onLoad() {
     const BusyCursor busy;
     mod_.gAddressOpen = true;
+    view_->categories()->setEnabled(mod_.gUserGroup != core::groupRestricted);
     // Locked before anything can fail, so that a card that can't be read can't be typed into.
     ClearCard();
     LockCard();

@@ -22,7 +22,8 @@ public:
     bool unload(bool minimised, QPoint position);
 
 signals:
-    void closeRequested();  // the window wants to go; the host unloads it
+    void closeRequested();                    // the window wants to go; the host unloads it
+    void openRequested(const QString& form);  // the window wants another one in front
 
 protected:
     virtual void onLoad() = 0;

@@ -11,9 +11,11 @@ Form* Windows::front(const QString& name) {
         host_.bringToFront(form);
         return form;
     }
+    if (!knows(name)) return nullptr;
     Form* form = factories_.value(name)();
     forms_.insert(name, form);
     order_.append(name);
+    QObject::connect(form, &Form::openRequested, form, [this](const QString& other) { front(other); });
     QObject::connect(
         form, &Form::closeRequested, form, [this, name] { unload(name); }, Qt::QueuedConnection);
     form->load();

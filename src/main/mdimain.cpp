@@ -8,6 +8,8 @@
 #include <QStatusBar>
 
 #include "cards/frmaddress.h"
+#include "cards/frmcategory.h"
+#include "cards/frmfields.h"
 #include "controls/names.h"
 #include "controls/theme.h"
 #include "core/contactnoun.h"
@@ -54,6 +56,25 @@ MDIMain::~MDIMain() = default;
 
 void MDIMain::registerForms() {
     windows_.add(QStringLiteral("frmAddress"), [this] { return new cards::frmAddress(mod_); });
+    windows_.add(QStringLiteral("frmCategory"), [this] { return refillingCard(new cards::frmCategory(mod_)); });
+    windows_.add(QStringLiteral("frmCombos"), [this] { return refillingCard(new cards::frmCombos(mod_)); });
+    windows_.add(QStringLiteral("frmFields"),
+                 [this] { return new cards::frmFields(mod_, [this](int list) { showList(list); }); });
+    windows_.add(QStringLiteral("frmFields1"), [this] { return new cards::frmFields1(mod_); });
+}
+
+// A card that is open takes the changed lists over.
+core::Form* MDIMain::refillingCard(cards::ListEditor* editor) {
+    core::onSignal(mod_, editor, editor, &cards::ListEditor::changed, [this] {
+        if (auto* card = qobject_cast<cards::frmAddress*>(windows_.find(QStringLiteral("frmAddress"))))
+            card->FillCombo();
+    });
+    return editor;
+}
+
+void MDIMain::showList(int number) {
+    if (auto* values = qobject_cast<cards::frmCombos*>(windows_.front(QStringLiteral("frmCombos"))))
+        values->setList(number);
 }
 
 void MDIMain::load() {

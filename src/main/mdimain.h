@@ -9,6 +9,7 @@
 #include <QMenu>
 #include <QTimer>
 
+#include "cards/listeditor.h"
 #include "core/windows.h"
 #include "main/formframe.h"
 #include "main/menus.h"
@@ -43,6 +44,8 @@ private:
     void remove(core::Form* form) override;
 
     void registerForms();
+    core::Form* refillingCard(cards::ListEditor* editor);
+    void showList(int number);
     void buildMenus();
     QAction* buildEntry(const MenuDef& def);
     void buildStatusBar();

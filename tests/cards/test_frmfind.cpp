@@ -10,7 +10,9 @@ using support::Office;
 namespace {
 
 struct FindDriver {
-    explicit FindDriver(Office& office) : form(office.mod, nullptr, [this](const cards::FoundCard& card) { chosen << card.surname + "/" + card.firstName; }) {
+    explicit FindDriver(Office& office)
+        : form(office.mod, nullptr,
+               [this](const cards::FoundCard& card) { chosen << card.surname + "/" + card.firstName; }) {
         form.show();
         if (!QTest::qWaitForWindowActive(&form)) QTest::qFail("no focus", __FILE__, __LINE__);
     }

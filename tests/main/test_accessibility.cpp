@@ -4,6 +4,7 @@
 #include <QScrollBar>
 #include <QTabWidget>
 
+#include "cards/frmfind.h"
 #include "main/mdimain.h"
 #include "support/office.h"
 #include "users/frmlogon.h"
@@ -47,7 +48,10 @@ private slots:
         entry::MDIMain window(office.mod);
         window.load();
         window.show();
-        window.menu("mnuCards")->trigger();
+        for (const char* entry : {"mnuCards", "mnuCategory", "mnuFieldsCard", "mnuFieldsHistory"})
+            window.menu(entry)->trigger();
+        cards::frmFind find(office.mod, nullptr, [](const cards::FoundCard&) {});
+        QCOMPARE(nameless(find).join(", "), QString());
         for (QWidget* each :
              {static_cast<QWidget*>(&logon), static_cast<QWidget*>(&owner), static_cast<QWidget*>(&window)})
             QCOMPARE(nameless(*each).join(", "), QString());

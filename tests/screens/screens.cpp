@@ -3,6 +3,7 @@
 #include <QTabWidget>
 
 #include "cards/frmaddress.h"
+#include "cards/frmfind.h"
 #include "controls/theme.h"
 #include "main/mdimain.h"
 #include "schema/demo.h"
@@ -53,6 +54,20 @@ private:
     QString folder_, suffix_;
 };
 
+void shootSettings(Studio& studio, const Album& album) {
+    entry::MDIMain window(studio.mod);
+    window.load();
+    const std::pair<const char*, const char*> shots[] = {
+        {"mnuCategory", "categories"}, {"mnuFieldsCard", "fields"}, {"mnuFieldsHistory", "fields-history"}};
+    for (const auto& [menu, name] : shots) {
+        window.show();
+        window.menu(menu)->trigger();
+        album.take(window, name);
+        window.windows().unloadAll();
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    }
+}
+
 void shootCards(Studio& studio, const Album& album) {
     entry::MDIMain window(studio.mod);
     window.load();
@@ -73,6 +88,9 @@ void shootCards(Studio& studio, const Album& album) {
         album.take(window, name);
     }
     tabs->setCurrentIndex(0);
+    cards::frmFind find(studio.mod, nullptr, [](const cards::FoundCard&) {});
+    find.search(QStringLiteral("ΠΑΠΑ"));
+    album.take(find, "find");
     window.findChild<QAbstractButton*>("lblClick(6)")->click();
     album.take(window, "card-edit");
 }
@@ -93,6 +111,7 @@ int main(int argc, char** argv) {
         users::frmOwner owner(studio.mod);
         album.take(owner, "owner");
         shootCards(studio, album);
+        shootSettings(studio, album);
     }
     return 0;
 }

@@ -1,0 +1,33 @@
+#pragma once
+
+#include "cards/listeditor.h"
+
+namespace cards {
+
+// The categories of the cards; one that is payable shows in red.
+class frmCategory : public ListEditor {
+    Q_OBJECT
+public:
+    explicit frmCategory(core::MainMod& mod);
+
+protected:
+    QString table() const override { return QStringLiteral("CardKategory"); }
+};
+
+// The values of one of the four lists, Combo1 to Combo4.
+class frmCombos : public ListEditor {
+    Q_OBJECT
+public:
+    explicit frmCombos(core::MainMod& mod);
+
+    // Which list, 1 to 4; a list under edit is left without a change.
+    void setList(int number);
+
+protected:
+    QString table() const override { return QStringLiteral("Combo%1").arg(number_); }
+
+private:
+    int number_ = 1;
+};
+
+}  // namespace cards

@@ -1,0 +1,136 @@
+#include "cards/frmfields.h"
+
+#include <QGridLayout>
+#include <QGroupBox>
+#include <QLabel>
+#include <QPushButton>
+#include <QVBoxLayout>
+
+#include "controls/names.h"
+#include "data/recordset.h"
+
+namespace cards {
+
+using controls::arrayName;
+using controls::named;
+
+namespace {
+
+const QString rowSql = QStringLiteral("Select * from customfields where id=1");
+
+const QVector<FieldGroup> cardGroups = {
+    {u"Αλφαριθμητικά", u"Πεδίο", 10, u"FIELdchar", u"Text1", 0, 1, u"fc", u"Check1"},
+    {u"Αριθμητικά", u"Πεδίο", 6, u"FIELdnum", u"Text2", 0, 1, u"fn", u"Check2"},
+    {u"Ημερομηνίες", u"Πεδίο", 4, u"FIELddate", u"Text3", 0, 1, u"fd", u"Check3"},
+    {u"Λίστες", u"Πεδίο", 4, u"FieldCombo", u"Text3", 7, -1, u"fcb", u"Check3"},
+    {u"Κείμενα", u"Κείμενο", 6, u"Memo", u"Text2", 11, -1, nullptr, nullptr},
+    {u"Επιλεκτικά", u"Πεδίο", 8, u"FieldYes", u"Text4", 1, 1, u"fy", u"Check4"},
+};
+
+const QVector<FieldGroup> historyGroups = {
+    {u"Αλφαριθμητικά", u"Πεδίο", 2, u"FIELdcharh", u"Text1", 0, 1, u"fch", u"Check1"},
+    {u"Αριθμητικά", u"Πεδίο", 4, u"FieldNumh", u"Text2", 0, 1, u"fnh", u"Check2"},
+};
+
+}  // namespace
+
+FieldsEditor::FieldsEditor(core::MainMod& mod, const QString& name, const QString& caption,
+                           const QVector<FieldGroup>& groups, int columns, std::function<void(int)> openList)
+    : Form(mod, name, caption, {QStringLiteral("Fields"), 1000, 0}), openList_(std::move(openList)) {
+    auto* layout = new QVBoxLayout(this);
+    layout->setContentsMargins(12, 10, 12, 10);
+    layout->setSpacing(10);
+    auto* stacks = new QHBoxLayout;
+    QVector<QVBoxLayout*> stack;
+    for (int i = 0; i < columns; ++i) {
+        stack.append(new QVBoxLayout);
+        stacks->addLayout(stack.last(), 1);
+    }
+    // Two groups to a column keeps the columns of the card's fields about equally long.
+    for (int i = 0; i < groups.size(); ++i) stack[i * columns / int(groups.size())]->addWidget(buildGroup(groups[i]));
+    for (QVBoxLayout* column : stack) column->addStretch(1);
+    layout->addLayout(stacks);
+    auto* confirm = named(new QPushButton(QStringLiteral("Επικύρωση")), QStringLiteral("Command1"));
+    on(confirm, &QPushButton::clicked, [this] { this->confirm(); });
+    layout->addWidget(confirm, 0, Qt::AlignRight);
+}
+
+QGroupBox* FieldsEditor::buildGroup(const FieldGroup& group) {
+    const QString frame = QString::fromUtf16(group.frame);
+    auto* box = new QGroupBox(frame);
+    auto* grid = new QGridLayout(box);
+    grid->setContentsMargins(12, 8, 12, 10);
+    grid->setVerticalSpacing(4);
+    const bool lists = group.step < 0 && group.flagColumn;
+    if (group.flagColumn) grid->addWidget(new QLabel(QStringLiteral("ΕΝ")), 0, 1, Qt::AlignCenter);
+    grid->addWidget(new QLabel(QStringLiteral("Περιγραφή")), 0, 2);
+    for (int i = 0; i < group.count; ++i) {
+        const QString caption = QStringLiteral("%1 %2").arg(QString::fromUtf16(group.field)).arg(i + 1);
+        const int index = group.textIndex + group.step * i;
+        Row row{QString::fromUtf16(group.captionColumn) + QString::number(i + 1), QString(),
+                named(new controls::TextBox, arrayName(QString::fromUtf16(group.textArray), index)), nullptr};
+        row.text->setHighlighting(true);
+        auto* label = new QLabel(caption);
+        controls::tie(label, row.text);
+        row.text->setAccessibleName(frame + QStringLiteral(", ") + caption);
+        grid->addWidget(label, i + 1, 0);
+        grid->addWidget(row.text, i + 1, 2);
+        if (group.flagColumn) {
+            row.flagColumn = QString::fromUtf16(group.flagColumn) + QString::number(i + 1);
+            row.check = named(new QCheckBox, arrayName(QString::fromUtf16(group.checkArray), index));
+            row.check->setAccessibleName(frame + QStringLiteral(", ") + caption + QStringLiteral(", εμφάνιση"));
+            grid->addWidget(row.check, i + 1, 1, Qt::AlignCenter);
+        }
+        if (lists && openList_) {
+            auto* values = named(new QPushButton(QStringLiteral("Τιμές...")), arrayName(QStringLiteral("cmdCombo"), i));
+            values->setAccessibleName(QStringLiteral("Τιμές λίστας %1").arg(i + 1));
+            on(values, &QPushButton::clicked, [this, i] { openList_(i + 1); });
+            grid->addWidget(values, i + 1, 3);
+        }
+        rows_.append(row);
+    }
+    return box;
+}
+
+void FieldsEditor::onLoad() {
+    data::Recordset row(mod_.gConn, rowSql);
+    for (const Row& each : rows_) {
+        each.text->setText(row[each.captionColumn].text());
+        if (each.check) each.check->setChecked(row[each.flagColumn].toBool());
+    }
+    loaded_ = shown();
+}
+
+QStringList FieldsEditor::shown() const {
+    QStringList values;
+    for (const Row& row : rows_)
+        values << row.text->text() << (row.check && row.check->isChecked() ? QStringLiteral("1") : QString());
+    return values;
+}
+
+void FieldsEditor::confirm() {
+    data::Recordset row(mod_.gConn, rowSql);
+    for (const Row& each : rows_) {
+        row[each.captionColumn].setValue(each.text->text());
+        if (each.check) row[each.flagColumn].setValue(each.check->isChecked());
+    }
+    row.update();
+    confirmed_ = true;
+    emit closeRequested();
+}
+
+bool FieldsEditor::queryUnload() {
+    if (confirmed_ || shown() == loaded_) return true;
+    return mod_.services.prompts.question(
+        this, core::programTitle(), QStringLiteral("Οι αλλαγές των πεδίων δεν επικυρώθηκαν.\nΝα κλείσει χωρίς αυτές;"));
+}
+
+frmFields::frmFields(core::MainMod& mod, std::function<void(int)> openList)
+    : FieldsEditor(mod, QStringLiteral("frmFields"), QStringLiteral("Παραμετρικά Πεδία Καρτέλας"), cardGroups, 3,
+                   std::move(openList)) {}
+
+frmFields1::frmFields1(core::MainMod& mod)
+    : FieldsEditor(mod, QStringLiteral("frmFields1"), QStringLiteral("Παραμετρικά Πεδία Ιστορικού"), historyGroups, 1) {
+}
+
+}  // namespace cards

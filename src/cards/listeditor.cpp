@@ -1,0 +1,213 @@
+#include "cards/listeditor.h"
+
+#include <QFormLayout>
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QPushButton>
+#include <QShortcut>
+#include <QVBoxLayout>
+
+#include "controls/names.h"
+#include "controls/theme.h"
+
+namespace cards {
+
+using controls::named;
+
+ListEditor::ListEditor(core::MainMod& mod, const QString& name, const QString& caption, ListEditorTexts texts,
+                       const QString& checkCaption)
+    : Form(mod, name, caption, {QStringLiteral("Category"), 1000, 0}), texts_(std::move(texts)) {
+    build(checkCaption);
+    buildCommands();
+    on(list_, &controls::ListView::rowActivated, [this] { editRow(); });
+    on(list_, &controls::ListView::menuRequested, [this](int row, QPoint position) { showMenu(row, position); });
+    connect(list_, &QTreeView::clicked, this, &ListEditor::enableCommands);
+    on(exit_, &QAbstractButton::clicked, [this] { emit closeRequested(); });
+}
+
+void ListEditor::build(const QString& checkCaption) {
+    toolbar_ = named(new QToolBar, QStringLiteral("Toolbar1"));
+    toolbar_->setToolButtonStyle(Qt::ToolButtonTextBesideIcon);
+    list_ = named(new controls::ListView, QStringLiteral("ListView1"));
+    list_->setAccessibleName(windowTitle());
+    list_->setColumns({{QStringLiteral("Description"), QStringLiteral("Περιγραφή"), 5000}});
+    stack_ = new QStackedWidget;
+    stack_->addWidget(list_);
+    stack_->addWidget(buildPanel(checkCaption));
+    exit_ = named(new controls::PictureButton(QStringLiteral("Έξοδος"), QStringLiteral("exit")),
+                  controls::arrayName(QStringLiteral("lblClick"), 0));
+    auto* layout = new QVBoxLayout(this);
+    layout->setContentsMargins(12, 10, 12, 10);
+    layout->addWidget(toolbar_);
+    layout->addWidget(stack_, 1);
+    layout->addWidget(exit_, 0, Qt::AlignRight);
+    setMinimumSize(420, 380);
+}
+
+QWidget* ListEditor::buildPanel(const QString& checkCaption) {
+    panel_ = named(new QGroupBox(texts_.panel), QStringLiteral("Frame1"));
+    description_ = named(new controls::TextBox, controls::arrayName(QStringLiteral("Text1"), 1));
+    description_->setHighlighting(true);
+    auto* caption = new QLabel(QStringLiteral(" Περιγραφή"));
+    controls::tie(caption, description_);
+    auto* form = new QFormLayout(panel_);
+    form->setContentsMargins(16, 18, 16, 16);
+    form->addRow(caption, description_);
+    if (!checkCaption.isEmpty()) {
+        Check1 = named(new QCheckBox(checkCaption), QStringLiteral("Check1"));
+        form->addRow(QString(), Check1);
+    }
+    auto* cancel = named(new QPushButton(QStringLiteral("Άκυρο")), QStringLiteral("cmdCancel"));
+    on(cancel, &QPushButton::clicked, [this] { this->cancel(); });
+    form->addRow(QString(), cancel);
+    // Enter in the description saves, where the other boxes of the program move on.
+    for (const QKeySequence& keys : {QKeySequence(Qt::Key_Return), QKeySequence(Qt::Key_Enter)}) {
+        auto* shortcut = new QShortcut(keys, description_, nullptr, nullptr, Qt::WidgetShortcut);
+        on(shortcut, &QShortcut::activated, [this] { save(); });
+    }
+    auto* escape = new QShortcut(Qt::Key_Escape, panel_, nullptr, nullptr, Qt::WidgetWithChildrenShortcut);
+    on(escape, &QShortcut::activated, [this] { this->cancel(); });
+    return panel_;
+}
+
+void ListEditor::buildCommands() {
+    struct Row {
+        const char16_t* icon;
+        QString name, text;
+        const char16_t* keys;
+        void (ListEditor::*run)();
+    };
+    const Row rows[] = {{u"add", texts_.newName, texts_.newText, u"Ins", &ListEditor::newRow},
+                        {u"edit", texts_.editName, texts_.editText, u"F2", &ListEditor::editRow},
+                        {u"save", QStringLiteral("mnuSave"), QStringLiteral("Αποθήκευση"), u"F5", &ListEditor::save},
+                        {u"delete", texts_.deleteName, texts_.deleteText, u"Del", &ListEditor::deleteRow}};
+    popUp_ = named(new QMenu(this), texts_.popUp);
+    for (const Row& row : rows) {
+        auto* command = new QAction(controls::icon(QString::fromUtf16(row.icon)), row.text, this);
+        command->setObjectName(row.name);
+        command->setShortcut(QKeySequence(QString::fromUtf16(row.keys)));
+        command->setShortcutContext(Qt::WidgetWithChildrenShortcut);
+        on(command, &QAction::triggered, [this, run = row.run] { (this->*run)(); });
+        addAction(command);
+        toolbar_->addAction(command);
+        if (row.run != &ListEditor::save) popUp_->addAction(command);
+        commands_.append(command);
+    }
+}
+
+void ListEditor::onLoad() {
+    Refresh();
+}
+
+void ListEditor::Refresh() {
+    const QVariant selected = selectedCode();
+    const QString check = hasCheck() ? QStringLiteral(",payable") : QString();
+    QVector<controls::ListRow> rows;
+    for (data::Recordset found(
+             mod_.gConn, QStringLiteral("Select Description,Code%1 from %2 ORDER BY Description").arg(check, table()));
+         !found.eof(); found.moveNext()) {
+        const bool red = hasCheck() && found[u"payable"].toBool();
+        rows.append(
+            {{found[u"Description"].text()}, found[u"Code"].value(), red ? controls::theme().danger : QColor()});
+    }
+    list_->setRows(std::move(rows));
+    for (int i = 0; i < list_->count(); ++i)
+        if (list_->row(i).tag == selected) list_->selectRow(i);
+    showList();
+    emit changed();
+}
+
+QVariant ListEditor::selectedCode() const {
+    return list_->currentRow() < 0 ? QVariant() : list_->row(list_->currentRow()).tag;
+}
+
+void ListEditor::enableCommands() {
+    const bool editing = isEditing();
+    commands_[New]->setEnabled(!editing);
+    commands_[Save]->setEnabled(editing);
+    for (Command command : {Edit, Delete}) commands_[command]->setEnabled(!editing && list_->count() > 0);
+    exit_->setEnabled(!editing);
+}
+
+void ListEditor::showPanel() {
+    stack_->setCurrentWidget(panel_);
+    enableCommands();
+    description_->setFocus(Qt::TabFocusReason);
+}
+
+void ListEditor::showList() {
+    stack_->setCurrentWidget(list_);
+    enableCommands();
+    list_->setFocus(Qt::OtherFocusReason);
+}
+
+void ListEditor::newRow() {
+    record_.open(mod_.gConn, QStringLiteral("select * from %1 ").arg(table()));
+    record_.addNew();
+    description_->clear();
+    if (Check1) Check1->setChecked(false);
+    showPanel();
+}
+
+void ListEditor::openSelected() {
+    record_.open(mod_.gConn,
+                 QStringLiteral("select * from %1 where code=%2").arg(table()).arg(selectedCode().toLongLong()));
+    if (!record_.isEmpty()) return;
+    record_.close();
+    Refresh();
+}
+
+void ListEditor::editRow() {
+    if (!selectedCode().isValid() || isEditing()) return;
+    openSelected();
+    if (!record_.isOpen()) return;
+    description_->setText(record_[u"Description"].text());
+    if (Check1) Check1->setChecked(record_[u"payable"].toBool());
+    showPanel();
+}
+
+void ListEditor::deleteRow() {
+    if (!selectedCode().isValid() || isEditing()) return;
+    openSelected();
+    if (!record_.isOpen()) return;
+    const QString question = QStringLiteral("Είστε σίγουρος για διαγραφή του : ") + record_[u"Description"].text();
+    data::Recordset doomed = std::move(record_);
+    record_ = {};
+    if (mod_.services.prompts.question(this, core::programTitle(), question)) doomed.remove();
+    Refresh();
+}
+
+void ListEditor::save() {
+    if (!isEditing()) return;
+    if (description_->text().isEmpty()) return core::complain(mod_, this, texts_.empty, description_);
+    record_[u"Description"].setValue(description_->text());
+    if (Check1) record_[u"payable"].setValue(Check1->isChecked());
+    record_.update();
+    record_.close();
+    Refresh();
+}
+
+void ListEditor::cancel() {
+    record_.close();
+    showList();
+}
+
+void ListEditor::showMenu(int row, QPoint position) {
+    enableCommands();
+    for (Command command : {Edit, Delete}) commands_[command]->setEnabled(row >= 0);
+    popUp_->exec(position);
+    enableCommands();
+}
+
+bool ListEditor::queryUnload() {
+    const bool typed = isEditing() && !description_->text().isEmpty() && description_->isModified();
+    return !typed || mod_.services.prompts.question(
+                         this, core::programTitle(),
+                         QStringLiteral("Η περιγραφή που γράψατε δεν αποθηκεύτηκε.\nΝα κλείσει χωρίς αποθήκευση;"));
+}
+
+void ListEditor::onUnload() {
+    record_.close();
+}
+
+}  // namespace cards

@@ -1,0 +1,155 @@
+// The windows in which the office shapes its cards: categories, lists, parametric fields.
+#include <QAction>
+#include <QSignalSpy>
+
+#include "cards/frmcategory.h"
+#include "cards/frmfields.h"
+#include "support/office.h"
+
+using support::Office;
+
+namespace {
+
+template <typename Form>
+struct EditorDriver {
+    template <typename... Arguments>
+    explicit EditorDriver(Office& office, Arguments&&... arguments)
+        : form(office.mod, std::forward<Arguments>(arguments)...) {
+        form.load();
+        form.show();
+        form.activateWindow();
+        if (!QTest::qWaitForWindowActive(&form)) QTest::qFail("no focus", __FILE__, __LINE__);
+    }
+    controls::TextBox* box(const QString& name) { return form.template findChild<controls::TextBox*>(name); }
+    QCheckBox* check(const QString& name) { return form.template findChild<QCheckBox*>(name); }
+    controls::ListView* list() { return form.template findChild<controls::ListView*>("ListView1"); }
+    QAction* command(const QString& name) { return form.template findChild<QAction*>(name); }
+    QStringList rows() {
+        QStringList texts;
+        for (int i = 0; i < list()->count(); ++i) texts << list()->row(i).cells.value(0);
+        return texts;
+    }
+    Form form;
+};
+
+}  // namespace
+
+class TestSettingsForms : public QObject {
+    Q_OBJECT
+private slots:
+    void categoriesAreAddedChangedAndDeleted() {
+        Office office;
+        EditorDriver<cards::frmCategory> editor(office);
+        QSignalSpy changed(&editor.form, &cards::ListEditor::changed);
+        QCOMPARE(editor.rows(), QStringList{"ΕΠΑΦΕΣ"});
+
+        editor.command("mnuNewCategory")->trigger();
+        QVERIFY(!editor.command("mnuNewCategory")->isEnabled() && editor.command("mnuSave")->isEnabled());
+        QVERIFY(!editor.form.findChild<QAbstractButton*>("lblClick(0)")->isEnabled());
+        QTest::keyClick(editor.box("Text1(1)"), Qt::Key_Return);
+        QCOMPARE(office.desk.prompts.lastText(), QString("H Περιγραφή κατηγορίας δεν μπορεί να είναι κενή !!!"));
+        QVERIFY(editor.form.isEditing() && editor.box("Text1(1)")->hasFocus());
+        editor.box("Text1(1)")->setText("Πελάτες O'Neil");
+        editor.check("Check1")->setChecked(true);
+        QTest::keyClick(editor.box("Text1(1)"), Qt::Key_Return);
+        QCOMPARE(editor.rows(), QStringList({"ΕΠΑΦΕΣ", "Πελάτες O'Neil"}));
+        QVERIFY(editor.list()->row(1).colour.isValid());
+        QCOMPARE(changed.count(), 1);
+
+        editor.list()->selectRow(1);
+        QTest::keyClick(editor.list(), Qt::Key_Return);
+        QVERIFY(editor.check("Check1")->isChecked());
+        editor.box("Text1(1)")->setText("Πελάτες");
+        editor.check("Check1")->setChecked(false);
+        editor.command("mnuSave")->trigger();
+        QCOMPARE(editor.rows(), QStringList({"ΕΠΑΦΕΣ", "Πελάτες"}));
+        QVERIFY(!editor.list()->row(1).colour.isValid());
+
+        editor.list()->selectRow(1);
+        office.desk.prompts.answer(false);
+        editor.command("mnuDelCategory")->trigger();
+        QCOMPARE(office.desk.prompts.lastText(), QString("Είστε σίγουρος για διαγραφή του : Πελάτες"));
+        QCOMPARE(editor.rows().size(), 2);
+        office.desk.prompts.answer(true);
+        editor.command("mnuDelCategory")->trigger();
+        QCOMPARE(editor.rows(), QStringList{"ΕΠΑΦΕΣ"});
+    }
+
+    void anEmptyTableOffersOnlyNew() {
+        Office office;
+        EditorDriver<cards::frmCombos> editor(office);
+        editor.form.setList(3);
+        QVERIFY(!editor.command("mnuEditTimh")->isEnabled() && !editor.command("mnuDelTimh")->isEnabled());
+        editor.command("mnuNewTimh")->trigger();
+        editor.box("Text1(1)")->setText("τιμή");
+        editor.command("mnuSave")->trigger();
+        QVERIFY(editor.command("mnuEditTimh")->isEnabled());
+        QCOMPARE(office.value("select Description from Combo3").toString(), QString("τιμή"));
+        QVERIFY(!office.value("select Description from Combo1").isValid());
+        QCOMPARE(editor.form.windowTitle(), QString("Τιμές λίστας 3"));
+    }
+
+    void leavingANewRowWritesNothing() {
+        Office office;
+        EditorDriver<cards::frmCategory> editor(office);
+        editor.command("mnuNewCategory")->trigger();
+        QTest::keyClick(editor.box("Text1(1)"), Qt::Key_A);
+        office.desk.prompts.answer(false);
+        QVERIFY(!editor.form.unload(false, {}));
+        QTest::keyClick(editor.box("Text1(1)"), Qt::Key_Escape);
+        QVERIFY(!editor.form.isEditing());
+        QVERIFY(editor.form.unload(false, {}));
+        QCOMPARE(office.value("select count(*) from CardKategory").toInt(), 1);
+    }
+
+    void aRowDeletedByAnotherIsToldByRefreshing() {
+        Office office;
+        EditorDriver<cards::frmCategory> editor(office);
+        editor.list()->selectRow(0);
+        office.mod.gConn.execute("delete from CardKategory");
+        QTest::keyClick(editor.list(), Qt::Key_Return);
+        QVERIFY(!editor.form.isEditing());
+        QCOMPARE(editor.rows(), QStringList());
+    }
+
+    void fieldsRunTheWayTheirArraysDo() {
+        Office office;
+        int opened = 0;
+        {
+            EditorDriver<cards::frmFields> fields(office, [&](int list) { opened = list; });
+            QCOMPARE(fields.box("Text1(9)")->text(), QString("Αλφαριθμητικό 10"));
+            QCOMPARE(fields.box("Text3(7)")->text(), QString("Λίστα 1"));
+            QCOMPARE(fields.box("Text2(6)")->text(), QString("Κείμενο 6"));
+            QCOMPARE(fields.box("Text4(1)")->text(), QString("Επιλεκτικό 1"));
+            fields.form.findChild<QPushButton*>("cmdCombo(0)")->click();
+            QCOMPARE(opened, 1);
+            fields.box("Text3(4)")->setText("Τέταρτη");
+            fields.check("Check3(4)")->setChecked(true);
+            fields.box("Text2(11)")->setText("");
+            QSignalSpy closed(&fields.form, &core::Form::closeRequested);
+            fields.form.findChild<QPushButton*>("Command1")->click();
+            QCOMPARE(closed.count(), 1);
+            QVERIFY(fields.form.unload(false, {15, 15}));
+        }
+        QCOMPARE(office.value("select FieldCombo4 from CustomFields").toString(), QString("Τέταρτη"));
+        QCOMPARE(office.value("select fcb4 from CustomFields").toBool(), true);
+        QCOMPARE(office.value("select Memo1 from CustomFields").toString(), QString());
+        QCOMPARE(office.value("select fcb1 from CustomFields").toBool(), false);
+    }
+
+    void fieldsOfTheMovements() {
+        Office office;
+        EditorDriver<cards::frmFields1> fields(office);
+        fields.box("Text2(3)")->setText("Τεμάχια");
+        fields.check("Check2(3)")->setChecked(true);
+        office.desk.prompts.answer(false);
+        QVERIFY(!fields.form.unload(false, {}));
+        fields.form.findChild<QPushButton*>("Command1")->click();
+        QVERIFY(fields.form.unload(false, {}));
+        QCOMPARE(office.value("select FieldNumh4 from CustomFields").toString(), QString("Τεμάχια"));
+        QCOMPARE(office.value("select fnh4 from CustomFields").toBool(), true);
+    }
+};
+
+QTEST_MAIN(TestSettingsForms)
+#include "test_settingsforms.moc"
