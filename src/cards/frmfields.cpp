@@ -70,6 +70,7 @@ QGroupBox* FieldsEditor::buildGroup(const FieldGroup& group) {
         Row row{QString::fromUtf16(group.captionColumn) + QString::number(i + 1), QString(),
                 named(new controls::TextBox, arrayName(QString::fromUtf16(group.textArray), index)), nullptr};
         row.text->setHighlighting(true);
+        row.text->setMinimumWidth(150);
         auto* label = new QLabel(caption);
         controls::tie(label, row.text);
         row.text->setAccessibleName(frame + QStringLiteral(", ") + caption);

@@ -7,7 +7,6 @@
 #include <QVBoxLayout>
 
 #include "controls/names.h"
-#include "controls/theme.h"
 #include "core/columnwidths.h"
 #include "core/guard.h"
 #include "core/placement.h"
@@ -64,7 +63,6 @@ void frmFind::build() {
     controls::tie(caption, text_);
     list_ = named(new controls::ListView, QStringLiteral("ListView1"));
     list_->setAccessibleName(QStringLiteral("Καρτέλες που βρέθηκαν"));
-    list_->setFont(controls::font(QStringLiteral("Tahoma"), 10));
     auto* exit = named(new QPushButton(QStringLiteral("Έξοδος")), QStringLiteral("cmdexit"));
     exit->setAutoDefault(false);
     connect(exit, &QPushButton::clicked, this, &QDialog::reject);

@@ -100,6 +100,17 @@ void ListView::selectRow(int index) {
     setCurrentIndex(rows_->index(index, 0));
 }
 
+void ListView::resizeEvent(QResizeEvent* event) {
+    QTreeView::resizeEvent(event);
+    if (columns().isEmpty()) return;
+    const int wanted =
+        header()->length() - header()->sectionSize(header()->count() - 1) + toPixels(columns().last().width);
+    if (!sharing_ || !isVisible() || wanted >= viewport()->width()) return;
+    sharing_ = false;
+    const double share = double(viewport()->width()) / wanted;
+    for (int i = 0; i < columns().size(); ++i) header()->resizeSection(i, int(toPixels(columns()[i].width) * share));
+}
+
 void ListView::keyPressEvent(QKeyEvent* event) {
     const bool enter = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
     if (!enter) return QTreeView::keyPressEvent(event);

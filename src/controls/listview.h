@@ -29,6 +29,9 @@ public:
     ~ListView() override;
 
     void setColumns(const QVector<ListColumn>& columns);
+    // At the first showing the columns share the list's width in proportion, when they are narrower together. For
+    // lists whose widths nobody has set yet.
+    void shareWidth() { sharing_ = true; }
     const QVector<ListColumn>& columns() const;
     int columnTwips(int column) const;
 
@@ -47,10 +50,12 @@ signals:
 protected:
     void keyPressEvent(QKeyEvent* event) override;
     void contextMenuEvent(QContextMenuEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
 
 private:
     class Rows;
     Rows* rows_;
+    bool sharing_ = false;
 };
 
 }  // namespace controls

@@ -6,8 +6,12 @@ void loadColumns(const platform::Settings& settings, const QString& section, con
                  QVector<controls::ListColumn> columns) {
     // A width dragged to nothing would hide the column for good.
     constexpr int narrowest = 150;
-    for (controls::ListColumn& column : columns)
+    bool stored = false;
+    for (controls::ListColumn& column : columns) {
+        stored |= !settings.value(section, column.key).isEmpty();
         column.width = std::max(narrowest, settings.number(section, column.key, column.width));
+    }
+    if (!stored) list.shareWidth();
     list.setColumns(columns);
 }
 
