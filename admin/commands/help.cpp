@@ -28,7 +28,8 @@ Command helpCommand() {
 
 const QVector<Command>& commands() {
     static const QVector<Command> all = {createCommand(), demoCommand(), sqlCommand(),
-                                         checkCommand(),  loadCommand(), helpCommand()};
+                                         checkCommand(),  loadCommand(), backupCommand(),
+                                         restoreCommand(), helpCommand()};
     return all;
 }
 
