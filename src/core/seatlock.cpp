@@ -33,6 +33,10 @@ QString holderText(const QLockFile& lock) {
 
 }  // namespace
 
+SeatLock::SeatLock() {
+    connect(&timer_, &QTimer::timeout, this, &SeatLock::touch);
+}
+
 SeatLock::~SeatLock() = default;
 
 void SeatLock::take(const QString& folder, const Probe& probe) {
@@ -43,7 +47,6 @@ void SeatLock::take(const QString& folder, const Probe& probe) {
     lock->setStaleLockTime(staleSeconds * 1000);
     if (!lock->tryLock(0)) refuse(*lock);
     lock_ = std::move(lock);
-    timer_.callOnTimeout(this, &SeatLock::touch, Qt::UniqueConnection);
     timer_.start(touchSeconds * 1000);
 }
 

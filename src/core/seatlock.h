@@ -21,6 +21,7 @@ public:
     static constexpr int touchSeconds = 60;
     static constexpr int staleSeconds = 300;
 
+    SeatLock();
     ~SeatLock() override;
 
     // Takes the seat, giving back one held before. On a local file system there is nothing to take. Throws

@@ -85,7 +85,11 @@ RowCounts copyChecked(data::Connection& source, Database database, const QString
     RowCounts counts;
     const QString copying = u"Αντιγραφή του "_s + nameOf(database);
     source.engine().backupTo(
-        target, [&] { counts = rowCounts(source); },
+        target,
+        [&] {
+            counts = rowCounts(source);
+            report(progress, copying, 0);
+        },
         [&](qint64 done, qint64 all) {
             return !progress || progress(copying, all > 0 ? int(done * 100 / all) : 100);
         });

@@ -10,7 +10,7 @@
 namespace data {
 namespace {
 
-constexpr int pagesAtOnce = 512;  // 2 MB: often enough for whoever watches or breaks off
+constexpr int pagesAtOnce = 128;  // half a MB: often enough for whoever watches or breaks off
 
 // The file under construction; goes away unless it is kept.
 class Target {
