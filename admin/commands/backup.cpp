@@ -11,7 +11,8 @@ using namespace Qt::Literals::StringLiterals;
 // A line at each new thing that is done and at each further fifth of it.
 schema::Progress progressLines() {
     return [last = QString()](const QString& what, int percent) mutable {
-        const QString line = percent > 0 ? u"%1: %2%"_s.arg(what).arg(percent / 20 * 20) : what;
+        const int fifths = percent / 20 * 20;
+        const QString line = fifths > 0 ? u"%1: %2%"_s.arg(what).arg(fifths) : what;
         if (line != last) err() << line << Qt::endl;
         last = line;
         return true;
@@ -45,15 +46,16 @@ ExitCode restore(const Arguments& arguments) {
 }  // namespace
 
 Command backupCommand() {
-    return {u"backup"_s,
-            u"ΦΑΚΕΛΟΣ ΑΡΧΕΙΟ"_s,
-            u"γράφει αντίγραφο ασφαλείας των δύο βάσεων σε ένα αρχείο"_s,
-            u"Αντιγράφει τις δύο βάσεις του ΦΑΚΕΛΟΥ σε ένα ΑΡΧΕΙΟ tar, ενώ οι άλλοι μπορούν να δουλεύουν. Το αντίγραφο "
-            u"ελέγχεται και μετριέται πριν πάρει το όνομά του· αν κάτι αποτύχει, αρχείο με αυτό το όνομα δεν υπάρχει."_s,
-            2,
-            2,
-            {{u"--force"_s, {}, u"αντικαθιστά το ΑΡΧΕΙΟ, αν υπάρχει"_s}},
-            backup};
+    return {
+        u"backup"_s,
+        u"ΦΑΚΕΛΟΣ ΑΡΧΕΙΟ"_s,
+        u"γράφει αντίγραφο ασφαλείας των δύο βάσεων σε ένα αρχείο"_s,
+        u"Αντιγράφει τις δύο βάσεις του ΦΑΚΕΛΟΥ σε ένα ΑΡΧΕΙΟ tar, ενώ οι άλλοι μπορούν να δουλεύουν. Το αντίγραφο "
+        u"ελέγχεται και μετριέται πριν πάρει το όνομά του· αν κάτι αποτύχει, αρχείο με αυτό το όνομα δεν υπάρχει."_s,
+        2,
+        2,
+        {{u"--force"_s, {}, u"αντικαθιστά το ΑΡΧΕΙΟ, αν υπάρχει"_s}},
+        backup};
 }
 
 Command restoreCommand() {

@@ -59,6 +59,14 @@ void dropOldBackups(const QString& folder, const QString& dataPath, int kept) {
     for (const QString& file : filesLike(folder, dataPath, {}).mid(kept)) QFile::remove(file);
 }
 
+void dropAbandonedWork(const QString& folder) {
+    const QDateTime yesterday = QDateTime::currentDateTime().addDays(-1);
+    const auto left =
+        QDir(folder).entryInfoList({QStringLiteral(".dorvalist-??????")}, QDir::Dirs | QDir::Hidden | QDir::NoSymLinks);
+    for (const QFileInfo& info : left)
+        if (info.lastModified() < yesterday) QDir(info.filePath()).removeRecursively();
+}
+
 std::optional<FoundBackup> newestGoodBackup(const QString& folder, const QString& dataPath) {
     for (const QString& file : backupsOf(folder, dataPath)) {
         try {

@@ -28,6 +28,9 @@ QStringList backupsOf(const QString& folder, const QString& dataPath);
 // Deletes the daily copies of this office beyond the newest ones, and no other file.
 void dropOldBackups(const QString& folder, const QString& dataPath, int kept = dailyBackupsKept);
 
+// Deletes what copies that were killed half way left there more than a day ago.
+void dropAbandonedWork(const QString& folder);
+
 struct FoundBackup {
     QString file;
     QDateTime made;

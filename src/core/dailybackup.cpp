@@ -34,6 +34,7 @@ struct DailyBackup::Work {
     void run() {
         try {
             QDir().mkpath(folder);
+            dropAbandonedWork(folder);
             schema::BackupOptions options;
             options.now = now;
             options.replace = true;  // only a copy of this same office and second has this name

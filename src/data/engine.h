@@ -64,7 +64,9 @@ public:
     // An engine whose database is no file throws Error(State).
     virtual void backupTo(const QString& file, const std::function<void()>& atMoment,
                           const std::function<bool(qint64 done, qint64 all)>& goOn) {
-        Q_UNUSED(file) Q_UNUSED(atMoment) Q_UNUSED(goOn)
+        Q_UNUSED(file)
+        Q_UNUSED(atMoment)
+        Q_UNUSED(goOn)
         throw Error(ErrorCategory::State,
                     QStringLiteral("Το αντίγραφο μιας βάσης σε διακομιστή γίνεται με τα εργαλεία του διακομιστή."));
     }

@@ -42,7 +42,8 @@ void Program::showMain() {
         letGo(main_);
         showLogon();
     });
-    core::onSignal(mod_, main_.get(), main_.get(), &MDIMain::backupWanted, [this] { backup_.startByHand(main_.get()); });
+    core::onSignal(mod_, main_.get(), main_.get(), &MDIMain::backupWanted,
+                   [this] { backup_.startByHand(main_.get()); });
     core::onSignal(mod_, main_.get(), main_.get(), &MDIMain::backupFolderWanted,
                    [this] { backup_.chooseFolder(main_.get()); });
     main_->load();

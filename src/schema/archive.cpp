@@ -29,9 +29,8 @@ using Entry = std::unique_ptr<archive_entry, decltype(&archive_entry_free)>;
 }
 
 [[noreturn]] void failReading(const QFileDevice& file) {
-    throw Error(ErrorCategory::Connection,
-                u"Το αρχείο «%1» δεν διαβάζεται: %2"_s.arg(QDir::toNativeSeparators(file.fileName()),
-                                                           file.errorString()));
+    throw Error(ErrorCategory::Connection, u"Το αρχείο «%1» δεν διαβάζεται: %2"_s.arg(
+                                               QDir::toNativeSeparators(file.fileName()), file.errorString()));
 }
 
 [[noreturn]] void failDamaged(const QString& file) {

@@ -50,7 +50,7 @@ std::unique_ptr<QTemporaryDir> workshopIn(const QString& folder) {
     auto workshop = std::make_unique<QTemporaryDir>(QDir(folder).filePath(u".dorvalist-XXXXXX"_s));
     if (!workshop->isValid())
         throw Error(ErrorCategory::Full, u"Δεν γράφεται ο φάκελος «%1»: %2"_s.arg(QDir::toNativeSeparators(folder),
-                                                                                workshop->errorString()));
+                                                                                  workshop->errorString()));
     return workshop;
 }
 
@@ -66,8 +66,7 @@ void moveTo(const QString& from, const QString& to, bool replace) {
         if (file.rename(to)) return;
         why = file.errorString();
     }
-    throw Error(ErrorCategory::Full,
-                u"Δεν γράφεται το αρχείο «%1»: %2"_s.arg(QDir::toNativeSeparators(to), why));
+    throw Error(ErrorCategory::Full, u"Δεν γράφεται το αρχείο «%1»: %2"_s.arg(QDir::toNativeSeparators(to), why));
 }
 
 // Opens a copy for reading alone, looks through its whole file and counts its rows.
@@ -90,9 +89,7 @@ RowCounts copyChecked(data::Connection& source, Database database, const QString
             counts = rowCounts(source);
             report(progress, copying, 0);
         },
-        [&](qint64 done, qint64 all) {
-            return !progress || progress(copying, all > 0 ? int(done * 100 / all) : 100);
-        });
+        [&](qint64 done, qint64 all) { return !progress || progress(copying, all > 0 ? int(done * 100 / all) : 100); });
     report(progress, u"Έλεγχος του "_s + nameOf(database), 0);
     checkCopy(target, database, counts);
     return counts;
@@ -139,9 +136,8 @@ Manifest unpackChecked(const QString& file, const QString& folder, const Progres
     for (const Database database : both)
         if (!manifest.members.contains(nameOf(database)))
             throw Error(ErrorCategory::Corrupt, u"Το αντίγραφο δεν έχει και τις δύο βάσεις δεδομένων."_s);
-    manifest.members.removeIf([](auto member) {
-        return member.key() != nameOf(Database::Main) && member.key() != nameOf(Database::Users);
-    });
+    manifest.members.removeIf(
+        [](auto member) { return member.key() != nameOf(Database::Main) && member.key() != nameOf(Database::Users); });
     checkPacked(file, manifest, folder);
     for (const Database database : both) {
         report(progress, u"Έλεγχος του "_s + nameOf(database), 0);
@@ -158,9 +154,10 @@ void requireNobodyIn(Database database, const QString& file) {
         connection.engine().requireAlone();
     } catch (const Error& error) {
         if (error.category() == ErrorCategory::Busy)
-            throw Error(ErrorCategory::Busy,
-                        u"Κάποιος δουλεύει με το «%1». Κλείστε το πρόγραμμα σε όλες τις θέσεις και δοκιμάστε ξανά."_s
-                            .arg(QFileInfo(file).fileName()));
+            throw Error(
+                ErrorCategory::Busy,
+                u"Κάποιος δουλεύει με το «%1». Κλείστε το πρόγραμμα σε όλες τις θέσεις και δοκιμάστε ξανά."_s.arg(
+                    QFileInfo(file).fileName()));
     }
 }
 
@@ -262,8 +259,7 @@ QStringList restoreOffice(const QString& file, const QString& folder, const Rest
 QString copyBeforeUpgrade(data::Connection& connection, Database database, const QString& file, const QDateTime& now) {
     const QFileInfo info(file);
     const QString mark = info.fileName() + u".v"_s;
-    const QString target =
-        info.dir().filePath(u"%1%2-%3"_s.arg(mark).arg(storedVersion(connection)).arg(stamp(now)));
+    const QString target = info.dir().filePath(u"%1%2-%3"_s.arg(mark).arg(storedVersion(connection)).arg(stamp(now)));
     const auto workshop = workshopIn(info.absolutePath());
     const QString copy = pathIn(workshop->path(), database);
     copyChecked(connection, database, copy, {});

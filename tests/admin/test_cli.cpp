@@ -82,7 +82,8 @@ private slots:
     void helpAndVersion() {
         const Outcome help = runTool({u"help"_s});
         QCOMPARE(help.code, 0);
-        for (const QString& command : {u"create"_s, u"demo"_s, u"sql"_s, u"check"_s, u"load"_s, u"backup"_s, u"restore"_s}) {
+        for (const QString& command :
+             {u"create"_s, u"demo"_s, u"sql"_s, u"check"_s, u"load"_s, u"backup"_s, u"restore"_s}) {
             QVERIFY(help.out.contains(command));
             QVERIFY(runTool({u"help"_s, command}).out.contains(u"dorvalist-admin "_s + command));
         }

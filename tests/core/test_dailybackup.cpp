@@ -44,7 +44,8 @@ private slots:
         Site site;
         QVERIFY(site.runDue());
         QVERIFY(!site.runDue());
-        QCOMPARE(site.copies(), QStringList(core::backupName(site.office.folder(), site.office.desk.clock.now(), BackupKind::Daily)));
+        QCOMPARE(site.copies(),
+                 QStringList(core::backupName(site.office.folder(), site.office.desk.clock.now(), BackupKind::Daily)));
         schema::checkBackup(QDir(site.folder).filePath(site.copies().first()));
         site.office.desk.clock.advance(86400);
         QVERIFY(site.runDue());
@@ -71,9 +72,11 @@ private slots:
             return core::backupName(office, now.addDays(-day), kind);
         };
         QStringList kept;
-        for (int day = 1; day <= 20; ++day) leave(site.folder + '/' + name(site.office.folder(), day, BackupKind::Daily));
-        for (const QString& other : {name("/άλλο", 30, BackupKind::Daily), name(site.office.folder(), 40, BackupKind::ByHand),
-                                     QString("dorvalist-mine.tar"), QString("x") + name(site.office.folder(), 50, BackupKind::Daily)}) {
+        for (int day = 1; day <= 20; ++day)
+            leave(site.folder + '/' + name(site.office.folder(), day, BackupKind::Daily));
+        for (const QString& other :
+             {name("/άλλο", 30, BackupKind::Daily), name(site.office.folder(), 40, BackupKind::ByHand),
+              QString("dorvalist-mine.tar"), QString("x") + name(site.office.folder(), 50, BackupKind::Daily)}) {
             leave(site.folder + '/' + other);
             kept << other;
         }
@@ -92,6 +95,18 @@ private slots:
         std::sort(there.begin(), there.end());
         QCOMPARE(there, kept);
         QCOMPARE(site.office.desk.prompts.count(), 1);
+    }
+
+    void whatAKilledCopyLeftGoesAfterADay() {
+        Site site;
+        const QString old = site.folder + "/.dorvalist-AbCdEf", young = site.folder + "/.dorvalist-GhIjKl";
+        for (const QString& folder : {old, young}) {
+            QDir().mkpath(folder);
+            leave(folder + "/dorvalist.mdb");
+        }
+        QVERIFY(QProcess::execute("touch", {"-d", "2 days ago", old}) == 0);
+        QVERIFY(site.runDue());
+        QVERIFY(!QFileInfo::exists(old) && QFileInfo::exists(young + "/dorvalist.mdb"));
     }
 
     void aFolderThatIsAFileIsTold() {
@@ -142,7 +157,8 @@ private slots:
         // Another office's copy under this office's name.
         const QString foreign = site.office.directory_.filePath("άλλο");
         schema::createOffice(foreign, {QStringLiteral("x"), {}});
-        schema::backupOffice(foreign, site.folder + '/' + core::backupName(site.office.folder(), good.addDays(2), BackupKind::Daily));
+        schema::backupOffice(
+            foreign, site.folder + '/' + core::backupName(site.office.folder(), good.addDays(2), BackupKind::Daily));
         const auto found = core::newestGoodBackup(site.folder, site.office.folder());
         QVERIFY(found.has_value());
         QCOMPARE(found->made.date(), good.date());

@@ -6,10 +6,10 @@
 #include <thread>
 
 #ifdef Q_OS_UNIX
-#include <csignal>
 #include <sys/resource.h>
 #include <sys/wait.h>
 #include <unistd.h>
+#include <csignal>
 #endif
 
 #include "data/password.h"
@@ -29,17 +29,20 @@ QByteArray contents(const QString& file) {
 
 void overwrite(const QString& file, qint64 at, const QByteArray& bytes) {
     QFile target(file);
-    if (!target.open(QIODevice::ReadWrite) || !target.seek(at) || target.write(bytes) != bytes.size()) qFatal("scratch");
+    if (!target.open(QIODevice::ReadWrite) || !target.seek(at) || target.write(bytes) != bytes.size())
+        qFatal("scratch");
 }
 
 struct Site {
     Site() {
         for (int i = 0; i < 400; ++i)
-            office.main.execute(u"insert into Cards (ΕΠΩΝΥΜΟ, σχολια) values ('Επαφή %1', '%2')"_s.arg(i).arg(
-                QString(2000, u'α')));
+            office.main.execute(
+                u"insert into Cards (ΕΠΩΝΥΜΟ, σχολια) values ('Επαφή %1', '%2')"_s.arg(i).arg(QString(2000, u'α')));
     }
     QString cards(data::Connection& connection) { return firstText(connection, u"select count(*) from Cards"_s); }
-    QStringList left() { return QDir(scratch.path()).entryList(QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot); }
+    QStringList left() {
+        return QDir(scratch.path()).entryList(QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot);
+    }
     schema::BackupInfo backup(const schema::BackupOptions& options = {}) {
         return schema::backupOffice(office.folder.path(), file, options);
     }
@@ -154,8 +157,9 @@ private slots:
         QVERIFY(steps >= 6);
         for (int last = 0; last < steps; ++last) {
             int step = 0;
-            QVERIFY(failureOf([&] { site.backup({.progress = [&](const QString&, int) { return step++ < last; }}); })
-                        .contains(u"διακόπηκε"));
+            QVERIFY(failureOf([&] {
+                        site.backup({.progress = [&](const QString&, int) { return step++ < last; }});
+                    }).contains(u"διακόπηκε"));
             QVERIFY(site.left().isEmpty());
         }
     }
@@ -165,7 +169,8 @@ private slots:
         site.office.closeBoth();
         sqlite3* lock = nullptr;
         QCOMPARE(sqlite3_open(qUtf8Printable(site.office.mainFile()), &lock), SQLITE_OK);
-        QCOMPARE(sqlite3_exec(lock, "PRAGMA locking_mode=EXCLUSIVE; BEGIN EXCLUSIVE", nullptr, nullptr, nullptr), SQLITE_OK);
+        QCOMPARE(sqlite3_exec(lock, "PRAGMA locking_mode=EXCLUSIVE; BEGIN EXCLUSIVE", nullptr, nullptr, nullptr),
+                 SQLITE_OK);
         QVERIFY(failureOf([&] { site.backup({.busyTimeoutMs = 50}); }).contains(u"Κάποιος άλλος"));
         QVERIFY(site.left().isEmpty());
         sqlite3_close(lock);
@@ -204,7 +209,9 @@ private slots:
         QVERIFY(!failureOf([&] { schema::checkBackup(site.file); }).isEmpty());
         QVERIFY(!failureOf([&] { schema::restoreOffice(site.file, site.other); }).isEmpty());
         QVERIFY(!QFileInfo::exists(site.other));
-        QVERIFY(!failureOf([&] { schema::restoreOffice(site.file, site.office.folder.path(), {.force = true}); }).isEmpty());
+        QVERIFY(!failureOf([&] {
+                     schema::restoreOffice(site.file, site.office.folder.path(), {.force = true});
+                 }).isEmpty());
         QCOMPARE(site.cards(site.office.main), u"400"_s);
     }
 
@@ -214,7 +221,9 @@ private slots:
         site.office.main.execute(u"delete from Cards where code>50"_s);
         const QString folder = site.office.folder.path();
         QVERIFY(failureOf([&] { schema::restoreOffice(site.file, folder); }).contains(u"Υπάρχει ήδη"));
-        QVERIFY(failureOf([&] { schema::restoreOffice(site.file, folder, {.force = true}); }).contains(u"Κάποιος δουλεύει"));
+        QVERIFY(failureOf([&] {
+                    schema::restoreOffice(site.file, folder, {.force = true});
+                }).contains(u"Κάποιος δουλεύει"));
         QCOMPARE(site.cards(site.office.main), u"50"_s);
         site.office.closeBoth();
         const QStringList aside = schema::restoreOffice(site.file, folder, {.force = true, .now = moment});
@@ -234,8 +243,8 @@ private slots:
         site.office.closeBoth();
         overwrite(site.office.mainFile(), 0, QByteArray(4096, '\x5A'));
         overwrite(site.office.mainFile() + u"-wal"_s, 0, "journal");
-        const QStringList aside = schema::restoreOffice(
-            site.file, site.office.folder.path(), {.force = true, .databases = {Database::Main}, .now = moment});
+        const QStringList aside = schema::restoreOffice(site.file, site.office.folder.path(),
+                                                        {.force = true, .databases = {Database::Main}, .now = moment});
         QCOMPARE(aside.size(), 1);
         QCOMPARE(contents(aside[0] + u"-wal"_s), QByteArray("journal"));
         QVERIFY(!QFileInfo::exists(site.office.mainFile() + u"-wal"_s));

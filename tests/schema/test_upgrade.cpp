@@ -84,7 +84,8 @@ private slots:
         ScratchOffice office;
         int runs = 0;
         const auto noCopy = [] { throw data::Error(data::ErrorCategory::Full, u"full"_s); };
-        QCOMPARE(failureOf([&] { schema::upgrade(office.main, {addCategory(first, u"A"_s, &runs)}, noCopy); }), u"full"_s);
+        QCOMPARE(failureOf([&] { schema::upgrade(office.main, {addCategory(first, u"A"_s, &runs)}, noCopy); }),
+                 u"full"_s);
         QCOMPARE(runs, 0);
         QCOMPARE(schema::storedVersion(office.main), schema::currentVersion);
     }
