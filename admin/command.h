@@ -28,6 +28,8 @@ Command demoCommand();
 Command sqlCommand();
 Command checkCommand();
 Command loadCommand();
+Command backupCommand();
+Command restoreCommand();
 Command helpCommand();
 
 const QVector<Command>& commands();

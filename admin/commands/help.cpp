@@ -27,8 +27,8 @@ Command helpCommand() {
 }
 
 const QVector<Command>& commands() {
-    static const QVector<Command> all = {createCommand(), demoCommand(), sqlCommand(),
-                                         checkCommand(),  loadCommand(), helpCommand()};
+    static const QVector<Command> all = {createCommand(), demoCommand(),   sqlCommand(),     checkCommand(),
+                                         loadCommand(),   backupCommand(), restoreCommand(), helpCommand()};
     return all;
 }
 

@@ -4,7 +4,9 @@
 #include <QString>
 #include <functional>
 
+#include "core/seatlock.h"
 #include "data/connection.h"
+#include "platform/filesystemkind.h"
 #include "platform/services.h"
 
 namespace core {
@@ -23,7 +25,9 @@ public:
     explicit MainMod(platform::Services services) : services(services) {}
 
     platform::Services services;
+    SeatLock::Probe fileSystemKind = platform::fileSystemKind;
 
+    SeatLock gSeat;               // given back after the databases are closed
     data::Connection gConn;       // dorvalist.mdb
     data::Connection gConnUsers;  // dorvalistu.mdb
     QString gDataPath;            // folder of both files, without a trailing separator

@@ -57,6 +57,21 @@ public:
     virtual void begin() = 0;
     virtual void commit() = 0;
     virtual void rollback() noexcept = 0;
+
+    // Copies the database as it stands at one moment into `file`, which must not exist, while others read and write.
+    // `atMoment` may read from this engine what belongs to that same moment. `goOn` hears the pages done and all there
+    // are, and breaks the copy off with false. Nothing stays behind of a copy that failed. Not inside a transaction.
+    // An engine whose database is no file throws Error(State).
+    virtual void backupTo(const QString& file, const std::function<void()>& atMoment,
+                          const std::function<bool(qint64 done, qint64 all)>& goOn) {
+        Q_UNUSED(file)
+        Q_UNUSED(atMoment)
+        Q_UNUSED(goOn)
+        throw Error(ErrorCategory::State,
+                    QStringLiteral("Το αντίγραφο μιας βάσης σε διακομιστή γίνεται με τα εργαλεία του διακομιστή."));
+    }
+    // Brings everything into the one file, so that it can be moved. Throws Error(Busy) while anybody else has it open.
+    virtual void requireAlone() {}
 };
 
 }  // namespace data

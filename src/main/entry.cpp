@@ -4,8 +4,12 @@
 #include <QFileInfo>
 #include <QLocale>
 
+#include "core/backupfolder.h"
 #include "core/browsemod.h"
+#include "data/fileidentity.h"
+#include "data/format.h"
 #include "platform/folders.h"
+#include "schema/backup.h"
 #include "schema/office.h"
 
 namespace entry {
@@ -44,14 +48,65 @@ std::optional<data::Error> openOne(data::Connection& connection, schema::Databas
     }
 }
 
-void openBoth(core::MainMod& mod) {
-    const auto mainFailure = openOne(mod.gConn, schema::Database::Main, mod.gMainDbPath);
-    const auto usersFailure = openOne(mod.gConnUsers, schema::Database::Users, mod.gUsersDbPath);
+// Only a database file needs the seat; a server has room for all.
+std::optional<data::Error> takeSeat(core::MainMod& mod) {
+    mod.gConn.close();
+    mod.gConnUsers.close();
+    mod.gSeat.giveBack();
+    if (data::identifyFile(mod.gMainDbPath).kind != data::FileKind::Main) return std::nullopt;
+    try {
+        mod.gSeat.take(mod.gDataPath, mod.fileSystemKind);
+        return std::nullopt;
+    } catch (const data::Error& error) {
+        return error;
+    }
+}
+
+// The databases that are damaged beyond opening; the first failure is told.
+QVector<schema::Database> openAndTell(core::MainMod& mod) {
+    using schema::Database;
+    const auto seatFailure = takeSeat(mod);
+    const auto mainFailure = seatFailure ? seatFailure : openOne(mod.gConn, Database::Main, mod.gMainDbPath);
+    const auto usersFailure = seatFailure ? seatFailure : openOne(mod.gConnUsers, Database::Users, mod.gUsersDbPath);
     const auto& failure = mainFailure ? mainFailure : usersFailure;
     if (failure)
         tell(mod, QStringLiteral("Πρόβλημα στο main αρχείο της εφαρμογής (Dorvalist.mdb)%1 %2")
                       .arg(failure->number())
                       .arg(failure->text()));
+    const auto damaged = [](const auto& e) { return e && e->category() == data::ErrorCategory::Corrupt; };
+    QVector<Database> found;
+    if (damaged(mainFailure)) found += Database::Main;
+    if (damaged(usersFailure)) found += Database::Users;
+    return found;
+}
+
+// Puts the newest good copy in the place of what is damaged, if there is one and the user wants it.
+bool restored(core::MainMod& mod, const QVector<schema::Database>& damaged) {
+    const auto copy = core::newestGoodBackup(core::backupFolder(mod.services.settings), mod.gDataPath);
+    if (!copy) return false;
+    const QString made = data::format(copy->made, u"dd/mm/yyyy hh:nn");
+    if (!mod.services.prompts.question(
+            nullptr, core::programTitle(),
+            QStringLiteral("Υπάρχει ένα καλό αντίγραφο ασφαλείας της %1.\nΝα επαναφερθεί στη θέση του κατεστραμμένου "
+                           "αρχείου; Ό,τι γράφτηκε μετά από τότε δεν θα υπάρχει. Το κατεστραμμένο θα κρατηθεί.")
+                .arg(made)))
+        return false;
+    try {
+        schema::RestoreOptions options;
+        options.force = true;
+        options.databases = damaged;
+        options.now = mod.services.clock.now();
+        schema::restoreOffice(copy->file, mod.gDataPath, options);
+        return true;
+    } catch (const data::Error& error) {
+        tell(mod, QStringLiteral("Το αντίγραφο δεν επαναφέρθηκε. ") + error.text());
+        return false;
+    }
+}
+
+void openBoth(core::MainMod& mod) {
+    const auto damaged = openAndTell(mod);
+    if (!damaged.isEmpty() && restored(mod, damaged)) openAndTell(mod);
 }
 
 void findFolder(core::MainMod& mod) {

@@ -37,6 +37,8 @@ MDIMain::MDIMain(core::MainMod& mod) : mod_(mod), windows_(*this), area_(new QMd
         {QStringLiteral("frmOwner"), [this] { showOwner(); }},
         {QStringLiteral("mnuLogOff"), [this] { logOff(); }},
         {QStringLiteral("mnuExit"), [this] { close(); }},
+        {QStringLiteral("mnuBackupNow"), [this] { emit backupWanted(); }},
+        {QStringLiteral("mnuBackupFolder"), [this] { emit backupFolderWanted(); }},
         {QStringLiteral("mnuSounds"),
          [this] {
              mod_.services.settings.setNumber(optionsSection, QStringLiteral("Sounds"),

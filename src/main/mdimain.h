@@ -32,6 +32,8 @@ public:
 signals:
     void loggedOff();  // the window is closed and can be deleted
     void exited();
+    void backupWanted();
+    void backupFolderWanted();
 
 protected:
     void closeEvent(QCloseEvent* event) override;

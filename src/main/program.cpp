@@ -1,5 +1,7 @@
 #include "main/program.h"
 
+#include <QTimer>
+
 #include "main/entry.h"
 
 namespace entry {
@@ -14,7 +16,9 @@ void letGo(std::unique_ptr<W>& window) {
 
 }  // namespace
 
-Program::Program(core::MainMod& mod) : mod_(mod) {}
+Program::Program(core::MainMod& mod) : mod_(mod), backup_(mod) {
+    connect(&mod_.gSeat, &core::SeatLock::lost, this, &Program::seatLost);
+}
 Program::~Program() = default;
 
 bool Program::start() {
@@ -38,8 +42,23 @@ void Program::showMain() {
         letGo(main_);
         showLogon();
     });
+    core::onSignal(mod_, main_.get(), main_.get(), &MDIMain::backupWanted,
+                   [this] { backup_.startByHand(main_.get()); });
+    core::onSignal(mod_, main_.get(), main_.get(), &MDIMain::backupFolderWanted,
+                   [this] { backup_.chooseFolder(main_.get()); });
     main_->load();
     main_->show();
+    // After the window's first painting.
+    QTimer::singleShot(0, this, [this] { backup_.startIfDue(main_.get()); });
+}
+
+// Nothing more may reach the files: somebody else works on them without knowing of this seat.
+void Program::seatLost() {
+    mod_.gConn.close();
+    mod_.gConnUsers.close();
+    mod_.services.prompts.message(main_.get(), platform::MessageIcon::Critical, core::programTitle(),
+                                  QStringLiteral("Χάθηκε η επαφή με τον φάκελο των δεδομένων στο δίκτυο ή τον πήρε "
+                                                 "άλλη θέση. Τα αρχεία έκλεισαν. Ξεκινήστε πάλι το πρόγραμμα."));
 }
 
 }  // namespace entry

@@ -4,6 +4,7 @@
 #include <QObject>
 #include <memory>
 
+#include "core/dailybackup.h"
 #include "core/mainmod.h"
 #include "main/mdimain.h"
 #include "users/frmlogon.h"
@@ -21,6 +22,7 @@ public:
 
     users::frmLogon* logon() const { return logon_.get(); }
     MDIMain* mainWindow() const { return main_.get(); }
+    core::DailyBackup& backup() { return backup_; }
 
 signals:
     void finished();
@@ -28,10 +30,12 @@ signals:
 private:
     void showLogon();
     void showMain();
+    void seatLost();
 
     core::MainMod& mod_;
     std::unique_ptr<users::frmLogon> logon_;
     std::unique_ptr<MDIMain> main_;
+    core::DailyBackup backup_;
 };
 
 }  // namespace entry

@@ -46,4 +46,11 @@ QString workFolder() {
     return spare;
 }
 
+QString backupFolder() {
+    const QString own =
+        QStandardPaths::writableLocation(QStandardPaths::AppLocalDataLocation) + QLatin1String("/backups");
+    makePrivate(own);
+    return own;
+}
+
 }  // namespace platform

@@ -12,4 +12,7 @@ QString programFolder();
 // A writable folder of the user's for work files; created on first use.
 QString workFolder();
 
+// Where copies of the data go unless the user chose another place; created on first use.
+QString backupFolder();
+
 }  // namespace platform

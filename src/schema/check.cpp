@@ -92,12 +92,14 @@ void checkTables(QStringList& found, data::Connection& connection, Database data
         if (!findTable(database, there.name)) found += u"Περισσεύει ο πίνακας %1."_s.arg(there.name);
 }
 
-void checkFile(QStringList& found, data::Connection& connection) {
+}  // namespace
+
+QStringList fileDamage(data::Connection& connection) {
+    QStringList found;
     for (const QStringList& row : queryTexts(connection, "PRAGMA integrity_check"))
         if (row[0] != u"ok") found += u"Βλάβη στο αρχείο: "_s + row[0];
+    return found;
 }
-
-}  // namespace
 
 QStringList findings(data::Connection& connection, Database database) {
     QStringList found;
@@ -106,8 +108,7 @@ QStringList findings(data::Connection& connection, Database database) {
         found += u"Η έκδοση της βάσης είναι %1 αντί για %2."_s.arg(version).arg(currentVersion);
     checkTables(found, connection, database);
     checkIndexes(found, connection, database);
-    checkFile(found, connection);
-    return found;
+    return found + fileDamage(connection);
 }
 
 QVector<TableCount> tableCounts(data::Connection& connection, Database database) {

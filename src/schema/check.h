@@ -11,6 +11,9 @@ namespace schema {
 // line each, none when all is well.
 QStringList findings(data::Connection& connection, Database database);
 
+// The engine's part of it alone, whatever the version.
+QStringList fileDamage(data::Connection& connection);
+
 struct TableCount {
     QString table;
     qint64 rows;

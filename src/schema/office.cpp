@@ -12,6 +12,7 @@
 #include "data/fileidentity.h"
 #include "data/password.h"
 #include "data/sqlite/sqliteengine.h"
+#include "schema/backup.h"
 #include "schema/reference.h"
 #include "schema/tablewriter.h"
 #include "schema/upgrade.h"
@@ -192,7 +193,10 @@ void open(data::Connection& connection, const QString& connectionString) {
     const Properties properties = data::parseConnectionString(connectionString);
     closeOnFailure(connection, [&] {
         openKnown(connection, connectionString, properties);
-        upgrade(connection, upgradeSteps(wantedDatabase(properties)));
+        const Database database = wantedDatabase(properties);
+        upgrade(connection, upgradeSteps(database), [&] {
+            copyBeforeUpgrade(connection, database, properties.value(fileKey), QDateTime::currentDateTime());
+        });
     });
 }
 

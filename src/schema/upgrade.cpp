@@ -30,7 +30,8 @@ void storeVersion(data::Connection& connection, int version) {
     connection.engine().script("PRAGMA user_version = " + QByteArray::number(version));
 }
 
-void upgrade(data::Connection& connection, const QVector<UpgradeStep>& steps) {
+void upgrade(data::Connection& connection, const QVector<UpgradeStep>& steps, const std::function<void()>& before) {
+    if (before && !steps.isEmpty() && storedVersion(connection) < steps.last().toVersion) before();
     for (const UpgradeStep& step : steps) {
         if (storedVersion(connection) >= step.toVersion) continue;
         data::Transaction transaction(connection);

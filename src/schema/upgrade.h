@@ -19,8 +19,9 @@ struct UpgradeStep {
 const QVector<UpgradeStep>& upgradeSteps(Database database);
 
 // Runs the steps above the stored version, each in a transaction of its own: a failure leaves the version reached, and
-// the next start goes on from there. Two programs that start at once run each step only once.
-void upgrade(data::Connection& connection, const QVector<UpgradeStep>& steps);
+// the next start goes on from there. Two programs that start at once run each step only once. `before` runs once, and
+// only when there is a step to run; its failure lets none of them begin.
+void upgrade(data::Connection& connection, const QVector<UpgradeStep>& steps, const std::function<void()>& before = {});
 
 int storedVersion(data::Connection& connection);
 void storeVersion(data::Connection& connection, int version);

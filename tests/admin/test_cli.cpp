@@ -64,6 +64,7 @@ private slots:
         row("no number", {u"demo"_s, u"x"_s, u"--cards=many"_s}, u"ακέραιο"_s);
         row("too many", {u"demo"_s, u"x"_s, u"--cards=99999999999"_s}, u"ακέραιο"_s);
         row("no date", {u"demo"_s, u"x"_s, u"--date=31/12/2026"_s}, u"εεεε-μμ-ηη"_s);
+        row("backup of nothing", {u"backup"_s, u"x"_s}, u"Λείπουν"_s);
         row("unknown kind", {u"load"_s, u"x"_s, u"cards"_s, u"f"_s}, u"«cards»"_s);
         row("no terminal", {u"create"_s, u"x"_s}, u"--admin-password"_s);
         row("help of nothing", {u"help"_s, u"destroy"_s}, u"«destroy»"_s);
@@ -81,7 +82,8 @@ private slots:
     void helpAndVersion() {
         const Outcome help = runTool({u"help"_s});
         QCOMPARE(help.code, 0);
-        for (const QString& command : {u"create"_s, u"demo"_s, u"sql"_s, u"check"_s, u"load"_s}) {
+        for (const QString& command :
+             {u"create"_s, u"demo"_s, u"sql"_s, u"check"_s, u"load"_s, u"backup"_s, u"restore"_s}) {
             QVERIFY(help.out.contains(command));
             QVERIFY(runTool({u"help"_s, command}).out.contains(u"dorvalist-admin "_s + command));
         }
@@ -159,6 +161,29 @@ private slots:
     }
 
     void checkOfNothing() { QCOMPARE(runTool({u"check"_s, scratch_.filePath(u"nowhere"_s)}).code, 1); }
+
+    void backupAndRestore() {
+        const QString file = scratch_.filePath(u"a.tar"_s), other = scratch_.filePath(u"restored"_s);
+        const Outcome made = runTool({u"backup"_s, office_, file});
+        QVERIFY2(made.code == 0, qPrintable(made.err));
+        QVERIFY(made.out.contains(file) && made.err.contains(u"dorvalistu.mdb"));
+        QCOMPARE(QFileInfo(file).permissions() & 0x77, QFile::Permissions());
+        const Outcome again = runTool({u"backup"_s, office_, file});
+        QCOMPARE(again.code, 1);
+        QVERIFY(again.err.contains(u"Υπάρχει ήδη"));
+        QCOMPARE(runTool({u"backup"_s, office_, file, u"--force"_s}).code, 0);
+        QCOMPARE(runTool({u"restore"_s, file, office_}).code, 1);
+        QCOMPARE(runTool({u"restore"_s, file, other}).code, 0);
+        QVERIFY(runTool({u"check"_s, other}).out.contains(u"Cards\t30\n"));
+        QCOMPARE(runTool({u"sql"_s, other, u"delete from Cards"_s, u"--write"_s}).code, 0);
+        const Outcome forced = runTool({u"restore"_s, file, other, u"--force"_s});
+        QVERIFY2(forced.code == 0, qPrintable(forced.err));
+        QCOMPARE(forced.out.count(u"dorvalist.mdb.2"), 1);
+        QVERIFY(runTool({u"check"_s, other}).out.contains(u"Cards\t30\n"));
+        QCOMPARE(runTool({u"restore"_s, scratch_.filePath(u"own.tsv"_s), office_, u"--force"_s}).code, 1);
+        QDir(other).removeRecursively();
+        QFile::remove(file);
+    }
 
     void loadTakesAWholeFileOrNothing() {
         QFile own(scratch_.filePath(u"own.tsv"_s));

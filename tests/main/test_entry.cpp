@@ -2,8 +2,10 @@
 
 #include <QSignalSpy>
 
+#include "core/backupfolder.h"
 #include "main/program.h"
 #include "platform/folders.h"
+#include "schema/backup.h"
 #include "support/office.h"
 
 using entry::Outcome;
@@ -145,6 +147,69 @@ private slots:
         QCOMPARE(QDir(site.office).entryList(), before);
     }
 
+    void aDamagedDatabaseIsRestoredFromTheNewestGoodCopy_data() {
+        QTest::addColumn<bool>("main");
+        QTest::addColumn<bool>("yes");
+        QTest::newRow("main, yes") << true << true;
+        QTest::newRow("main, no") << true << false;
+        QTest::newRow("users, yes") << false << true;
+    }
+    void aDamagedDatabaseIsRestoredFromTheNewestGoodCopy() {
+        QFETCH(bool, main);
+        QFETCH(bool, yes);
+        Site site;
+        site.stored(site.office);
+        const QString folder = site.directory.filePath("αντίγραφα");
+        QDir().mkpath(folder);
+        core::setBackupFolder(site.desk.settings, folder);
+        const QDateTime made = site.desk.clock.now().addDays(-2);
+        schema::backupOffice(site.office, folder + '/' + core::backupName(site.office, made, core::BackupKind::Daily), {.now = made});
+        const QString damaged = main ? site.main() : site.users(), whole = main ? site.users() : site.main();
+        const QByteArray noise(70000, '\x5A'), before = contents(whole);
+        write(damaged, noise);
+
+        site.desk.prompts.answer(yes);
+        QCOMPARE(site.run(), Outcome::Logon);
+        QCOMPARE(site.desk.prompts.count(), 2);
+        QVERIFY(site.desk.prompts.shown()[0].text.startsWith(noBase));
+        QVERIFY2(site.desk.prompts.lastText().contains("03/11/2026 10:30"), qPrintable(site.desk.prompts.lastText()));
+        QCOMPARE(site.mod.gConn.isOpen() && site.mod.gConnUsers.isOpen(), yes);
+        QVERIFY(contents(yes ? damaged + ".20261105-103000" : damaged) == noise);
+        site.mod.gConn.close();
+        site.mod.gConnUsers.close();
+        QVERIFY(contents(whole) == before);
+    }
+
+    // A copy that is no better than what is there isn't offered.
+    void aBadCopyIsNotOffered() {
+        Site site;
+        site.stored(site.office);
+        core::setBackupFolder(site.desk.settings, site.directory.path());
+        write(site.directory.filePath(core::backupName(site.office, site.desk.clock.now(), core::BackupKind::Daily)), "x");
+        write(site.main(), QByteArray(70000, '\x5A'));
+        QCOMPARE(site.run(), Outcome::Logon);
+        QCOMPARE(site.desk.prompts.count(), 1);
+    }
+
+    void aSecondSeatOnTheNetworkIsRefused() {
+        Site site;
+        site.stored(site.office);
+        const auto network = [](const QString&) { return platform::FileSystemKind::Network; };
+        site.mod.fileSystemKind = network;
+        QCOMPARE(site.run(), Outcome::Logon);
+        QVERIFY(site.mod.gSeat.isHeld() && site.mod.gConn.isOpen());
+        core::MainMod second{site.desk.services};
+        second.fileSystemKind = network;
+        QCOMPARE(entry::run(second), Outcome::Logon);
+        QVERIFY(!second.gConn.isOpen() && !second.gConnUsers.isOpen());
+        QCOMPARE(site.desk.prompts.count(), 1);
+        QVERIFY2(site.desk.prompts.lastText().contains("διακομιστή"), qPrintable(site.desk.prompts.lastText()));
+
+        entry::Program program(site.mod);
+        emit site.mod.gSeat.lost();
+        QVERIFY(!site.mod.gConn.isOpen() && !site.mod.gConnUsers.isOpen());
+    }
+
     void exchangedFilesAndNewerVersionsAreRefused() {
         Site site;
         site.stored(site.office);
@@ -172,6 +237,8 @@ private slots:
         Site site;
         site.stored(site.office);
         site.desk.settings.setValue("Settings", "Name", "Γραφείο");
+        const QString copies = site.directory.filePath("αντίγραφα");
+        core::setBackupFolder(site.desk.settings, copies);
         entry::Program program(site.mod);
         QVERIFY(program.start());
         auto type = [&](const QString& user, const QString& password) {
@@ -185,6 +252,16 @@ private slots:
         QVERIFY(program.mainWindow()->isVisible());
         program.mainWindow()->menu("mnuCards")->trigger();
         QVERIFY(site.mod.gAddressOpen);
+
+        // The day's copy comes by itself, once the window is up.
+        QSignalSpy copied(&program.backup(), &core::DailyBackup::finished);
+        QVERIFY(copied.wait(60000));
+        QCOMPARE(core::backupsOf(copies, site.office).size(), 1);
+        program.mainWindow()->menu("mnuBackupNow")->trigger();
+        QVERIFY(copied.wait(60000));
+        QCOMPARE(core::backupsOf(copies, site.office).size(), 2);
+        QVERIFY(site.desk.prompts.lastText().contains("γράφτηκε"));
+        site.desk.prompts.clear();
 
         // Log-off asks nothing, and the name stays until somebody else is in.
         program.mainWindow()->menu("mnuLogOff")->trigger();

@@ -25,8 +25,11 @@ public:
     void begin() override;
     void commit() override;
     void rollback() noexcept override;
+    void backupTo(const QString& file, const std::function<void()>& atMoment,
+                  const std::function<bool(qint64 done, qint64 all)>& goOn) override;
+    void requireAlone() override;
 
-    sqlite3* handle() const { return database_; }  // for backup; stays the engine's
+    sqlite3* handle() const { return database_; }  // for measuring against it; stays the engine's
 
 private:
     void configure(const OpenSettings& settings);

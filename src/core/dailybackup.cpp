@@ -1,0 +1,116 @@
+#include "core/dailybackup.h"
+
+#include <QDir>
+
+#include "core/browsemod.h"
+#include "data/fileidentity.h"
+#include "schema/backup.h"
+
+namespace core {
+
+namespace {
+
+const QString section = QStringLiteral("Options");
+const QString dayKey = QStringLiteral("BackupDay");
+
+// A database on a server is copied by the server's own tools.
+bool canCopy(const MainMod& mod) {
+    return mod.gConn.isOpen() && mod.gConnUsers.isOpen() &&
+           data::identifyFile(mod.gMainDbPath).kind == data::FileKind::Main;
+}
+
+}  // namespace
+
+// What the thread needs, and what it leaves; nobody else touches the latter before it has ended.
+struct DailyBackup::Work {
+    BackupKind kind;
+    QString dataPath, folder, file;
+    QDateTime now;
+    std::atomic<bool> stop = false;
+    QString failure;
+
+    QString dayText() const { return now.toString(QStringLiteral("yyyy-MM-dd ")) + officeTag(dataPath); }
+
+    void run() {
+        try {
+            QDir().mkpath(folder);
+            dropAbandonedWork(folder);
+            schema::BackupOptions options;
+            options.now = now;
+            options.replace = true;  // only a copy of this same office and second has this name
+            options.progress = [this](const QString&, int) { return !stop; };
+            schema::backupOffice(dataPath, file, options);
+            if (kind == BackupKind::Daily) dropOldBackups(folder, dataPath);
+        } catch (const data::Error& error) {
+            failure = error.text();
+        } catch (const std::exception& error) {
+            failure = QString::fromUtf8(error.what());
+        }
+    }
+};
+
+DailyBackup::DailyBackup(MainMod& mod) : mod_(mod) {}
+
+DailyBackup::~DailyBackup() {
+    if (!thread_) return;
+    thread_->disconnect(this);
+    work_->stop = true;
+    thread_->wait();
+}
+
+void DailyBackup::startIfDue(QWidget* parent) {
+    if (isRunning() || !canCopy(mod_)) return;
+    const QString today = mod_.services.clock.now().toString(QStringLiteral("yyyy-MM-dd ")) + officeTag(mod_.gDataPath);
+    if (mod_.services.settings.value(section, dayKey) != today) start(BackupKind::Daily, parent);
+}
+
+void DailyBackup::startByHand(QWidget* parent) {
+    const auto tell = [&](const QString& text) {
+        mod_.services.prompts.message(parent, platform::MessageIcon::Information, programTitle(), text);
+    };
+    if (isRunning())
+        tell(QStringLiteral("Γίνεται ήδη ένα αντίγραφο ασφαλείας. Δοκιμάστε ξανά σε λίγο."));
+    else if (!canCopy(mod_))
+        tell(QStringLiteral("Από εδώ αντιγράφονται μόνο βάσεις δεδομένων σε αρχεία που είναι ανοιχτά."));
+    else
+        start(BackupKind::ByHand, parent);
+}
+
+void DailyBackup::chooseFolder(QWidget* parent) {
+    const QString folder =
+        mod_.services.prompts.chooseFolder(parent, QStringLiteral("Φάκελος για τα αντίγραφα ασφαλείας ..."));
+    if (!folder.isEmpty()) setBackupFolder(mod_.services.settings, folder);
+}
+
+void DailyBackup::start(BackupKind kind, QWidget* parent) {
+    work_ = std::make_shared<Work>();
+    work_->kind = kind;
+    work_->dataPath = mod_.gDataPath;
+    work_->folder = backupFolder(mod_.services.settings);
+    work_->now = mod_.services.clock.now();
+    work_->file = QDir(work_->folder).filePath(backupName(work_->dataPath, work_->now, kind));
+    parent_ = parent;
+    thread_.reset(QThread::create([work = work_] { work->run(); }));
+    connect(thread_.get(), &QThread::finished, this, &DailyBackup::end);
+    thread_->start(QThread::LowPriority);
+}
+
+void DailyBackup::end() {
+    thread_->wait();
+    thread_.release()->deleteLater();
+    const std::shared_ptr<Work> work = std::move(work_);
+    const bool daily = work->kind == BackupKind::Daily, good = work->failure.isEmpty();
+    platform::Prompts& prompts = mod_.services.prompts;
+    if (daily && good) mod_.services.settings.setValue(section, dayKey, work->dayText());
+    if (!good)
+        prompts.message(parent_, platform::MessageIcon::Warning, programTitle(),
+                        QStringLiteral("Το αντίγραφο ασφαλείας δεν έγινε στον φάκελο «%1».\n%2")
+                            .arg(QDir::toNativeSeparators(work->folder), work->failure));
+    else if (!daily)
+        prompts.message(parent_, platform::MessageIcon::Information, programTitle(),
+                        QStringLiteral("Το αντίγραφο ασφαλείας γράφτηκε και ελέγχθηκε:\n%1")
+                            .arg(QDir::toNativeSeparators(work->file)));
+    emit finished();
+}
+
+}  // namespace core

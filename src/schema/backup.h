@@ -1,0 +1,54 @@
+// Copies of an office: one tar with both databases and a list of what must be in them.
+#pragma once
+
+#include <QDateTime>
+#include <QString>
+#include <QStringList>
+#include <functional>
+#include <optional>
+
+#include "data/connection.h"
+#include "schema/tables.h"
+
+namespace schema {
+
+// Hears what is being done and how far it is; false breaks it off with data::Error. May be empty.
+using Progress = std::function<bool(const QString& what, int percent)>;
+
+// The file's name is dated by the caller; times are those of the clock on the wall.
+struct BackupOptions {
+    bool replace = false;  // a file of this name may be replaced
+    QDateTime now = QDateTime::currentDateTime();
+    Progress progress = {};
+    int busyTimeoutMs = 5000;
+};
+
+struct BackupInfo {
+    QDateTime made;
+    QString folder;  // of the office, absolute
+    qint64 rows = 0;
+};
+
+// Copies both databases while others work. Each copy is opened, checked through and counted against its source before
+// the file gets its name; until then, and after a failure, nothing of that name is there. Throws data::Error.
+BackupInfo backupOffice(const QString& folder, const QString& file, const BackupOptions& options = {});
+
+// Unpacks a copy beside nobody's data, checks everything in it and forgets it. Throws data::Error when it isn't good.
+BackupInfo checkBackup(const QString& file, const Progress& progress = {});
+
+struct RestoreOptions {
+    bool force = false;  // a database that is there is kept aside under a dated name instead of being refused
+    QVector<Database> databases = {Database::Main, Database::Users};
+    QDateTime now = QDateTime::currentDateTime();
+    Progress progress = {};
+};
+
+// Puts the databases of a checked copy into `folder`, which is made if it isn't there. Returns where the old ones are
+// kept. Throws data::Error, Busy while anybody has one of the old ones open; then everything stands as before.
+QStringList restoreOffice(const QString& file, const QString& folder, const RestoreOptions& options = {});
+
+// Before a database is changed by an upgrade: a checked copy beside it, named after it, its version and `now`; the last
+// few are kept. Returns the copy's path.
+QString copyBeforeUpgrade(data::Connection& connection, Database database, const QString& file, const QDateTime& now);
+
+}  // namespace schema
