@@ -42,13 +42,16 @@ public:
 signals:
     void rowActivated(int row);
     void columnClicked(int column);
-    void menuRequested(int row, QPoint globalPosition);  // right click; row is -1 beside the rows
+    // Right click, row is -1 beside the rows; or menu key and Shift+F10 for the selected row, -1 when there is none.
+    void menuRequested(int row, QPoint globalPosition);
 
 protected:
     void keyPressEvent(QKeyEvent* event) override;
     void contextMenuEvent(QContextMenuEvent* event) override;
 
 private:
+    void requestMenuAtRow();
+
     class Rows;
     Rows* rows_;
 };

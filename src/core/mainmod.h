@@ -4,6 +4,7 @@
 #include <QString>
 #include <functional>
 
+#include "core/logondelay.h"
 #include "data/connection.h"
 #include "platform/services.h"
 
@@ -32,6 +33,7 @@ public:
 
     QString gUserName;  // "Admin" for the built-in user
     int gUserGroup = 0;
+    LogonDelay logonDelay;
 
     bool gAddressOpen = false;  // frmAddress is loaded
 

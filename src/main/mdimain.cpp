@@ -12,7 +12,9 @@
 #include "controls/theme.h"
 #include "core/contactnoun.h"
 #include "data/format.h"
+#include "users/frmadmin.h"
 #include "users/frmowner.h"
+#include "users/frmusers.h"
 
 namespace entry {
 
@@ -54,6 +56,8 @@ MDIMain::~MDIMain() = default;
 
 void MDIMain::registerForms() {
     windows_.add(QStringLiteral("frmAddress"), [this] { return new cards::frmAddress(mod_); });
+    windows_.add(QStringLiteral("frmAdmin"), [this] { return new users::frmAdmin(mod_); });
+    windows_.add(QStringLiteral("frmUsers"), [this] { return new users::frmUsers(mod_); });
 }
 
 void MDIMain::load() {
