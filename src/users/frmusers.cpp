@@ -20,7 +20,7 @@ namespace {
 // Stands in the password's box for the stored one. Nobody types this character, so that what is typed beside it can be
 // told apart.
 constexpr QChar maskCharacter(0xE000);
-const QString mask(8, maskCharacter);
+const QString passwordMask(8, maskCharacter);
 
 }  // namespace
 
@@ -170,7 +170,7 @@ void frmUsers::editUser() {
     editedName_ = mRs[u"UserName"].text();
     passwordStands_ = !mRs[u"Password"].text().isEmpty();
     Text1->setText(editedName_);
-    Text2->setText(passwordStands_ ? mask : QString());
+    Text2->setText(passwordStands_ ? passwordMask : QString());
     Combo1->setCurrentIndex(group.isEmpty() ? -1 : Combo1->findText(group));
     showFrame();
 }

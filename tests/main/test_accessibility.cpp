@@ -47,7 +47,7 @@ private slots:
         entry::MDIMain window(office.mod);
         window.load();
         window.show();
-        window.menu("mnuCards")->trigger();
+        for (const char* entry : {"mnuCards", "mnuPass", "mnuUsers"}) window.menu(entry)->trigger();
         for (QWidget* each :
              {static_cast<QWidget*>(&logon), static_cast<QWidget*>(&owner), static_cast<QWidget*>(&window)})
             QCOMPARE(nameless(*each).join(", "), QString());
