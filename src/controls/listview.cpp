@@ -112,13 +112,27 @@ void ListView::resizeEvent(QResizeEvent* event) {
 }
 
 void ListView::keyPressEvent(QKeyEvent* event) {
+    // Not every platform makes a menu request of these keys; where one does, the menu just opens at the same place.
+    const bool shiftF10 = event->key() == Qt::Key_F10 && event->modifiers() == Qt::ShiftModifier;
+    if (event->key() == Qt::Key_Menu || shiftF10) {
+        event->accept();
+        return requestMenuAtRow();
+    }
     const bool enter = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
     if (!enter) return QTreeView::keyPressEvent(event);
     event->accept();
     if (currentRow() >= 0) emit rowActivated(currentRow());
 }
 
+void ListView::requestMenuAtRow() {
+    const int row = currentRow();
+    if (row >= 0) scrollTo(currentIndex());
+    const QPoint corner = row >= 0 ? visualRect(rows_->index(row, 0)).bottomLeft() : QPoint();
+    emit menuRequested(row, viewport()->mapToGlobal(corner));
+}
+
 void ListView::contextMenuEvent(QContextMenuEvent* event) {
+    if (event->reason() == QContextMenuEvent::Keyboard) return requestMenuAtRow();
     const QModelIndex hit = indexAt(event->pos());
     if (hit.isValid()) setCurrentIndex(hit);
     emit menuRequested(hit.isValid() ? hit.row() : -1, event->globalPos());

@@ -45,7 +45,8 @@ public:
 signals:
     void rowActivated(int row);
     void columnClicked(int column);
-    void menuRequested(int row, QPoint globalPosition);  // right click; row is -1 beside the rows
+    // Right click, row is -1 beside the rows; or menu key and Shift+F10 for the selected row, -1 when there is none.
+    void menuRequested(int row, QPoint globalPosition);
 
 protected:
     void keyPressEvent(QKeyEvent* event) override;
@@ -53,6 +54,8 @@ protected:
     void resizeEvent(QResizeEvent* event) override;
 
 private:
+    void requestMenuAtRow();
+
     class Rows;
     Rows* rows_;
     bool sharing_ = false;

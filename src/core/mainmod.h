@@ -4,6 +4,7 @@
 #include <QString>
 #include <functional>
 
+#include "core/logondelay.h"
 #include "core/seatlock.h"
 #include "data/connection.h"
 #include "platform/filesystemkind.h"
@@ -36,6 +37,7 @@ public:
 
     QString gUserName;  // "Admin" for the built-in user
     int gUserGroup = 0;
+    LogonDelay logonDelay;
 
     bool gAddressOpen = false;  // frmAddress is loaded
 

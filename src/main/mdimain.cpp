@@ -14,7 +14,9 @@
 #include "controls/theme.h"
 #include "core/contactnoun.h"
 #include "data/format.h"
+#include "users/frmadmin.h"
 #include "users/frmowner.h"
+#include "users/frmusers.h"
 
 namespace entry {
 
@@ -63,6 +65,8 @@ void MDIMain::registerForms() {
     windows_.add(QStringLiteral("frmFields"),
                  [this] { return new cards::frmFields(mod_, [this](int list) { showList(list); }); });
     windows_.add(QStringLiteral("frmFields1"), [this] { return new cards::frmFields1(mod_); });
+    windows_.add(QStringLiteral("frmAdmin"), [this] { return new users::frmAdmin(mod_); });
+    windows_.add(QStringLiteral("frmUsers"), [this] { return new users::frmUsers(mod_); });
 }
 
 // A card that is open takes the changed lists over.

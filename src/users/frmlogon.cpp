@@ -77,18 +77,25 @@ void frmLogon::build() {
 
 void frmLogon::logon() {
     if (Text1->text().isEmpty()) return mod_.beep();
+    const QDateTime now = mod_.services.clock.now();
+    if (mod_.logonDelay.isWaiting(now)) return refuse();
     const auto session = authenticate(mod_.gConnUsers, Text1->text(), Text2->text());
     if (!session) {
-        // No word on what was wrong.
-        mod_.beep();
-        Text2->clear();
-        Text2->setFocus();
-        return;
+        mod_.logonDelay.failed(now);
+        return refuse();
     }
+    mod_.logonDelay.succeeded();
     mod_.gUserName = session->userName;
     mod_.gUserGroup = session->group;
     mod_.services.settings.setValue(QStringLiteral("Settings"), QStringLiteral("UserName"), mod_.gUserName);
     accept();
+}
+
+// No word on what was wrong, nor on a wait.
+void frmLogon::refuse() {
+    mod_.beep();
+    Text2->clear();
+    Text2->setFocus();
 }
 
 }  // namespace users

@@ -19,6 +19,7 @@ public:
 private:
     void build();
     void logon();
+    void refuse();
 
     core::MainMod& mod_;
     controls::TextBox* Text1;

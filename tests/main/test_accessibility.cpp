@@ -48,7 +48,8 @@ private slots:
         entry::MDIMain window(office.mod);
         window.load();
         window.show();
-        for (const char* entry : {"mnuCards", "mnuCategory", "mnuFieldsCard", "mnuFieldsHistory"})
+        for (const char* entry :
+             {"mnuCards", "mnuCategory", "mnuFieldsCard", "mnuFieldsHistory", "mnuPass", "mnuUsers"})
             window.menu(entry)->trigger();
         cards::frmFind find(office.mod, nullptr, [](const cards::FoundCard&) {});
         QCOMPARE(nameless(find).join(", "), QString());

@@ -163,7 +163,8 @@ private slots:
         QDir().mkpath(folder);
         core::setBackupFolder(site.desk.settings, folder);
         const QDateTime made = site.desk.clock.now().addDays(-2);
-        schema::backupOffice(site.office, folder + '/' + core::backupName(site.office, made, core::BackupKind::Daily), {.now = made});
+        schema::backupOffice(site.office, folder + '/' + core::backupName(site.office, made, core::BackupKind::Daily),
+                             {.now = made});
         const QString damaged = main ? site.main() : site.users(), whole = main ? site.users() : site.main();
         const QByteArray noise(70000, '\x5A'), before = contents(whole);
         write(damaged, noise);
@@ -185,7 +186,8 @@ private slots:
         Site site;
         site.stored(site.office);
         core::setBackupFolder(site.desk.settings, site.directory.path());
-        write(site.directory.filePath(core::backupName(site.office, site.desk.clock.now(), core::BackupKind::Daily)), "x");
+        write(site.directory.filePath(core::backupName(site.office, site.desk.clock.now(), core::BackupKind::Daily)),
+              "x");
         write(site.main(), QByteArray(70000, '\x5A'));
         QCOMPARE(site.run(), Outcome::Logon);
         QCOMPARE(site.desk.prompts.count(), 1);

@@ -95,6 +95,18 @@ void shootCards(Studio& studio, const Album& album) {
     album.take(window, "card-edit");
 }
 
+void shootUsers(Studio& studio, const Album& album) {
+    entry::MDIMain window(studio.mod);
+    window.load();
+    window.menu("mnuPass")->trigger();
+    album.take(*window.windows().find("frmAdmin"), "admin");
+    window.menu("mnuUsers")->trigger();
+    QWidget& users = *window.windows().find("frmUsers");
+    album.take(window, "users");
+    users.findChild<QAction*>("mnuEditUser")->trigger();
+    album.take(users, "users-edit");
+}
+
 }  // namespace
 
 int main(int argc, char** argv) {
@@ -112,6 +124,7 @@ int main(int argc, char** argv) {
         album.take(owner, "owner");
         shootCards(studio, album);
         shootSettings(studio, album);
+        shootUsers(studio, album);
     }
     return 0;
 }

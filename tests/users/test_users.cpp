@@ -89,6 +89,41 @@ private slots:
         QCOMPARE(logon.box("Text2")->text(), QString("admin"));
     }
 
+    // The wait outlives the window, as a log-off and a new logon would have it.
+    void guessingGetsSlow() {
+        support::Office office;
+        const auto tries = [&](const char* password) { return LogonDriver(office.mod).tryWith("Admin", password); };
+        office.mod.gConnUsers.execute("update admin set pass='right'");
+        for (int i = 0; i < 4; ++i) QVERIFY(!tries("wrong"));
+        QVERIFY(tries("right"));
+        for (int i = 0; i < 5; ++i) QVERIFY(!tries("wrong"));
+        for (int wait : {5, 10, 20, 40, 80, 160, 300, 300}) {
+            const int beeps = office.desk.sound.beeps;
+            office.desk.clock.advance(wait - 1);
+            LogonDriver early(office.mod);
+            QVERIFY2(!early.tryWith("Admin", "right"), qPrintable(QString::number(wait)));
+            QVERIFY(early.box("Text2")->text().isEmpty());
+            office.desk.clock.advance(1);
+            QVERIFY(!tries("wrong"));
+            QCOMPARE(office.desk.sound.beeps, beeps + 2);
+        }
+        QVERIFY(office.desk.prompts.isEmpty());
+        office.desk.clock.advance(300);
+        QVERIFY(tries("right"));
+        QVERIFY(!tries("wrong"));
+        QVERIFY(tries("right"));
+    }
+
+    void aClockSetBackHoldsNobodyLonger() {
+        support::Office office;
+        office.mod.gConnUsers.execute("update admin set pass='right'");
+        for (int i = 0; i < 5; ++i) LogonDriver(office.mod).tryWith("Admin", "wrong");
+        office.desk.clock.advance(-3600);
+        QVERIFY(!LogonDriver(office.mod).tryWith("Admin", "right"));
+        office.desk.clock.advance(5);
+        QVERIFY(LogonDriver(office.mod).tryWith("Admin", "right"));
+    }
+
     void aClearPasswordIsReplacedAtItsFirstUse() {
         support::Office office;
         addUser(office, "nikos", "palios", 2);

@@ -1,0 +1,44 @@
+#include "users/accounts.h"
+
+#include <algorithm>
+
+#include "data/fold.h"
+#include "data/recordset.h"
+
+namespace users {
+
+QVector<Account> accounts(data::Connection& users) {
+    QVector<Account> found;
+    for (data::Recordset row(users, QStringLiteral("select * from users order by -group")); !row.eof(); row.moveNext())
+        found.append({row[u"aa"].toLong(), row[u"UserName"].text(), groupName(users, row[u"Group"].value())});
+    return found;
+}
+
+QStringList groupNames(data::Connection& users) {
+    QStringList names;
+    for (data::Recordset row(users, QStringLiteral("select * from groups order by code")); !row.eof(); row.moveNext())
+        names << row[u"Name"].text();
+    return names;
+}
+
+QString groupName(data::Connection& users, const QVariant& number) {
+    if (number.isNull()) return {};
+    data::Recordset row(users, QStringLiteral("select name from groups where code=%1").arg(number.toDouble()));
+    return row.isEmpty() ? QString() : row[u"name"].text();
+}
+
+std::optional<qint64> groupNumber(data::Connection& users, const QString& name) {
+    data::Recordset row(users, QStringLiteral("select code from groups where name='%1'")
+                                   .arg(QString(name).replace(u'\'', QStringLiteral("''"))));
+    if (row.isEmpty()) return std::nullopt;
+    return row[u"code"].toLong();
+}
+
+bool isTaken(const QVector<Account>& accounts, const QString& userName, qint64 self) {
+    const QString wanted = data::fold(userName);
+    return std::any_of(accounts.begin(), accounts.end(), [&](const Account& account) {
+        return account.aa != self && data::fold(account.userName) == wanted;
+    });
+}
+
+}  // namespace users

@@ -1,0 +1,61 @@
+#include "users/frmadmin.h"
+
+#include <QFormLayout>
+#include <QPushButton>
+#include <QVBoxLayout>
+
+#include "controls/names.h"
+#include "data/password.h"
+#include "data/recordset.h"
+
+namespace users {
+
+using controls::named;
+
+frmAdmin::frmAdmin(core::MainMod& mod)
+    : Form(mod, QStringLiteral("frmAdmin"), QStringLiteral("Αλλαγή κωδικού Administrator"), {QStringLiteral("Admin")}) {
+    auto* form = new QFormLayout;
+    form->setSpacing(10);
+    form->setLabelAlignment(Qt::AlignRight | Qt::AlignVCenter);
+    struct Row {
+        const char* name;
+        const char16_t* caption;
+        controls::TextBox*& box;
+    };
+    for (const Row& row :
+         {Row{"Text1", u" Παλαιός", Text1}, Row{"Text2", u" Νέος", Text2}, Row{"Text3", u" Επιβεβαίωση", Text3}}) {
+        row.box = named(new controls::TextBox, QString::fromLatin1(row.name));
+        row.box->setEchoMode(QLineEdit::Password);
+        row.box->setHighlighting(true);
+        auto* label = new QLabel(QString::fromUtf16(row.caption));
+        controls::tie(label, row.box);
+        form->addRow(label, row.box);
+    }
+    Command1 = named(new QPushButton(QStringLiteral("Επικύρωση")), QStringLiteral("Command1"));
+    Command1->setDefault(true);
+    on(Command1, &QPushButton::clicked, [this] { change(); });
+    auto* layout = new QVBoxLayout(this);
+    layout->setContentsMargins(22, 20, 22, 18);
+    layout->setSpacing(16);
+    layout->addLayout(form);
+    layout->addWidget(Command1, 0, Qt::AlignRight);
+    layout->addStretch(1);
+    setMinimumWidth(380);
+    setFocusProxy(Text1);
+}
+
+void frmAdmin::change() {
+    data::Recordset admin(mod_.gConnUsers, QStringLiteral("select pass from admin"));
+    if (admin.isEmpty() || !data::verifyPassword(admin[u"Pass"].text(), Text1->text()))
+        return core::complain(mod_, this, QStringLiteral("Ο παλιός Κωδικός δεν είναι σωστός !!!"), Text1);
+    if (Text2->text() != Text3->text() || Text2->text().isEmpty())
+        return core::complain(
+            mod_, this, QStringLiteral("Ο καινούργιος Κωδικός δεν συμφωνεί στην επιβεβαίωση ή είναι κενός !!!"), Text2);
+    admin[u"Pass"].setValue(data::makeVerifier(Text2->text()));
+    admin.update();
+    mod_.services.prompts.message(this, platform::MessageIcon::Information, core::programTitle(),
+                                  QStringLiteral("Η αλλαγή του Κωδικού του Admin έγινε επιτυχώς !!!"));
+    emit closeRequested();
+}
+
+}  // namespace users
