@@ -41,7 +41,10 @@ frmAdmin::frmAdmin(core::MainMod& mod)
     layout->addWidget(Command1, 0, Qt::AlignRight);
     layout->addStretch(1);
     setMinimumWidth(380);
-    setFocusProxy(Text1);
+}
+
+void frmAdmin::onLoad() {
+    Text1->setFocus(Qt::OtherFocusReason);
 }
 
 void frmAdmin::change() {

@@ -14,7 +14,7 @@ public:
     explicit frmAdmin(core::MainMod& mod);
 
 protected:
-    void onLoad() override {}
+    void onLoad() override;
 
 private:
     void change();

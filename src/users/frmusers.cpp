@@ -34,9 +34,8 @@ frmUsers::frmUsers(core::MainMod& mod)
     layout->setSpacing(10);
     layout->addWidget(ListView1, 1);
     layout->addWidget(hint_);
-    layout->addWidget(Frame1);
+    layout->addWidget(Frame1, 0, Qt::AlignTop);
     setMinimumSize(480, 320);
-    setFocusProxy(ListView1);
     wire();
 }
 
@@ -84,7 +83,6 @@ void frmUsers::buildFrame() {
     layout->setSpacing(16);
     layout->addLayout(form);
     layout->addLayout(buttons);
-    layout->addStretch(1);
     Frame1->hide();
 }
 
@@ -128,6 +126,7 @@ void frmUsers::popUp(int row, QPoint position) {
 }
 
 void frmUsers::onLoad() {
+    ListView1->setFocus(Qt::OtherFocusReason);
     Combo1->addItems(groupNames(mod_.gConnUsers));
     refresh();
 }

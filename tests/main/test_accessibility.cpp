@@ -58,6 +58,22 @@ private slots:
             QCOMPARE(nameless(*each).join(", "), QString());
     }
 
+    void windowsOpenWithTheFocusOnTheirFirstControl() {
+        support::Office office;
+        office.desk.settings.setValue("Settings", "Name", "Γραφείο");
+        entry::MDIMain window(office.mod);
+        window.load();
+        window.show();
+        QVERIFY(QTest::qWaitForWindowActive(&window));
+        for (const auto& [entry, form, control] :
+             {std::tuple("mnuPass", "frmAdmin", "Text1"), std::tuple("mnuUsers", "frmUsers", "ListView1")}) {
+            window.menu(entry)->trigger();
+            QVERIFY2(QApplication::focusWidget(), entry);
+            QCOMPARE(QApplication::focusWidget()->objectName(), QString(control));
+            QVERIFY(window.windows().find(form)->isAncestorOf(QApplication::focusWidget()));
+        }
+    }
+
     void tabReachesEveryBoxOfTheCard() {
         support::Office office;
         office.desk.settings.setValue("Settings", "Name", "Γραφείο");

@@ -98,6 +98,7 @@ void shootCards(Studio& studio, const Album& album) {
 void shootUsers(Studio& studio, const Album& album) {
     entry::MDIMain window(studio.mod);
     window.load();
+    window.show();
     window.menu("mnuPass")->trigger();
     album.take(*window.windows().find("frmAdmin"), "admin");
     window.menu("mnuUsers")->trigger();

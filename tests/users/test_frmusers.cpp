@@ -93,8 +93,8 @@ private slots:
         site.open();
         QStringList rows;
         for (int i = 0; i < site.list()->count(); ++i) rows << site.list()->row(i).cells.join('/');
-        QCOMPARE(rows.mid(0, 4), QStringList({"παλιός/", "O'Neil/Ο'Κ", "νίκος/Χρήστες", "maria/Διαχειριστές"}));
-        QCOMPARE(rows.value(4), QString("χωρίς/"));
+        // A user without a group stands first, as Null does everywhere.
+        QCOMPARE(rows, QStringList({"χωρίς/", "παλιός/", "O'Neil/Ο'Κ", "νίκος/Χρήστες", "maria/Διαχειριστές"}));
         QCOMPARE(site.combo()->count(), 3);
         QVERIFY(site.prompts().isEmpty());
     }
@@ -286,7 +286,8 @@ private slots:
         if (how == "menu") QTest::keyClick(list, Qt::Key_Menu);
         if (how == "F10") QTest::keyClick(list, Qt::Key_F10, Qt::ShiftModifier);
         if (how == "desktop") {
-            QContextMenuEvent event(QContextMenuEvent::Keyboard, list->rect().center());
+            const QPoint middle = list->rect().center();
+            QContextMenuEvent event(QContextMenuEvent::Keyboard, middle, list->mapToGlobal(middle));
             QApplication::sendEvent(list, &event);
         }
         if (how == "row") rightClick(list->visualRect(list->currentIndex()).center());
