@@ -64,3 +64,22 @@ function(dorv_test name)
     set_tests_properties(${name} PROPERTIES TIMEOUT ${arg_TIMEOUT} ENVIRONMENT
         "QT_QPA_PLATFORM=offscreen;LC_ALL=C.UTF-8;TZ=Europe/Athens;QT_HASH_SEED=0;QT_STYLE_OVERRIDE=;XDG_CONFIG_HOME=${CMAKE_BINARY_DIR}/test-home/config;XDG_DATA_HOME=${CMAKE_BINARY_DIR}/test-home/data;HOME=${CMAKE_BINARY_DIR}/test-home;QT_SCALE_FACTOR=1;ASAN_OPTIONS=detect_leaks=0")
 endfunction()
+
+# dorv_engine_tests(NAME...): the tests, which run on SQLite, once more on the PostgreSQL server that the run starts.
+function(dorv_engine_tests)
+    set(server ${CMAKE_BINARY_DIR}/postgres.server)
+    if(NOT TEST postgres_start)
+        set(script ${PROJECT_SOURCE_DIR}/tests/support/postgres.sh)
+        add_test(NAME postgres_start COMMAND ${script} start ${server})
+        add_test(NAME postgres_stop COMMAND ${script} stop ${server})
+        set_tests_properties(postgres_start PROPERTIES FIXTURES_SETUP postgres TIMEOUT 120)
+        set_tests_properties(postgres_stop PROPERTIES FIXTURES_CLEANUP postgres TIMEOUT 60)
+    endif()
+    foreach(name ${ARGN})
+        add_test(NAME ${name}_postgres COMMAND ${name})
+        get_test_property(${name} ENVIRONMENT environment)
+        get_test_property(${name} TIMEOUT timeout)
+        set_tests_properties(${name}_postgres PROPERTIES FIXTURES_REQUIRED postgres TIMEOUT ${timeout}
+            ENVIRONMENT "${environment};DORV_ENGINE=postgres;DORV_POSTGRES=${server}")
+    endforeach()
+endfunction()

@@ -26,6 +26,16 @@ public:
     void commit() override;
     void rollback() noexcept override;
 
+    DatabaseKind kind() override { return kind_; }
+    int version() override;
+    void setVersion(int version) override;
+    QString property(const QString& name) override;
+    void setProperty(const QString& name, const QString& value) override;
+    void lockForUpgrade() override {}  // begin() has the one write lock already
+    void createIndex(const QString& name, const QByteArray& sql) override;
+    QHash<QString, QString> indexes() override;
+    QStringList damages() override;
+
     sqlite3* handle() const { return database_; }  // for backup; stays the engine's
 
 private:
@@ -34,6 +44,7 @@ private:
     void closeDatabase() noexcept;
 
     sqlite3* database_ = nullptr;
+    DatabaseKind kind_ = DatabaseKind::Main;
     StatementCache statements_;
 };
 
