@@ -53,15 +53,21 @@ QString lower(const QString& letter) {
 }  // namespace
 
 // translate() walks its list for every character. Nearly all texts are plain Latin and Greek, for which the list is short.
+// fold is a bound expression that the planner writes out in place; the long list stays in a function of its own, lest
+// every plan copies it.
 QByteArray foldScript() {
     const auto folded = [](const QString& text) { return fold(text); };
     Exchange everyday = exchange(0x386, 0x3CE, folded);
     everyday.add(character(0xB5), fold(character(0xB5)));
     const Exchange all = exchange(0x80, 0x1FFFF, folded);
-    return "CREATE FUNCTION fold(value text) RETURNS text LANGUAGE sql IMMUTABLE PARALLEL SAFE AS $fold$\n"
-           "SELECT CASE WHEN $1 COLLATE \"C\" !~ '[^\\u0001-\\u007f\\u0386-\\u03ce\\u2010-\\u2030\\u20ac«»·°]' THEN " +
-           everyday.of("lower($1 COLLATE \"C\")") + "\nELSE " + all.of("lower($1 COLLATE \"C\")") +
-           " END $fold$;\n";
+    const QByteArray latin = "lower(value COLLATE \"C\")";
+    return "CREATE FUNCTION _fold_rare(value text) RETURNS text LANGUAGE plpgsql IMMUTABLE STRICT PARALLEL SAFE AS $fold$ "
+           "BEGIN RETURN " +
+           all.of(latin) +
+           "; END $fold$;\n"
+           "CREATE FUNCTION fold(value text) RETURNS text LANGUAGE sql IMMUTABLE PARALLEL SAFE RETURN CASE WHEN value COLLATE "
+           "\"C\" !~ '[^\\u0001-\\u007f\\u0386-\\u03ce\\u2010-\\u2030\\u20ac«»·°]' THEN " +
+           everyday.of(latin) + " ELSE _fold_rare(value) END;\n";
 }
 
 QByteArray functionsScript() {

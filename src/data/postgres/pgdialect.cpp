@@ -124,7 +124,9 @@ public:
         }
     }
 
-    QByteArray null(ValueKind kind) const override { return "NULL::" + typeOf(kind); }
+    QByteArray null(ValueKind kind) const override {
+        return kind == ValueKind::Null ? QByteArray("NULL") : "NULL::" + typeOf(kind);
+    }
 
     QByteArray dateLiteral(const QDateTime& value) const override {
         return "'" + value.toString(u"yyyy-MM-dd HH:mm:ss").toLatin1() + "'::timestamp";

@@ -119,7 +119,9 @@ void PgEngine::configure() {
     PQsetNoticeProcessor(connection_, [](void*, const char*) {}, nullptr);
     QByteArray sql = "SET search_path TO " + pgDialect().identifier(server_.schemaName()) +
                      ", pg_temp; SET standard_conforming_strings TO on; SET extra_float_digits TO 1; SET DateStyle TO ISO; "
-                     "SET synchronous_commit TO on; SET lock_timeout TO " +
+                     "SET synchronous_commit TO on; "
+                     // An office fits into memory, and no statement of it runs long enough to be compiled.
+                     "SET random_page_cost TO 1.1; SET jit TO off; SET lock_timeout TO " +
                      QByteArray::number(qMax(1, settings_.busyTimeoutMs));
     if (settings_.readOnly) sql += "; SET default_transaction_read_only TO on";
     script(sql);
@@ -344,7 +346,7 @@ void createPgDatabase(const ServerDescription& server, DatabaseKind kind) {
     try {
         engine.script("CREATE SCHEMA IF NOT EXISTS " + schema +
                       "; CREATE TABLE _dorvalist (name text PRIMARY KEY, value text NOT NULL); CREATE DOMAIN _variant AS text;");
-        engine.script(postgres::foldScript() + postgres::functionsScript());
+        engine.script("SET LOCAL check_function_bodies TO off;" + postgres::foldScript() + postgres::functionsScript());
         engine.setProperty(QStringLiteral("kind"), kindName(kind));
         engine.setProperty(QStringLiteral("functions"), QString::number(postgres::functionsVersion));
         engine.commit();
