@@ -40,7 +40,8 @@ Command createCommand() {
         u"αναφοράς. Αν υπάρχει ήδη έστω το ένα από τα δύο, δεν πειράζει τίποτα."_s,
         1,
         1,
-        {adminPasswordOption(u"ο κωδικός του Admin· αν λείπει, ζητείται δύο φορές στο τερματικό"_s), referenceOption()},
+        {adminPasswordOption(u"ο κωδικός του Admin· αν λείπει, ζητείται δύο φορές στο τερματικό"_s), referenceOption(),
+         serverOption()},
         create};
 }
 
