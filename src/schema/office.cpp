@@ -77,8 +77,13 @@ void openKnown(data::Connection& connection, const QString& connectionString, co
     const data::FileIdentity identity = data::identifyFile(file);
     refuseOtherKind(file, identity.kind, wantedDatabase(properties));
     refuseNewer(file, identity.version);
-    connection.open(connectionString);
-    // Of a server's database the file itself says nothing.
+    // Of a server's database the file itself says nothing; only the users' has a password to refuse.
+    try {
+        connection.open(connectionString);
+    } catch (const Error& error) {
+        if (error.category() == ErrorCategory::Password) refuseOtherKind(file, FileKind::Users, wantedDatabase(properties));
+        throw;
+    }
     const bool main = connection.engine().kind() == data::DatabaseKind::Main;
     refuseOtherKind(file, main ? FileKind::Main : FileKind::Users, wantedDatabase(properties));
     // The header that was read above is old while the newest one still lies in the journal.

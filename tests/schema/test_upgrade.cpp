@@ -1,3 +1,4 @@
+#include "data/dialect/enginedialect.h"
 #include "schema/upgrade.h"
 
 #include "scratchoffice.h"
@@ -53,7 +54,8 @@ private slots:
     void newColumnIsKnownAfterTheStep() {
         ScratchOffice office;
         schema::upgrade(office.main, {{first, [](data::Connection& connection) {
-                                           connection.engine().script("ALTER TABLE Options ADD COLUMN extra TEXT(255)");
+                                           connection.engine().script(connection.engine().dialect().addColumn(
+                                               *connection.catalog().find(u"Options"), {"extra", data::ColumnType::Text, 255}));
                                        }}});
         QCOMPARE(office.main.execute(u"update Options set extra='x'"_s), 1);
     }

@@ -243,7 +243,7 @@ public:
     bool keepsRowOrder() const override { return false; }
 
     QByteArray returningIdentity(const TableInfo& table) const override {
-        return " RETURNING " + identifier(table.rowIdentity);
+        return " RETURNING " + (table.autonumber < 0 ? "\"_row\"" : identifier(table.columns[table.autonumber].name));
     }
 
 private:
