@@ -35,9 +35,10 @@ Option referenceOption() {
 }
 
 Option serverOption() {
-    return {u"--server"_s, u"ΣΤΟΙΧΕΙΑ"_s,
-            u"οι βάσεις φτιάχνονται σε διακομιστή PostgreSQL, π.χ. \"host=pc1 database=grafeio user=maria\"· τα δύο αρχεία "
-            u"λένε πού βρίσκονται"_s};
+    return {
+        u"--server"_s, u"ΣΤΟΙΧΕΙΑ"_s,
+        u"οι βάσεις φτιάχνονται σε διακομιστή PostgreSQL, π.χ. \"host=pc1 database=grafeio user=maria\"· τα δύο αρχεία "
+        u"λένε πού βρίσκονται"_s};
 }
 
 Option adminPasswordOption(const QString& help) {

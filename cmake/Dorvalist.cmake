@@ -67,7 +67,9 @@ endfunction()
 
 # The PostgreSQL server that a run of tests starts for itself, and stops.
 function(dorv_test_server)
-    if(NOT TEST postgres_start)
+    get_property(known GLOBAL PROPERTY DORV_TEST_SERVER)
+    if(NOT known)
+        set_property(GLOBAL PROPERTY DORV_TEST_SERVER TRUE)
         set(script ${PROJECT_SOURCE_DIR}/tests/support/postgres.sh)
         add_test(NAME postgres_start COMMAND ${script} start ${CMAKE_BINARY_DIR}/postgres.server)
         add_test(NAME postgres_stop COMMAND ${script} stop ${CMAKE_BINARY_DIR}/postgres.server)

@@ -80,8 +80,7 @@ QString fileKindText(const QString& file, FileKind kind) {
                 QStringLiteral("είναι βάση Microsoft Access (Jet), που δεν ανοίγει εδώ. "
                                "Διαλέξτε τον φάκελο με τη βάση αυτού του προγράμματος."));
         case FileKind::ServerDescription:
-            return about(
-                QStringLiteral("περιγράφει βάση σε διακομιστή και δεν είναι το ίδιο βάση δεδομένων."));
+            return about(QStringLiteral("περιγράφει βάση σε διακομιστή και δεν είναι το ίδιο βάση δεδομένων."));
         case FileKind::ForeignSqlite:
             return about(
                 QStringLiteral("είναι βάση SQLite άλλου προγράμματος. "

@@ -10,7 +10,7 @@ namespace {
 
 struct Key {
     const char16_t* name;
-    QString ServerDescription::* value;
+    QString ServerDescription::*value;
 };
 
 // The first name of a value is the one that is written.
@@ -96,8 +96,10 @@ void writeServerDescription(const QString& file, const ServerDescription& server
     }
     QFile target(file);
     const QByteArray bytes = text.toUtf8();
-    if (!target.open(QIODevice::WriteOnly | QIODevice::NewOnly) || target.write(bytes) != bytes.size() || !target.flush())
-        throw Error(ErrorCategory::Full, QStringLiteral("Δεν γράφεται το αρχείο «%1»: %2").arg(file, target.errorString()));
+    if (!target.open(QIODevice::WriteOnly | QIODevice::NewOnly) || target.write(bytes) != bytes.size() ||
+        !target.flush())
+        throw Error(ErrorCategory::Full,
+                    QStringLiteral("Δεν γράφεται το αρχείο «%1»: %2").arg(file, target.errorString()));
 }
 
 }  // namespace data

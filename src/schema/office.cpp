@@ -81,7 +81,8 @@ void openKnown(data::Connection& connection, const QString& connectionString, co
     try {
         connection.open(connectionString);
     } catch (const Error& error) {
-        if (error.category() == ErrorCategory::Password) refuseOtherKind(file, FileKind::Users, wantedDatabase(properties));
+        if (error.category() == ErrorCategory::Password)
+            refuseOtherKind(file, FileKind::Users, wantedDatabase(properties));
         throw;
     }
     const bool main = connection.engine().kind() == data::DatabaseKind::Main;
@@ -128,7 +129,8 @@ public:
         for (const data::ServerDescription& server : made_) data::dropPgDatabase(server);
     }
     void make(const data::ServerDescription& server, Database database) {
-        data::createPgDatabase(server, database == Database::Main ? data::DatabaseKind::Main : data::DatabaseKind::Users);
+        data::createPgDatabase(server,
+                               database == Database::Main ? data::DatabaseKind::Main : data::DatabaseKind::Users);
         made_ += server;
     }
     void keep() { made_.clear(); }

@@ -33,8 +33,8 @@ void openToRead(data::Connection& connection, const QString& connectionString);
 struct NewOffice {
     QString adminPassword;
     QString referenceFolder;  // empty: no reference data
-    // With a server, both databases are made there, in the schemas NAME and NAMEu of its description ("dorvalist" when it
-    // names none), which must not hold tables yet; the two files say where they are. Its password isn't the files'
+    // With a server, both databases are made there, in the schemas NAME and NAMEu of its description ("dorvalist" when
+    // it names none), which must not hold tables yet; the two files say where they are. Its password isn't the files'
     // business unless it is given here.
     std::optional<data::ServerDescription> server = {};
 };

@@ -169,8 +169,8 @@ void TestDialectFunctions::tooLarge() {
         QCOMPARE(error.category(), ErrorCategory::Type);
         answer = error.text();
     }
-    QCOMPARE(answer, testengine::isPostgres() ? QStringLiteral("Ένας αριθμός είναι έξω από τα όρια.")
-                                              : QStringLiteral("True"));
+    QCOMPARE(answer,
+             testengine::isPostgres() ? QStringLiteral("Ένας αριθμός είναι έξω από τα όρια.") : QStringLiteral("True"));
 }
 
 // Values that the statement doesn't know: wrong and empty ones give Null, and nothing fails.

@@ -1,8 +1,8 @@
 // What translated statements answer on a small filled database.
 #include <QtTest/QtTest>
 
-#include "data/error.h"
 #include "data/dialect/enginedialect.h"
+#include "data/error.h"
 #include "dialectdatabase.h"
 
 using namespace data;
@@ -456,11 +456,12 @@ void TestDialectSemantics::outputColumns() {
 void TestDialectSemantics::indexes() {
     const TableInfo& cards = *database_.catalog().find(u"Cards");
     database_.engine(database_.dialect().createIndex(QStringLiteral("byname"), cards,
-                                                 {QStringLiteral("επωνυμο"), QStringLiteral("ονομα")}));
+                                                     {QStringLiteral("επωνυμο"), QStringLiteral("ονομα")}));
     const bool postgres = testengine::isPostgres();
     if (postgres)  // an index on a few rows would be no gain
-        database_.engine("INSERT INTO \"Cards\" (\"επωνυμο\", \"ονομα\") SELECT 'Επαφή ' || n, n FROM generate_series(1, 5000) n;"
-                         "ANALYZE \"Cards\"");
+        database_.engine(
+            "INSERT INTO \"Cards\" (\"επωνυμο\", \"ονομα\") SELECT 'Επαφή ' || n, n FROM generate_series(1, 5000) n;"
+            "ANALYZE \"Cards\"");
     struct Served {
         const char16_t* sql;
         bool inOrder;

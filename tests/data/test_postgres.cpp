@@ -33,7 +33,8 @@ void cut(PgEngine& victim, const ServerDescription& server) {
     PgEngine other(server, {});
     other.query("SELECT pg_terminate_backend($1)", {victim.backendId()}, nullptr);
     // The session is gone when the server says so, not when it was told to go.
-    while (texts(other, "SELECT count(*) FROM pg_stat_activity WHERE pid = $1", {victim.backendId()}) != QStringList("0")) {
+    while (texts(other, "SELECT count(*) FROM pg_stat_activity WHERE pid = $1", {victim.backendId()}) !=
+           QStringList("0")) {
     }
 }
 
@@ -57,17 +58,20 @@ private slots:
     void foldOfEveryCharacter() {
         QString all;
         for (char32_t code = 1; code <= 0x1EFFF; ++code) {
-            const bool letters = code <= 0x33FF || (code >= 0xA000 && code <= 0xABFF) || (code >= 0xF000 && code <= 0x10FFF) ||
-                                 code >= 0x1E000 || (code >= 0x11000 && code <= 0x11FFF) || (code >= 0x16E00 && code <= 0x16EFF);
+            const bool letters = code <= 0x33FF || (code >= 0xA000 && code <= 0xABFF) ||
+                                 (code >= 0xF000 && code <= 0x10FFF) || code >= 0x1E000 ||
+                                 (code >= 0x11000 && code <= 0x11FFF) || (code >= 0x16E00 && code <= 0x16EFF);
             if (letters && !QChar::isSurrogate(code)) all += QString::fromUcs4(&code, 1) + u'\n';
         }
         PgEngine engine(server(), {});
         const QStringList wanted = fold(all).split(u'\n');
         const QStringList alone =
-            texts(engine, "SELECT fold(c) FROM regexp_split_to_table($1, E'\n') WITH ORDINALITY AS t(c, n) ORDER BY n", {all});
+            texts(engine, "SELECT fold(c) FROM regexp_split_to_table($1, E'\n') WITH ORDINALITY AS t(c, n) ORDER BY n",
+                  {all});
         QCOMPARE(alone.size(), wanted.size());
         for (qsizetype i = 0; i < alone.size(); ++i)
-            QVERIFY2(alone[i] == wanted[i], qPrintable(QStringLiteral("%1: %2 for %3").arg(i).arg(alone[i], wanted[i])));
+            QVERIFY2(alone[i] == wanted[i],
+                     qPrintable(QStringLiteral("%1: %2 for %3").arg(i).arg(alone[i], wanted[i])));
         QCOMPARE(texts(engine, "SELECT fold('ΠαπαδόπουλοΣ «Ά» – 5€')"), QStringList("παπαδοπουλοσ «α» – 5€"));
     }
 
@@ -136,8 +140,9 @@ private slots:
         two.begin();
         one.execute("UPDATE \"Saves\" SET b=1 WHERE a=1", {});
         two.execute("UPDATE \"Saves\" SET b=2 WHERE a=2", {});
-        auto waiting = std::async(std::launch::async,
-            [&] { return road::errorOf([&] { one.execute("UPDATE \"Saves\" SET b=1 WHERE a=2", {}); }); });
+        auto waiting = std::async(std::launch::async, [&] {
+            return road::errorOf([&] { one.execute("UPDATE \"Saves\" SET b=1 WHERE a=2", {}); });
+        });
         const auto mine = road::errorOf([&] { two.execute("UPDATE \"Saves\" SET b=2 WHERE a=1", {}); });
         if (mine) two.rollback();
         const auto theirs = waiting.get();
@@ -155,7 +160,8 @@ private slots:
         PgEngine reader(server(), settings), writer(server(), {});
         VERIFY_ERROR(ReadOnly, reader.execute("INSERT INTO \"Saves\" (a) VALUES (1)", {}));
         VERIFY_ERROR(ReadOnly, writer.query("DELETE FROM \"Saves\"", {}, nullptr));
-        VERIFY_ERROR(ReadOnly, writer.query("WITH x AS (DELETE FROM \"Saves\" RETURNING *) SELECT * FROM x", {}, nullptr));
+        VERIFY_ERROR(ReadOnly,
+                     writer.query("WITH x AS (DELETE FROM \"Saves\" RETURNING *) SELECT * FROM x", {}, nullptr));
     }
 
     // A number that was given is not drawn again.
@@ -230,11 +236,23 @@ private slots:
         QTest::addColumn<QString>("host");
         QTest::addColumn<QString>("database");
         QTest::addColumn<QString>("refusal");
-        QTest::newRow("plain") << "host=a\ndatabase=b\n" << "a" << "b" << "";
+        QTest::newRow("plain") << "host=a\ndatabase=b\n"
+                               << "a"
+                               << "b"
+                               << "";
         QTest::newRow("blanks, case, comment, other words")
-            << "\uFEFF# γραφείο\r\n\r\n Server = a.b \r\nDBNAME=μία βάση\r\n" << "a.b" << "μία βάση" << "";
-        QTest::newRow("unknown word") << "host=a\nhots=b" << "" << "" << "γραμμή 2";
-        QTest::newRow("no value") << "host" << "" << "" << "";
+            << "\uFEFF# γραφείο\r\n\r\n Server = a.b \r\nDBNAME=μία βάση\r\n"
+            << "a.b"
+            << "μία βάση"
+            << "";
+        QTest::newRow("unknown word") << "host=a\nhots=b"
+                                      << ""
+                                      << ""
+                                      << "γραμμή 2";
+        QTest::newRow("no value") << "host"
+                                  << ""
+                                  << ""
+                                  << "";
     }
     void descriptions() {
         QFETCH(QString, text);

@@ -148,8 +148,7 @@ private slots:
             }
             for (auto it = saved.cbegin(); it != saved.cend(); ++it)
                 QVERIFY2(found.value(it.key(), -1) >= it.value(), qPrintable(QString::number(it.key())));
-            if (round % 10 == 9)
-                QCOMPARE(after.engine().damages(), QStringList());
+            if (round % 10 == 9) QCOMPARE(after.engine().damages(), QStringList());
         }
         QVERIFY(reports > kills);
     }

@@ -201,8 +201,10 @@ private slots:
     void findingsNameTheDamage_data() {
         QTest::addColumn<QByteArray>("damage");
         QTest::addColumn<QString>("finding");
-        QTest::newRow("index gone") << QByteArray("DROP INDEX \"Cards_surname\"") << u"λείπει το ευρετήριο Cards_surname"_s;
-        QTest::newRow("other index") << QByteArray("DROP INDEX \"Links_card\"; CREATE INDEX \"Links_card\" ON \"Links\"(aa)")
+        QTest::newRow("index gone") << QByteArray("DROP INDEX \"Cards_surname\"")
+                                    << u"λείπει το ευρετήριο Cards_surname"_s;
+        QTest::newRow("other index") << QByteArray(
+                                            "DROP INDEX \"Links_card\"; CREATE INDEX \"Links_card\" ON \"Links\"(aa)")
                                      << u"το ευρετήριο Links_card δεν είναι"_s;
         QTest::newRow("index more") << QByteArray("CREATE INDEX mine ON \"Links\"(aa)") << u"ευρετήριο mine"_s;
         QTest::newRow("table gone") << QByteArray("DROP TABLE \"Options\"") << u"Λείπει ο πίνακας Options"_s;
@@ -213,7 +215,7 @@ private slots:
                                      << u"περισσεύει η στήλη mine"_s;
         QTest::newRow("order") << QByteArray("ALTER TABLE \"Calls\" RENAME COLUMN \"ΩΡΑ\" TO mine") << u"στη θέση 3"_s;
         QTest::newRow("size") << QByteArray("DROP TABLE \"ToBeDeleted\"; CREATE TABLE \"ToBeDeleted\" (\"EntryID\" ") +
-                                  (testengine::isPostgres() ? "varchar(9))" : "TEXT(9))")
+                                     (testengine::isPostgres() ? "varchar(9))" : "TEXT(9))")
                               << u"Text(9) αντί για Text(255)"_s;
         QTest::newRow("version") << QByteArray() << u"έκδοση της βάσης είναι 9"_s;
     }

@@ -53,10 +53,11 @@ private slots:
 
     void newColumnIsKnownAfterTheStep() {
         ScratchOffice office;
-        schema::upgrade(office.main, {{first, [](data::Connection& connection) {
-                                           connection.engine().script(connection.engine().dialect().addColumn(
-                                               *connection.catalog().find(u"Options"), {"extra", data::ColumnType::Text, 255}));
-                                       }}});
+        schema::upgrade(office.main,
+                        {{first, [](data::Connection& connection) {
+                              connection.engine().script(connection.engine().dialect().addColumn(
+                                  *connection.catalog().find(u"Options"), {"extra", data::ColumnType::Text, 255}));
+                          }}});
         QCOMPARE(office.main.execute(u"update Options set extra='x'"_s), 1);
     }
 

@@ -1,4 +1,5 @@
-// Which engine a test runs on, and new databases of it. A program is registered once for each engine (dorv_engine_tests).
+// Which engine a test runs on, and new databases of it. A program is registered once for each engine
+// (dorv_engine_tests).
 #pragma once
 
 #include <QCoreApplication>

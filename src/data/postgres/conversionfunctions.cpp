@@ -3,8 +3,8 @@
 namespace data::postgres {
 
 // A value whose kind is known only at run time, a named parameter, is a text that begins with its kind: i whole number,
-// r number, t text, b bytes in hexadecimal. The into functions are toColumn on the server, with its sentences; DV001 and
-// DV002 tell the engine which category they are.
+// r number, t text, b bytes in hexadecimal. The into functions are toColumn on the server, with its sentences; DV001
+// and DV002 tell the engine which category they are.
 const char conversionFunctions[] = R"sql(
 CREATE OR REPLACE FUNCTION jet_toyesno(value text) RETURNS boolean LANGUAGE sql IMMUTABLE STRICT PARALLEL SAFE AS $$
     SELECT CASE fold(btrim(value, E' \t\r\n\f\v\u00a0')) WHEN 'true' THEN true WHEN 'ναι' THEN true

@@ -52,9 +52,9 @@ QString lower(const QString& letter) {
 
 }  // namespace
 
-// translate() walks its list for every character. Nearly all texts are plain Latin and Greek, for which the list is short.
-// fold is a bound expression that the planner writes out in place; the long list stays in a function of its own, lest
-// every plan copies it, and parts the languages of Europe from all others.
+// translate() walks its list for every character. Nearly all texts are plain Latin and Greek, for which the list is
+// short. fold is a bound expression that the planner writes out in place; the long list stays in a function of its own,
+// lest every plan copies it, and parts the languages of Europe from all others.
 QByteArray foldScript() {
     const auto folded = [](const QString& text) { return fold(text); };
     Exchange everyday = exchange(0x386, 0x3CE, folded);
@@ -63,11 +63,13 @@ QByteArray foldScript() {
     const Exchange greek = exchange(0x370, 0x3FF, folded), all = exchange(0x80, 0x1FFFF, folded);
     european.from += greek.from, european.to += greek.to, european.dropped += greek.dropped;
     const QByteArray latin = "lower(value COLLATE \"C\")";
-    return "CREATE FUNCTION _fold_rare(value text) RETURNS text LANGUAGE plpgsql IMMUTABLE STRICT PARALLEL SAFE AS $fold$ "
+    return "CREATE FUNCTION _fold_rare(value text) RETURNS text LANGUAGE plpgsql IMMUTABLE STRICT PARALLEL SAFE AS "
+           "$fold$ "
            "BEGIN IF value COLLATE \"C\" !~ '[^\\u0001-\\u024f\\u0370-\\u03ff\\u2010-\\u20cf]' THEN RETURN " +
            european.of(latin) + "; END IF; RETURN " + all.of(latin) +
            "; END $fold$;\n"
-           "CREATE FUNCTION fold(value text) RETURNS text LANGUAGE sql IMMUTABLE PARALLEL SAFE RETURN CASE WHEN value COLLATE "
+           "CREATE FUNCTION fold(value text) RETURNS text LANGUAGE sql IMMUTABLE PARALLEL SAFE RETURN CASE WHEN value "
+           "COLLATE "
            "\"C\" !~ '[^\\u0001-\\u007f\\u0386-\\u03ce\\u2010-\\u2030\\u20ac«»·°]' THEN " +
            everyday.of(latin) + " ELSE _fold_rare(value) END;\n";
 }

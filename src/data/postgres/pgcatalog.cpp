@@ -73,7 +73,8 @@ QHash<QString, QString> readPgIndexes(Engine& engine) {
     Rows found;
     engine.query(
         "SELECT c.relname::text, coalesce(obj_description(c.oid, 'pg_class'), '') FROM pg_class c JOIN pg_index i ON "
-        "i.indexrelid = c.oid WHERE c.relnamespace = current_schema()::regnamespace AND c.relname NOT LIKE '\\_%' AND NOT "
+        "i.indexrelid = c.oid WHERE c.relnamespace = current_schema()::regnamespace AND c.relname NOT LIKE '\\_%' AND "
+        "NOT "
         "EXISTS (SELECT * FROM pg_constraint WHERE conindid = c.oid)",
         {}, &found);
     QHash<QString, QString> indexes;

@@ -75,10 +75,10 @@ public:
         else
             rest += numberTrigger(table);
         // Not a primary key, whose index couldn't be in the order of orderTerm.
-        const QByteArray identity = table.autonumber < 0 ? "\"_row\"" : identifier(table.columns[table.autonumber].name);
+        const QByteArray identity =
+            table.autonumber < 0 ? "\"_row\"" : identifier(table.columns[table.autonumber].name);
         return "CREATE TABLE " + identifier(table.name) + " (" + parts.join(", ") + "); CREATE UNIQUE INDEX " +
-               hidden(table, "rows") + " ON " + identifier(table.name) + " (" + identity +
-               " NULLS FIRST)" + rest;
+               hidden(table, "rows") + " ON " + identifier(table.name) + " (" + identity + " NULLS FIRST)" + rest;
     }
 
     QByteArray addColumn(const TableInfo& table, const ColumnInfo& column) const override {
@@ -100,14 +100,13 @@ public:
                include;
     }
 
-    QByteArray identifier(QStringView name) const override {
-        return '"' + pgName(name).replace('"', "\"\"") + '"';
-    }
+    QByteArray identifier(QStringView name) const override { return '"' + pgName(name).replace('"', "\"\"") + '"'; }
 
     QByteArray textLiteral(QStringView text) const override {
         if (text.contains(QChar(0)))
-            throw Error(ErrorCategory::Type, QStringLiteral("Το κείμενο έχει μέσα του έναν χαρακτήρα μηδέν (NUL), που η "
-                                                            "βάση δεν δέχεται."));
+            throw Error(ErrorCategory::Type,
+                        QStringLiteral("Το κείμενο έχει μέσα του έναν χαρακτήρα μηδέν (NUL), που η "
+                                       "βάση δεν δέχεται."));
         return EngineDialect::textLiteral(text) + "::text";
     }
 
@@ -229,7 +228,9 @@ public:
         }
         const bool number = name == "isnumeric";
         if (tag == 't') return (number ? "(jet_tonumber(" : "(jet_todate(") + value + ") IS NOT NULL)";
-        if (tag == 'v') return (number ? "(jet_vtonumber(" : "(jet_todate(jet_vtext(") + value + (number ? ") " : ")) ") + "IS NOT NULL)";
+        if (tag == 'v')
+            return (number ? "(jet_vtonumber(" : "(jet_todate(jet_vtext(") + value + (number ? ") " : ")) ") +
+                   "IS NOT NULL)";
         const bool fits = number ? tag == 'n' || tag == 'y' : tag == 'd';
         return fits ? "(" + value + " IS NOT NULL)" : QByteArray("false");
     }
@@ -287,8 +288,8 @@ private:
         if (from == ValueKind::Any) return function("jet_vread_" + what, {value, name});
         if (to == ValueKind::Date && from == ValueKind::Number) return function("jet_read_days", {value, name});
         if (from == to) return value;
-        const bool possible = from != ValueKind::Binary && to != ValueKind::Date &&
-                              !(to == ValueKind::YesNo && from == ValueKind::Date);
+        const bool possible =
+            from != ValueKind::Binary && to != ValueKind::Date && !(to == ValueKind::YesNo && from == ValueKind::Date);
         if (possible) return convert(value, from, to);
         const char* why = to == ValueKind::Number  ? "δεν είναι αριθμός."
                           : to == ValueKind::YesNo ? "πρέπει να είναι Ναι ή Όχι."

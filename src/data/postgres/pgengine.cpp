@@ -43,7 +43,8 @@ QString kindName(DatabaseKind kind) {
 // What only reads; the road composes nothing else that gives rows.
 bool onlyReads(const QByteArray& sql) {
     const QByteArray word = sql.left(8).trimmed().toUpper();
-    return word.startsWith("SELECT") || word.startsWith("EXPLAIN") || word.startsWith("SHOW") || word.startsWith("(SELECT");
+    return word.startsWith("SELECT") || word.startsWith("EXPLAIN") || word.startsWith("SHOW") ||
+           word.startsWith("(SELECT");
 }
 
 [[noreturn]] void refuseForeign(const ServerDescription& server) {
@@ -54,7 +55,8 @@ bool onlyReads(const QByteArray& sql) {
 
 }  // namespace
 
-PgEngine::PgEngine(const ServerDescription& server, const OpenSettings& settings) : server_(server), settings_(settings) {
+PgEngine::PgEngine(const ServerDescription& server, const OpenSettings& settings)
+    : server_(server), settings_(settings) {
     connect();
     if (!settings.readOnly) refreshFunctions();
 }
@@ -116,17 +118,20 @@ void PgEngine::configure() {
         disconnect();
         throw error;
     }
-    PQsetNoticeProcessor(connection_, [](void*, const char*) {}, nullptr);
-    QByteArray sql = "SET search_path TO " + pgDialect().identifier(server_.schemaName()) +
-                     ", pg_temp; SET standard_conforming_strings TO on; SET extra_float_digits TO 1; SET DateStyle TO ISO; "
-                     "SET synchronous_commit TO on; "
-                     // An office fits into memory, and no statement of it runs long enough to be compiled.
-                     "SET random_page_cost TO 1.1; SET jit TO off; SET lock_timeout TO " +
-                     QByteArray::number(qMax(1, settings_.busyTimeoutMs));
+    PQsetNoticeProcessor(
+        connection_, [](void*, const char*) {}, nullptr);
+    QByteArray sql =
+        "SET search_path TO " + pgDialect().identifier(server_.schemaName()) +
+        ", pg_temp; SET standard_conforming_strings TO on; SET extra_float_digits TO 1; SET DateStyle TO ISO; "
+        "SET synchronous_commit TO on; "
+        // An office fits into memory, and no statement of it runs long enough to be compiled.
+        "SET random_page_cost TO 1.1; SET jit TO off; SET lock_timeout TO " +
+        QByteArray::number(qMax(1, settings_.busyTimeoutMs));
     if (settings_.readOnly) sql += "; SET default_transaction_read_only TO on";
     script(sql);
     // The clock of the statements is the one on the wall here. A server may not know the zone by its name.
-    Result zone(PQexec(connection_, ("SET TIME ZONE " + literal(QString::fromLatin1(QTimeZone::systemTimeZoneId()))).constData()));
+    Result zone(PQexec(connection_,
+                       ("SET TIME ZONE " + literal(QString::fromLatin1(QTimeZone::systemTimeZoneId()))).constData()));
     if (PQresultStatus(zone.get()) != PGRES_COMMAND_OK) {
         const int minutes = QDateTime::currentDateTime().offsetFromUtc() / 60;
         script("SET TIME ZONE INTERVAL '" + QByteArray::number(minutes) + " minutes'");
@@ -135,9 +140,10 @@ void PgEngine::configure() {
 
 void PgEngine::requireOurs() {
     OneText found;
-    query("SELECT to_regtype('_variant')::oid, (SELECT count(*) FROM pg_tables WHERE schemaname = current_schema() AND "
-          "tablename = '_dorvalist')::text",
-          {}, &found);
+    query(
+        "SELECT to_regtype('_variant')::oid, (SELECT count(*) FROM pg_tables WHERE schemaname = current_schema() AND "
+        "tablename = '_dorvalist')::text",
+        {}, &found);
     if (found.value != u"1" || found.number == 0) refuseForeign(server_);
     variant_ = Oid(found.number);
     if (kind() != DatabaseKind::Users) return;
@@ -306,12 +312,15 @@ void PgEngine::setProperty(const QString& name, const QString& value) {
     if (value.isEmpty())
         execute("DELETE FROM _dorvalist WHERE name = $1", {name});
     else
-        execute("INSERT INTO _dorvalist (name, value) VALUES ($1, $2) ON CONFLICT (name) DO UPDATE SET value = excluded.value",
-                {name, value});
+        execute(
+            "INSERT INTO _dorvalist (name, value) VALUES ($1, $2) ON CONFLICT (name) DO UPDATE SET value = "
+            "excluded.value",
+            {name, value});
 }
 
 void PgEngine::lockForUpgrade() {
-    script("SELECT pg_advisory_xact_lock(" + QByteArray::number(upgradeLock) + ", current_schema()::regnamespace::oid::integer)");
+    script("SELECT pg_advisory_xact_lock(" + QByteArray::number(upgradeLock) +
+           ", current_schema()::regnamespace::oid::integer)");
 }
 
 QHash<QString, QString> PgEngine::indexes() {
@@ -340,12 +349,13 @@ void createPgDatabase(const ServerDescription& server, DatabaseKind kind) {
     OneText encoding;
     engine.query("SELECT getdatabaseencoding()::text", {}, &encoding);
     if (encoding.value != u"UTF8")
-        throw Error(ErrorCategory::Connection, QStringLiteral("Η βάση του διακομιστή έχει κωδικοποίηση %1· χρειάζεται UTF8.")
-                                                   .arg(encoding.value));
+        throw Error(ErrorCategory::Connection,
+                    QStringLiteral("Η βάση του διακομιστή έχει κωδικοποίηση %1· χρειάζεται UTF8.").arg(encoding.value));
     engine.begin();
     try {
-        engine.script("CREATE SCHEMA IF NOT EXISTS " + schema +
-                      "; CREATE TABLE _dorvalist (name text PRIMARY KEY, value text NOT NULL); CREATE DOMAIN _variant AS text;");
+        engine.script(
+            "CREATE SCHEMA IF NOT EXISTS " + schema +
+            "; CREATE TABLE _dorvalist (name text PRIMARY KEY, value text NOT NULL); CREATE DOMAIN _variant AS text;");
         engine.script("SET LOCAL check_function_bodies TO off;" + postgres::foldScript() + postgres::functionsScript());
         engine.setProperty(QStringLiteral("kind"), kindName(kind));
         engine.setProperty(QStringLiteral("functions"), QString::number(postgres::functionsVersion));
@@ -358,7 +368,8 @@ void createPgDatabase(const ServerDescription& server, DatabaseKind kind) {
 
 void dropPgDatabase(const ServerDescription& server) noexcept {
     try {
-        PgEngine(server, {}, PgEngine::Bare()).script("DROP SCHEMA " + pgDialect().identifier(server.schemaName()) + " CASCADE");
+        PgEngine(server, {}, PgEngine::Bare())
+            .script("DROP SCHEMA " + pgDialect().identifier(server.schemaName()) + " CASCADE");
     } catch (const Error&) {
         // What can't be reached can't be cleaned up either; the first failure is the one to tell of.
     }

@@ -13,8 +13,8 @@ namespace data {
 
 class PgEngine : public Engine {
 public:
-    // Opens the database of this program that the description names; anything else is refused. A connection that is lost
-    // fails the statement that notices; the next one outside a transaction connects again.
+    // Opens the database of this program that the description names; anything else is refused. A connection that is
+    // lost fails the statement that notices; the next one outside a transaction connects again.
     PgEngine(const ServerDescription& server, const OpenSettings& settings);
     ~PgEngine() override;
     PgEngine(const PgEngine&) = delete;

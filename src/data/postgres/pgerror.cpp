@@ -22,7 +22,8 @@ constexpr Meaning meanings[] = {
     {"55P03", ErrorCategory::Busy, u"Κάποιος άλλος κρατά τα δεδομένα αυτή τη στιγμή. Δοκιμάστε ξανά σε λίγο."},
     {"40P01", ErrorCategory::Busy,
      u"Δύο εργασίες περίμεναν η μία την άλλη και αυτή εδώ ακυρώθηκε. Τίποτα δεν αποθηκεύτηκε· δοκιμάστε ξανά."},
-    {"40", ErrorCategory::Busy, u"Η εργασία συγκρούστηκε με άλλη και ακυρώθηκε. Τίποτα δεν αποθηκεύτηκε· δοκιμάστε ξανά."},
+    {"40", ErrorCategory::Busy,
+     u"Η εργασία συγκρούστηκε με άλλη και ακυρώθηκε. Τίποτα δεν αποθηκεύτηκε· δοκιμάστε ξανά."},
     {"25006", ErrorCategory::ReadOnly, u"Η βάση δεδομένων είναι ανοιχτή μόνο για ανάγνωση."},
     {"25P02", ErrorCategory::State, u"Η εργασία απέτυχε σε προηγούμενη εντολή της και ακυρώθηκε."},
     {"42501", ErrorCategory::ReadOnly, u"Δεν έχετε δικαίωμα για αυτή την εντολή στον διακομιστή."},
@@ -63,17 +64,19 @@ Error pgError(const PGresult* result, const QByteArray& sql) {
 }
 
 Error pgConnectError(const QString& message) {
-    return Error(ErrorCategory::Connection,
-                 QStringLiteral("Η σύνδεση με τον διακομιστή της βάσης δεν έγινε. Ελέγξτε το δίκτυο και τα στοιχεία στο "
-                                "αρχείο της βάσης.\n%1")
-                     .arg(message.trimmed()));
+    return Error(
+        ErrorCategory::Connection,
+        QStringLiteral("Η σύνδεση με τον διακομιστή της βάσης δεν έγινε. Ελέγξτε το δίκτυο και τα στοιχεία στο "
+                       "αρχείο της βάσης.\n%1")
+            .arg(message.trimmed()));
 }
 
 Error pgLostError(const QByteArray& sql) {
-    return Error(ErrorCategory::Connection,
-                 QStringLiteral("Χάθηκε η σύνδεση με τον διακομιστή της βάσης. Η τελευταία εντολή ίσως δεν εκτελέστηκε· "
-                                "δοκιμάστε ξανά."),
-                 QString::fromUtf8(sql));
+    return Error(
+        ErrorCategory::Connection,
+        QStringLiteral("Χάθηκε η σύνδεση με τον διακομιστή της βάσης. Η τελευταία εντολή ίσως δεν εκτελέστηκε· "
+                       "δοκιμάστε ξανά."),
+        QString::fromUtf8(sql));
 }
 
 }  // namespace data

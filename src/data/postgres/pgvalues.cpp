@@ -30,8 +30,9 @@ constexpr qint64 millionth = 1'000'000;
 constexpr qint64 epochSeconds = 36526LL * 86400;  // 2000-01-01, the server's zero, from 1899-12-30
 
 [[noreturn]] void refuse(const char* what) {
-    throw Error(ErrorCategory::Type, QStringLiteral("Η τιμή δεν ταιριάζει με τον τύπο του πεδίου: περίμενα %1.")
-                                         .arg(QString::fromUtf8(what)));
+    throw Error(
+        ErrorCategory::Type,
+        QStringLiteral("Η τιμή δεν ταιριάζει με τον τύπο του πεδίου: περίμενα %1.").arg(QString::fromUtf8(what)));
 }
 
 template <class T>
@@ -213,7 +214,8 @@ qint64 sendRows(const PGresult* result, RowSink& sink) {
             if (PQgetisnull(result, row, column))
                 sink.null();
             else
-                sendCell(PQgetvalue(result, row, column), PQgetlength(result, row, column), types[size_t(column)], sink);
+                sendCell(PQgetvalue(result, row, column), PQgetlength(result, row, column), types[size_t(column)],
+                         sink);
         }
     }
     return rows;

@@ -284,8 +284,9 @@ void SqliteEngine::setProperty(const QString& name, const QString& value) {
     if (value.isEmpty())
         execute("DELETE FROM _dorvalista WHERE name=?1", {name});
     else
-        execute("INSERT INTO _dorvalista (name,value) VALUES (?1,?2) ON CONFLICT (name) DO UPDATE SET value=excluded.value",
-                {name, value});
+        execute(
+            "INSERT INTO _dorvalista (name,value) VALUES (?1,?2) ON CONFLICT (name) DO UPDATE SET value=excluded.value",
+            {name, value});
 }
 
 void SqliteEngine::createIndex(const QString&, const QByteArray& sql) {
@@ -294,7 +295,8 @@ void SqliteEngine::createIndex(const QString&, const QByteArray& sql) {
 
 QHash<QString, QString> SqliteEngine::indexes() {
     QHash<QString, QString> indexes;
-    for (const QStringList& row : texts(*this, "SELECT name, sql FROM sqlite_schema WHERE type='index' AND sql IS NOT NULL"))
+    for (const QStringList& row :
+         texts(*this, "SELECT name, sql FROM sqlite_schema WHERE type='index' AND sql IS NOT NULL"))
         indexes.insert(row[0], row[1]);
     return indexes;
 }
