@@ -156,6 +156,30 @@ private slots:
         QVERIFY(!QFileInfo::exists(folder));
     }
 
+    // On a server: what is there stays, what was begun goes.
+    void failedCreationOnAServer() {
+        if (!testengine::isPostgres()) return;
+        QTemporaryDir parent;
+        schema::NewOffice wanted{u"x"_s, parent.filePath(u"nowhere"_s),
+                                 testengine::server(testengine::Schema::newName())};
+        QVERIFY(!failureOf([&] { schema::createOffice(parent.filePath(u"a"_s), wanted); }).isEmpty());
+        QVERIFY(!QFileInfo::exists(parent.filePath(u"a"_s)));
+        wanted.referenceFolder.clear();
+        schema::createOffice(parent.filePath(u"a"_s), wanted);  // the schemas of the failure are free again
+        const QString again = failureOf([&] { schema::createOffice(parent.filePath(u"b"_s), wanted); });
+        QVERIFY2(again.contains(u"έχει ήδη πίνακες"), qPrintable(again));
+        for (const Database database : {Database::Main, Database::Users}) {
+            const bool main = database == Database::Main;
+            const QString folder = parent.filePath(u"a"_s);
+            const QString file = main ? schema::mainDatabasePath(folder) : schema::usersDatabasePath(folder);
+            data::Connection connection;
+            schema::open(connection, schema::connectionString(database, file));
+            QCOMPARE(schema::findings(connection, database), QStringList());
+            connection.close();
+            data::dropPgDatabase(data::readServerDescription(file));
+        }
+    }
+
     void opensOnlyItsOwnKind() {
         ScratchOffice office;
         office.closeBoth();
