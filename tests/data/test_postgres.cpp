@@ -125,6 +125,7 @@ private slots:
     void failedTransactionIsNotSaved() {
         PgEngine engine(server(), {});
         engine.begin();
+        QCOMPARE(errorOf([&] { engine.begin(); }).category(), ErrorCategory::State);
         engine.execute("INSERT INTO \"Saves\" (a) VALUES (1)", {});
         QCOMPARE(errorOf([&] { engine.execute("INSERT INTO \"Saves\" (a) VALUES ($1)", {"x"}); }).category(),
                  ErrorCategory::Type);

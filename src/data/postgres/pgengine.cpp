@@ -270,6 +270,8 @@ void PgEngine::script(const QByteArray& sql) {
 }
 
 void PgEngine::begin() {
+    // The server only warns, and the inner commit would save half of the outer one's work.
+    if (inTransaction_) throw Error(ErrorCategory::State, QStringLiteral("Μια εργασία αποθήκευσης είναι ήδη ανοιχτή."));
     script("BEGIN");
     inTransaction_ = true;
 }
