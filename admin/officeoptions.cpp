@@ -26,11 +26,19 @@ void createOffice(const Arguments& arguments, const QString& adminPassword) {
     if (office.referenceFolder.isEmpty())
         throw data::Error(data::ErrorCategory::Other,
                           u"Δεν βρέθηκαν τα αρχεία αναφοράς· δώστε τον φάκελό τους με --reference."_s);
+    if (arguments.has(u"--server"_s)) office.server = data::serverFromOptions(arguments.value(u"--server"_s));
     schema::createOffice(arguments.positional().first(), office);
 }
 
 Option referenceOption() {
     return {u"--reference"_s, u"ΦΑΚΕΛΟΣ"_s, u"από πού φορτώνονται εορτές, φάρμακα και λεξικό (αλλιώς τα παραδοτέα)"_s};
+}
+
+Option serverOption() {
+    return {
+        u"--server"_s, u"ΣΤΟΙΧΕΙΑ"_s,
+        u"οι βάσεις φτιάχνονται σε διακομιστή PostgreSQL, π.χ. \"host=pc1 database=grafeio user=maria\"· τα δύο αρχεία "
+        u"λένε πού βρίσκονται"_s};
 }
 
 Option adminPasswordOption(const QString& help) {

@@ -13,7 +13,8 @@ QString deliveredReferenceFolder();
 // Creates the office in the first positional argument. Throws data::Error.
 void createOffice(const Arguments& arguments, const QString& adminPassword);
 
-Option referenceOption();  // --reference, understood by createOffice above
+Option referenceOption();  // --reference and --server are understood by createOffice above
+Option serverOption();
 Option adminPasswordOption(const QString& help);
 
 }  // namespace admin

@@ -64,3 +64,37 @@ function(dorv_test name)
     set_tests_properties(${name} PROPERTIES TIMEOUT ${arg_TIMEOUT} ENVIRONMENT
         "QT_QPA_PLATFORM=offscreen:configfile=${PROJECT_SOURCE_DIR}/tests/support/screen.json;LC_ALL=C.UTF-8;TZ=Europe/Athens;QT_HASH_SEED=0;QT_STYLE_OVERRIDE=;XDG_CONFIG_HOME=${CMAKE_BINARY_DIR}/test-home/config;XDG_DATA_HOME=${CMAKE_BINARY_DIR}/test-home/data;HOME=${CMAKE_BINARY_DIR}/test-home;QT_SCALE_FACTOR=1;ASAN_OPTIONS=detect_leaks=0")
 endfunction()
+
+# The PostgreSQL server that a run of tests starts for itself, and stops.
+function(dorv_test_server)
+    get_property(known GLOBAL PROPERTY DORV_TEST_SERVER)
+    if(NOT known)
+        set_property(GLOBAL PROPERTY DORV_TEST_SERVER TRUE)
+        set(script ${PROJECT_SOURCE_DIR}/tests/support/postgres.sh)
+        add_test(NAME postgres_start COMMAND ${script} start ${CMAKE_BINARY_DIR}/postgres.server)
+        add_test(NAME postgres_stop COMMAND ${script} stop ${CMAKE_BINARY_DIR}/postgres.server)
+        set_tests_properties(postgres_start PROPERTIES FIXTURES_SETUP postgres TIMEOUT 120)
+        set_tests_properties(postgres_stop PROPERTIES FIXTURES_CLEANUP postgres TIMEOUT 60)
+    endif()
+endfunction()
+
+# dorv_server_tests(NAME...): these tests run on that server only.
+function(dorv_server_tests)
+    dorv_test_server()
+    foreach(name ${ARGN})
+        get_test_property(${name} ENVIRONMENT environment)
+        set_tests_properties(${name} PROPERTIES FIXTURES_REQUIRED postgres ENVIRONMENT
+            "${environment};DORV_ENGINE=postgres;DORV_POSTGRES=${CMAKE_BINARY_DIR}/postgres.server")
+    endforeach()
+endfunction()
+
+# dorv_engine_tests(NAME...): these tests, which run on SQLite, run once more on the server, as NAME_postgres.
+function(dorv_engine_tests)
+    foreach(name ${ARGN})
+        add_test(NAME ${name}_postgres COMMAND ${name})
+        get_test_property(${name} ENVIRONMENT environment)
+        get_test_property(${name} TIMEOUT timeout)
+        set_tests_properties(${name}_postgres PROPERTIES TIMEOUT ${timeout} ENVIRONMENT "${environment}")
+        dorv_server_tests(${name}_postgres)
+    endforeach()
+endfunction()

@@ -32,16 +32,16 @@ ExitCode create(const Arguments& arguments) {
 }  // namespace
 
 Command createCommand() {
-    return {
-        u"create"_s,
-        u"ΦΑΚΕΛΟΣ"_s,
-        u"δημιουργεί νέες, κενές βάσεις δεδομένων"_s,
-        u"Δημιουργεί στον ΦΑΚΕΛΟ τα dorvalist.mdb και dorvalistu.mdb με τις αρχικές εγγραφές και τα στοιχεία "
-        u"αναφοράς. Αν υπάρχει ήδη έστω το ένα από τα δύο, δεν πειράζει τίποτα."_s,
-        1,
-        1,
-        {adminPasswordOption(u"ο κωδικός του Admin· αν λείπει, ζητείται δύο φορές στο τερματικό"_s), referenceOption()},
-        create};
+    return {u"create"_s,
+            u"ΦΑΚΕΛΟΣ"_s,
+            u"δημιουργεί νέες, κενές βάσεις δεδομένων"_s,
+            u"Δημιουργεί στον ΦΑΚΕΛΟ τα dorvalist.mdb και dorvalistu.mdb με τις αρχικές εγγραφές και τα στοιχεία "
+            u"αναφοράς. Αν υπάρχει ήδη έστω το ένα από τα δύο, δεν πειράζει τίποτα."_s,
+            1,
+            1,
+            {adminPasswordOption(u"ο κωδικός του Admin· αν λείπει, ζητείται δύο φορές στο τερματικό"_s),
+             referenceOption(), serverOption()},
+            create};
 }
 
 }  // namespace admin

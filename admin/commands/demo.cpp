@@ -61,7 +61,8 @@ Command demoCommand() {
              {u"--seed"_s, u"N"_s, u"ο σπόρος των τυχαίων αριθμών (1)"_s},
              {u"--date"_s, u"εεεε-μμ-ηη"_s, u"η ημέρα που θα είναι «σήμερα» (η σημερινή)"_s},
              adminPasswordOption(u"ο κωδικός του Admin (admin)"_s),
-             referenceOption()},
+             referenceOption(),
+             serverOption()},
             demo};
 }
 

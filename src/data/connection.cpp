@@ -1,7 +1,9 @@
 #include "data/connection.h"
 
 #include "data/connectionstring.h"
+#include "data/fileidentity.h"
 #include "data/fold.h"
+#include "data/postgres/pgengine.h"
 #include "data/recordset.h"
 #include "data/rowstore.h"
 #include "data/sqlite/sqliteengine.h"
@@ -38,6 +40,12 @@ QVariant storedForm(const QVariant& value) {
     }
 }
 
+std::unique_ptr<Engine> openEngine(const OpenSettings& settings) {
+    if (identifyFile(settings.file).kind == FileKind::ServerDescription)
+        return std::make_unique<PgEngine>(readServerDescription(settings.file), settings);
+    return std::make_unique<SqliteEngine>(settings);
+}
+
 }  // namespace
 
 struct Connection::Private {
@@ -52,7 +60,7 @@ Connection::~Connection() = default;
 
 void Connection::open(const QString& connectionString) {
     close();
-    auto engine = std::make_unique<SqliteEngine>(settingsFrom(connectionString));
+    std::unique_ptr<Engine> engine = openEngine(settingsFrom(connectionString));
     d->catalog = engine->readCatalog();
     d->translator = std::make_unique<Translator>(d->catalog, engine->dialect());
     d->engine = std::move(engine);

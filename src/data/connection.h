@@ -33,8 +33,8 @@ public:
     // "Provider=microsoft.jet.oledb.4.0;data source=PATH; Jet OLEDB:Database Password=..."; keys without regard to
     // case and blanks around them, unknown keys ignored; "Mode=Read" only reads, "Busy Timeout" is in
     // milliseconds (5000). The file must exist and be a database of this
-    // program: anything else is refused before a byte of it or a file beside it is written, with
-    // a text that says what the file is.
+    // program, or a text that names one on a server (serverdescription.h): anything else is refused before a byte of it
+    // or a file beside it is written, with a text that says what the file is.
     void open(const QString& connectionString);
     void close() noexcept;
     bool isOpen() const;

@@ -2,6 +2,8 @@
 #pragma once
 
 #include <QByteArray>
+#include <QHash>
+#include <QStringList>
 #include <QVariant>
 #include <QVector>
 #include <functional>
@@ -38,6 +40,8 @@ struct ExecuteResult {
     qint64 lastIdentity = 0;  // autonumber of the last row inserted
 };
 
+enum class DatabaseKind { Main, Users };
+
 // One open database. All failures throw Error. Parameters and results are in the stored form: dates as
 // whole seconds (see format.h), YesNo as 0 and 1.
 class Engine {
@@ -72,6 +76,18 @@ public:
     }
     // Brings everything into the one file, so that it can be moved. Throws Error(Busy) while anybody else has it open.
     virtual void requireAlone() {}
+
+    // For the schema's use.
+    virtual DatabaseKind kind() = 0;
+    virtual int version() = 0;  // of the schema; 0 in a database that was never filled
+    virtual void setVersion(int version) = 0;
+    // What a database keeps about itself by name; an empty text is no property.
+    virtual QString property(const QString& name) = 0;
+    virtual void setProperty(const QString& name, const QString& value) = 0;
+    virtual void lockForUpgrade() = 0;  // until the transaction ends, which begin() started
+    virtual void createIndex(const QString& name, const QByteArray& sql) = 0;
+    virtual QHash<QString, QString> indexes() = 0;  // name and the statement given to createIndex
+    virtual QStringList damages() = 0;              // what the engine finds broken in its own storage, a line each
 };
 
 }  // namespace data

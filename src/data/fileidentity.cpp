@@ -43,7 +43,7 @@ bool isServerDescription(QByteArray head) {
         const qsizetype equals = line.indexOf('=');
         if (equals <= 0) return false;
         const QByteArray key = line.left(equals).trimmed().toLower();
-        names |= key == "host" || key == "server" || key == "database" || key == "dbname";
+        names |= key == "host" || key == "server" || key == "database" || key == "dbname" || key == "service";
     }
     return names;
 }
@@ -80,9 +80,7 @@ QString fileKindText(const QString& file, FileKind kind) {
                 QStringLiteral("είναι βάση Microsoft Access (Jet), που δεν ανοίγει εδώ. "
                                "Διαλέξτε τον φάκελο με τη βάση αυτού του προγράμματος."));
         case FileKind::ServerDescription:
-            return about(
-                QStringLiteral("περιγράφει βάση σε διακομιστή, που αυτή η έκδοση δεν ανοίγει ακόμη. "
-                               "Διαλέξτε φάκελο με βάση σε αρχείο."));
+            return about(QStringLiteral("περιγράφει βάση σε διακομιστή και δεν είναι το ίδιο βάση δεδομένων."));
         case FileKind::ForeignSqlite:
             return about(
                 QStringLiteral("είναι βάση SQLite άλλου προγράμματος. "

@@ -1,11 +1,9 @@
 #include "data/rowwriter.h"
 
+#include "data/dialect/enginedialect.h"
+
 namespace data {
 namespace {
-
-QByteArray parameter(qsizetype number) {
-    return '?' + QByteArray::number(number);
-}
 
 [[noreturn]] void reportDeleted() {
     throw Error(ErrorCategory::Conflict, QStringLiteral("Η εγγραφή διαγράφηκε στο μεταξύ από άλλον χρήστη."));
@@ -14,11 +12,15 @@ QByteArray parameter(qsizetype number) {
 }  // namespace
 
 QByteArray RowWriter::name(const QString& identifier) const {
-    return '"' + QString(identifier).replace(u'"', QStringLiteral("\"\"")).toUtf8() + '"';
+    return engine_.dialect().identifier(identifier);
+}
+
+QByteArray RowWriter::parameter(qsizetype number) const {
+    return engine_.dialect().parameter(int(number));
 }
 
 QByteArray RowWriter::where(int number) const {
-    return " WHERE " + table_.rowIdentity.toUtf8() + '=' + parameter(number);
+    return " WHERE " + name(table_.rowIdentity) + '=' + parameter(number);
 }
 
 void RowWriter::requireRow(const QVariant& identity) {
@@ -60,7 +62,8 @@ qint64 RowWriter::insert(const QVector<ColumnChange>& values) {
     }
     const QByteArray rest =
         values.isEmpty() ? QByteArray(" DEFAULT VALUES") : " (" + names + ") VALUES (" + marks + ')';
-    return engine_.execute("INSERT INTO " + name(table_.name) + rest, parameters).lastIdentity;
+    const QByteArray sql = "INSERT INTO " + name(table_.name) + rest + engine_.dialect().returningIdentity(table_);
+    return engine_.execute(sql, parameters).lastIdentity;
 }
 
 void RowWriter::remove(const QVariant& identity) {
@@ -70,7 +73,7 @@ void RowWriter::remove(const QVariant& identity) {
 void RowWriter::readBack(qint64 identity, const QVector<int>& columns, RowSink& sink) {
     QByteArray list;
     for (const int column : columns) list += (column < 0 ? QByteArray("NULL") : columnName(column)) + ',';
-    const QByteArray sql = "SELECT " + list + table_.rowIdentity.toUtf8() + " FROM " + name(table_.name) + where(1);
+    const QByteArray sql = "SELECT " + list + name(table_.rowIdentity) + " FROM " + name(table_.name) + where(1);
     if (engine_.query(sql, {identity}, &sink) == 0) reportDeleted();
 }
 

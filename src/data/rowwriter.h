@@ -26,6 +26,7 @@ public:
 private:
     QByteArray name(const QString& identifier) const;
     QByteArray columnName(int column) const { return name(table_.columns[column].name); }
+    QByteArray parameter(qsizetype number) const;
     QByteArray where(int parameter) const;
     void requireRow(const QVariant& identity);
 

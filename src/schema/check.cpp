@@ -58,16 +58,8 @@ void checkColumns(QStringList& found, const data::TableInfo& wanted, const data:
     }
 }
 
-QHash<QString, QString> storedIndexes(data::Connection& connection) {
-    QHash<QString, QString> indexes;
-    for (const QStringList& row :
-         queryTexts(connection, "SELECT name, sql FROM sqlite_schema WHERE type='index' AND sql IS NOT NULL"))
-        indexes.insert(row[0], row[1]);
-    return indexes;
-}
-
 void checkIndexes(QStringList& found, data::Connection& connection, Database database) {
-    QHash<QString, QString> stored = storedIndexes(connection);
+    QHash<QString, QString> stored = connection.engine().indexes();
     const data::EngineDialect& dialect = connection.engine().dialect();
     for (const Table& table : tables(database))
         for (const Index& index : table.indexes) {
@@ -96,8 +88,7 @@ void checkTables(QStringList& found, data::Connection& connection, Database data
 
 QStringList fileDamage(data::Connection& connection) {
     QStringList found;
-    for (const QStringList& row : queryTexts(connection, "PRAGMA integrity_check"))
-        if (row[0] != u"ok") found += u"Βλάβη στο αρχείο: "_s + row[0];
+    for (const QString& damage : connection.engine().damages()) found += u"Βλάβη στο αρχείο: "_s + damage;
     return found;
 }
 

@@ -11,6 +11,7 @@
 #include "data/error.h"
 #include "data/fileidentity.h"
 #include "data/password.h"
+#include "data/postgres/pgengine.h"
 #include "data/sqlite/sqliteengine.h"
 #include "schema/backup.h"
 #include "schema/reference.h"
@@ -77,7 +78,16 @@ void openKnown(data::Connection& connection, const QString& connectionString, co
     const data::FileIdentity identity = data::identifyFile(file);
     refuseOtherKind(file, identity.kind, wantedDatabase(properties));
     refuseNewer(file, identity.version);
-    connection.open(connectionString);
+    // Of a server's database the file itself says nothing; only the users' has a password to refuse.
+    try {
+        connection.open(connectionString);
+    } catch (const Error& error) {
+        if (error.category() == ErrorCategory::Password)
+            refuseOtherKind(file, FileKind::Users, wantedDatabase(properties));
+        throw;
+    }
+    const bool main = connection.engine().kind() == data::DatabaseKind::Main;
+    refuseOtherKind(file, main ? FileKind::Main : FileKind::Users, wantedDatabase(properties));
     // The header that was read above is old while the newest one still lies in the journal.
     const int version = storedVersion(connection);
     refuseNewer(file, version);
@@ -99,13 +109,47 @@ void createTables(data::Connection& connection, Database database) {
         const data::TableInfo info = tableInfo(table);
         engine.script(engine.dialect().createTable(info, table.key));
         for (const Index& index : table.indexes)
-            engine.script(engine.dialect().createIndex(index.name, info, index.columns, index.covered));
+            engine.createIndex(index.name,
+                               engine.dialect().createIndex(index.name, info, index.columns, index.covered));
     }
     connection.reloadCatalog();
 }
 
-void createDatabase(const QString& file, Database database, const std::function<void(data::Connection&)>& fill) {
-    data::createSqliteFile(file, database == Database::Main ? data::mainApplicationId : data::usersApplicationId);
+// Each database of an office on a server has a schema of its own, named like its file.
+data::ServerDescription serverOf(const NewOffice& options, Database database) {
+    data::ServerDescription server = *options.server;
+    const QString name = server.schema.isEmpty() ? u"dorvalist"_s : server.schema;
+    server.schema = database == Database::Main ? name : name + u'u';
+    return server;
+}
+
+// Takes back what was made on a server for an office that was not.
+class NewSchemas {
+public:
+    ~NewSchemas() {
+        for (const data::ServerDescription& server : made_) data::dropPgDatabase(server);
+    }
+    void make(const data::ServerDescription& server, Database database) {
+        data::createPgDatabase(server,
+                               database == Database::Main ? data::DatabaseKind::Main : data::DatabaseKind::Users);
+        made_ += server;
+    }
+    void keep() { made_.clear(); }
+
+private:
+    QVector<data::ServerDescription> made_;
+};
+
+void makeEmpty(const QString& file, Database database, const NewOffice& options, NewSchemas& schemas) {
+    if (!options.server)
+        return data::createSqliteFile(file,
+                                      database == Database::Main ? data::mainApplicationId : data::usersApplicationId);
+    const data::ServerDescription server = serverOf(options, database);
+    schemas.make(server, database);
+    data::writeServerDescription(file, server);
+}
+
+void fillDatabase(const QString& file, Database database, const std::function<void(data::Connection&)>& fill) {
     data::Connection connection;
     connection.open(connectionString(database, file));
     {
@@ -194,8 +238,11 @@ void open(data::Connection& connection, const QString& connectionString) {
     closeOnFailure(connection, [&] {
         openKnown(connection, connectionString, properties);
         const Database database = wantedDatabase(properties);
+        const QString file = properties.value(fileKey);
+        const bool onServer = data::identifyFile(file).kind == data::FileKind::ServerDescription;
         upgrade(connection, upgradeSteps(database), [&] {
-            copyBeforeUpgrade(connection, database, properties.value(fileKey), QDateTime::currentDateTime());
+            // A server's data are copied by the server's own tools; there the step's transaction is the safety.
+            if (!onServer) copyBeforeUpgrade(connection, database, file, QDateTime::currentDateTime());
         });
     });
 }
@@ -211,9 +258,12 @@ void createOffice(const QString& folder, const NewOffice& options) {
         throw Error(ErrorCategory::Full,
                     u"Δεν γράφεται ο φάκελος «%1»: %2"_s.arg(QDir::toNativeSeparators(folder), workshop.errorString()));
     const QString main = mainDatabasePath(workshop.path()), users = usersDatabasePath(workshop.path());
-    createDatabase(main, Database::Main, [](data::Connection&) {});
-    createDatabase(users, Database::Users,
-                   [&](data::Connection& connection) { fillUsers(connection, options.adminPassword); });
+    NewSchemas schemas;
+    makeEmpty(main, Database::Main, options, schemas);
+    fillDatabase(main, Database::Main, [](data::Connection&) {});
+    makeEmpty(users, Database::Users, options, schemas);
+    fillDatabase(users, Database::Users,
+                 [&](data::Connection& connection) { fillUsers(connection, options.adminPassword); });
     if (!options.referenceFolder.isEmpty()) loadDeliveredReference(main, options.referenceFolder);
 
     moveInto(users, usersDatabasePath(folder));
@@ -223,6 +273,7 @@ void createOffice(const QString& folder, const NewOffice& options) {
         QFile::remove(usersDatabasePath(folder));
         throw;
     }
+    schemas.keep();
     place.keep();
 }
 

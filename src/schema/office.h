@@ -3,8 +3,10 @@
 
 #include <QString>
 #include <functional>
+#include <optional>
 
 #include "data/connection.h"
+#include "data/serverdescription.h"
 #include "schema/tables.h"
 
 namespace schema {
@@ -31,6 +33,10 @@ void openToRead(data::Connection& connection, const QString& connectionString);
 struct NewOffice {
     QString adminPassword;
     QString referenceFolder;  // empty: no reference data
+    // With a server, both databases are made there, in the schemas NAME and NAMEu of its description ("dorvalist" when
+    // it names none), which must not hold tables yet; the two files say where they are. Its password isn't the files'
+    // business unless it is given here.
+    std::optional<data::ServerDescription> server = {};
 };
 void createOffice(const QString& folder, const NewOffice& options);
 

@@ -30,7 +30,7 @@ TableWriter::TableWriter(data::Connection& connection, const Table& table, const
         places += dialect.parameter(int(columns_.size()));
     }
     sql_ = "INSERT INTO " + dialect.identifier(table.name) + " (" + names.join(", ") + ") VALUES (" +
-           places.join(", ") + ")";
+           places.join(", ") + ")" + dialect.returningIdentity(info);
     parameters_.resize(columns_.size());
 }
 

@@ -1,19 +1,6 @@
 #include "schema/upgrade.h"
 
 namespace schema {
-namespace {
-
-struct OneNumber : data::RowSink {
-    qint64 value = 0;
-    void beginRow() override {}
-    void null() override {}
-    void integer(qint64 number) override { value = number; }
-    void real(double) override {}
-    void text(const char*, qsizetype) override {}
-    void blob(const char*, qsizetype) override {}
-};
-
-}  // namespace
 
 const QVector<UpgradeStep>& upgradeSteps(Database) {
     static const QVector<UpgradeStep> none;
@@ -21,13 +8,11 @@ const QVector<UpgradeStep>& upgradeSteps(Database) {
 }
 
 int storedVersion(data::Connection& connection) {
-    OneNumber version;
-    connection.engine().query("PRAGMA user_version", {}, &version);
-    return int(version.value);
+    return connection.engine().version();
 }
 
 void storeVersion(data::Connection& connection, int version) {
-    connection.engine().script("PRAGMA user_version = " + QByteArray::number(version));
+    connection.engine().setVersion(version);
 }
 
 void upgrade(data::Connection& connection, const QVector<UpgradeStep>& steps, const std::function<void()>& before) {
@@ -35,6 +20,7 @@ void upgrade(data::Connection& connection, const QVector<UpgradeStep>& steps, co
     for (const UpgradeStep& step : steps) {
         if (storedVersion(connection) >= step.toVersion) continue;
         data::Transaction transaction(connection);
+        connection.engine().lockForUpgrade();
         // Somebody else may have run the step while this one waited for the lock.
         if (storedVersion(connection) >= step.toVersion) continue;
         step.run(connection);

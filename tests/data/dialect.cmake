@@ -3,3 +3,4 @@ foreach(name corpus semantics functions errors robustness)
     dorv_test(test_dialect_${name} SOURCES test_dialect_${name}.cpp dialectdatabase.cpp dialectdatabase.h
         LIBS dorv_data SQLite::SQLite3)
 endforeach()
+dorv_engine_tests(test_dialect_corpus test_dialect_semantics test_dialect_functions)

@@ -1,9 +1,9 @@
 #include "dialectdatabase.h"
 
-#include <stdexcept>
-
-#include "data/sqlite/functions.h"
-#include "data/sqlite/sqlitedialect.h"
+#include "data/dialect/enginedialect.h"
+#include "data/fileidentity.h"
+#include "data/format.h"
+#include "data/sqlite/sqliteengine.h"
 
 using namespace data;
 
@@ -77,7 +77,6 @@ Catalog officeCatalog() {
         const QString text = QString::fromUtf16(line);
         TableInfo table;
         table.name = text.section(u':', 0, 0);
-        table.rowIdentity = QStringLiteral("rowid");
         for (const QString& column : text.section(u':', 1).trimmed().split(QStringLiteral(", ")))
             addColumns(table, column);
         catalog.add(table);
@@ -85,62 +84,79 @@ Catalog officeCatalog() {
     return catalog;
 }
 
-DialectDatabase::DialectDatabase() : catalog_(officeCatalog()) {
-    sqlite3_open(":memory:", &database_);
-    registerFunctions(database_);
-    for (const TableInfo& table : catalog_.tables())
-        engine(sqliteDialect().createTable(table, table.name == u"Groups" ? QStringLiteral("code") : QString()));
-    translator_ = std::make_unique<Translator>(catalog_, sqliteDialect());
+// Rows as a user reads them.
+class Cells : public RowSink {
+public:
+    explicit Cells(const QVector<OutputColumn>& columns) : columns_(columns) {}
+    QStringList rows() const {
+        QStringList rows;
+        for (const QStringList& row : rows_) rows << row.first(qMin(row.size(), columns_.size())).join(u'|');
+        return rows;
+    }
+
+    void beginRow() override { rows_ << QStringList(); }
+    void null() override { add(QStringLiteral("-")); }
+    void integer(qint64 value) override {
+        const qsizetype at = rows_.last().size();
+        const ColumnType type = at < columns_.size() ? columns_[at].type : ColumnType::Long;
+        if (type == ColumnType::DateTime)
+            add(valueText(secondsToDate(value)));
+        else
+            add(type == ColumnType::YesNo ? valueText(value != 0) : QString::number(value));
+    }
+    void real(double value) override { add(valueText(value)); }
+    void text(const char* utf8, qsizetype size) override { add(QString::fromUtf8(utf8, size)); }
+    void blob(const char* bytes, qsizetype size) override { add(QString::fromUtf8(bytes, size)); }
+
+private:
+    void add(const QString& cell) { rows_.last() << cell; }
+
+    const QVector<OutputColumn>& columns_;
+    QVector<QStringList> rows_;
+};
+
+DialectDatabase::DialectDatabase() {
+    if (testengine::isPostgres()) {
+        schema_ = std::make_unique<testengine::Schema>();
+        engine_ = std::make_unique<PgEngine>(schema_->description(), OpenSettings());
+    } else {
+        const QString file = folder_.filePath(QStringLiteral("dorvalist.mdb"));
+        createSqliteFile(file, mainApplicationId);
+        engine_ = std::make_unique<SqliteEngine>(OpenSettings{file, {}, false, 5000});
+    }
+    engine_->begin();
+    const Catalog wanted = officeCatalog();
+    for (const TableInfo& table : wanted.tables())
+        engine(dialect().createTable(table, table.name == u"Groups" ? QStringLiteral("code") : QString()));
+    engine_->commit();
+    catalog_ = engine_->readCatalog();
+    translator_ = std::make_unique<Translator>(catalog_, dialect());
 }
 
-DialectDatabase::~DialectDatabase() {
-    sqlite3_close(database_);
-}
+DialectDatabase::~DialectDatabase() = default;
 
-void DialectDatabase::fail(const QByteArray& sql) {
-    throw std::runtime_error(sqlite3_errmsg(database_) + std::string(" in ") + sql.toStdString());
+const EngineDialect& DialectDatabase::dialect() const {
+    return engine_->dialect();
 }
 
 void DialectDatabase::engine(const QByteArray& sql) {
-    if (sqlite3_exec(database_, sql.constData(), nullptr, nullptr, nullptr) != SQLITE_OK) fail(sql);
+    engine_->script(sql);
+}
+
+void DialectDatabase::empty() {
+    QByteArray sql = testengine::isPostgres() ? "" : "DELETE FROM sqlite_sequence;";
+    for (const TableInfo& table : catalog_.tables()) {
+        const QByteArray name = dialect().identifier(table.name);
+        sql += testengine::isPostgres() ? "TRUNCATE " + name + " RESTART IDENTITY;" : "DELETE FROM " + name + ';';
+    }
+    engine_->begin();
+    engine_->script(sql);
+    engine_->commit();
 }
 
 void DialectDatabase::prepare(const Translation& translation) {
-    sqlite3_stmt* statement = nullptr;
-    const int code =
-        sqlite3_prepare_v2(database_, translation.sql.constData(), int(translation.sql.size()), &statement, nullptr);
-    sqlite3_finalize(statement);
-    if (code != SQLITE_OK) fail(translation.sql);
-}
-
-QString DialectDatabase::cell(sqlite3_stmt* statement, int index, ColumnType type) {
-    switch (sqlite3_column_type(statement, index)) {
-        case SQLITE_NULL:
-            return QStringLiteral("-");
-        case SQLITE_INTEGER: {
-            const qint64 value = sqlite3_column_int64(statement, index);
-            if (type == ColumnType::DateTime) return valueText(secondsToDate(value));
-            if (type == ColumnType::YesNo) return valueText(value != 0);
-            return QString::number(value);
-        }
-        case SQLITE_FLOAT:
-            return valueText(sqlite3_column_double(statement, index));
-        default:
-            return QString::fromUtf8(reinterpret_cast<const char*>(sqlite3_column_text(statement, index)));
-    }
-}
-
-static void bind(sqlite3_stmt* statement, int number, const QVariant& value) {
-    if (value.typeId() == QMetaType::QString) {
-        const QByteArray text = value.toString().toUtf8();
-        sqlite3_bind_text(statement, number, text.constData(), int(text.size()), SQLITE_TRANSIENT);
-    } else if (value.typeId() == QMetaType::QDateTime) {
-        sqlite3_bind_int64(statement, number, dateToSeconds(value.toDateTime()));
-    } else if (value.typeId() == QMetaType::Double) {
-        sqlite3_bind_double(statement, number, value.toDouble());
-    } else if (value.isValid()) {
-        sqlite3_bind_int64(statement, number, value.toLongLong());
-    }
+    // Values make no difference to a plan.
+    engine_->query("EXPLAIN " + translation.sql, QVector<QVariant>(translation.parameters.size()), nullptr);
 }
 
 QString DialectDatabase::run(const QString& sql, const DialectOptions& options,
@@ -148,46 +164,19 @@ QString DialectDatabase::run(const QString& sql, const DialectOptions& options,
     DialectOptions all = options;
     all.parameters += parameters.keys();
     const auto translation = translator_->translate(sql, all);
-    sqlite3_stmt* statement = nullptr;
-    if (sqlite3_prepare_v2(database_, translation->sql.constData(), -1, &statement, nullptr) != SQLITE_OK)
-        fail(translation->sql);
-    for (qsizetype i = 0; i < translation->parameters.size(); ++i)
-        bind(statement, int(i) + 1, parameters.value(translation->parameters[i].toLower()));
-    QStringList rows;
-    int code = sqlite3_step(statement);
-    for (; code == SQLITE_ROW; code = sqlite3_step(statement)) {
-        QStringList cells;
-        for (int i = 0; i < translation->columns.size(); ++i) cells << cell(statement, i, translation->columns[i].type);
-        rows << cells.join(u'|');
-    }
-    sqlite3_finalize(statement);
-    if (code != SQLITE_DONE) fail(translation->sql);
-    return translation->kind == StatementKind::Select ? rows.join(QStringLiteral(" / "))
-                                                      : QString::number(sqlite3_changes(database_));
+    QVector<QVariant> values;
+    for (const QString& name : translation->parameters) values << parameters.value(name.toLower());
+    if (translation->kind != StatementKind::Select)
+        return QString::number(engine_->execute(translation->sql, values).affected);
+    Cells cells(translation->columns);
+    engine_->query(translation->sql, values, &cells);
+    return cells.rows().join(QStringLiteral(" / "));
 }
 
 QString DialectDatabase::plan(const QString& sql) {
-    const QByteArray explain = "EXPLAIN QUERY PLAN " + translator_->translate(sql)->sql;
-    sqlite3_stmt* statement = nullptr;
-    if (sqlite3_prepare_v2(database_, explain.constData(), -1, &statement, nullptr) != SQLITE_OK) fail(explain);
-    QStringList steps;
-    while (sqlite3_step(statement) == SQLITE_ROW)
-        steps << QString::fromUtf8(reinterpret_cast<const char*>(sqlite3_column_text(statement, 3)));
-    sqlite3_finalize(statement);
-    return steps.join(QStringLiteral("; "));
-}
-
-QVector<ColumnInfo> DialectDatabase::declaredColumns(const QString& table) {
-    const QByteArray sql = "SELECT name, type, pk FROM pragma_table_info('" + table.toUtf8() + "') ORDER BY cid";
-    sqlite3_stmt* statement = nullptr;
-    if (sqlite3_prepare_v2(database_, sql.constData(), -1, &statement, nullptr) != SQLITE_OK) fail(sql);
-    QVector<ColumnInfo> columns;
-    while (sqlite3_step(statement) == SQLITE_ROW) {
-        const auto text = [&](int i) {
-            return QString::fromUtf8(reinterpret_cast<const char*>(sqlite3_column_text(statement, i)));
-        };
-        columns << columnFromDeclaration(text(0), text(1), sqlite3_column_int(statement, 2) > 0);
-    }
-    sqlite3_finalize(statement);
-    return columns;
+    const QByteArray explain = testengine::isPostgres() ? "EXPLAIN " : "EXPLAIN QUERY PLAN ";
+    const QVector<OutputColumn> all(9);
+    Cells cells(all);
+    engine_->query(explain + translator_->translate(sql)->sql, {}, &cells);
+    return cells.rows().join(QStringLiteral("; "));
 }

@@ -9,3 +9,8 @@ target_link_libraries(road_writer PRIVATE dorv_data)
 dorv_test(test_seats SOURCES test_seats.cpp LIBS dorv_data)
 target_compile_definitions(test_seats PRIVATE ROAD_WRITER="$<TARGET_FILE:road_writer>")
 add_dependencies(test_seats road_writer)
+dorv_engine_tests(test_recordset test_seats)
+
+# What only a server can do to the road.
+dorv_test(test_postgres SOURCES test_postgres.cpp LIBS dorv_data)
+dorv_server_tests(test_postgres)

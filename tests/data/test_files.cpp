@@ -57,8 +57,8 @@ private slots:
         QTest::newRow("zeros") << QByteArray(8192, '\0') << FileKind::Noise << true << "αντίγραφο";
         QTest::newRow("prose") << QByteArray("Αγαπητέ κύριε,\nσας στέλνω\n") << FileKind::Noise << true << "αντίγραφο";
         QTest::newRow("other settings") << QByteArray("colour=blue\n") << FileKind::Noise << true << "αντίγραφο";
-        QTest::newRow("server") << QByteArray("\xEF\xBB\xBF# γραφείο\r\nHost = server1\r\ndatabase=dorvalist\r\n")
-                                << FileKind::ServerDescription << false << "αυτή η έκδοση δεν ανοίγει ακόμη";
+        QTest::newRow("server") << QByteArray("\xEF\xBB\xBF# γραφείο\r\nHost = /none\r\ndatabase=dorvalist\r\n")
+                                << FileKind::ServerDescription << false << "Η σύνδεση με τον διακομιστή";
         QTest::newRow("foreign SQLite") << sqliteBytes(0x12345678) << FileKind::ForeignSqlite << true << "άλλου";
         QTest::newRow("SQLite's name alone")
             << QByteArray("SQLite format 3\0", 16) << FileKind::Noise << true << "αντίγραφο";

@@ -268,6 +268,11 @@ private slots:
         rows.addNew();
         rows[u"σχολια"].setValue(text);
         if (text.size() <= 30) rows[u"επωνυμο"].setValue(text);
+        if (testengine::isPostgres() && text.contains(QChar(0))) {  // the one character that a server can't keep
+            VERIFY_ERROR(Type, rows.update());
+            QCOMPARE(rows[u"σχολια"].text(), text);
+            return;
+        }
         rows.update();
         QCOMPARE(rows[u"σχολια"].text(), text);
         rows.open(*connection_, "select * from Cards");

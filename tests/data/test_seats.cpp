@@ -91,13 +91,14 @@ private slots:
     void lockedDatabase() {
         Recordset mine(one_, "select * from Cards order by code");
         Transaction theirs(two_);
+        two_.execute("update Cards set category=1");  // a server locks rows, not the database
         mine[u"ονομα"].setValue("Μαρία");
         QElapsedTimer timer;
         timer.start();
         VERIFY_ERROR(Busy, mine.update());
         QVERIFY2(timer.elapsed() >= 25 && timer.elapsed() < 3000, qPrintable(QString::number(timer.elapsed())));
         VERIFY_ERROR(Busy, one_.execute("delete from Cards"));
-        VERIFY_ERROR(Busy, Transaction mine_(one_));
+        if (!testengine::isPostgres()) VERIFY_ERROR(Busy, Transaction mine_(one_));
         QCOMPARE(Recordset(one_, "select * from Cards").recordCount(), 2);  // reading goes on
         theirs.commit();
         mine.update();
@@ -106,7 +107,7 @@ private slots:
 
     // A seat killed at any moment loses nothing that it reported as saved and leaves nothing half written.
     void killedWhileSaving() {
-        constexpr int kills = 200;
+        const int kills = testengine::isPostgres() ? 20 : 200;  // there it is the server's own promise
         one_.close();
         two_.close();
         QRandomGenerator random(11);
@@ -147,10 +148,7 @@ private slots:
             }
             for (auto it = saved.cbegin(); it != saved.cend(); ++it)
                 QVERIFY2(found.value(it.key(), -1) >= it.value(), qPrintable(QString::number(it.key())));
-            if (round % 10 == 9)
-                QCOMPARE(after.engine().query("SELECT * FROM pragma_integrity_check WHERE integrity_check='ok'", {},
-                                              nullptr),
-                         1);
+            if (round % 10 == 9) QCOMPARE(after.engine().damages(), QStringList());
         }
         QVERIFY(reports > kills);
     }

@@ -7,12 +7,21 @@
 #include "data/error.h"
 #include "data/recordset.h"
 #include "schema/office.h"
+#include "support/testengine.h"
 
 class ScratchOffice {
 public:
     explicit ScratchOffice(const QString& referenceFolder = {}) {
-        schema::createOffice(folder.path(), {QStringLiteral("secret"), referenceFolder});
+        schema::NewOffice office{QStringLiteral("secret"), referenceFolder};
+        if (testengine::isPostgres()) office.server = testengine::server(testengine::Schema::newName());
+        schema::createOffice(folder.path(), office);
         openBoth();
+    }
+    ~ScratchOffice() {
+        closeBoth();
+        if (!testengine::isPostgres()) return;
+        for (const QString& file : {mainFile(), usersFile()})
+            if (QFile::exists(file)) data::dropPgDatabase(data::readServerDescription(file));
     }
     void openBoth() {
         using schema::Database;

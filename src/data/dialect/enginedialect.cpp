@@ -98,6 +98,14 @@ QByteArray EngineDialect::orderTerm(const QByteArray& key, bool descending) cons
     return descending ? key + " DESC" : key;
 }
 
+QByteArray EngineDialect::null(ValueKind) const {
+    return "NULL";
+}
+
+QByteArray EngineDialect::returningIdentity(const TableInfo&) const {
+    return {};
+}
+
 QByteArray EngineDialect::limit(qint64 rows) const {
     return " LIMIT " + QByteArray::number(rows);
 }

@@ -49,7 +49,10 @@ public:
     virtual QByteArray literal(const QVariant& value) const;
     virtual QByteArray dateLiteral(const QDateTime& value) const = 0;
     virtual QByteArray yesNoLiteral(bool value) const = 0;
-    virtual QByteArray parameter(int number) const = 0;  // from 1
+    virtual QByteArray null(ValueKind kind) const;       // in a place that takes this kind
+    virtual QByteArray parameter(int number) const = 0;  // from 1; its type is that of the column it stands beside
+    // A named parameter, whose value says its own kind.
+    virtual QByteArray untypedParameter(int number) const { return parameter(number); }
 
     // The folded text, exactly as createIndex renders an indexed text column.
     virtual QByteArray fold(const QByteArray& text) const;
@@ -67,9 +70,16 @@ public:
     // kind get the kind's tag as their second argument). The aggregates are "min", "max" (for texts), "first", "last".
     virtual QByteArray call(const QByteArray& function, const QVector<QByteArray>& arguments) const;
 
+    // The least of a group's texts by their bytes.
+    virtual QByteArray leastSpelling(const QByteArray& text) const { return "min(" + text + ')'; }
+
     // ORDER BY's term; Null comes before every value.
     virtual QByteArray orderTerm(const QByteArray& key, bool descending) const;
     virtual QByteArray limit(qint64 rows) const;  // with a blank before
+    // Whether rows that no ORDER BY tells apart come in the order of their identities by themselves.
+    virtual bool keepsRowOrder() const { return true; }
+    // What an INSERT ends with so that ExecuteResult carries the row's identity; with a blank before.
+    virtual QByteArray returningIdentity(const TableInfo& table) const;
     // The row identity of a table that stands under this (quoted) name in FROM.
     virtual QByteArray rowIdentity(const QByteArray& source, const TableInfo& table) const;
 };

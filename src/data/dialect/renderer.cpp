@@ -32,6 +32,7 @@ void Renderer::render(const Statement& statement, Translation& translation) {
             identityOf = first.sources[0];
             translation.baseTable = table->name;
         }
+    top_ = &top;
     translation.sql = query(top, false, identityOf);
     for (size_t i = 0; i < first.outputs.size(); ++i) {
         OutputColumn column = first.outputs[i].column;
@@ -64,9 +65,20 @@ QByteArray Renderer::plainSelect(const Query& query, bool named, const Source* i
     replacements_ = {};
     if (select.grouped) startGrouping(select);
     QByteArray out = "SELECT" + selectBody(select, named, nullptr, identityOf);
-    out += orderBy(query);
+    out += &query == top_ && !select.grouped ? completeOrder(query) : orderBy(query);
     if (select.top) out += dialect_.limit(*select.top);
     replacements_ = before;
+    return out;
+}
+
+// The order that is asked for, and among equals that of the tables' rows: nobody's list may shuffle by itself.
+QByteArray Renderer::completeOrder(const Query& query) {
+    QByteArray out = orderBy(query);
+    if (dialect_.keepsRowOrder()) return out;
+    for (const Source* source : query.parts[0].sources)
+        if (source->table && !source->table->rowIdentity.isEmpty())
+            out += (out.isEmpty() ? " ORDER BY " : ", ") +
+                   dialect_.orderTerm(dialect_.rowIdentity(source->sqlName, *source->table), false);
     return out;
 }
 
@@ -104,7 +116,7 @@ QByteArray Renderer::unionSelect(const Query& query, bool named) {
         QByteArray part = "SELECT" + selectBody(select, true, &query.unionColumns, nullptr);
         replacements_ = before;
         if (select.distinct) part = withoutDuplicates(part, query.unionColumns, true);
-        if (select.top) part = "SELECT * FROM (" + part + dialect_.limit(*select.top) + ')';
+        if (select.top) part = "SELECT * FROM (" + part + dialect_.limit(*select.top) + ") AS \"%t\"";
         rows += (i > 0 ? " UNION ALL " : "") + part;
         if (i == lastWithout && i > 0) rows = withoutDuplicates(rows, query.unionColumns, true);
     }
@@ -129,7 +141,7 @@ QByteArray Renderer::withoutDuplicates(const QByteArray& rows, const std::vector
             shown += ", ";
             keys += ", ";
         }
-        shown += isText(columns[i]) ? "min(" + name + ')' : name;
+        shown += isText(columns[i]) ? dialect_.leastSpelling(name) : name;
         if (named) shown += " AS " + name;
         keys += isText(columns[i]) ? dialect_.fold(name) : name;
     }
@@ -163,7 +175,7 @@ void Renderer::startGrouping(const Select& select) {
     std::vector<Replacement> list;
     for (const ExprPtr& grouped : select.groupBy) {
         QByteArray text = sql(*grouped, Whole);
-        if (grouped->type.kind == ValueKind::Text) text = "min(" + text + ')';
+        if (grouped->type.kind == ValueKind::Text) text = dialect_.leastSpelling(text);
         list.push_back({grouped.get(), text});
     }
     replacements_.list = std::move(list);

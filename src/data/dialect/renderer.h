@@ -51,6 +51,7 @@ private:
     QByteArray chain(const JoinChain& chain);
     QByteArray tableRef(const TableRef& table);
     QByteArray orderBy(const Query& query);
+    QByteArray completeOrder(const Query& query);
     void startGrouping(const Select& select);
 
     // Expressions (renderexpressions.cpp).
@@ -86,6 +87,7 @@ private:
     const EngineDialect& dialect_;
     const Places& places_;
     Replacements replacements_;
+    const Query* top_ = nullptr;  // the statement's own, not one inside it
 };
 
 bool sameExpr(const Expr& a, const Expr& b);

@@ -57,7 +57,7 @@ Renderer::Piece Renderer::plainPiece(const Expr& expr) {
         case ExprKind::Column:
             return {columnSql(*expr.source, expr.column), Whole};
         case ExprKind::Parameter:
-            return {dialect_.parameter(expr.parameter), Whole};
+            return {dialect_.untypedParameter(expr.parameter), Whole};
         case ExprKind::Negate:
             return {"-(" + as(*expr.arguments[0], ValueKind::Number, Loose) + ')', Unary};
         case ExprKind::Arithmetic:
@@ -226,6 +226,7 @@ QVariant Renderer::convertLiteral(const Expr& literal, ValueKind kind, const Exp
 
 QByteArray Renderer::as(const Expr& expr, ValueKind kind, Level atLeast, const Expr* partner) {
     const ValueKind from = expr.type.kind;
+    if (from == ValueKind::Null && expr.kind == ExprKind::Literal) return dialect_.null(kind);
     if (from == kind || from == ValueKind::Null || kind == ValueKind::Any || kind == ValueKind::Null ||
         kind == ValueKind::Binary)
         return sql(expr, atLeast);

@@ -130,6 +130,7 @@ constexpr char openingPragmas[] =
 
 SqliteEngine::SqliteEngine(const OpenSettings& settings) {
     const FileIdentity identity = requireOurs(settings.file);
+    kind_ = identity.kind == FileKind::Users ? DatabaseKind::Users : DatabaseKind::Main;
     try {
         configure(settings);
         if (identity.kind == FileKind::Users) checkPassword(settings);
@@ -239,6 +240,72 @@ void SqliteEngine::commit() {
 
 void SqliteEngine::rollback() noexcept {
     if (sqlite3_get_autocommit(database_) == 0) sqlite3_exec(database_, "ROLLBACK", nullptr, nullptr, nullptr);
+}
+
+namespace {
+
+// Rows of texts; other values as their digits.
+class TextRows : public RowSink {
+public:
+    QVector<QStringList> rows;
+
+    void beginRow() override { rows += QStringList(); }
+    void null() override { rows.last() += QString(); }
+    void integer(qint64 value) override { rows.last() += QString::number(value); }
+    void real(double value) override { rows.last() += QString::number(value); }
+    void text(const char* utf8, qsizetype size) override { rows.last() += QString::fromUtf8(utf8, size); }
+    void blob(const char*, qsizetype) override { rows.last() += QString(); }
+};
+
+QVector<QStringList> texts(Engine& engine, const QByteArray& sql, const QVector<QVariant>& parameters = {}) {
+    TextRows sink;
+    engine.query(sql, parameters, &sink);
+    return sink.rows;
+}
+
+}  // namespace
+
+int SqliteEngine::version() {
+    return texts(*this, "PRAGMA user_version")[0][0].toInt();
+}
+
+void SqliteEngine::setVersion(int version) {
+    script("PRAGMA user_version = " + QByteArray::number(version));
+}
+
+QString SqliteEngine::property(const QString& name) {
+    if (texts(*this, "SELECT name FROM sqlite_schema WHERE type='table' AND name='_dorvalista'").isEmpty()) return {};
+    const auto found = texts(*this, "SELECT value FROM _dorvalista WHERE name=?1", {name});
+    return found.isEmpty() ? QString() : found[0][0];
+}
+
+void SqliteEngine::setProperty(const QString& name, const QString& value) {
+    script("CREATE TABLE IF NOT EXISTS _dorvalista (name TEXT PRIMARY KEY, value TEXT)");
+    if (value.isEmpty())
+        execute("DELETE FROM _dorvalista WHERE name=?1", {name});
+    else
+        execute(
+            "INSERT INTO _dorvalista (name,value) VALUES (?1,?2) ON CONFLICT (name) DO UPDATE SET value=excluded.value",
+            {name, value});
+}
+
+void SqliteEngine::createIndex(const QString&, const QByteArray& sql) {
+    script(sql);
+}
+
+QHash<QString, QString> SqliteEngine::indexes() {
+    QHash<QString, QString> indexes;
+    for (const QStringList& row :
+         texts(*this, "SELECT name, sql FROM sqlite_schema WHERE type='index' AND sql IS NOT NULL"))
+        indexes.insert(row[0], row[1]);
+    return indexes;
+}
+
+QStringList SqliteEngine::damages() {
+    QStringList found;
+    for (const QStringList& row : texts(*this, "PRAGMA integrity_check"))
+        if (row[0] != u"ok") found += row[0];
+    return found;
 }
 
 void createSqliteFile(const QString& file, quint32 applicationId) {

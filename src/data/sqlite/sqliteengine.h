@@ -29,6 +29,16 @@ public:
                   const std::function<bool(qint64 done, qint64 all)>& goOn) override;
     void requireAlone() override;
 
+    DatabaseKind kind() override { return kind_; }
+    int version() override;
+    void setVersion(int version) override;
+    QString property(const QString& name) override;
+    void setProperty(const QString& name, const QString& value) override;
+    void lockForUpgrade() override {}  // begin() has the one write lock already
+    void createIndex(const QString& name, const QByteArray& sql) override;
+    QHash<QString, QString> indexes() override;
+    QStringList damages() override;
+
     sqlite3* handle() const { return database_; }  // for measuring against it; stays the engine's
 
 private:
@@ -37,6 +47,7 @@ private:
     void closeDatabase() noexcept;
 
     sqlite3* database_ = nullptr;
+    DatabaseKind kind_ = DatabaseKind::Main;
     StatementCache statements_;
 };
 

@@ -1,0 +1,91 @@
+#include "data/postgres/functionscript.h"
+
+#include <QLocale>
+
+#include "data/fold.h"
+
+namespace data::postgres {
+namespace {
+
+QByteArray quoted(const QString& text) {
+    return '\'' + QString(text).replace(u'\'', QStringLiteral("''")).toUtf8() + '\'';
+}
+
+// The two lists of SQL's translate(): characters, and what each becomes; those without a partner are dropped.
+struct Exchange {
+    QString from, to, dropped;
+
+    void add(const QString& character, const QString& becomes) {
+        if (becomes.isEmpty())
+            dropped += character;
+        else if (becomes != character)
+            from += character, to += becomes;
+    }
+    QByteArray of(const QByteArray& text) const {
+        return "translate(" + text + ", " + quoted(from + dropped) + ", " + quoted(to) + ')';
+    }
+};
+
+QString character(char32_t code) {
+    return QString::fromUcs4(&code, 1);
+}
+
+template <class Becomes>
+Exchange exchange(char32_t first, char32_t last, Becomes becomes) {
+    Exchange list;
+    for (char32_t code = first; code <= last; ++code)
+        if (!QChar::isSurrogate(code)) list.add(character(code), becomes(character(code)));
+    return list;
+}
+
+// Inside a word, since a letter that stands alone follows rules of its own.
+QString upper(const QString& letter) {
+    static const QLocale greek(QLocale::Greek, QLocale::Greece);
+    const QString word = greek.toUpper(u'Α' + letter + u'Α');
+    return word.size() == letter.size() + 2 ? word.mid(1, letter.size()) : letter;
+}
+
+QString lower(const QString& letter) {
+    const QString word = letter.toLower();
+    return word.size() == letter.size() ? word : letter;
+}
+
+}  // namespace
+
+// translate() walks its list for every character. Nearly all texts are plain Latin and Greek, for which the list is
+// short. fold is a bound expression that the planner writes out in place; the long list stays in a function of its own,
+// lest every plan copies it, and parts the languages of Europe from all others.
+QByteArray foldScript() {
+    const auto folded = [](const QString& text) { return fold(text); };
+    Exchange everyday = exchange(0x386, 0x3CE, folded);
+    everyday.add(character(0xB5), fold(character(0xB5)));
+    Exchange european = exchange(0x80, 0x24F, folded);
+    const Exchange greek = exchange(0x370, 0x3FF, folded), all = exchange(0x80, 0x1FFFF, folded);
+    european.from += greek.from, european.to += greek.to, european.dropped += greek.dropped;
+    const QByteArray latin = "lower(value COLLATE \"C\")";
+    return "CREATE FUNCTION _fold_rare(value text) RETURNS text LANGUAGE plpgsql IMMUTABLE STRICT PARALLEL SAFE AS "
+           "$fold$ "
+           "BEGIN IF value COLLATE \"C\" !~ '[^\\u0001-\\u024f\\u0370-\\u03ff\\u2010-\\u20cf]' THEN RETURN " +
+           european.of(latin) + "; END IF; RETURN " + all.of(latin) +
+           "; END $fold$;\n"
+           "CREATE FUNCTION fold(value text) RETURNS text LANGUAGE sql IMMUTABLE PARALLEL SAFE RETURN CASE WHEN value "
+           "COLLATE "
+           "\"C\" !~ '[^\\u0001-\\u007f\\u0386-\\u03ce\\u2010-\\u2030\\u20ac«»·°]' THEN " +
+           everyday.of(latin) + " ELSE _fold_rare(value) END;\n";
+}
+
+QByteArray functionsScript() {
+    QByteArray script = numberFunctions;
+    script += dateFunctions;
+    script += textFunctions;
+    for (const auto& [name, list] : {std::pair("jet_ucase", exchange(0x61, 0x24FF, upper)),
+                                     std::pair("jet_lowerletters", exchange(0x41, 0x24FF, lower))})
+        script += QByteArray("CREATE OR REPLACE FUNCTION ") + name +
+                  "(value text) RETURNS text LANGUAGE sql IMMUTABLE PARALLEL SAFE AS $case$ SELECT " + list.of("$1") +
+                  " $case$;\n";
+    script += formatFunctions;
+    script += conversionFunctions;
+    return script;
+}
+
+}  // namespace data::postgres

@@ -1,0 +1,85 @@
+#include "data/postgres/pgcatalog.h"
+
+#include "data/postgres/pgdialect.h"
+
+namespace data {
+namespace {
+
+class Rows : public RowSink {
+public:
+    QVector<QStringList> rows;
+
+    void beginRow() override { rows.append(QStringList()); }
+    void null() override { rows.last() << QString(); }
+    void integer(qint64 value) override { rows.last() << QString::number(value); }
+    void real(double value) override { rows.last() << QString::number(value); }
+    void text(const char* utf8, qsizetype size) override { rows.last() << QString::fromUtf8(utf8, size); }
+    void blob(const char*, qsizetype) override { rows.last() << QString(); }
+};
+
+ColumnInfo columnOf(const QString& name, const QString& type, int modifier, bool identity) {
+    static const QHash<QString, ColumnType> types = {
+        {QStringLiteral("int8"), ColumnType::Long},       {QStringLiteral("int4"), ColumnType::Long},
+        {QStringLiteral("int2"), ColumnType::Integer},    {QStringLiteral("float4"), ColumnType::Single},
+        {QStringLiteral("float8"), ColumnType::Double},   {QStringLiteral("numeric"), ColumnType::Double},
+        {QStringLiteral("bool"), ColumnType::YesNo},      {QStringLiteral("timestamp"), ColumnType::DateTime},
+        {QStringLiteral("bytea"), ColumnType::LongBinary}};
+    constexpr int modifierHead = 4;
+    ColumnInfo column;
+    column.name = name;
+    column.type = identity ? ColumnType::Autonumber : types.value(type, ColumnType::Memo);
+    if (type == u"varchar" && modifier > modifierHead) {
+        column.type = ColumnType::Text;
+        column.size = modifier - modifierHead;
+    }
+    return column;
+}
+
+}  // namespace
+
+Catalog readPgCatalog(Engine& engine) {
+    Rows found;
+    engine.query(
+        "SELECT c.relname::text, coalesce(col_description(c.oid, a.attnum), a.attname::text), a.attname::text, "
+        "t.typname::text, a.atttypmod, (a.attidentity <> '')::integer "
+        "FROM pg_class c JOIN pg_attribute a ON a.attrelid = c.oid JOIN pg_type t ON t.oid = a.atttypid "
+        "WHERE c.relnamespace = current_schema()::regnamespace AND c.relkind IN ('r', 'p') AND a.attnum > 0 AND NOT "
+        "a.attisdropped AND c.relname NOT LIKE '\\_%' ORDER BY c.relname COLLATE \"C\", a.attnum",
+        {}, &found);
+    Catalog catalog;
+    TableInfo table;
+    const auto finish = [&] {
+        if (!table.name.isEmpty()) catalog.add(table);
+    };
+    for (const QStringList& row : found.rows) {
+        if (row[0] != table.name) {
+            finish();
+            table = {};
+            table.name = row[0];
+        }
+        const bool identity = row[5] == u"1";
+        if (identity) table.rowIdentity = row[2];
+        if (row[2].startsWith(u'_')) continue;
+        // Only a cut name has its full form in the comment; any other comment is somebody's remark.
+        const QString name = pgName(row[1]) == row[2].toUtf8() ? row[1] : row[2];
+        if (identity) table.autonumber = int(table.columns.size());
+        table.columns.append(columnOf(name, row[3], row[4].toInt(), identity));
+    }
+    finish();
+    return catalog;
+}
+
+QHash<QString, QString> readPgIndexes(Engine& engine) {
+    Rows found;
+    engine.query(
+        "SELECT c.relname::text, coalesce(obj_description(c.oid, 'pg_class'), '') FROM pg_class c JOIN pg_index i ON "
+        "i.indexrelid = c.oid WHERE c.relnamespace = current_schema()::regnamespace AND c.relname NOT LIKE '\\_%' AND "
+        "NOT "
+        "EXISTS (SELECT * FROM pg_constraint WHERE conindid = c.oid)",
+        {}, &found);
+    QHash<QString, QString> indexes;
+    for (const QStringList& row : found.rows) indexes.insert(row[0], row[1]);
+    return indexes;
+}
+
+}  // namespace data

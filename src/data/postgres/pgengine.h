@@ -1,0 +1,82 @@
+// The server engine: one schema of a PostgreSQL database.
+#pragma once
+
+#include <libpq-fe.h>
+
+#include <list>
+#include <vector>
+
+#include "data/engine.h"
+#include "data/serverdescription.h"
+
+namespace data {
+
+class PgEngine : public Engine {
+public:
+    // Opens the database of this program that the description names; anything else is refused. A connection that is
+    // lost fails the statement that notices; the next one outside a transaction connects again.
+    PgEngine(const ServerDescription& server, const OpenSettings& settings);
+    ~PgEngine() override;
+    PgEngine(const PgEngine&) = delete;
+    PgEngine& operator=(const PgEngine&) = delete;
+
+    const EngineDialect& dialect() const override;
+    Catalog readCatalog() override;
+    ExecuteResult execute(const QByteArray& sql, const QVector<QVariant>& parameters) override;
+    qint64 query(const QByteArray& sql, const QVector<QVariant>& parameters, RowSink* sink) override;
+    void script(const QByteArray& sql) override;
+    void begin() override;
+    void commit() override;
+    void rollback() noexcept override;
+
+    DatabaseKind kind() override;
+    int version() override;
+    void setVersion(int version) override;
+    QString property(const QString& name) override;
+    void setProperty(const QString& name, const QString& value) override;
+    void lockForUpgrade() override;
+    QHash<QString, QString> indexes() override;
+    void createIndex(const QString& name, const QByteArray& sql) override;
+    QStringList damages() override;
+
+    int backendId() const { return connection_ ? PQbackendPID(connection_) : 0; }
+
+private:
+    friend void createPgDatabase(const ServerDescription&, DatabaseKind);
+    friend void dropPgDatabase(const ServerDescription&) noexcept;
+    struct Prepared {
+        QByteArray sql, name;
+        std::vector<Oid> types;
+    };
+    struct Bare {};  // connects, and asks for nothing of this program's
+
+    PgEngine(const ServerDescription& server, const OpenSettings& settings, Bare);
+    void connect();
+    void configure();
+    void requireOurs();
+    void refreshFunctions();
+    void disconnect() noexcept;
+    void requireConnection(const QByteArray& sql);
+    const Prepared& prepare(const QByteArray& sql);
+    void forget(std::list<Prepared>::iterator entry);
+    PGresult* run(const QByteArray& sql, const QVector<QVariant>& parameters);
+    PGresult* runOnce(const QByteArray& sql, const QVector<QVariant>& parameters);
+    [[noreturn]] void fail(PGresult* result, const QByteArray& sql);
+
+    ServerDescription server_;
+    OpenSettings settings_;
+    PGconn* connection_ = nullptr;
+    Oid variant_ = 0;
+    bool inTransaction_ = false;
+    std::list<Prepared> prepared_;  // the most recently used first
+    QHash<QByteArray, std::list<Prepared>::iterator> byText_;
+    quint64 nextName_ = 0;
+};
+
+// Makes the schema that the description names, if it isn't there, and in it an empty database of this program. A schema
+// that holds tables is refused and left alone.
+void createPgDatabase(const ServerDescription& server, DatabaseKind kind);
+// Takes it away again.
+void dropPgDatabase(const ServerDescription& server) noexcept;
+
+}  // namespace data

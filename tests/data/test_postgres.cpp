@@ -1,0 +1,280 @@
+// What only a server can do to the road: its fold, lost connections, locks, descriptions and long names.
+#include <future>
+
+#include "data/databasepassword.h"
+#include "data/dialect/enginedialect.h"
+#include "data/fold.h"
+#include "data/postgres/pgdialect.h"
+#include "roadfixture.h"
+
+using namespace data;
+
+namespace {
+
+class Texts : public RowSink {
+public:
+    QStringList values;
+    void beginRow() override {}
+    void null() override { values << QStringLiteral("-"); }
+    void integer(qint64 value) override { values << QString::number(value); }
+    void real(double value) override { values << QString::number(value); }
+    void text(const char* utf8, qsizetype size) override { values << QString::fromUtf8(utf8, size); }
+    void blob(const char*, qsizetype) override {}
+};
+
+QStringList texts(Engine& engine, const QByteArray& sql, const QVector<QVariant>& parameters = {}) {
+    Texts sink;
+    engine.query(sql, parameters, &sink);
+    return sink.values;
+}
+
+// Ends the session of an engine from another one, as a server that restarts does.
+void cut(PgEngine& victim, const ServerDescription& server) {
+    PgEngine other(server, {});
+    other.query("SELECT pg_terminate_backend($1)", {victim.backendId()}, nullptr);
+    // The session is gone when the server says so, not when it was told to go.
+    while (texts(other, "SELECT count(*) FROM pg_stat_activity WHERE pid = $1", {victim.backendId()}) !=
+           QStringList("0")) {
+    }
+}
+
+}  // namespace
+
+class TestPostgres : public QObject {
+    Q_OBJECT
+
+    std::unique_ptr<road::Office> office_;
+    const ServerDescription& server() const { return office_->server(); }
+    Error errorOf(const std::function<void()>& action) {
+        const auto error = road::errorOf(action);
+        return error ? *error : Error(ErrorCategory::Other, QStringLiteral("nothing was thrown"));
+    }
+
+private slots:
+    void init() { office_ = std::make_unique<road::Office>(); }
+    void cleanup() { office_.reset(); }
+
+    // Every character of the planes that have letters folds as it does here.
+    void foldOfEveryCharacter() {
+        QString all;
+        for (char32_t code = 1; code <= 0x1EFFF; ++code) {
+            const bool letters = code <= 0x33FF || (code >= 0xA000 && code <= 0xABFF) ||
+                                 (code >= 0xF000 && code <= 0x10FFF) || code >= 0x1E000 ||
+                                 (code >= 0x11000 && code <= 0x11FFF) || (code >= 0x16E00 && code <= 0x16EFF);
+            if (letters && !QChar::isSurrogate(code)) all += QString::fromUcs4(&code, 1) + u'\n';
+        }
+        PgEngine engine(server(), {});
+        const QStringList wanted = fold(all).split(u'\n');
+        const QStringList alone =
+            texts(engine, "SELECT fold(c) FROM regexp_split_to_table($1, E'\n') WITH ORDINALITY AS t(c, n) ORDER BY n",
+                  {all});
+        QCOMPARE(alone.size(), wanted.size());
+        for (qsizetype i = 0; i < alone.size(); ++i)
+            QVERIFY2(alone[i] == wanted[i],
+                     qPrintable(QStringLiteral("%1: %2 for %3").arg(i).arg(alone[i], wanted[i])));
+        QCOMPARE(texts(engine, "SELECT fold('ΠαπαδόπουλοΣ «Ά» – 5€')"), QStringList("παπαδοπουλοσ «α» – 5€"));
+    }
+
+    // In any order they come in, names sort by the bytes of their fold, and equal ones by their row.
+    void sameOrder() {
+        Connection connection;
+        connection.open(office_->connectionString());
+        const QStringList names = {"Ζήνων", "άλφα", "ΑΛΦΑ", "zeta", "Öl", "οίκος", "Ω", "1", "_", "Άλφα"};
+        for (const QString& name : names)
+            connection.execute(QStringLiteral("insert into Cards (επωνυμο) values ('%1')").arg(name));
+        connection.execute("update Cards set category=1 where επωνυμο='αλφα' and code<4");  // moves rows about
+        QVector<std::pair<QByteArray, int>> keys;
+        for (int i = 0; i < names.size(); ++i) keys << std::pair(fold(names[i]).toUtf8(), i);
+        std::sort(keys.begin(), keys.end());
+        QStringList wanted, found;
+        for (const auto& [key, i] : keys) wanted << names[i];
+        for (Recordset rows(connection, "select επωνυμο from Cards order by επωνυμο"); !rows.eof(); rows.moveNext())
+            found << rows.field(0).text();
+        QCOMPARE(found, wanted);
+        found.clear();
+        for (Recordset rows(connection, "select επωνυμο from Cards"); !rows.eof(); rows.moveNext())
+            found << rows.field(0).text();
+        QCOMPARE(found, names);
+    }
+
+    void lostConnection() {
+        PgEngine engine(server(), {});
+        engine.execute("INSERT INTO \"Saves\" (a) VALUES ($1)", {1});
+        cut(engine, server());
+        const Error lost = errorOf([&] { engine.execute("INSERT INTO \"Saves\" (a) VALUES ($1)", {2}); });
+        QVERIFY2(lost.category() == ErrorCategory::Connection, lost.what());
+        engine.execute("INSERT INTO \"Saves\" (a) VALUES ($1)", {3});
+        QCOMPARE(texts(engine, "SELECT a FROM \"Saves\" ORDER BY a"), QStringList({"1", "3"}));
+        QCOMPARE(texts(engine, "SELECT fold('Ώ')"), QStringList("ω"));  // the new session is set up as the first was
+    }
+
+    // What was written before the loss is gone, so nothing behind it may be kept either.
+    void lostInTransaction() {
+        PgEngine engine(server(), {});
+        engine.begin();
+        engine.execute("INSERT INTO \"Saves\" (a) VALUES (1)", {});
+        cut(engine, server());
+        for (int i = 0; i < 3; ++i)
+            QCOMPARE(errorOf([&] { engine.execute("INSERT INTO \"Saves\" (a) VALUES (2)", {}); }).category(),
+                     ErrorCategory::Connection);
+        QCOMPARE(errorOf([&] { engine.commit(); }).category(), ErrorCategory::Connection);
+        engine.rollback();
+        QCOMPARE(texts(engine, "SELECT count(*) FROM \"Saves\""), QStringList("0"));
+    }
+
+    void failedTransactionIsNotSaved() {
+        PgEngine engine(server(), {});
+        engine.begin();
+        QCOMPARE(errorOf([&] { engine.begin(); }).category(), ErrorCategory::State);
+        engine.execute("INSERT INTO \"Saves\" (a) VALUES (1)", {});
+        QCOMPARE(errorOf([&] { engine.execute("INSERT INTO \"Saves\" (a) VALUES ($1)", {"x"}); }).category(),
+                 ErrorCategory::Type);
+        QCOMPARE(errorOf([&] { engine.script("nonsense"); }).category(), ErrorCategory::Syntax);
+        QCOMPARE(errorOf([&] { engine.commit(); }).category(), ErrorCategory::State);
+        QCOMPARE(texts(engine, "SELECT count(*) FROM \"Saves\""), QStringList("0"));
+    }
+
+    void deadlock() {
+        PgEngine one(server(), {}), two(server(), {});
+        one.script("INSERT INTO \"Saves\" (a) VALUES (1), (2)");
+        one.begin();
+        two.begin();
+        one.execute("UPDATE \"Saves\" SET b=1 WHERE a=1", {});
+        two.execute("UPDATE \"Saves\" SET b=2 WHERE a=2", {});
+        auto waiting = std::async(std::launch::async, [&] {
+            return road::errorOf([&] { one.execute("UPDATE \"Saves\" SET b=1 WHERE a=2", {}); });
+        });
+        const auto mine = road::errorOf([&] { two.execute("UPDATE \"Saves\" SET b=2 WHERE a=1", {}); });
+        if (mine) two.rollback();
+        const auto theirs = waiting.get();
+        QVERIFY(mine.has_value() != theirs.has_value());
+        const Error& error = mine ? *mine : *theirs;
+        QCOMPARE(error.category(), ErrorCategory::Busy);
+        QVERIFY2(error.text().contains("Τίποτα δεν αποθηκεύτηκε"), error.what());
+        one.rollback();
+        two.rollback();
+    }
+
+    void onlyReading() {
+        OpenSettings settings;
+        settings.readOnly = true;
+        PgEngine reader(server(), settings), writer(server(), {});
+        VERIFY_ERROR(ReadOnly, reader.execute("INSERT INTO \"Saves\" (a) VALUES (1)", {}));
+        VERIFY_ERROR(ReadOnly, writer.query("DELETE FROM \"Saves\"", {}, nullptr));
+        VERIFY_ERROR(ReadOnly,
+                     writer.query("WITH x AS (DELETE FROM \"Saves\" RETURNING *) SELECT * FROM x", {}, nullptr));
+    }
+
+    // A number that was given is not drawn again.
+    void givenNumbers() {
+        const auto table = [] {
+            TableInfo info;
+            info.name = QStringLiteral("Numbered");
+            info.columns = {{"code", ColumnType::Autonumber, 0}, {"name", ColumnType::Text, 10}};
+            info.autonumber = 0;
+            return info;
+        }();
+        PgEngine engine(server(), {});
+        engine.script(pgDialect().createTable(table, {}));
+        Connection connection;
+        connection.open(office_->connectionString());
+        for (const char* sql : {"insert into Numbered (name) values ('α')", "insert into Numbered values (7,'β')",
+                                "insert into Numbered (name) values ('γ')", "insert into Numbered values (5,'δ')",
+                                "insert into Numbered (name) values ('ε')"})
+            connection.execute(sql);
+        QCOMPARE(texts(engine, "SELECT code FROM \"Numbered\" ORDER BY code"), QStringList({"1", "5", "7", "8", "9"}));
+        VERIFY_ERROR(Constraint, connection.execute("insert into Numbered values (9,'ζ')"));
+    }
+
+    // Two names that begin alike for longer than the server keeps names stay two.
+    void longNames() {
+        const QString beginning(40, u'Ω');
+        TableInfo table;
+        table.name = QStringLiteral("Πίνακας");
+        table.columns = {{beginning + u'1', ColumnType::Text, 20}, {beginning + u'2', ColumnType::YesNo, 0}};
+        PgEngine engine(server(), {});
+        engine.script(pgDialect().createTable(table, {}));
+        const Catalog catalog = engine.readCatalog();
+        const auto found = std::find_if(catalog.tables().begin(), catalog.tables().end(),
+                                        [](const TableInfo& info) { return info.columns.size() == 2; });
+        QVERIFY(found != catalog.tables().end());
+        QCOMPARE(found->columns[0].name, table.columns[0].name);
+        QCOMPARE(found->columns[1].name, table.columns[1].name);
+        QCOMPARE(found->rowIdentity, "_row");
+        QCOMPARE(found->name, table.name);
+    }
+
+    void usersPassword() {
+        testengine::Schema users(DatabaseKind::Users);
+        OpenSettings right;
+        right.password = QStringLiteral("σωστός");
+        PgEngine(users.description(), right).setProperty(QStringLiteral("password"), {});
+        {
+            PgEngine engine(users.description(), {});
+            QCOMPARE(engine.kind(), DatabaseKind::Users);
+            setDatabasePassword(engine, right.password);
+        }
+        VERIFY_ERROR(Password, PgEngine(users.description(), {}));
+        PgEngine(users.description(), right);
+        VERIFY_ERROR(Constraint, createPgDatabase(users.description(), DatabaseKind::Users));
+        PgEngine(users.description(), right);  // and nothing was touched
+    }
+
+    void refusedServers() {
+        ServerDescription nowhere = server();
+        nowhere.host += QStringLiteral("/none");
+        VERIFY_ERROR(Connection, PgEngine(nowhere, {}));
+        ServerDescription foreign = server();
+        foreign.schema = QStringLiteral("pg_catalog");
+        VERIFY_ERROR(Connection, PgEngine(foreign, {}));
+        ServerDescription noDatabase = server();
+        noDatabase.database = QStringLiteral("there's none");
+        VERIFY_ERROR(Connection, PgEngine(noDatabase, {}));
+    }
+
+    void descriptions_data() {
+        QTest::addColumn<QString>("text");
+        QTest::addColumn<QString>("host");
+        QTest::addColumn<QString>("database");
+        QTest::addColumn<QString>("refusal");
+        QTest::newRow("plain") << "host=a\ndatabase=b\n"
+                               << "a"
+                               << "b"
+                               << "";
+        QTest::newRow("blanks, case, comment, other words")
+            << "\uFEFF# γραφείο\r\n\r\n Server = a.b \r\nDBNAME=μία βάση\r\n"
+            << "a.b"
+            << "μία βάση"
+            << "";
+        QTest::newRow("unknown word") << "host=a\nhots=b"
+                                      << ""
+                                      << ""
+                                      << "γραμμή 2";
+        QTest::newRow("no value") << "host"
+                                  << ""
+                                  << ""
+                                  << "";
+    }
+    void descriptions() {
+        QFETCH(QString, text);
+        QFETCH(QString, refusal);
+        if (!refusal.isEmpty()) {
+            const Error error = errorOf([&] { parseServerDescription(text, "x"); });
+            QVERIFY2(error.category() == ErrorCategory::Connection && error.text().contains(refusal), error.what());
+            return;
+        }
+        const ServerDescription read = parseServerDescription(text);
+        QTEST(read.host, "host");
+        QTEST(read.database, "database");
+    }
+
+    void descriptionsOnTheCommandLine() {
+        const ServerDescription read = serverFromOptions("host=a  port=5433 database='μία βάση' user=\"x\" ");
+        QCOMPARE(read.host + read.port + read.database + read.user, "a5433μία βάσηx");
+        VERIFY_ERROR(Connection, serverFromOptions("host=a nonsense"));
+        VERIFY_ERROR(Connection, serverFromOptions("host='a"));
+    }
+};
+
+QTEST_GUILESS_MAIN(TestPostgres)
+#include "test_postgres.moc"
