@@ -3,6 +3,7 @@
 
 #include "cards/cardbinding.h"
 #include "cards/frmaddress.h"
+#include "core/sqltext.h"
 
 namespace cards {
 
@@ -101,9 +102,9 @@ void frmAddress::SaveCard() {
 void frmAddress::writeCard() {
     if (!mRsCard.isOpen()) openCarrier();
     const QString name = qobject_cast<QComboBox*>(view_->control(QStringLiteral("Combo1")))->currentText();
-    data::Recordset category(mod_.gConn,
-                             QStringLiteral("select description,code from cardKategory where description='%1'")
-                                 .arg(QString(name).replace(u'\'', QStringLiteral("''"))));
+    data::Recordset category(
+        mod_.gConn,
+        QStringLiteral("select description,code from cardKategory where description='%1'").arg(core::sqlText(name)));
     if (category.isEmpty())
         throw data::Error(data::ErrorCategory::Constraint,
                           QStringLiteral("Η κατηγορία «%1» δεν υπάρχει πια.").arg(name));
@@ -159,7 +160,7 @@ void frmAddress::DeleteCard() {
     if (mRsCards.isEmpty()) return ClearCard();
     alignKeySet();
     data::Transaction transaction(mod_.gConn);
-    const QString entry = mRsCards[u"OutlookEntryID"].text().replace(u'\'', QStringLiteral("''"));
+    const QString entry = core::sqlText(mRsCards[u"OutlookEntryID"].text());
     mod_.gConn.execute(QStringLiteral("Insert Into ToBeDeleted (EntryID) Values ('%1')").arg(entry));
     mRsCards.remove();
     transaction.commit();

@@ -10,6 +10,7 @@
 #include "core/columnwidths.h"
 #include "core/guard.h"
 #include "core/placement.h"
+#include "core/sqltext.h"
 #include "data/recordset.h"
 
 namespace cards {
@@ -35,7 +36,7 @@ QVector<controls::ListColumn> columns() {
 }  // namespace
 
 QString findStatement(const QString& text) {
-    const QString pattern = QString(text).replace(u'\'', QStringLiteral("''"));
+    const QString pattern = core::sqlText(text);
     QStringList conditions;
     for (const char16_t* column : searched)
         conditions << QStringLiteral("%1 like '%2%'").arg(QString::fromUtf16(column), pattern);

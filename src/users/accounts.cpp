@@ -1,6 +1,7 @@
 #include "users/accounts.h"
 
 #include <algorithm>
+#include "core/sqltext.h"
 
 #include "data/fold.h"
 #include "data/recordset.h"
@@ -28,8 +29,7 @@ QString groupName(data::Connection& users, const QVariant& number) {
 }
 
 std::optional<qint64> groupNumber(data::Connection& users, const QString& name) {
-    data::Recordset row(users, QStringLiteral("select code from groups where name='%1'")
-                                   .arg(QString(name).replace(u'\'', QStringLiteral("''"))));
+    data::Recordset row(users, QStringLiteral("select code from groups where name='%1'").arg(core::sqlText(name)));
     if (row.isEmpty()) return std::nullopt;
     return row[u"code"].toLong();
 }

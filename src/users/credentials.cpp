@@ -1,6 +1,7 @@
 #include "users/credentials.h"
 
 #include "core/mainmod.h"
+#include "core/sqltext.h"
 #include "data/password.h"
 #include "data/recordset.h"
 
@@ -25,8 +26,7 @@ std::optional<Session> authenticate(data::Connection& users, const QString& user
         data::Recordset admin(users, QStringLiteral("select pass from admin"));
         if (!admin.isEmpty() && accepts(admin, u"pass", password)) return Session{userName, core::groupAdministrators};
     }
-    data::Recordset user(users, QStringLiteral("select * from users where UserName='%1'")
-                                    .arg(QString(userName).replace(u'\'', QStringLiteral("''"))));
+    data::Recordset user(users, QStringLiteral("select * from users where UserName='%1'").arg(core::sqlText(userName)));
     if (!user.isEmpty() && accepts(user, u"Password", password))
         return Session{userName, static_cast<int>(user[u"Group"].toDouble())};
     return std::nullopt;
