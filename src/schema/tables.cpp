@@ -117,6 +117,12 @@ Table cards() {
             // When a card's next visit falls due; who has a birthday or a name day.
             {u"Cards_due"_s, {u"dateadd('d',ΣΥΧΝΟΤΗΤΑ_ΚΙΝΗΣΗΣ,ΤΕΛΕΥΤΑΙΑ_ΚΙΝΗΣΗ)"_s}, {}, 2},
             {u"Cards_birthday"_s, {u"month(ΗΜ_ΓΕΝΗΣΗΣ)"_s, u"day(ΗΜ_ΓΕΝΗΣΗΣ)"_s}, {}, 2},
+            // A number is found however it was written.
+            {u"Cards_number1"_s, {u"phonekey(τηλεφωνο1)"_s}, {}, 2},
+            {u"Cards_number2"_s, {u"phonekey(τηλεφωνο2)"_s}, {}, 2},
+            {u"Cards_number3"_s, {u"phonekey(τηλεφωνο3)"_s}, {}, 2},
+            {u"Cards_number4"_s, {u"phonekey(τηλεφωνο4)"_s}, {}, 2},
+            {u"Cards_number5"_s, {u"phonekey(ΚΙΝΗΤΟ)"_s}, {}, 2},
             {u"Cards_nameday"_s, {u"month(ΗΜ_ΕΟΡΤΗΣ)"_s, u"day(ΗΜ_ΕΟΡΤΗΣ)"_s}, {}, 2},
             {u"Cards_name"_s, {u"ονομα"_s}},
             {u"Cards_company"_s, {u"εταιρια"_s}},

@@ -13,7 +13,8 @@ public:
     // Fills in everything but the parameters.
     void render(const Statement& statement, Translation& translation);
 
-    QByteArray expression(const Expr& expr) { return sql(expr, Loose); }
+    // As it compares and sorts.
+    QByteArray expression(const Expr& expr) { return key(expr); }
 
 private:
     // How tightly a piece of SQL binds, in the order that all engines share.

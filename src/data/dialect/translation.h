@@ -60,8 +60,8 @@ public:
     // number from 1) and what was expected. The answer lives until the next clear().
     std::shared_ptr<const Translation> translate(const QString& sql, const DialectOptions& options = {});
 
-    // One expression over the columns of a table, for an index on it: rendered as in a statement, but without the
-    // table's name.
+    // One expression over the columns of a table, for an index on it: rendered as a statement compares and sorts
+    // it, but without the table's name.
     QByteArray expression(const QString& table, const QString& text);
 
     void clear();  // after the catalog changed
