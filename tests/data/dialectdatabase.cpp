@@ -156,7 +156,11 @@ void DialectDatabase::empty() {
 
 void DialectDatabase::prepare(const Translation& translation) {
     // Values make no difference to a plan.
-    engine_->query("EXPLAIN " + translation.sql, QVector<QVariant>(translation.parameters.size()), nullptr);
+    const QVector<QVariant> values(translation.parameters.size());
+    if (translation.kind == StatementKind::Select)
+        engine_->query("EXPLAIN " + translation.sql, values, nullptr);
+    else
+        engine_->execute("EXPLAIN " + translation.sql, values);
 }
 
 QString DialectDatabase::run(const QString& sql, const DialectOptions& options,
