@@ -33,18 +33,22 @@ private:
     QString failure_;
 };
 
-// Exceptions but Error, and statements that SQLite refuses, are faults.
+// Exceptions but Error, and statements that the engine refuses, are faults.
 void TestDialectRobustness::check(const QString& sql) {
     if (!failure_.isEmpty()) return;
     DialectOptions options;
     options.decimalComma = below(2) == 0;
     options.parameters = {QStringLiteral("p1"), QStringLiteral("p2")};
+    std::shared_ptr<const Translation> translation;
     try {
-        const auto translation = database_.translator().translate(sql, options);
+        translation = database_.translator().translate(sql, options);
         ++accepted_;
         database_.prepare(*translation);
     } catch (const Error& error) {
         if (error.text().isEmpty()) failure_ = QStringLiteral("no text: ") + sql;
+        // A server computes what is constant while it plans, and may find a value out of range.
+        if (translation && error.category() != ErrorCategory::Type)
+            failure_ = error.text() + QStringLiteral("\n  from ") + sql;
     } catch (const std::exception& error) {
         failure_ = QString::fromUtf8(error.what()) + QStringLiteral("\n  from ") + sql;
     }
@@ -186,10 +190,11 @@ void TestDialectRobustness::grownExpressions() {
         check(sql);
         try {
             if (failure_.isEmpty()) database_.run(sql, {}, {{QStringLiteral("p1"), QStringLiteral("5/11/2026")}});
-        } catch (const Error&) {
+        } catch (const Error& error) {
+            if (error.category() == ErrorCategory::Other)
+                failure_ = error.text() + QStringLiteral("\n  from ") + sql;
         } catch (const std::exception& error) {
-            if (!QByteArray(error.what()).contains("integer overflow"))
-                failure_ = QString::fromUtf8(error.what()) + QStringLiteral("\n  from ") + sql;
+            failure_ = QString::fromUtf8(error.what()) + QStringLiteral("\n  from ") + sql;
         }
     }
     QVERIFY2(failure_.isEmpty(), qPrintable(failure_));

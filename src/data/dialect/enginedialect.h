@@ -66,6 +66,8 @@ public:
     virtual QByteArray intoColumn(const QByteArray& value, ValueKind from, const ColumnInfo& column) const = 0;
 
     virtual QByteArray arithmetic(Arithmetic operation, const QByteArray& left, const QByteArray& right) const = 0;
+    // What follows an operand of + - * so that the result isn't too large for the operand's own narrow type.
+    virtual const char* wideCast(ColumnType) const { return ""; }
     // A function of the dialect under its own name in lower case ("dateadd", "left"; "format" and others that take any
     // kind get the kind's tag as their second argument). The aggregates are "min", "max" (for texts), "first", "last".
     virtual QByteArray call(const QByteArray& function, const QVector<QByteArray>& arguments) const;
@@ -76,8 +78,8 @@ public:
     // ORDER BY's term; Null comes before every value.
     virtual QByteArray orderTerm(const QByteArray& key, bool descending) const;
     virtual QByteArray limit(qint64 rows) const;  // with a blank before
-    // Whether rows that no ORDER BY tells apart come in the order of their identities by themselves.
-    virtual bool keepsRowOrder() const { return true; }
+    // Whether an aggregate takes an ORDER BY of its own; otherwise it gets the rows as they are read.
+    virtual bool ordersAggregates() const { return false; }
     // What an INSERT ends with so that ExecuteResult carries the row's identity; with a blank before.
     virtual QByteArray returningIdentity(const TableInfo& table) const;
     // The row identity of a table that stands under this (quoted) name in FROM.

@@ -55,7 +55,9 @@ QByteArray Renderer::query(const Query& query, bool named, const Source* identit
     const bool texts = std::any_of(select.outputs.begin(), select.outputs.end(),
                                    [](const Output& output) { return output.expr->type.kind == ValueKind::Text; });
     if (texts || !query.orderBy.empty()) return distinctSelect(query, named);
-    return "SELECT DISTINCT" + selectBody(select, named, nullptr, nullptr) +
+    std::vector<QByteArray> positions;
+    for (size_t i = 1; i <= select.outputs.size() && orderShows(query); ++i) positions.push_back(QByteArray::number(qulonglong(i)));
+    return "SELECT DISTINCT" + selectBody(select, named, nullptr, nullptr) + outputOrder(query, positions, {}) +
            (select.top ? dialect_.limit(*select.top) : QByteArray());
 }
 
@@ -65,21 +67,55 @@ QByteArray Renderer::plainSelect(const Query& query, bool named, const Source* i
     replacements_ = {};
     if (select.grouped) startGrouping(select);
     QByteArray out = "SELECT" + selectBody(select, named, nullptr, identityOf);
-    out += &query == top_ && !select.grouped ? completeOrder(query) : orderBy(query);
+    out += !orderShows(query) ? orderBy(query) : select.grouped ? groupOrder(query) : completeOrder(query);
     if (select.top) out += dialect_.limit(*select.top);
     replacements_ = before;
     return out;
 }
 
+// Of a query inside another only which rows come can depend on the order.
+bool Renderer::orderShows(const Query& query) const {
+    return &query == top_ || query.parts[0].top;
+}
+
 // The order that is asked for, and among equals that of the tables' rows: nobody's list may shuffle by itself.
 QByteArray Renderer::completeOrder(const Query& query) {
+    return rowOrder(query.parts[0], orderBy(query));
+}
+
+// Of joined tables the last has the rows that are many, in the order in which they were entered.
+QByteArray Renderer::rowOrder(const Select& select, QByteArray before) const {
+    for (auto source = select.sources.rbegin(); source != select.sources.rend(); ++source) {
+        const TableInfo* table = (*source)->table;
+        // Not every engine can name an identity that is no column from outside the brackets of a join.
+        if (!table || table->rowIdentity.isEmpty() || ((*source)->inBrackets && table->autonumber < 0)) continue;
+        const QByteArray identity = (*source)->inBrackets ? columnSql(**source, table->autonumber)
+                                                          : dialect_.rowIdentity((*source)->sqlName, *table);
+        before += (before.isEmpty() ? " ORDER BY " : ", ") + dialect_.orderTerm(identity, false);
+    }
+    return before;
+}
+
+// Groups come in the order that is asked for, and then in that of what they are grouped by.
+QByteArray Renderer::groupOrder(const Query& query) {
     QByteArray out = orderBy(query);
-    if (dialect_.keepsRowOrder()) return out;
-    for (const Source* source : query.parts[0].sources)
-        if (source->table && !source->table->rowIdentity.isEmpty())
-            out += (out.isEmpty() ? " ORDER BY " : ", ") +
-                   dialect_.orderTerm(dialect_.rowIdentity(source->sqlName, *source->table), false);
+    const Replacements grouping = replacements_;
+    replacements_.active = false;
+    for (const ExprPtr& grouped : query.parts[0].groupBy)
+        out += (out.isEmpty() ? " ORDER BY " : ", ") + dialect_.orderTerm(key(*grouped), false);
+    replacements_ = grouping;
     return out;
+}
+
+// Rows without duplicates come in the order that is asked for, and then in that of their columns.
+QByteArray Renderer::outputOrder(const Query& query, const std::vector<QByteArray>& keys, QByteArray before) const {
+    for (size_t i = 0; i < keys.size(); ++i) {
+        const bool asked = std::any_of(query.orderBy.begin(), query.orderBy.end(), [&](const OrderTerm& term) {
+            return term.key->output == query.parts[0].outputs[i].expr.get();
+        });
+        if (!asked) before += (before.isEmpty() ? " ORDER BY " : ", ") + dialect_.orderTerm(keys[i], false);
+    }
+    return before;
 }
 
 // Inside, the rows as they are; outside, one of each by the fold. The order may name only what is shown.
@@ -97,7 +133,8 @@ QByteArray Renderer::distinctSelect(const Query& query, bool named) {
     replacements_.otherwise = "με DISTINCT το ORDER BY δέχεται μόνο ό,τι υπάρχει στο SELECT, όχι το";
     for (size_t i = 0; i < select.outputs.size(); ++i)
         replacements_.list.push_back({select.outputs[i].expr.get(), columnName(i)});
-    out += orderBy(query);
+    const QByteArray order = orderBy(query);
+    out += orderShows(query) ? outputOrder(query, columnKeys(columns), order) : order;
     replacements_ = before;
     if (select.top) out += dialect_.limit(*select.top);
     return out;
@@ -127,12 +164,22 @@ QByteArray Renderer::unionSelect(const Query& query, bool named) {
     }
     const Replacements before = replacements_;
     replacements_ = {};
-    out += " FROM (" + rows + ") AS " + query.unionSource.sqlName + orderBy(query);
+    out += " FROM (" + rows + ") AS " + query.unionSource.sqlName;
+    const QByteArray order = orderBy(query);
+    out += lastWithout > 0 && orderShows(query) ? outputOrder(query, columnKeys(query.unionColumns), order) : order;
     replacements_ = before;
     return out;
 }
 
+std::vector<QByteArray> Renderer::columnKeys(const std::vector<SourceColumn>& columns) const {
+    std::vector<QByteArray> keys;
+    for (size_t i = 0; i < columns.size(); ++i)
+        keys.push_back(isText(columns[i]) ? dialect_.fold(columnName(i)) : columnName(i));
+    return keys;
+}
+
 QByteArray Renderer::withoutDuplicates(const QByteArray& rows, const std::vector<SourceColumn>& columns, bool named) {
+    const std::vector<QByteArray> grouped = columnKeys(columns);
     QByteArray shown;
     QByteArray keys;
     for (size_t i = 0; i < columns.size(); ++i) {
@@ -143,7 +190,7 @@ QByteArray Renderer::withoutDuplicates(const QByteArray& rows, const std::vector
         }
         shown += isText(columns[i]) ? dialect_.leastSpelling(name) : name;
         if (named) shown += " AS " + name;
-        keys += isText(columns[i]) ? dialect_.fold(name) : name;
+        keys += grouped[i];
     }
     return "SELECT " + shown + " FROM (" + rows + ") AS \"%d\" GROUP BY " + keys;
 }
@@ -155,7 +202,9 @@ QByteArray Renderer::selectBody(const Select& select, bool named, const std::vec
     for (size_t i = 0; i < select.outputs.size(); ++i) {
         const Expr& expr = *select.outputs[i].expr;
         out += i > 0 ? ", " : " ";
-        out += types ? as(expr, (*types)[i].type.kind, Loose) : sql(expr, Loose);
+        const ValueKind kind = types ? (*types)[i].type.kind : expr.type.kind;
+        // A parameter's value shows as text; what it is, only the engine knows.
+        out += as(expr, kind == ValueKind::Any ? ValueKind::Text : kind, Loose);
         if (named) out += " AS " + columnName(i);
     }
     if (identityOf) out += ", " + dialect_.rowIdentity(identityOf->sqlName, *identityOf->table);
@@ -180,6 +229,7 @@ void Renderer::startGrouping(const Select& select) {
     }
     replacements_.list = std::move(list);
     replacements_.active = true;
+    replacements_.select = &select;
     replacements_.otherwise = "περίμενα στήλη του GROUP BY ή συνάρτηση συνόλου, όχι το";
 }
 

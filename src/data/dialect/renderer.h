@@ -29,6 +29,7 @@ private:
     struct Replacements {
         std::vector<Replacement> list;
         const char* otherwise = nullptr;
+        const Select* select = nullptr;  // the grouped one
         bool active = false;
     };
     class Without;  // renders without replacements while it lives
@@ -46,12 +47,17 @@ private:
     QByteArray unionSelect(const Query& query, bool named);
     QByteArray selectBody(const Select& select, bool named, const std::vector<SourceColumn>* types,
                           const Source* identityOf);
+    std::vector<QByteArray> columnKeys(const std::vector<SourceColumn>& columns) const;
     QByteArray withoutDuplicates(const QByteArray& rows, const std::vector<SourceColumn>& columns, bool named);
     QByteArray from(const Select& select);
     QByteArray chain(const JoinChain& chain);
     QByteArray tableRef(const TableRef& table);
     QByteArray orderBy(const Query& query);
+    bool orderShows(const Query& query) const;
     QByteArray completeOrder(const Query& query);
+    QByteArray rowOrder(const Select& select, QByteArray before) const;
+    QByteArray groupOrder(const Query& query);
+    QByteArray outputOrder(const Query& query, const std::vector<QByteArray>& keys, QByteArray before) const;
     void startGrouping(const Select& select);
 
     // Expressions (renderexpressions.cpp).
@@ -61,6 +67,7 @@ private:
     QByteArray condition(const Expr& expr, Level atLeast = Loose);
     Piece junction(const Expr& expr, size_t first, size_t last);
     Piece arithmetic(const Expr& expr);
+    QByteArray operand(const Expr& expr, Level atLeast);
     Piece concatenate(const Expr& expr);
     QByteArray columnSql(const Source& source, int column) const;
     QByteArray call(const Expr& expr);

@@ -59,7 +59,7 @@ Renderer::Piece Renderer::plainPiece(const Expr& expr) {
         case ExprKind::Parameter:
             return {dialect_.untypedParameter(expr.parameter), Whole};
         case ExprKind::Negate:
-            return {"-(" + as(*expr.arguments[0], ValueKind::Number, Loose) + ')', Unary};
+            return {"-(" + operand(*expr.arguments[0], Loose) + ')', Unary};
         case ExprKind::Arithmetic:
             return arithmetic(expr);
         case ExprKind::Concatenate:
@@ -148,7 +148,7 @@ Renderer::Piece Renderer::arithmetic(const Expr& expr) {
     if (expr.type.kind == ValueKind::Text)
         return {dialect_.arithmetic(Arithmetic::ConcatenateTexts, sql(*left, Whole), sql(*right, Whole)), Whole};
     const auto simple = [&](const char* sign, Level level) -> Piece {
-        return {as(*left, ValueKind::Number, level) + sign + as(*right, ValueKind::Number, Level(level + 1)), level};
+        return {operand(*left, level) + sign + operand(*right, Level(level + 1)), level};
     };
     const auto engines = [&](Arithmetic operation) -> Piece {
         return {
@@ -171,6 +171,11 @@ Renderer::Piece Renderer::arithmetic(const Expr& expr) {
         default:
             return engines(Arithmetic::Divide);
     }
+}
+
+QByteArray Renderer::operand(const Expr& expr, Level atLeast) {
+    const QByteArray cast = dialect_.wideCast(expr.type.column);
+    return cast.isEmpty() ? as(expr, ValueKind::Number, atLeast) : as(expr, ValueKind::Number, Whole) + cast;
 }
 
 // Null counts as an empty text.
@@ -318,7 +323,10 @@ QByteArray Renderer::aggregate(const Expr& expr) {
         default:
             break;
     }
-    return dialect_.call(name, {sql(value, Loose)});
+    QByteArray argument = sql(value, Loose);
+    if (function.form == FunctionForm::Edge && dialect_.ordersAggregates() && replacements_.select)
+        argument += rowOrder(*replacements_.select, {});
+    return dialect_.call(name, {argument});
 }
 
 }  // namespace data::dialect

@@ -215,6 +215,12 @@ public:
         return "NULL";
     }
 
+    // A Single counts as the digits that it shows.
+    const char* wideCast(ColumnType type) const override {
+        if (type == ColumnType::Double) return "";
+        return type == ColumnType::Single ? "::text::float8" : "::float8";
+    }
+
     // The functions that take any kind are one for each kind here.
     QByteArray call(const QByteArray& name, const QVector<QByteArray>& arguments) const override {
         if (name != "format" && name != "isnumeric" && name != "isdate") return EngineDialect::call(name, arguments);
@@ -241,7 +247,7 @@ public:
         return key + (descending ? " DESC NULLS LAST" : " NULLS FIRST");
     }
 
-    bool keepsRowOrder() const override { return false; }
+    bool ordersAggregates() const override { return true; }
 
     QByteArray returningIdentity(const TableInfo& table) const override {
         return " RETURNING " + (table.autonumber < 0 ? "\"_row\"" : identifier(table.columns[table.autonumber].name));
