@@ -123,7 +123,7 @@ constexpr Case reading[] = {
     {"unquoted keywords", u"select day,user from dates where start between #08:00# and #10:00#", u"05/11/2026|Μαρία"},
     {"day plus number", u"select day+1, day-1, day+0.5 from dates where aa=1",
      u"06/11/2026|04/11/2026|05/11/2026 12:00:00"},
-    {"difference in days", u"select [end]-start, day-#2026/11/01# from dates where aa=1", u"0,020833333333333332|4"},
+    {"difference in days", u"select [end]-start, day-#2026/11/01# from dates where aa=1", u"0,0208333333333333|4"},
     {"day plus time", u"select day+start from dates where aa=1", u"05/11/2026 09:00:00"},
     {"time alone", u"select start, [end] from dates where aa=2", u"14:00:00|15:15:00"},
     {"max of dates", u"select max(day), min(start) from dates", u"05/11/2026|09:00:00"},
@@ -173,7 +173,7 @@ constexpr Case reading[] = {
      u"year(ΗΜΕΡΟΜΗΝΙΑ)*100+month(ΗΜΕΡΟΜΗΝΙΑ) order by 1",
      u"202601|10 / 202602|2,5 / 202611|-7"},
     {"aggregates", u"select count(*), count(total), sum(total), avg(total), min(total), max(total) from cards",
-     u"4|3|102,5|34,166666666666664|-3|100"},
+     u"4|3|102,5|34,1666666666667|-3|100"},
     {"aggregates of texts", u"select min(επωνυμο), max(επωνυμο) from cards", u"50%_\\x|Παπαδόπουλος"},
     {"first and last", u"select first(code), last(code) from (select code from cards order by code) as x", u"1|4"},
     {"nothing to add", u"select sum(total), count(*) from cards where code=99", u"-|0"},
@@ -476,7 +476,8 @@ void TestDialectSemantics::indexes() {
     for (const auto& [sql, inOrder] : served) {
         QString plan = database_.plan(QString::fromUtf16(sql));
         // Equal names are still put in the order of their rows, group by group.
-        if (postgres) plan.remove(QStringLiteral("Incremental Sort")).remove(QStringLiteral("Sort Key"));
+        for (const char* inGroups : {"Incremental Sort", "Sort Key", "TEMP B-TREE FOR RIGHT PART"})
+            plan.remove(QLatin1String(inGroups));
         const QString sorts = postgres ? QStringLiteral("Sort") : QStringLiteral("TEMP B-TREE");
         QVERIFY2(plan.contains(QStringLiteral("byname")) && !(inOrder && plan.contains(sorts)), qPrintable(plan));
     }

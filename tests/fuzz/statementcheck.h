@@ -23,7 +23,7 @@ private:
     static Outcome outcome(data::Translator& translator, const QString& sql, const data::DialectOptions& options);
     QString prepareFault(const data::Translation& translation);
 
-    DialectDatabase database_;
+    DialectDatabase database_{DialectDatabase::Engine::Sqlite};
     data::Catalog serverCatalog_;
     data::Translator server_;
     int translated_ = 0;

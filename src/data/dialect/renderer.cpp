@@ -295,7 +295,7 @@ QByteArray Renderer::assigned(const Expr& value, const ColumnInfo& column) {
         value.kind == ExprKind::Column && from.kind == kindOf(column.type) &&
         (column.type == from.column || column.type == ColumnType::Double || column.type == ColumnType::Memo) &&
         (column.type != ColumnType::Text || from.size <= column.size) && column.type != ColumnType::YesNo;
-    return fits ? sql(value, Loose) : dialect_.intoColumn(sql(value, Loose), from.kind, column);
+    return fits ? sql(value, Loose) : dialect_.intoColumn(sql(value, Whole), from.kind, column);
 }
 
 void Renderer::renderInsert(const Statement& statement, Translation& translation) {
