@@ -44,6 +44,7 @@ ValueType commonType(const ValueType& a, const ValueType& b) {
     const auto open = [](ValueKind kind) { return kind == ValueKind::Null || kind == ValueKind::Any; };
     if (a.kind == ValueKind::Null) return b;
     if (b.kind == ValueKind::Null) return a;
+    if ((a.kind == ValueKind::Binary) != (b.kind == ValueKind::Binary)) return text(longestText);
     if (open(a.kind)) return b;
     if (open(b.kind)) return a;
     if (a.kind == b.kind && a.kind == ValueKind::Number) {

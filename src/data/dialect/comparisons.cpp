@@ -26,11 +26,14 @@ ValueKind Renderer::comparisonKind(const Expr& left, const Expr& right, Operator
     const ValueKind b = right.type.kind;
     const auto open = [](ValueKind kind) { return kind == ValueKind::Null || kind == ValueKind::Any; };
     if (a == b) return a;
+    const auto bytesBesideValue = [](ValueKind x, ValueKind y) {
+        return x == ValueKind::Binary && y != ValueKind::Null;
+    };
+    if (bytesBesideValue(a, b) || bytesBesideValue(b, a))
+        places_.fail(position, QStringLiteral("τα δεδομένα αρχείου συγκρίνονται μόνο με IS NULL"), ErrorCategory::Type);
     if (open(a) && open(b)) return ValueKind::Any;
     if (open(a)) return b;
     if (open(b)) return a;
-    if (a == ValueKind::Binary || b == ValueKind::Binary)
-        places_.fail(position, QStringLiteral("τα δεδομένα αρχείου συγκρίνονται μόνο με IS NULL"), ErrorCategory::Type);
     if (a == ValueKind::Text) return b;
     if (b == ValueKind::Text) return a;
     const bool hasDate = a == ValueKind::Date || b == ValueKind::Date;

@@ -232,7 +232,7 @@ QVariant Renderer::convertLiteral(const Expr& literal, ValueKind kind, const Exp
 QByteArray Renderer::as(const Expr& expr, ValueKind kind, Level atLeast, const Expr* partner) {
     const ValueKind from = expr.type.kind;
     if (from == ValueKind::Null && expr.kind == ExprKind::Literal) return dialect_.null(kind);
-    if (from == kind || from == ValueKind::Null || kind == ValueKind::Any || kind == ValueKind::Null ||
+    if (from == kind || kind == ValueKind::Any || kind == ValueKind::Null ||
         kind == ValueKind::Binary)
         return sql(expr, atLeast);
     if (expr.kind == ExprKind::Literal) {
@@ -318,12 +318,15 @@ QByteArray Renderer::aggregate(const Expr& expr) {
         case FunctionForm::Sum:
             return name + '(' + as(value, ValueKind::Number, Loose) + ')';
         case FunctionForm::Extreme:
+            if (value.type.kind == ValueKind::Binary)
+                places_.fail(value.position, QStringLiteral("τα δεδομένα αρχείου δεν έχουν μικρότερο ή μεγαλύτερο"),
+                             ErrorCategory::Type);
             if (value.type.kind != ValueKind::Text) return name + '(' + sql(value, Loose) + ')';
             break;
         default:
             break;
     }
-    QByteArray argument = sql(value, Loose);
+    QByteArray argument = as(value, value.type.kind == ValueKind::Null ? ValueKind::Text : value.type.kind, Loose);
     if (function.form == FunctionForm::Edge && dialect_.ordersAggregates() && replacements_.select)
         argument += rowOrder(*replacements_.select, {});
     return dialect_.call(name, {argument});

@@ -150,7 +150,7 @@ public:
     }
 
     QByteArray convert(const QByteArray& value, ValueKind from, ValueKind to) const override {
-        if (from == ValueKind::Binary) return '(' + nothing(value, typeOf(to)) + ')';
+        if (from == ValueKind::Binary || from == ValueKind::Null) return '(' + nothing(value, typeOf(to)) + ')';
         const QByteArray prefix = from == ValueKind::Any ? "jet_v" : "jet_";
         const bool unread = from == ValueKind::Any || from == ValueKind::Text;
         const QByteArray yesNoAsNumber = "(-(" + value + "::integer))";
@@ -236,7 +236,7 @@ public:
         const char tag = arguments[1].at(1);
         if (name == "format") {
             const QByteArray pattern = arguments.size() > 2 ? ", " + arguments[2] : QByteArray();
-            if (tag == 'b') return "coalesce(" + nothing(value, "text") + ", '')";
+            if (tag == 'b') return "jet_format_t(" + nothing(value, "text") + pattern + ')';
             if (tag == 'v') return "jet_format_t(jet_vtotext(" + value + ')' + pattern + ')';
             return QByteArray("jet_format_") + tag + '(' + value + pattern + ')';
         }
