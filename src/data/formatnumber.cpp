@@ -83,7 +83,8 @@ Decimal Decimal::of(double value) {
     Decimal result;
     char buffer[40];
     const auto end =
-        std::to_chars(buffer, buffer + sizeof buffer, std::fabs(value), std::chars_format::scientific, seenDigits - 1).ptr;
+        std::to_chars(buffer, buffer + sizeof buffer, std::fabs(value), std::chars_format::scientific, seenDigits - 1)
+            .ptr;
     const QByteArray text(buffer, end - buffer);
     const qsizetype e = text.indexOf('e');
     result.digits = text.left(e).replace(".", "");

@@ -41,11 +41,12 @@ QDateTime day(int year, int days, QTime time = QTime(0, 0)) {
 
 void addCards(Connection& connection) {
     static constexpr const char16_t* surnames[] = {
-        u"Αγγελόπουλος", u"Βασιλείου", u"Γεωργίου",   u"Δημητρίου", u"Ευαγγέλου", u"Ζαφειρίου",  u"Ηλιόπουλος",
+        u"Αγγελόπουλος", u"Βασιλείου", u"Γεωργίου",     u"Δημητρίου", u"Ευαγγέλου",  u"Ζαφειρίου",   u"Ηλιόπουλος",
         u"Θεοδώρου",     u"Ιωαννίδης", u"Κωνσταντίνου", u"Λάμπρου",   u"Μιχαηλίδης", u"Νικολάου",    u"Ξενάκης",
-        u"Οικονόμου",    u"Παππάς",    u"Ράπτης",     u"Σταύρου",   u"Τσιρώνης",  u"Χατζηγιάννης"};
-    static constexpr const char16_t* firstNames[] = {u"Γιώργος", u"Μαρία", u"Νίκος", u"Ελένη",  u"Κώστας", u"Άννα",
-                                                     u"Δημήτρης", u"Σοφία", u"Ίων",  u"Ιωάννα", u"Πέτρος", u"Όλγα", u"Zoë"};
+        u"Οικονόμου",    u"Παππάς",    u"Ράπτης",       u"Σταύρου",   u"Τσιρώνης",   u"Χατζηγιάννης"};
+    static constexpr const char16_t* firstNames[] = {u"Γιώργος", u"Μαρία",    u"Νίκος", u"Ελένη", u"Κώστας",
+                                                     u"Άννα",    u"Δημήτρης", u"Σοφία", u"Ίων",   u"Ιωάννα",
+                                                     u"Πέτρος",  u"Όλγα",     u"Zoë"};
     static constexpr const char16_t* towns[] = {u"Αθήνα",    u"Θεσσαλονίκη", u"Πάτρα", u"ΑΘΗΝΑ",
                                                 u"Ηράκλειο", u"Βόλος",       u"πάτρα", nullptr};
     static constexpr const char16_t* lists[] = {u"Χονδρική", u"Λιανική", nullptr};
@@ -77,7 +78,7 @@ void addCards(Connection& connection) {
 }
 
 void addMovements(Connection& connection) {
-    static constexpr const char16_t* reasons[] = {u"Αγορά", u"ΠΛΗΡΩΜΗ", u"Επιστροφή", u"αγορά εμπορευμάτων",
+    static constexpr const char16_t* reasons[] = {u"Αγορά",       u"ΠΛΗΡΩΜΗ", u"Επιστροφή", u"αγορά εμπορευμάτων",
                                                   u"Έκπτωση 10%", u"Πληρωμή", nullptr};
     std::mt19937 random(3);
     Recordset rows(connection, QStringLiteral("select * from History where aa=0"));

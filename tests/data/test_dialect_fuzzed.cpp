@@ -28,8 +28,8 @@ void TestDialectFuzzed::corpus() {
 }
 
 void TestDialectFuzzed::entriesSurviveTheFile() {
-    for (const QByteArray& entry : {QByteArray("8select 'α'\n\\x\r\0 end", 21), QByteArray("\xff\xfe\\n"),
-                                    QByteArray("plain"), QByteArray("\\")})
+    for (const QByteArray& entry :
+         {QByteArray("8select 'α'\n\\x\r\0 end", 21), QByteArray("\xff\xfe\\n"), QByteArray("plain"), QByteArray("\\")})
         QCOMPARE(plainEntry(escapedEntry(entry)), entry);
 }
 

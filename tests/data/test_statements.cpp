@@ -14,8 +14,8 @@ using namespace data;
 
 namespace {
 
-const char* const categoryNames[] = {"Connection", "Password", "Corrupt",    "Busy",     "Syntax", "Parameter", "Type",
-                                     "Constraint", "Conflict", "ReadOnly", "State",  "Full",      "Other"};
+const char* const categoryNames[] = {"Connection", "Password", "Corrupt",  "Busy",  "Syntax", "Parameter", "Type",
+                                     "Constraint", "Conflict", "ReadOnly", "State", "Full",   "Other"};
 
 // An office on one engine.
 class Seat {
@@ -48,8 +48,8 @@ private:
 
 // What came of a statement.
 struct Outcome {
-    QString columns;   // name:type:size of each
-    QStringList rows;  // as a user reads them, "-" for Null
+    QString columns;    // name:type:size of each
+    QStringList rows;   // as a user reads them, "-" for Null
     QStringList exact;  // with the type and the digits that a sum is good for in any order
     qint64 affected = -1;
     QString category;
@@ -59,10 +59,9 @@ struct Outcome {
 QString exactCell(const Field& field) {
     const QVariant value = field.value();
     if (!value.isValid()) return QStringLiteral("Null");
-    const QString digits = value.typeId() == QMetaType::Double ? QString::number(value.toDouble(), 'g', 14)
-                           : value.typeId() == QMetaType::QByteArray
-                               ? QString::fromLatin1(value.toByteArray().toHex())
-                               : value.toString();
+    const QString digits = value.typeId() == QMetaType::Double       ? QString::number(value.toDouble(), 'g', 14)
+                           : value.typeId() == QMetaType::QByteArray ? QString::fromLatin1(value.toByteArray().toHex())
+                                                                     : value.toString();
     return QString::fromLatin1(value.typeName()) + u' ' + digits;
 }
 

@@ -104,15 +104,14 @@ Renderer::Piece Renderer::inQuery(const Expr& expr) {
     column.source = &source;
     const ValueKind kind = comparisonKind(value, column, Operator::Equal, expr.position);
     const QByteArray left = comparable(value, kind, column);
-    const Replacements before = replacements_;
-    replacements_ = {};
     // Only what has to be converted needs another query around it.
     if (kind != ValueKind::Text && kind == column.type.kind) {
-        const QByteArray values = query(rows, false);
-        replacements_ = before;
+        const QByteArray values = innerQuery(rows, false);
         return {left + " IN (" + values + ')', Comparison};
     }
-    const QByteArray inner = query(rows, true);
+    const QByteArray inner = innerQuery(rows, true);
+    const Replacements before = replacements_;
+    replacements_ = {};
     const QByteArray right = kind == ValueKind::Text ? folded(column) : as(column, kind, Loose);
     replacements_ = before;
     return {left + " IN (SELECT " + right + " FROM (" + inner + ") AS \"%s\")", Comparison};

@@ -56,7 +56,8 @@ QByteArray Renderer::query(const Query& query, bool named, const Source* identit
                                    [](const Output& output) { return output.expr->type.kind == ValueKind::Text; });
     if (texts || !query.orderBy.empty()) return distinctSelect(query, named);
     std::vector<QByteArray> positions;
-    for (size_t i = 1; i <= select.outputs.size() && orderShows(query); ++i) positions.push_back(QByteArray::number(qulonglong(i)));
+    for (size_t i = 1; i <= select.outputs.size() && orderShows(query); ++i)
+        positions.push_back(QByteArray::number(qulonglong(i)));
     return "SELECT DISTINCT" + selectBody(select, named, nullptr, nullptr) + outputOrder(query, positions, {}) +
            (select.top ? dialect_.limit(*select.top) : QByteArray());
 }

@@ -33,6 +33,7 @@ private:
         bool active = false;
     };
     class Without;  // renders without replacements while it lives
+    class Inside;   // likewise, in a query inside another
 
     // Statements (renderer.cpp).
     void renderInsert(const Statement& statement, Translation& translation);
@@ -63,6 +64,8 @@ private:
     // Expressions (renderexpressions.cpp).
     Piece piece(const Expr& expr);
     Piece plainPiece(const Expr& expr);
+    const Replacements* groupOf(const Expr& expr) const;
+    QByteArray innerQuery(const Query& inner, bool named);
     QByteArray sql(const Expr& expr, Level atLeast);
     QByteArray condition(const Expr& expr, Level atLeast = Loose);
     Piece junction(const Expr& expr, size_t first, size_t last);
@@ -94,7 +97,8 @@ private:
     const EngineDialect& dialect_;
     const Places& places_;
     Replacements replacements_;
-    const Query* top_ = nullptr;  // the statement's own, not one inside it
+    std::vector<Replacements> groupsAround_;  // of the queries outside
+    const Query* top_ = nullptr;              // the statement's own, not one inside it
 };
 
 bool sameExpr(const Expr& a, const Expr& b);

@@ -35,13 +35,44 @@ QByteArray Renderer::sql(const Expr& expr, Level atLeast) {
     return rendered.level < atLeast ? '(' + rendered.sql + ')' : rendered.sql;
 }
 
+// A query inside a grouped one sees of its columns only what it is grouped by.
+class Renderer::Inside {
+public:
+    explicit Inside(Renderer& renderer) : renderer_(renderer), before_(renderer.replacements_) {
+        if (before_.active) renderer.groupsAround_.push_back(before_);
+        renderer.replacements_ = {};
+    }
+    ~Inside() {
+        if (before_.active) renderer_.groupsAround_.pop_back();
+        renderer_.replacements_ = before_;
+    }
+
+private:
+    Renderer& renderer_;
+    const Replacements before_;
+};
+
+const Renderer::Replacements* Renderer::groupOf(const Expr& expr) const {
+    if (replacements_.active) return &replacements_;
+    if (expr.kind != ExprKind::Column) return nullptr;
+    for (const Replacements& group : groupsAround_)
+        if (group.select && std::count(group.select->sources.begin(), group.select->sources.end(), expr.source) > 0)
+            return &group;
+    return nullptr;
+}
+
+QByteArray Renderer::innerQuery(const Query& inner, bool named) {
+    const Inside inside(*this);
+    return query(inner, named);
+}
+
 Renderer::Piece Renderer::piece(const Expr& expr) {
     if (expr.kind == ExprKind::Output) return piece(*expr.output);
-    if (replacements_.active) {
-        for (const Replacement& replacement : replacements_.list)
+    if (const Replacements* group = groupOf(expr)) {
+        for (const Replacement& replacement : group->list)
             if (sameExpr(*replacement.expr, expr)) return {replacement.sql, Whole};
         if (expr.kind == ExprKind::Column)
-            places_.fail(expr.position, QString::fromUtf8(replacements_.otherwise) + u' ' +
+            places_.fail(expr.position, QString::fromUtf8(group->otherwise) + u' ' +
                                             shown(expr.source->table ? expr.source->table->columns[expr.column].name
                                                                      : expr.source->columns[size_t(expr.column)].name));
     }
@@ -82,14 +113,10 @@ Renderer::Piece Renderer::plainPiece(const Expr& expr) {
         }
         case ExprKind::IsNull:
             return {sql(*expr.arguments[0], Sum) + (expr.negated ? " IS NOT NULL" : " IS NULL"), Comparison};
-        case ExprKind::Exists: {
-            const Without plain(*this);
-            return {"EXISTS (" + query(*expr.query, true) + ')', Whole};
-        }
-        case ExprKind::Scalar: {
-            const Without plain(*this);
-            return {'(' + query(*expr.query, false) + ')', Whole};
-        }
+        case ExprKind::Exists:
+            return {"EXISTS (" + innerQuery(*expr.query, true) + ')', Whole};
+        case ExprKind::Scalar:
+            return {'(' + innerQuery(*expr.query, false) + ')', Whole};
         case ExprKind::Call:
             return {call(expr), Whole};
         case ExprKind::Name:
@@ -233,7 +260,7 @@ QByteArray Renderer::as(const Expr& expr, ValueKind kind, Level atLeast, const E
     const ValueKind from = expr.type.kind;
     if (from == ValueKind::Null && expr.kind == ExprKind::Literal) return dialect_.null(kind);
     if (from == kind || kind == ValueKind::Any || kind == ValueKind::Null ||
-        kind == ValueKind::Binary)
+        (kind == ValueKind::Binary && from != ValueKind::Null))
         return sql(expr, atLeast);
     if (expr.kind == ExprKind::Literal) {
         const QVariant value = convertLiteral(expr, kind, partner);

@@ -13,7 +13,7 @@ namespace {
 
 constexpr qsizetype mostOptions = 16;
 constexpr qsizetype mostTexts = 2000;
-constexpr int carefree = 8;  // levels that fit whatever they are
+constexpr int carefree = 8;                   // levels that fit whatever they are
 constexpr qsizetype longestKept = 32 * 1024;  // a text longer than that hardly comes twice
 
 struct Remembered {
@@ -50,8 +50,8 @@ struct Translator::Private {
     }
 
     // An office may move from one engine to the other, so what the one with the smaller parser can't take, none takes.
-    void requireRoom(const dialect::Statement& statement, const Translation& translation,
-                     const dialect::Places& places, qsizetype position) const {
+    void requireRoom(const dialect::Statement& statement, const Translation& translation, const dialect::Places& places,
+                     qsizetype position) const {
         Translation small;
         if (&dialect != &sqliteDialect()) dialect::Renderer(sqliteDialect(), places).render(statement, small);
         if (!sqliteHasRoomFor(small.sql.isEmpty() ? translation.sql : small.sql))
