@@ -273,7 +273,8 @@ ValueType Binder::callType(const Expr& expr) const {
         case FunctionForm::Iif:
             return commonType(argument(1), argument(2));
         case FunctionForm::Nz:
-            return expr.arguments.size() == 1 ? argument(0) : commonType(argument(0), argument(1));
+            if (expr.arguments.size() > 1) return commonType(argument(0), argument(1));
+            return argument(0).kind == ValueKind::Null ? whole : argument(0);
         case FunctionForm::Extreme:
         case FunctionForm::Edge:
             return argument(0);
