@@ -39,7 +39,7 @@ inline bool isNumeric(QStringView text) {
     return parseNumber(text).has_value();
 }
 
-// A number as text: decimal comma, no thousands, the fewest digits that read back as the same number.
+// A number as text: decimal comma, no thousands, at most 15 digits; a number of no more digits reads back as the same.
 QString numberText(double value);
 
 // Any value as the text a user reads: dates "dd/mm/yyyy" (with " hh:nn:ss" when a time is in it, the time

@@ -7,6 +7,7 @@ namespace data {
 namespace {
 
 constexpr QStringView placeholders = u"0#";
+constexpr int seenDigits = 15;  // what a double holds of any decimal number
 
 // What a pattern of a number asks for.
 struct Layout {
@@ -81,13 +82,15 @@ QString fractionText(const Decimal& value, const Layout& layout) {
 Decimal Decimal::of(double value) {
     Decimal result;
     char buffer[40];
-    const auto end = std::to_chars(buffer, buffer + sizeof buffer, std::fabs(value), std::chars_format::scientific).ptr;
+    const auto end =
+        std::to_chars(buffer, buffer + sizeof buffer, std::fabs(value), std::chars_format::scientific, seenDigits - 1)
+            .ptr;
     const QByteArray text(buffer, end - buffer);
     const qsizetype e = text.indexOf('e');
     result.digits = text.left(e).replace(".", "");
     result.point = text.mid(e + 1).toInt() + 1;
-    if (result.digits == "0") return {};
     while (result.digits.endsWith('0')) result.digits.chop(1);
+    if (result.digits.isEmpty()) return {};
     result.negative = value < 0;
     return result;
 }

@@ -10,7 +10,8 @@ namespace data {
 bool isDatePattern(QStringView pattern);
 QString formatDate(const QDateTime& wallClock, QStringView pattern);
 
-// A number as the decimal digits that a person sees: the fewest that read back as the same number.
+// A number as the decimal digits that a person sees: at most 15, which hides what binary sums leave behind them and
+// keeps every number that was typed with as many.
 struct Decimal {
     bool negative = false;
     QByteArray digits;  // '0' to '9', no leading zeros; empty for zero

@@ -115,8 +115,8 @@ private:
     QVector<QStringList> rows_;
 };
 
-DialectDatabase::DialectDatabase() {
-    if (testengine::isPostgres()) {
+DialectDatabase::DialectDatabase(Engine engine) {
+    if (engine == Engine::OfTheRun && testengine::isPostgres()) {
         schema_ = std::make_unique<testengine::Schema>();
         engine_ = std::make_unique<PgEngine>(schema_->description(), OpenSettings());
     } else {
@@ -127,7 +127,7 @@ DialectDatabase::DialectDatabase() {
     engine_->begin();
     const Catalog wanted = officeCatalog();
     for (const TableInfo& table : wanted.tables())
-        engine(dialect().createTable(table, table.name == u"Groups" ? QStringLiteral("code") : QString()));
+        engine_->script(dialect().createTable(table, table.name == u"Groups" ? QStringLiteral("code") : QString()));
     engine_->commit();
     catalog_ = engine_->readCatalog();
     translator_ = std::make_unique<Translator>(catalog_, dialect());
@@ -156,7 +156,11 @@ void DialectDatabase::empty() {
 
 void DialectDatabase::prepare(const Translation& translation) {
     // Values make no difference to a plan.
-    engine_->query("EXPLAIN " + translation.sql, QVector<QVariant>(translation.parameters.size()), nullptr);
+    const QVector<QVariant> values(translation.parameters.size());
+    if (translation.kind == StatementKind::Select)
+        engine_->query("EXPLAIN " + translation.sql, values, nullptr);
+    else
+        engine_->execute("EXPLAIN " + translation.sql, values);
 }
 
 QString DialectDatabase::run(const QString& sql, const DialectOptions& options,

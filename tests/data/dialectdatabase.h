@@ -14,7 +14,9 @@ data::Catalog officeCatalog();
 
 class DialectDatabase {
 public:
-    DialectDatabase();
+    enum class Engine { OfTheRun, Sqlite };
+
+    explicit DialectDatabase(Engine engine = Engine::OfTheRun);
     ~DialectDatabase();
     DialectDatabase(const DialectDatabase&) = delete;
     DialectDatabase& operator=(const DialectDatabase&) = delete;

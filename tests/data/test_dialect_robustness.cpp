@@ -29,22 +29,27 @@ private:
     QStringList corpus_;
     QStringList words_;
     std::mt19937 random_{20261105};
+    const int rounds_ = testengine::isPostgres() ? 3'000 : 20'000;
     int accepted_ = 0;
     QString failure_;
 };
 
-// Exceptions but Error, and statements that SQLite refuses, are faults.
+// Exceptions but Error, and statements that the engine refuses, are faults.
 void TestDialectRobustness::check(const QString& sql) {
     if (!failure_.isEmpty()) return;
     DialectOptions options;
     options.decimalComma = below(2) == 0;
     options.parameters = {QStringLiteral("p1"), QStringLiteral("p2")};
+    std::shared_ptr<const Translation> translation;
     try {
-        const auto translation = database_.translator().translate(sql, options);
+        translation = database_.translator().translate(sql, options);
         ++accepted_;
         database_.prepare(*translation);
     } catch (const Error& error) {
         if (error.text().isEmpty()) failure_ = QStringLiteral("no text: ") + sql;
+        // A server computes what is constant while it plans, and may find a value out of range.
+        if (translation && error.category() != ErrorCategory::Type)
+            failure_ = error.text() + QStringLiteral("\n  from ") + sql;
     } catch (const std::exception& error) {
         failure_ = QString::fromUtf8(error.what()) + QStringLiteral("\n  from ") + sql;
     }
@@ -67,7 +72,7 @@ void TestDialectRobustness::initTestCase() {
 }
 
 void TestDialectRobustness::tokenSoup() {
-    for (int round = 0; round < 20'000; ++round) {
+    for (int round = 0; round < rounds_; ++round) {
         QStringList soup;
         if (below(4) != 0)
             soup << pick(QStringList{
@@ -78,13 +83,13 @@ void TestDialectRobustness::tokenSoup() {
         check(soup.join(u' '));
     }
     QVERIFY2(failure_.isEmpty(), qPrintable(failure_));
-    QVERIFY(accepted_ > 100);
+    QVERIFY(accepted_ > rounds_ / 200);
 }
 
 void TestDialectRobustness::mutatedStatements() {
     accepted_ = 0;
     static const QRegularExpression pieces(QStringLiteral("\\[[^\\]]*\\]|'[^']*'|#[^#]*#|\\w+|\\s+|."));
-    for (int round = 0; round < 20'000; ++round) {
+    for (int round = 0; round < rounds_; ++round) {
         QStringList tokens;
         auto matches = pieces.globalMatch(pick(corpus_));
         while (matches.hasNext()) tokens << matches.next().captured();
@@ -109,7 +114,7 @@ void TestDialectRobustness::mutatedStatements() {
         check(tokens.join(QString()));
     }
     QVERIFY2(failure_.isEmpty(), qPrintable(failure_));
-    QVERIFY(accepted_ > 1000);
+    QVERIFY(accepted_ > rounds_ / 20);
 }
 
 QString TestDialectRobustness::operand(int depth) {
@@ -180,20 +185,21 @@ void TestDialectRobustness::grownExpressions() {
         QStringLiteral("select %1 from cards union select %2 from cards order by 1"),
         QStringLiteral("select max(%1), sum(%2), first(%1) from cards"),
         QStringLiteral("select x from (select %1 as x from cards where %2) t where x is not null")};
-    for (int round = 0; round < 20'000; ++round) {
+    for (int round = 0; round < rounds_; ++round) {
         QString sql = pick(frames);
         sql.replace(QStringLiteral("%1"), operand(3)).replace(QStringLiteral("%2"), operand(2));
         check(sql);
         try {
             if (failure_.isEmpty()) database_.run(sql, {}, {{QStringLiteral("p1"), QStringLiteral("5/11/2026")}});
-        } catch (const Error&) {
+        } catch (const Error& error) {
+            if (error.category() == ErrorCategory::Other || error.text().contains(u"Η εντολή δεν είναι σωστή"))
+                failure_ = error.text() + QStringLiteral("\n  from ") + sql;
         } catch (const std::exception& error) {
-            if (!QByteArray(error.what()).contains("integer overflow"))
-                failure_ = QString::fromUtf8(error.what()) + QStringLiteral("\n  from ") + sql;
+            failure_ = QString::fromUtf8(error.what()) + QStringLiteral("\n  from ") + sql;
         }
     }
     QVERIFY2(failure_.isEmpty(), qPrintable(failure_));
-    QVERIFY(accepted_ > 5000);
+    QVERIFY(accepted_ > rounds_ / 4);
 }
 
 void TestDialectRobustness::brokenCharacters() {

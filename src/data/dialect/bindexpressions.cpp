@@ -44,6 +44,7 @@ ValueType commonType(const ValueType& a, const ValueType& b) {
     const auto open = [](ValueKind kind) { return kind == ValueKind::Null || kind == ValueKind::Any; };
     if (a.kind == ValueKind::Null) return b;
     if (b.kind == ValueKind::Null) return a;
+    if ((a.kind == ValueKind::Binary) != (b.kind == ValueKind::Binary)) return text(longestText);
     if (open(a.kind)) return b;
     if (open(b.kind)) return a;
     if (a.kind == b.kind && a.kind == ValueKind::Number) {
@@ -272,7 +273,8 @@ ValueType Binder::callType(const Expr& expr) const {
         case FunctionForm::Iif:
             return commonType(argument(1), argument(2));
         case FunctionForm::Nz:
-            return expr.arguments.size() == 1 ? argument(0) : commonType(argument(0), argument(1));
+            if (expr.arguments.size() > 1) return commonType(argument(0), argument(1));
+            return argument(0).kind == ValueKind::Null ? whole : argument(0);
         case FunctionForm::Extreme:
         case FunctionForm::Edge:
             return argument(0);

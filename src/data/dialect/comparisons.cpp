@@ -26,11 +26,14 @@ ValueKind Renderer::comparisonKind(const Expr& left, const Expr& right, Operator
     const ValueKind b = right.type.kind;
     const auto open = [](ValueKind kind) { return kind == ValueKind::Null || kind == ValueKind::Any; };
     if (a == b) return a;
+    const auto bytesBesideValue = [](ValueKind x, ValueKind y) {
+        return x == ValueKind::Binary && y != ValueKind::Null;
+    };
+    if (bytesBesideValue(a, b) || bytesBesideValue(b, a))
+        places_.fail(position, QStringLiteral("τα δεδομένα αρχείου συγκρίνονται μόνο με IS NULL"), ErrorCategory::Type);
     if (open(a) && open(b)) return ValueKind::Any;
     if (open(a)) return b;
     if (open(b)) return a;
-    if (a == ValueKind::Binary || b == ValueKind::Binary)
-        places_.fail(position, QStringLiteral("τα δεδομένα αρχείου συγκρίνονται μόνο με IS NULL"), ErrorCategory::Type);
     if (a == ValueKind::Text) return b;
     if (b == ValueKind::Text) return a;
     const bool hasDate = a == ValueKind::Date || b == ValueKind::Date;
@@ -101,15 +104,14 @@ Renderer::Piece Renderer::inQuery(const Expr& expr) {
     column.source = &source;
     const ValueKind kind = comparisonKind(value, column, Operator::Equal, expr.position);
     const QByteArray left = comparable(value, kind, column);
-    const Replacements before = replacements_;
-    replacements_ = {};
     // Only what has to be converted needs another query around it.
     if (kind != ValueKind::Text && kind == column.type.kind) {
-        const QByteArray values = query(rows, false);
-        replacements_ = before;
+        const QByteArray values = innerQuery(rows, false);
         return {left + " IN (" + values + ')', Comparison};
     }
-    const QByteArray inner = query(rows, true);
+    const QByteArray inner = innerQuery(rows, true);
+    const Replacements before = replacements_;
+    replacements_ = {};
     const QByteArray right = kind == ValueKind::Text ? folded(column) : as(column, kind, Loose);
     replacements_ = before;
     return {left + " IN (SELECT " + right + " FROM (" + inner + ") AS \"%s\")", Comparison};

@@ -68,6 +68,8 @@ public:
     virtual QByteArray intoColumn(const QByteArray& value, ValueKind from, const ColumnInfo& column) const = 0;
 
     virtual QByteArray arithmetic(Arithmetic operation, const QByteArray& left, const QByteArray& right) const = 0;
+    // What follows an operand of + - * so that the result isn't too large for the operand's own narrow type.
+    virtual const char* wideCast(ColumnType) const { return ""; }
     // A function of the dialect under its own name in lower case ("dateadd", "left"; "format" and others that take any
     // kind get the kind's tag as their second argument). The aggregates are "min", "max" (for texts), "first", "last".
     virtual QByteArray call(const QByteArray& function, const QVector<QByteArray>& arguments) const;
@@ -88,6 +90,8 @@ public:
     }
     // A statement that gives a row for each such row of the table, at most this many.
     virtual QByteArray wordProbe(const TableInfo&, const std::vector<QStringList>&, qint64) const { return {}; }
+    // Whether an aggregate takes an ORDER BY of its own; otherwise it gets the rows as they are read.
+    virtual bool ordersAggregates() const { return false; }
     // What an INSERT ends with so that ExecuteResult carries the row's identity; with a blank before.
     virtual QByteArray returningIdentity(const TableInfo& table) const;
     // The row identity of a table that stands under this (quoted) name in FROM.

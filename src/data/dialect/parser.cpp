@@ -376,6 +376,7 @@ Parser::Level::Level(Parser& parser) : parser_(parser) {
             parser.peek().position,
             QStringLiteral("περίμενα το πολύ %1 επίπεδα μέσα στο άλλο, βρήκα και άλλο").arg(deepestNesting));
     }
+    parser.noteDepth(parser.depth_, parser.peek().position);
 }
 
 }  // namespace data::dialect

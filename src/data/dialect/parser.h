@@ -15,6 +15,10 @@ public:
 
     Statement parse();
 
+    // Levels and operations one inside the other, at the most, and where.
+    int deepest() const { return deepest_; }
+    qsizetype deepestPosition() const { return deepestPosition_; }
+
 private:
     // Statements (parser.cpp).
     std::unique_ptr<Query> query();
@@ -62,6 +66,7 @@ private:
     template <class... Arguments>
     ExprPtr node(ExprKind kind, qsizetype position, Arguments... arguments);
     void grow(Expr& parent, ExprPtr argument);
+    void noteDepth(int depth, qsizetype position);
 
     // Tokens.
     const Token& peek(int ahead = 0) const;
@@ -102,6 +107,8 @@ private:
     std::vector<Token> tokens_;
     size_t at_ = 0;
     int depth_ = 0;
+    int deepest_ = 0;
+    qsizetype deepestPosition_ = 0;
     bool commaIsDecimal_ = false;
 };
 

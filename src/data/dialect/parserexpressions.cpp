@@ -21,7 +21,14 @@ void Parser::grow(Expr& parent, ExprPtr argument) {
         places_.fail(parent.position,
                      QStringLiteral("η έκφραση είναι πολύ μεγάλη· περίμενα το πολύ %1 πράξεις τη μία πάνω στην άλλη")
                          .arg(deepestNesting));
+    noteDepth(depth_ + parent.height, parent.position);
     parent.arguments.push_back(std::move(argument));
+}
+
+void Parser::noteDepth(int depth, qsizetype position) {
+    if (depth <= deepest_) return;
+    deepest_ = depth;
+    deepestPosition_ = position;
 }
 
 std::vector<ExprPtr> Parser::expressionList() {
@@ -293,8 +300,10 @@ ExprPtr Parser::number() {
     }
     bool ok = false;
     if (!decimalComma && isDigits(token)) {
+        // Beyond that a double, as all arithmetic is, can't tell neighbours apart.
+        constexpr qint64 farthest = qint64(1) << 53;
         const qint64 whole = text.toLongLong(&ok);
-        if (ok) return literal(token, whole);
+        if (ok && whole <= farthest) return literal(token, whole);
     }
     const double real = text.toDouble(&ok);
     if (!ok || !std::isfinite(real))

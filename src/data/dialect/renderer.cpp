@@ -61,7 +61,10 @@ QByteArray Renderer::query(const Query& query, bool named, const Source* identit
     const bool texts = std::any_of(select.outputs.begin(), select.outputs.end(),
                                    [](const Output& output) { return output.expr->type.kind == ValueKind::Text; });
     if (texts || !query.orderBy.empty()) return distinctSelect(query, named);
-    return "SELECT DISTINCT" + selectBody(select, named, nullptr, nullptr) +
+    std::vector<QByteArray> positions;
+    for (size_t i = 1; i <= select.outputs.size() && orderShows(query); ++i)
+        positions.push_back(QByteArray::number(qulonglong(i)));
+    return "SELECT DISTINCT" + selectBody(select, named, nullptr, nullptr) + outputOrder(query, positions, {}) +
            (select.top ? dialect_.limit(*select.top) : QByteArray());
 }
 
@@ -71,15 +74,15 @@ QByteArray Renderer::plainSelect(const Query& query, bool named, const Source* i
     replacements_ = {};
     if (select.grouped) startGrouping(select);
     QByteArray out = "SELECT" + selectBody(select, named, nullptr, identityOf);
-    out += &query == top_ && !select.grouped ? completeOrder(query) : orderBy(query);
+    out += !orderShows(query) ? orderBy(query) : select.grouped ? groupOrder(query) : completeOrder(query);
     if (select.top) out += dialect_.limit(*select.top);
     replacements_ = before;
     return out;
 }
 
-static bool hasBrackets(const JoinChain& chain) {
-    return chain.first.group || std::any_of(chain.joins.begin(), chain.joins.end(),
-                                            [](const Join& join) { return join.table.group != nullptr; });
+// Of a query inside another only which rows come can depend on the order.
+bool Renderer::orderShows(const Query& query) const {
+    return &query == top_ || query.parts[0].top;
 }
 
 // The order that is asked for, and among equals that of the tables' rows: nobody's list may shuffle by itself.
@@ -87,19 +90,8 @@ QByteArray Renderer::completeOrder(const Query& query) {
     const Select& select = query.parts[0];
     const bool afterwards =
         select.where && !select.top && (offersAlternatives(*select.where) || wordFilter(*select.where));
-    QByteArray out = orderBy(query, afterwards);
     const bool descending = !query.orderBy.empty() && query.orderBy.back().descending;
-    const bool brackets = std::any_of(select.from.begin(), select.from.end(), hasBrackets);
-    // Of joined tables the last has the rows that are many, in the order in which they were entered.
-    for (auto source = select.sources.rbegin(); source != select.sources.rend(); ++source) {
-        const TableInfo* table = (*source)->table;
-        if (!table || table->rowIdentity.isEmpty()) continue;
-        if (brackets && table->autonumber < 0) continue;  // a row number isn't seen through them
-        const QByteArray key = dialect_.rowIdentity((*source)->sqlName, *table);
-        out += (out.isEmpty() ? " ORDER BY " : ", ") +
-               dialect_.orderTerm(afterwards ? dialect_.sortedAfterwards(key) : key, descending);
-    }
-    return out;
+    return rowOrder(select, orderBy(query, afterwards), afterwards, descending);
 }
 
 // The rows that a word index names come first; the condition itself still has the last word.
@@ -111,6 +103,42 @@ QByteArray Renderer::where(const Select& select) {
     if (top_ && &select == &top_->parts[0] && boundsDate(*select.where))
         probe_ = dialect_.wordProbe(*filter->source->table, filter->alternatives, Translation::probeLimit + 1);
     return " WHERE " + narrowed + " AND " + condition(*select.where, And);
+}
+
+// Of joined tables the last has the rows that are many, in the order in which they were entered.
+QByteArray Renderer::rowOrder(const Select& select, QByteArray before, bool afterwards, bool descending) const {
+    for (auto source = select.sources.rbegin(); source != select.sources.rend(); ++source) {
+        const TableInfo* table = (*source)->table;
+        // Not every engine can name an identity that is no column from outside the brackets of a join.
+        if (!table || table->rowIdentity.isEmpty() || ((*source)->inBrackets && table->autonumber < 0)) continue;
+        const QByteArray identity = (*source)->inBrackets ? columnSql(**source, table->autonumber)
+                                                          : dialect_.rowIdentity((*source)->sqlName, *table);
+        before += (before.isEmpty() ? " ORDER BY " : ", ") +
+                  dialect_.orderTerm(afterwards ? dialect_.sortedAfterwards(identity) : identity, descending);
+    }
+    return before;
+}
+
+// Groups come in the order that is asked for, and then in that of what they are grouped by.
+QByteArray Renderer::groupOrder(const Query& query) {
+    QByteArray out = orderBy(query);
+    const Replacements grouping = replacements_;
+    replacements_.active = false;
+    for (const ExprPtr& grouped : query.parts[0].groupBy)
+        out += (out.isEmpty() ? " ORDER BY " : ", ") + dialect_.orderTerm(key(*grouped), false);
+    replacements_ = grouping;
+    return out;
+}
+
+// Rows without duplicates come in the order that is asked for, and then in that of their columns.
+QByteArray Renderer::outputOrder(const Query& query, const std::vector<QByteArray>& keys, QByteArray before) const {
+    for (size_t i = 0; i < keys.size(); ++i) {
+        const bool asked = std::any_of(query.orderBy.begin(), query.orderBy.end(), [&](const OrderTerm& term) {
+            return term.key->output == query.parts[0].outputs[i].expr.get();
+        });
+        if (!asked) before += (before.isEmpty() ? " ORDER BY " : ", ") + dialect_.orderTerm(keys[i], false);
+    }
+    return before;
 }
 
 // Inside, the rows as they are; outside, one of each by the fold. The order may name only what is shown.
@@ -128,7 +156,8 @@ QByteArray Renderer::distinctSelect(const Query& query, bool named) {
     replacements_.otherwise = "με DISTINCT το ORDER BY δέχεται μόνο ό,τι υπάρχει στο SELECT, όχι το";
     for (size_t i = 0; i < select.outputs.size(); ++i)
         replacements_.list.push_back({select.outputs[i].expr.get(), columnName(i)});
-    out += orderBy(query);
+    const QByteArray order = orderBy(query);
+    out += orderShows(query) ? outputOrder(query, columnKeys(columns), order) : order;
     replacements_ = before;
     if (select.top) out += dialect_.limit(*select.top);
     return out;
@@ -158,12 +187,22 @@ QByteArray Renderer::unionSelect(const Query& query, bool named) {
     }
     const Replacements before = replacements_;
     replacements_ = {};
-    out += " FROM (" + rows + ") AS " + query.unionSource.sqlName + orderBy(query);
+    out += " FROM (" + rows + ") AS " + query.unionSource.sqlName;
+    const QByteArray order = orderBy(query);
+    out += lastWithout > 0 && orderShows(query) ? outputOrder(query, columnKeys(query.unionColumns), order) : order;
     replacements_ = before;
     return out;
 }
 
+std::vector<QByteArray> Renderer::columnKeys(const std::vector<SourceColumn>& columns) const {
+    std::vector<QByteArray> keys;
+    for (size_t i = 0; i < columns.size(); ++i)
+        keys.push_back(isText(columns[i]) ? dialect_.fold(columnName(i)) : columnName(i));
+    return keys;
+}
+
 QByteArray Renderer::withoutDuplicates(const QByteArray& rows, const std::vector<SourceColumn>& columns, bool named) {
+    const std::vector<QByteArray> grouped = columnKeys(columns);
     QByteArray shown;
     QByteArray keys;
     for (size_t i = 0; i < columns.size(); ++i) {
@@ -174,7 +213,7 @@ QByteArray Renderer::withoutDuplicates(const QByteArray& rows, const std::vector
         }
         shown += isText(columns[i]) ? dialect_.leastSpelling(name) : name;
         if (named) shown += " AS " + name;
-        keys += isText(columns[i]) ? dialect_.fold(name) : name;
+        keys += grouped[i];
     }
     return "SELECT " + shown + " FROM (" + rows + ") AS \"%d\" GROUP BY " + keys;
 }
@@ -186,7 +225,9 @@ QByteArray Renderer::selectBody(const Select& select, bool named, const std::vec
     for (size_t i = 0; i < select.outputs.size(); ++i) {
         const Expr& expr = *select.outputs[i].expr;
         out += i > 0 ? ", " : " ";
-        out += types ? as(expr, (*types)[i].type.kind, Loose) : sql(expr, Loose);
+        const ValueKind kind = types ? (*types)[i].type.kind : expr.type.kind;
+        // A parameter's value shows as text; what it is, only the engine knows.
+        out += as(expr, kind == ValueKind::Any ? ValueKind::Text : kind, Loose);
         if (named) out += " AS " + columnName(i);
     }
     if (identityOf) out += ", " + dialect_.rowIdentity(identityOf->sqlName, *identityOf->table);
@@ -211,6 +252,7 @@ void Renderer::startGrouping(const Select& select) {
     }
     replacements_.list = std::move(list);
     replacements_.active = true;
+    replacements_.select = &select;
     replacements_.otherwise = "περίμενα στήλη του GROUP BY ή συνάρτηση συνόλου, όχι το";
 }
 
@@ -277,7 +319,7 @@ QByteArray Renderer::assigned(const Expr& value, const ColumnInfo& column) {
         value.kind == ExprKind::Column && from.kind == kindOf(column.type) &&
         (column.type == from.column || column.type == ColumnType::Double || column.type == ColumnType::Memo) &&
         (column.type != ColumnType::Text || from.size <= column.size) && column.type != ColumnType::YesNo;
-    return fits ? sql(value, Loose) : dialect_.intoColumn(sql(value, Loose), from.kind, column);
+    return fits ? sql(value, Loose) : dialect_.intoColumn(sql(value, Whole), from.kind, column);
 }
 
 void Renderer::renderInsert(const Statement& statement, Translation& translation) {

@@ -32,9 +32,11 @@ private:
     struct Replacements {
         std::vector<Replacement> list;
         const char* otherwise = nullptr;
+        const Select* select = nullptr;  // the grouped one
         bool active = false;
     };
     class Without;  // renders without replacements while it lives
+    class Inside;   // likewise, in a query inside another
 
     // Statements (renderer.cpp).
     void renderInsert(const Statement& statement, Translation& translation);
@@ -49,22 +51,31 @@ private:
     QByteArray unionSelect(const Query& query, bool named);
     QByteArray selectBody(const Select& select, bool named, const std::vector<SourceColumn>* types,
                           const Source* identityOf);
+    std::vector<QByteArray> columnKeys(const std::vector<SourceColumn>& columns) const;
     QByteArray withoutDuplicates(const QByteArray& rows, const std::vector<SourceColumn>& columns, bool named);
     QByteArray from(const Select& select);
     QByteArray chain(const JoinChain& chain);
     QByteArray tableRef(const TableRef& table);
     QByteArray where(const Select& select);
     QByteArray orderBy(const Query& query, bool afterwards = false);
+    bool orderShows(const Query& query) const;
     QByteArray completeOrder(const Query& query);
+    QByteArray rowOrder(const Select& select, QByteArray before, bool afterwards = false,
+                        bool descending = false) const;
+    QByteArray groupOrder(const Query& query);
+    QByteArray outputOrder(const Query& query, const std::vector<QByteArray>& keys, QByteArray before) const;
     void startGrouping(const Select& select);
 
     // Expressions (renderexpressions.cpp).
     Piece piece(const Expr& expr);
     Piece plainPiece(const Expr& expr);
+    const Replacements* groupOf(const Expr& expr) const;
+    QByteArray innerQuery(const Query& inner, bool named);
     QByteArray sql(const Expr& expr, Level atLeast);
     QByteArray condition(const Expr& expr, Level atLeast = Loose);
     Piece junction(const Expr& expr, size_t first, size_t last);
     Piece arithmetic(const Expr& expr);
+    QByteArray operand(const Expr& expr, Level atLeast);
     Piece concatenate(const Expr& expr);
     QByteArray columnSql(const Source& source, int column) const;
     QByteArray call(const Expr& expr);
@@ -91,7 +102,8 @@ private:
     const EngineDialect& dialect_;
     const Places& places_;
     Replacements replacements_;
-    const Query* top_ = nullptr;  // the statement's own, not one inside it
+    std::vector<Replacements> groupsAround_;  // of the queries outside
+    const Query* top_ = nullptr;              // the statement's own, not one inside it
     bool looksUpWords_ = true;
     QByteArray probe_;
 };

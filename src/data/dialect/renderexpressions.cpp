@@ -35,13 +35,44 @@ QByteArray Renderer::sql(const Expr& expr, Level atLeast) {
     return rendered.level < atLeast ? '(' + rendered.sql + ')' : rendered.sql;
 }
 
+// A query inside a grouped one sees of its columns only what it is grouped by.
+class Renderer::Inside {
+public:
+    explicit Inside(Renderer& renderer) : renderer_(renderer), before_(renderer.replacements_) {
+        if (before_.active) renderer.groupsAround_.push_back(before_);
+        renderer.replacements_ = {};
+    }
+    ~Inside() {
+        if (before_.active) renderer_.groupsAround_.pop_back();
+        renderer_.replacements_ = before_;
+    }
+
+private:
+    Renderer& renderer_;
+    const Replacements before_;
+};
+
+const Renderer::Replacements* Renderer::groupOf(const Expr& expr) const {
+    if (replacements_.active) return &replacements_;
+    if (expr.kind != ExprKind::Column) return nullptr;
+    for (const Replacements& group : groupsAround_)
+        if (group.select && std::count(group.select->sources.begin(), group.select->sources.end(), expr.source) > 0)
+            return &group;
+    return nullptr;
+}
+
+QByteArray Renderer::innerQuery(const Query& inner, bool named) {
+    const Inside inside(*this);
+    return query(inner, named);
+}
+
 Renderer::Piece Renderer::piece(const Expr& expr) {
     if (expr.kind == ExprKind::Output) return piece(*expr.output);
-    if (replacements_.active) {
-        for (const Replacement& replacement : replacements_.list)
+    if (const Replacements* group = groupOf(expr)) {
+        for (const Replacement& replacement : group->list)
             if (sameExpr(*replacement.expr, expr)) return {replacement.sql, Whole};
         if (expr.kind == ExprKind::Column)
-            places_.fail(expr.position, QString::fromUtf8(replacements_.otherwise) + u' ' +
+            places_.fail(expr.position, QString::fromUtf8(group->otherwise) + u' ' +
                                             shown(expr.source->table ? expr.source->table->columns[expr.column].name
                                                                      : expr.source->columns[size_t(expr.column)].name));
     }
@@ -59,7 +90,7 @@ Renderer::Piece Renderer::plainPiece(const Expr& expr) {
         case ExprKind::Parameter:
             return {dialect_.untypedParameter(expr.parameter), Whole};
         case ExprKind::Negate:
-            return {"-(" + as(*expr.arguments[0], ValueKind::Number, Loose) + ')', Unary};
+            return {"-(" + operand(*expr.arguments[0], Loose) + ')', Unary};
         case ExprKind::Arithmetic:
             return arithmetic(expr);
         case ExprKind::Concatenate:
@@ -82,14 +113,10 @@ Renderer::Piece Renderer::plainPiece(const Expr& expr) {
         }
         case ExprKind::IsNull:
             return {sql(*expr.arguments[0], Sum) + (expr.negated ? " IS NOT NULL" : " IS NULL"), Comparison};
-        case ExprKind::Exists: {
-            const Without plain(*this);
-            return {"EXISTS (" + query(*expr.query, true) + ')', Whole};
-        }
-        case ExprKind::Scalar: {
-            const Without plain(*this);
-            return {'(' + query(*expr.query, false) + ')', Whole};
-        }
+        case ExprKind::Exists:
+            return {"EXISTS (" + innerQuery(*expr.query, true) + ')', Whole};
+        case ExprKind::Scalar:
+            return {'(' + innerQuery(*expr.query, false) + ')', Whole};
         case ExprKind::Call:
             return {call(expr), Whole};
         case ExprKind::Name:
@@ -151,7 +178,7 @@ Renderer::Piece Renderer::arithmetic(const Expr& expr) {
     if (expr.type.kind == ValueKind::Text)
         return {dialect_.arithmetic(Arithmetic::ConcatenateTexts, sql(*left, Whole), sql(*right, Whole)), Whole};
     const auto simple = [&](const char* sign, Level level) -> Piece {
-        return {as(*left, ValueKind::Number, level) + sign + as(*right, ValueKind::Number, Level(level + 1)), level};
+        return {operand(*left, level) + sign + operand(*right, Level(level + 1)), level};
     };
     const auto engines = [&](Arithmetic operation) -> Piece {
         return {
@@ -174,6 +201,11 @@ Renderer::Piece Renderer::arithmetic(const Expr& expr) {
         default:
             return engines(Arithmetic::Divide);
     }
+}
+
+QByteArray Renderer::operand(const Expr& expr, Level atLeast) {
+    const QByteArray cast = dialect_.wideCast(expr.type.column);
+    return cast.isEmpty() ? as(expr, ValueKind::Number, atLeast) : as(expr, ValueKind::Number, Whole) + cast;
 }
 
 // Null counts as an empty text.
@@ -230,8 +262,8 @@ QVariant Renderer::convertLiteral(const Expr& literal, ValueKind kind, const Exp
 QByteArray Renderer::as(const Expr& expr, ValueKind kind, Level atLeast, const Expr* partner) {
     const ValueKind from = expr.type.kind;
     if (from == ValueKind::Null && expr.kind == ExprKind::Literal) return dialect_.null(kind);
-    if (from == kind || from == ValueKind::Null || kind == ValueKind::Any || kind == ValueKind::Null ||
-        kind == ValueKind::Binary)
+    if (from == kind || kind == ValueKind::Any || kind == ValueKind::Null ||
+        (kind == ValueKind::Binary && from != ValueKind::Null))
         return sql(expr, atLeast);
     if (expr.kind == ExprKind::Literal) {
         const QVariant value = convertLiteral(expr, kind, partner);
@@ -316,12 +348,18 @@ QByteArray Renderer::aggregate(const Expr& expr) {
         case FunctionForm::Sum:
             return name + '(' + as(value, ValueKind::Number, Loose) + ')';
         case FunctionForm::Extreme:
+            if (value.type.kind == ValueKind::Binary)
+                places_.fail(value.position, QStringLiteral("τα δεδομένα αρχείου δεν έχουν μικρότερο ή μεγαλύτερο"),
+                             ErrorCategory::Type);
             if (value.type.kind != ValueKind::Text) return name + '(' + sql(value, Loose) + ')';
             break;
         default:
             break;
     }
-    return dialect_.call(name, {sql(value, Loose)});
+    QByteArray argument = as(value, value.type.kind == ValueKind::Null ? ValueKind::Text : value.type.kind, Loose);
+    if (function.form == FunctionForm::Edge && dialect_.ordersAggregates() && replacements_.select)
+        argument += rowOrder(*replacements_.select, {});
+    return dialect_.call(name, {argument});
 }
 
 }  // namespace data::dialect

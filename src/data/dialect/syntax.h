@@ -97,6 +97,7 @@ struct Source {
     QByteArray sqlName;                 // the same, quoted
     const TableInfo* table = nullptr;   // null for a derived table
     std::vector<SourceColumn> columns;  // of a derived table
+    bool inBrackets = false;            // of joined tables
 };
 
 struct JoinChain;

@@ -4,6 +4,8 @@
 #include "data/dialect/parser.h"
 #include "data/dialect/renderer.h"
 #include "data/dialect/translation.h"
+#include "data/sqlite/sqlitedialect.h"
+#include "data/sqlite/sqliteerror.h"
 
 namespace data {
 
@@ -11,6 +13,7 @@ namespace {
 
 constexpr qsizetype mostOptions = 16;
 constexpr qsizetype mostTexts = 2000;
+constexpr int carefree = 8;                   // levels that fit whatever they are
 constexpr qsizetype longestKept = 32 * 1024;  // a text longer than that hardly comes twice
 
 struct Remembered {
@@ -35,13 +38,25 @@ struct Translator::Private {
 
     std::shared_ptr<const Translation> translate(const QString& sql, const DialectOptions& options) {
         const dialect::Places places(sql);
-        dialect::Statement statement = dialect::Parser(places, options).parse();
+        dialect::Parser parser(places, options);
+        dialect::Statement statement = parser.parse();
         dialect::Binder binder(catalog, columns, dialect, options, places);
         binder.bind(statement);
         auto translation = std::make_shared<Translation>();
         dialect::Renderer(dialect, places).render(statement, *translation);
         translation->parameters = binder.parameters();
+        if (parser.deepest() > carefree) requireRoom(statement, *translation, places, parser.deepestPosition());
         return translation;
+    }
+
+    // An office may move from one engine to the other, so what the one with the smaller parser can't take, none takes.
+    void requireRoom(const dialect::Statement& statement, const Translation& translation, const dialect::Places& places,
+                     qsizetype position) const {
+        Translation small;
+        if (&dialect != &sqliteDialect()) dialect::Renderer(sqliteDialect(), places).render(statement, small);
+        if (!sqliteHasRoomFor(small.sql.isEmpty() ? translation.sql : small.sql))
+            places.fail(position, QStringLiteral("η εντολή έχει πάρα πολλά επίπεδα το ένα μέσα στο άλλο· χωρίστε την "
+                                                 "σε μικρότερες"));
     }
 };
 

@@ -5,7 +5,8 @@ namespace data::postgres {
 // Values as texts by Greek rules: what format.h promises, on the server.
 const char formatFunctions[] = R"sql(
 CREATE OR REPLACE FUNCTION jet_lcase(value text) RETURNS text LANGUAGE sql IMMUTABLE STRICT PARALLEL SAFE AS $$
-    SELECT regexp_replace(jet_lowerletters(value), '([a-zα-ωά-ώϊϋΐΰ])σ(?![a-zα-ωά-ώϊϋΐΰ])', '\1ς', 'g') $$;
+    SELECT jet_lowerletters(regexp_replace(value, '([a-zA-Zα-ωΑ-Ωά-ώΆ-ΏϊϋΐΰΪΫ])Σ(?![a-zA-Zα-ωΑ-Ωά-ώΆ-ΏϊϋΐΰΪΫ])',
+                                           '\1ς', 'g')) $$;
 
 CREATE OR REPLACE FUNCTION jet_monthname(number float8, brief boolean DEFAULT false) RETURNS text
 LANGUAGE sql IMMUTABLE STRICT PARALLEL SAFE AS $$
@@ -38,7 +39,7 @@ DECLARE
     power integer;
 BEGIN
     IF value = 0 THEN RETURN '0'; END IF;
-    exact := value::text::numeric;
+    exact := value::numeric;  -- 15 digits
     IF abs(value) < 1e21 AND abs(value) >= 1e-10 THEN RETURN replace(trim_scale(exact)::text, '.', ','); END IF;
     power := floor(log(abs(exact)));
     IF abs(exact) >= ('1e' || (power + 1))::numeric THEN power := power + 1; END IF;
@@ -185,19 +186,19 @@ CREATE OR REPLACE FUNCTION jet_format_n(value float8, pattern text DEFAULT NULL)
 LANGUAGE sql IMMUTABLE PARALLEL SAFE AS $$
     SELECT coalesce(CASE WHEN coalesce(pattern, '') = '' THEN jet_numbertext(value)
         WHEN jet_isdatepattern(pattern) THEN coalesce(jet_formatdate(jet_daystodate(value), pattern), jet_numbertext(value))
-        ELSE jet_formatnumber(value::text::numeric, pattern) END, '') $$;
+        ELSE jet_formatnumber(value::numeric, pattern) END, '') $$;
 
 CREATE OR REPLACE FUNCTION jet_format_d(value timestamp, pattern text DEFAULT NULL) RETURNS text
 LANGUAGE sql IMMUTABLE PARALLEL SAFE AS $$
     SELECT coalesce(CASE WHEN coalesce(pattern, '') = '' THEN jet_datetext(value)
         WHEN jet_isdatepattern(pattern) THEN jet_formatdate(value, pattern)
-        ELSE jet_formatnumber(jet_days(value)::text::numeric, pattern) END, '') $$;
+        ELSE jet_formatnumber(jet_days(value)::numeric, pattern) END, '') $$;
 
 CREATE OR REPLACE FUNCTION jet_format_t(value text, pattern text DEFAULT NULL) RETURNS text
 LANGUAGE sql STABLE PARALLEL SAFE AS $$
     SELECT coalesce(CASE WHEN coalesce(pattern, '') = '' THEN value
         WHEN jet_isdatepattern(pattern) THEN coalesce(jet_formatdate(jet_todate(value), pattern), value)
-        ELSE coalesce(jet_formatnumber(jet_tonumber(value)::text::numeric, pattern), value) END, '') $$;
+        ELSE coalesce(jet_formatnumber(jet_tonumber(value)::numeric, pattern), value) END, '') $$;
 
 CREATE OR REPLACE FUNCTION jet_format_y(value boolean, pattern text DEFAULT NULL) RETURNS text
 LANGUAGE sql IMMUTABLE PARALLEL SAFE AS $$ SELECT coalesce(jet_yesnotext(value), '') $$;

@@ -56,6 +56,12 @@ QByteArray function(const QByteArray& name, const QByteArrayList& arguments) {
     return name + '(' + arguments.join(", ") + ')';
 }
 
+// Null in the place of a value that means nothing there. The value stays in the statement, since a parameter may be in
+// it.
+QByteArray nothing(const QByteArray& value, const QByteArray& type) {
+    return value == "NULL" ? "NULL::" + type : "(CASE WHEN false THEN (" + value + ")::text END)::" + type;
+}
+
 class PgDialect final : public EngineDialect {
 public:
     QByteArray createTable(const TableInfo& table, const QString& key) const override {
@@ -145,7 +151,7 @@ public:
     }
 
     QByteArray convert(const QByteArray& value, ValueKind from, ValueKind to) const override {
-        if (from == ValueKind::Binary) return null(to);
+        if (from == ValueKind::Binary || from == ValueKind::Null) return '(' + nothing(value, typeOf(to)) + ')';
         const QByteArray prefix = from == ValueKind::Any ? "jet_v" : "jet_";
         const bool unread = from == ValueKind::Any || from == ValueKind::Text;
         const QByteArray yesNoAsNumber = "(-(" + value + "::integer))";
@@ -172,7 +178,9 @@ public:
 
     QByteArray intoColumn(const QByteArray& value, ValueKind from, const ColumnInfo& column) const override {
         const QByteArray name = textLiteral(column.name);
-        if (from == ValueKind::Null) return column.type == ColumnType::YesNo ? "false" : null(kindOf(column.type));
+        if (from == ValueKind::Null)
+            return column.type == ColumnType::YesNo ? "coalesce(" + nothing(value, "boolean") + ", false)"
+                                                    : nothing(value, typeOf(kindOf(column.type)));
         switch (kindOf(column.type)) {
             case ValueKind::Number:
                 return intoNumber(read(value, from, ValueKind::Number, "number", name), column, name);
@@ -216,6 +224,12 @@ public:
         return "NULL";
     }
 
+    // A Single counts as the digits that it shows.
+    const char* wideCast(ColumnType type) const override {
+        if (type == ColumnType::Double) return "";
+        return type == ColumnType::Single ? "::text::float8" : "::float8";
+    }
+
     // The functions that take any kind are one for each kind here.
     QByteArray call(const QByteArray& name, const QVector<QByteArray>& arguments) const override {
         if (name != "format" && name != "isnumeric" && name != "isdate") return EngineDialect::call(name, arguments);
@@ -223,7 +237,7 @@ public:
         const char tag = arguments[1].at(1);
         if (name == "format") {
             const QByteArray pattern = arguments.size() > 2 ? ", " + arguments[2] : QByteArray();
-            if (tag == 'b') return "''::text";
+            if (tag == 'b') return "jet_format_t(" + nothing(value, "text") + pattern + ')';
             if (tag == 'v') return "jet_format_t(jet_vtotext(" + value + ')' + pattern + ')';
             return QByteArray("jet_format_") + tag + '(' + value + pattern + ')';
         }
@@ -233,7 +247,7 @@ public:
             return (number ? "(jet_vtonumber(" : "(jet_todate(jet_vtext(") + value + (number ? ") " : ")) ") +
                    "IS NOT NULL)";
         const bool fits = number ? tag == 'n' || tag == 'y' : tag == 'd';
-        return fits ? "(" + value + " IS NOT NULL)" : QByteArray("false");
+        return '(' + (fits ? value : nothing(value, "text")) + " IS NOT NULL)";
     }
 
     QByteArray leastSpelling(const QByteArray& text) const override { return "min(" + text + " COLLATE \"C\")"; }
@@ -241,6 +255,8 @@ public:
     QByteArray orderTerm(const QByteArray& key, bool descending) const override {
         return key + (descending ? " DESC NULLS LAST" : " NULLS FIRST");
     }
+
+    bool ordersAggregates() const override { return true; }
 
     QByteArray returningIdentity(const TableInfo& table) const override {
         return " RETURNING " + (table.autonumber < 0 ? "\"_row\"" : identifier(table.columns[table.autonumber].name));

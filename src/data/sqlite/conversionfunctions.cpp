@@ -110,7 +110,7 @@ void intoColumn(Context context, int, Values values) {
 void formatted(Context context, int count, Values values) {
     if (isNull(values[0])) return result(context, QString());
     const QVariant value = taggedValue(values[0], tagOf(values[1]));
-    if (value.typeId() == QMetaType::QByteArray) return sqlite3_result_null(context);
+    if (value.typeId() == QMetaType::QByteArray) return result(context, QString());
     result(context, count > 2 && !isNull(values[2]) ? format(value, text(values[2])) : valueText(value));
 }
 

@@ -73,7 +73,9 @@ public:
     }
 
     QByteArray convert(const QByteArray& value, ValueKind from, ValueKind to) const override {
-        if (from == ValueKind::Binary && to != ValueKind::Text) return "NULL";
+        if (from == ValueKind::Null) return value;
+        // Bytes count as Null; they stay in the statement, since a parameter may be in them.
+        if (from == ValueKind::Binary && to != ValueKind::Text) return "(CASE WHEN 0 THEN " + value + " END)";
         const bool unread = from == ValueKind::Text || from == ValueKind::Any;
         switch (to) {
             case ValueKind::Number:

@@ -5,6 +5,7 @@
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
+#include <cmath>
 
 #include "data/databasepassword.h"
 #include "data/fileidentity.h"
@@ -100,9 +101,12 @@ void sendRow(sqlite3_stmt* statement, int columns, RowSink& sink) {
             case SQLITE_INTEGER:
                 sink.integer(sqlite3_column_int64(statement, i));
                 break;
-            case SQLITE_FLOAT:
-                sink.real(sqlite3_column_double(statement, i));
+            case SQLITE_FLOAT: {
+                const double value = sqlite3_column_double(statement, i);
+                if (!std::isfinite(value)) throw sqliteRangeError(sqlite3_sql(statement));
+                sink.real(value);
                 break;
+            }
             case SQLITE_TEXT: {
                 const auto bytes = reinterpret_cast<const char*>(sqlite3_column_text(statement, i));
                 sink.text(bytes, sqlite3_column_bytes(statement, i));

@@ -71,6 +71,7 @@ Error sqliteError(sqlite3* database, int code, const QByteArray& sql, bool prepa
     const QString message = database ? QString::fromUtf8(sqlite3_errmsg(database)) : QString();
     const QString statement = QString::fromUtf8(sql);
     const int primary = code & 0xFF;
+    if (primary == SQLITE_ERROR && message == u"integer overflow") return sqliteRangeError(sql);
     if (primary == SQLITE_ERROR && isGreek(message) && !preparing)
         return Error(ErrorCategory::Type, message, statement, code);
     if ((primary == SQLITE_CONSTRAINT || primary == SQLITE_MISMATCH) && isGreek(message) &&
@@ -82,6 +83,25 @@ Error sqliteError(sqlite3* database, int code, const QByteArray& sql, bool prepa
     QString text = textOf(code);
     if (text.isEmpty()) text = QStringLiteral("Σφάλμα της βάσης δεδομένων: %1").arg(message);
     return Error(categoryOf(primary), text, statement, code);
+}
+
+Error sqliteRangeError(const QByteArray& sql) {
+    return Error(ErrorCategory::Type, QStringLiteral("Ένας αριθμός είναι έξω από τα όρια."), QString::fromUtf8(sql));
+}
+
+// The parser's stack overflows before it looks a single name up.
+bool sqliteHasRoomFor(const QByteArray& sql) {
+    sqlite3* database = nullptr;
+    sqlite3_stmt* statement = nullptr;
+    bool fits = true;
+    if (sqlite3_open_v2(":memory:", &database, SQLITE_OPEN_READWRITE, nullptr) == SQLITE_OK &&
+        sqlite3_prepare_v2(database, sql.constData(), int(sql.size()), &statement, nullptr) != SQLITE_OK) {
+        const QByteArray message = sqlite3_errmsg(database);
+        fits = !message.contains("stack overflow") && !message.contains("too large");
+    }
+    sqlite3_finalize(statement);
+    sqlite3_close(database);
+    return fits;
 }
 
 Error sqliteOpenError(int code, const QString& file) {

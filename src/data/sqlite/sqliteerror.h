@@ -15,4 +15,10 @@ Error sqliteError(sqlite3* database, int code, const QByteArray& sql = {}, bool 
 // The same for a file that couldn't even be opened.
 Error sqliteOpenError(int code, const QString& file);
 
+// A result that no number can hold.
+Error sqliteRangeError(const QByteArray& sql);
+
+// Whether the engine's parser has room for the nesting of a statement; anything else about it isn't asked.
+bool sqliteHasRoomFor(const QByteArray& sql);
+
 }  // namespace data

@@ -1,0 +1,64 @@
+#include "statementfile.h"
+
+#include <QFile>
+#include <QFileInfo>
+#include <QVariant>
+#include <stdexcept>
+
+namespace {
+
+void readOption(TypedStatement& statement, const QString& text) {
+    if (text == u"user")
+        statement.user = true;
+    else if (text == u"users")
+        statement.usersDatabase = true;
+    else if (text.contains(u'='))
+        statement.parameters.insert(text.section(u'=', 0, 0).trimmed(), text.section(u'=', 1).trimmed());
+    else
+        throw std::runtime_error(qPrintable(QStringLiteral("option: ") + text));
+}
+
+void readRefusal(TypedStatement& statement, const QString& text) {
+    statement.category = text.section(u' ', 0, 0);
+    statement.position = text.section(u' ', 1, 1).toInt();
+    statement.says = text.section(u' ', 2);
+}
+
+}  // namespace
+
+QVector<TypedStatement> readStatements(const QString& name) {
+    QFile file(name);
+    if (!file.open(QIODevice::ReadOnly)) throw std::runtime_error(qPrintable(name));
+    QVector<TypedStatement> all;
+    TypedStatement next;
+    int number = 0;
+    for (const QString& line : QString::fromUtf8(file.readAll()).split(u'\n')) {
+        ++number;
+        if (line.isEmpty() || line.startsWith(u'#')) continue;
+        const QString rest = line.mid(2);
+        const QChar sign = line.size() > 1 && line[1] == u' ' ? line[0] : QChar();
+        if (sign == u'@') {
+            readOption(next, rest);
+            continue;
+        }
+        if (all.isEmpty() || !QStringLiteral("=>!?").contains(sign) || sign.isNull()) {
+            next.place = QFileInfo(name).fileName() + u':' + QString::number(number);
+            next.sql = line;
+            next.sql.replace(QStringLiteral("\\n"), QStringLiteral("\n"));
+            all << std::exchange(next, {});
+            continue;
+        }
+        TypedStatement& last = all.last();
+        if (sign == u'=') {
+            last.count = rest.toInt();
+        } else if (sign == u'>') {
+            last.rows << rest;
+            last.hasRows = true;
+        } else if (sign == u'?') {
+            last.look = rest;
+        } else {
+            readRefusal(last, rest);
+        }
+    }
+    return all;
+}

@@ -1,0 +1,98 @@
+#include "statementcheck.h"
+
+#include <QRegularExpression>
+
+#include "data/error.h"
+#include "data/postgres/pgdialect.h"
+
+using namespace data;
+
+namespace {
+
+DialectOptions optionsOf(unsigned char bits) {
+    DialectOptions options;
+    if (bits & 1) options.dateOrder = DateOrder::DayFirst;
+    options.decimalComma = bits & 2;
+    options.selectOnly = bits & 4;
+    if (bits & 8) options.parameters = {QStringLiteral("datefrom"), QStringLiteral("p1")};
+    return options;
+}
+
+// The catalog as the server's engine reads it.
+Catalog withServerIdentities(const Catalog& catalog) {
+    Catalog out;
+    for (TableInfo table : catalog.tables()) {
+        table.rowIdentity = table.autonumber < 0 ? QStringLiteral("_row") : table.columns[table.autonumber].name;
+        out.add(table);
+    }
+    return out;
+}
+
+QStringList linesOf(QString sql) {
+    sql.replace(QStringLiteral("\r\n"), QStringLiteral("\n")).replace(u'\r', u'\n');
+    return sql.split(u'\n');
+}
+
+bool placeIsInside(const QString& error, const QString& sql) {
+    static const QRegularExpression one(QStringLiteral("^Στη θέση (\\d+): ."));
+    static const QRegularExpression several(QStringLiteral("^Στη γραμμή (\\d+), στήλη (\\d+): ."));
+    if (const auto found = one.match(error); found.hasMatch()) {
+        const qlonglong position = found.captured(1).toLongLong();
+        return position >= 1 && position <= sql.size() + 1;
+    }
+    const auto found = several.match(error);
+    if (!found.hasMatch()) return false;
+    const QStringList lines = linesOf(sql);
+    const qlonglong line = found.captured(1).toLongLong();
+    const qlonglong column = found.captured(2).toLongLong();
+    return line >= 1 && line <= lines.size() && column >= 1 && column <= lines[line - 1].size() + 2;
+}
+
+bool isTranslators(int category) {
+    const auto known = {ErrorCategory::Syntax, ErrorCategory::Parameter, ErrorCategory::Type, ErrorCategory::Constraint,
+                        ErrorCategory::ReadOnly};
+    return std::any_of(known.begin(), known.end(), [&](ErrorCategory one) { return int(one) == category; });
+}
+
+}  // namespace
+
+StatementCheck::StatementCheck()
+    : serverCatalog_(withServerIdentities(database_.catalog())), server_(serverCatalog_, pgDialect()) {}
+
+StatementCheck::Outcome StatementCheck::outcome(Translator& translator, const QString& sql,
+                                                const DialectOptions& options) {
+    try {
+        return {translator.translate(sql, options), {}, -1};
+    } catch (const Error& error) {
+        return {nullptr, error.text(), int(error.category())};
+    }
+}
+
+// An engine's own complaint about a statement that we wrote is our mistake.
+QString StatementCheck::prepareFault(const Translation& translation) {
+    try {
+        database_.prepare(translation);
+    } catch (const Error& error) {
+        return error.text() + QStringLiteral("\n  from ") + QString::fromUtf8(translation.sql);
+    }
+    return {};
+}
+
+QString StatementCheck::fault(const QByteArray& input) {
+    if (input.isEmpty()) return {};
+    const DialectOptions options = optionsOf(static_cast<unsigned char>(input[0]));
+    const QString sql = QString::fromUtf8(input.mid(1));
+    const Outcome here = outcome(database_.translator(), sql, options);
+    const Outcome there = outcome(server_, sql, options);
+    if (here.category != there.category || here.error != there.error)
+        return QStringLiteral("the engines differ: «%1» and «%2»").arg(here.error, there.error);
+    if (here.translation) {
+        ++translated_;
+        if (here.translation->columns.size() != there.translation->columns.size())
+            return QStringLiteral("the engines show different columns");
+        return prepareFault(*here.translation);
+    }
+    if (!isTranslators(here.category)) return QStringLiteral("category %1: ").arg(here.category) + here.error;
+    if (!placeIsInside(here.error, sql)) return QStringLiteral("no place in the statement: ") + here.error;
+    return {};
+}
