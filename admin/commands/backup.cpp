@@ -1,23 +1,13 @@
 #include "schema/backup.h"
 
 #include "admin/command.h"
+#include "admin/interrupt.h"
 #include "admin/output.h"
 
 namespace admin {
 namespace {
 
 using namespace Qt::Literals::StringLiterals;
-
-// A line at each new thing that is done and at each further fifth of it.
-schema::Progress progressLines() {
-    return [last = QString()](const QString& what, int percent) mutable {
-        const int fifths = percent / 20 * 20;
-        const QString line = fifths > 0 ? u"%1: %2%"_s.arg(what).arg(fifths) : what;
-        if (line != last) err() << line << Qt::endl;
-        last = line;
-        return true;
-    };
-}
 
 void tell(const QString& done, const schema::BackupInfo& info) {
     out() << done << Qt::endl << u"Εγγραφές: %1"_s.arg(info.rows) << Qt::endl;

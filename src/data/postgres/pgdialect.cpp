@@ -243,6 +243,8 @@ public:
 
     bool keepsRowOrder() const override { return false; }
 
+    bool storesNul() const override { return false; }
+
     QByteArray returningIdentity(const TableInfo& table) const override {
         return " RETURNING " + (table.autonumber < 0 ? "\"_row\"" : identifier(table.columns[table.autonumber].name));
     }

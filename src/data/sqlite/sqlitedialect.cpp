@@ -120,6 +120,11 @@ public:
         return "NULL";
     }
 
+    // The size of bytes is known without reading them.
+    QByteArray byteSize(const QByteArray& column, ValueKind kind) const override {
+        return kind == ValueKind::Binary ? "length(" + column + ')' : "length(CAST(" + column + " AS BLOB))";
+    }
+
 private:
     QByteArray indexed(const TableInfo& table, const QString& name, bool byFold) const {
         const int index = table.indexOf(name);
