@@ -191,6 +191,7 @@ void compareTable(Source& source, Connection& target, const TableInfo& table, Pa
     const TableInfo* there = target.catalog().find(table.name);
     if (!there) throw Error(ErrorCategory::Corrupt, u"Στον προορισμό λείπει ο πίνακας %1."_s.arg(table.name));
     TableReader old(source.connection(), table), fresh(target, *there);
+    constexpr int often = 1000;
     qint64 rows = 0;
     const auto differs = [&](const QString& how) {
         throw Error(ErrorCategory::Corrupt,
@@ -203,12 +204,12 @@ void compareTable(Source& source, Connection& target, const TableInfo& table, Pa
         const int column = differingColumn(table, row, copy);
         if (column >= 0) differs(u"το πεδίο «%1» είναι αλλιώτικο στον προορισμό."_s.arg(table.columns[column].name));
         countPictures(table, row, info);
-        constexpr int often = 1000;
         if (rows % often == 0) pass.add(often);
     }
     if (fresh.nextRow())
         throw Error(ErrorCategory::Corrupt,
                     u"Ο πίνακας %1 έχει στον προορισμό περισσότερες εγγραφές. Η μεταφορά ακυρώθηκε."_s.arg(table.name));
+    pass.add(rows % often);
     info.tables += {table.name, rows};
     info.rows += rows;
 }
@@ -227,9 +228,9 @@ void compareRest(Source& source, Connection& target) {
 // Read anew, through a connection that hasn't written any of it.
 void compareDatabase(Source& source, const QString& file, const Progress& progress, MoveInfo& info) {
     Connection target;
+    Pass pass(progress, u"Σύγκριση του "_s + nameOf(source.database()), source.rows());
     openToRead(target, connectionString(source.database(), file));
     target.engine().beginSnapshot();
-    Pass pass(progress, u"Σύγκριση του "_s + nameOf(source.database()), source.rows());
     for (const TableInfo& table : source.tables()) compareTable(source, target, table, pass, info);
     compareRest(source, target);
     target.engine().rollback();
