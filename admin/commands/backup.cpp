@@ -2,6 +2,7 @@
 
 #include "admin/command.h"
 #include "admin/interrupt.h"
+#include "admin/officeoptions.h"
 #include "admin/output.h"
 
 namespace admin {
@@ -26,6 +27,7 @@ ExitCode restore(const Arguments& arguments) {
     const QString file = arguments.positional()[0], folder = arguments.positional()[1];
     schema::RestoreOptions options;
     options.force = arguments.has(u"--force"_s);
+    options.server = serverGiven(arguments);
     options.progress = progressLines();
     const QStringList aside = schema::restoreOffice(file, folder, options);
     out() << u"Οι βάσεις δεδομένων επανήλθαν στον φάκελο "_s << folder << Qt::endl;
@@ -36,16 +38,16 @@ ExitCode restore(const Arguments& arguments) {
 }  // namespace
 
 Command backupCommand() {
-    return {
-        u"backup"_s,
-        u"ΦΑΚΕΛΟΣ ΑΡΧΕΙΟ"_s,
-        u"γράφει αντίγραφο ασφαλείας των δύο βάσεων σε ένα αρχείο"_s,
-        u"Αντιγράφει τις δύο βάσεις του ΦΑΚΕΛΟΥ σε ένα ΑΡΧΕΙΟ tar, ενώ οι άλλοι μπορούν να δουλεύουν. Το αντίγραφο "
-        u"ελέγχεται και μετριέται πριν πάρει το όνομά του· αν κάτι αποτύχει, αρχείο με αυτό το όνομα δεν υπάρχει."_s,
-        2,
-        2,
-        {{u"--force"_s, {}, u"αντικαθιστά το ΑΡΧΕΙΟ, αν υπάρχει"_s}},
-        backup};
+    return {u"backup"_s,
+            u"ΦΑΚΕΛΟΣ ΑΡΧΕΙΟ"_s,
+            u"γράφει αντίγραφο ασφαλείας των δύο βάσεων σε ένα αρχείο"_s,
+            u"Αντιγράφει τις δύο βάσεις του ΦΑΚΕΛΟΥ σε ένα ΑΡΧΕΙΟ tar, ενώ οι άλλοι μπορούν να δουλεύουν. Το αντίγραφο "
+            u"ελέγχεται και μετριέται πριν πάρει το όνομά του· αν κάτι αποτύχει, αρχείο με αυτό το όνομα δεν υπάρχει. "
+            u"Βάσεις σε διακομιστή αντιγράφονται με το pg_dump, που πρέπει να είναι εγκατεστημένο."_s,
+            2,
+            2,
+            {{u"--force"_s, {}, u"αντικαθιστά το ΑΡΧΕΙΟ, αν υπάρχει"_s}},
+            backup};
 }
 
 Command restoreCommand() {
@@ -54,10 +56,11 @@ Command restoreCommand() {
             u"επαναφέρει τις βάσεις από αντίγραφο ασφαλείας"_s,
             u"Ελέγχει το ΑΡΧΕΙΟ και βάζει τις δύο βάσεις του στον ΦΑΚΕΛΟ. Φάκελο που έχει ήδη βάση δεν τον πειράζει, "
             u"εκτός με --force· οι παλιές μένουν τότε δίπλα, με την ημερομηνία στο όνομά τους. Το πρόγραμμα πρέπει να "
-            u"είναι κλειστό σε όλες τις θέσεις."_s,
+            u"είναι κλειστό σε όλες τις θέσεις. Αντίγραφο βάσεων διακομιστή επανέρχεται στον διακομιστή που λένε τα "
+            u"αρχεία του ΦΑΚΕΛΟΥ ή η επιλογή --server."_s,
             2,
             2,
-            {{u"--force"_s, {}, u"στη θέση βάσεων που υπάρχουν, κρατώντας τις παλιές"_s}},
+            {{u"--force"_s, {}, u"στη θέση βάσεων που υπάρχουν, κρατώντας τις παλιές"_s}, serverOption()},
             restore};
 }
 

@@ -67,9 +67,8 @@ OfficeBuilder::~OfficeBuilder() {
     if (!folderWasThere_) QDir().rmdir(folder_);
 }
 
-// Each database of an office on a server has a schema of its own, named like its file.
-data::ServerDescription OfficeBuilder::serverOf(Database database) const {
-    data::ServerDescription server = *server_;
+data::ServerDescription serverFor(const data::ServerDescription& office, Database database) {
+    data::ServerDescription server = office;
     const QString name = server.schema.isEmpty() ? u"dorvalist"_s : server.schema;
     server.schema = database == Database::Main ? name : name + u'u';
     return server;
@@ -79,7 +78,7 @@ void OfficeBuilder::make(Database database) {
     const bool main = database == Database::Main;
     if (!server_)
         return data::createSqliteFile(file(database), main ? data::mainApplicationId : data::usersApplicationId);
-    const data::ServerDescription server = serverOf(database);
+    const data::ServerDescription server = serverFor(*server_, database);
     data::createPgDatabase(server, main ? data::DatabaseKind::Main : data::DatabaseKind::Users);
     schemas_ += server;
     data::writeServerDescription(file(database), server);

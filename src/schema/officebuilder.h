@@ -28,14 +28,16 @@ public:
     void finish();
 
 private:
-    data::ServerDescription serverOf(Database database) const;
-
     QString folder_;
     std::optional<data::ServerDescription> server_;
     bool folderWasThere_, finished_ = false;
     QVector<data::ServerDescription> schemas_;
     std::unique_ptr<QTemporaryDir> workshop_;
 };
+
+// Each database of an office on a server has a schema of its own, named like its file: NAME and NAMEu of the given
+// schema, "dorvalist" when none is given.
+data::ServerDescription serverFor(const data::ServerDescription& office, Database database);
 
 // The tables and the indexes of an empty database, as they were in a version. A transaction is the caller's.
 void makeTables(data::Connection& connection, Database database, int version = currentVersion);

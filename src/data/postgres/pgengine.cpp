@@ -321,7 +321,7 @@ QMap<QString, QString> PgEngine::properties() {
 
 void PgEngine::lockForUpgrade() {
     script("SELECT pg_advisory_xact_lock(" + QByteArray::number(upgradeLock) +
-           ", current_schema()::regnamespace::oid::integer)");
+           ", quote_ident(current_schema())::regnamespace::oid::integer)");
 }
 
 QHash<QString, QString> PgEngine::indexes() {

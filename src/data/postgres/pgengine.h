@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "data/engine.h"
+#include "data/postgres/pgschemas.h"
 #include "data/serverdescription.h"
 
 namespace data {
@@ -54,6 +55,9 @@ public:
 private:
     friend void createPgDatabase(const ServerDescription&, DatabaseKind);
     friend void dropPgDatabase(const ServerDescription&) noexcept;
+    friend PgSchemaState pgSchemaState(const ServerDescription&);
+    friend void renamePgSchema(const ServerDescription&, const QString&);
+    friend void createPgSchema(const ServerDescription&);
     struct Prepared {
         QByteArray sql, name;
         std::vector<Oid> types;
