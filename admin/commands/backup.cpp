@@ -4,6 +4,7 @@
 #include "admin/interrupt.h"
 #include "admin/officeoptions.h"
 #include "admin/output.h"
+#include "admin/seat.h"
 
 namespace admin {
 namespace {
@@ -18,7 +19,8 @@ ExitCode backup(const Arguments& arguments) {
     const QString folder = arguments.positional()[0], file = arguments.positional()[1];
     schema::BackupOptions options;
     options.replace = arguments.has(u"--force"_s);
-    options.progress = progressLines();
+    Seat seat(folder);
+    options.progress = seat.watched(progressLines());
     tell(u"Το αντίγραφο ασφαλείας γράφτηκε και ελέγχθηκε: "_s + file, schema::backupOffice(folder, file, options));
     return Fine;
 }
@@ -28,7 +30,8 @@ ExitCode restore(const Arguments& arguments) {
     schema::RestoreOptions options;
     options.force = arguments.has(u"--force"_s);
     options.server = serverGiven(arguments);
-    options.progress = progressLines();
+    Seat seat(folder);
+    options.progress = seat.watched(progressLines());
     const QStringList aside = schema::restoreOffice(file, folder, options);
     out() << u"Οι βάσεις δεδομένων επανήλθαν στον φάκελο "_s << folder << Qt::endl;
     for (const QString& old : aside) out() << u"Η παλιά κρατήθηκε ως "_s << old << Qt::endl;
