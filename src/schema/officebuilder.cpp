@@ -9,6 +9,7 @@
 #include "data/fileidentity.h"
 #include "data/postgres/pgengine.h"
 #include "data/sqlite/sqliteengine.h"
+#include "schema/indexes.h"
 #include "schema/office.h"
 
 namespace schema {
@@ -31,11 +32,9 @@ void moveInto(const QString& from, const QString& to) {
         throw Error(ErrorCategory::Full, u"Δεν γράφεται το αρχείο «%1»: %2"_s.arg(to, file.errorString()));
 }
 
-// What a version had of a table.
+// What a version had of a table's columns; its indexes know their versions themselves.
 Table asInVersion(Table table, int version) {
-    const auto later = [version](const auto& part) { return part.since > version; };
-    table.columns.removeIf(later);
-    table.indexes.removeIf(later);
+    table.columns.removeIf([version](const Column& column) { return column.since > version; });
     return table;
 }
 
@@ -107,11 +106,8 @@ void makeTables(data::Connection& connection, Database database, int version) {
 }
 
 void makeIndexes(data::Connection& connection, Database database, int version) {
-    data::Engine& engine = connection.engine();
-    for (const Table& table : tablesOfVersion(database, version))
-        for (const Index& index : table.indexes)
-            engine.createIndex(
-                index.name, engine.dialect().createIndex(index.name, tableInfo(table), index.columns, index.covered));
+    for (const Table& table : tablesOfVersion(database, version)) createIndexes(connection, table, 1, version);
+    connection.reloadCatalog();
 }
 
 }  // namespace schema

@@ -13,6 +13,8 @@ public:
     // Fills in everything but the parameters.
     void render(const Statement& statement, Translation& translation);
 
+    QByteArray expression(const Expr& expr) { return sql(expr, Loose); }
+
 private:
     // How tightly a piece of SQL binds, in the order that all engines share.
     enum Level { Loose, Or, And, Not, Comparison, Sum, Product, Unary, Whole };
@@ -50,7 +52,8 @@ private:
     QByteArray from(const Select& select);
     QByteArray chain(const JoinChain& chain);
     QByteArray tableRef(const TableRef& table);
-    QByteArray orderBy(const Query& query);
+    QByteArray where(const Select& select);
+    QByteArray orderBy(const Query& query, bool afterwards = false);
     QByteArray completeOrder(const Query& query);
     void startGrouping(const Select& select);
 
@@ -88,6 +91,8 @@ private:
     const Places& places_;
     Replacements replacements_;
     const Query* top_ = nullptr;  // the statement's own, not one inside it
+    bool looksUpWords_ = true;
+    QByteArray probe_;
 };
 
 bool sameExpr(const Expr& a, const Expr& b);

@@ -100,7 +100,10 @@ Renderer::Piece Renderer::plainPiece(const Expr& expr) {
 }
 
 QByteArray Renderer::columnSql(const Source& source, int column) const {
-    if (source.table) return source.sqlName + '.' + dialect_.identifier(source.table->columns[column].name);
+    if (source.table) {
+        const QByteArray name = dialect_.identifier(source.table->columns[column].name);
+        return source.sqlName.isEmpty() ? name : source.sqlName + '.' + name;
+    }
     return source.sqlName + ".c" + QByteArray::number(column);
 }
 

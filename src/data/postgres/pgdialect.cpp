@@ -91,7 +91,7 @@ public:
         QByteArrayList parts, riding;
         for (const QString& column : columns) {
             const int index = table.indexOf(column);
-            const QByteArray plain = identifier(index >= 0 ? table.columns[index].name : column);
+            const QByteArray plain = index >= 0 ? identifier(table.columns[index].name) : '(' + column.toUtf8() + ')';
             parts += (index >= 0 && isText(table.columns[index].type) ? fold(plain) : plain) + " NULLS FIRST";
         }
         for (const QString& column : covered) riding += identifier(column);
@@ -240,8 +240,6 @@ public:
     QByteArray orderTerm(const QByteArray& key, bool descending) const override {
         return key + (descending ? " DESC NULLS LAST" : " NULLS FIRST");
     }
-
-    bool keepsRowOrder() const override { return false; }
 
     bool storesNul() const override { return false; }
 

@@ -42,6 +42,7 @@ public:
     QMap<QString, QString> properties() override;
     void lockForUpgrade() override {}  // begin() has the one write lock already
     void createIndex(const QString& name, const QByteArray& sql) override;
+    void createWordIndex(const TableInfo& table, const QVector<int>& columns) override;
     QHash<QString, QString> indexes() override;
     QStringList damages() override;
 

@@ -66,6 +66,13 @@ void foldSql(Context context, int, Values values) {
     result(context, folded.data(), folded.size());
 }
 
+// For the word index, whose tokenizer would stop at a character 0.
+void wordtext(Context context, int, Values values) {
+    const Folded folded(values[0]);
+    QByteArray text(folded.data(), folded.size());
+    result(context, text.replace('\0', ' ').constData(), text.size());
+}
+
 void like(Context context, int, Values values) {
     const Folded text(values[0]);
     const Utf8 pattern = utf8(values[1]);
@@ -214,6 +221,7 @@ const std::vector<SqlFunction>& textFunctions() {
         {"jet_mid", 2, mid},     {"jet_mid", 3, mid},         {"jet_len", 1, len},     {"jet_ucase", 1, ucase},
         {"jet_lcase", 1, lcase}, {"jet_trim", 1, trim},       {"jet_ltrim", 1, ltrim}, {"jet_rtrim", 1, rtrim},
         {"jet_instr", 3, instr}, {"jet_replace", 3, replace}, {"jet_space", 1, space},
+        {"jet_wordtext", 1, wordtext},
     };
     return functions;
 }
