@@ -7,6 +7,7 @@
 #include "schema/backupparts.h"
 #include "schema/office.h"
 #include "schema/officebuilder.h"
+#include "schema/upgrade.h"
 
 namespace schema {
 
@@ -126,9 +127,18 @@ data::ServerDescription placeOnServer(const RestoreOptions& options, const QStri
                 u"Το αντίγραφο είναι βάσης σε διακομιστή. Δώστε με --server πού θα επανέλθει."_s);
 }
 
-void requireRows(const QString& file, Database database, const RowCounts& wanted) {
+void finishDump(const QString& file, Database database, const RowCounts& wanted) {
     data::Connection connection;
     connection.open(connectionString(database, file));
+    const int version = storedVersion(connection);
+    if (version > currentVersion)
+        throw Error(
+            ErrorCategory::Connection,
+            u"Το αντίγραφο είναι νεότερης έκδοσης (%1) από όσες γνωρίζει αυτό το πρόγραμμα (έως %2)."_s.arg(version)
+                .arg(currentVersion));
+    data::Transaction transaction(connection);
+    makeIndexes(connection, database, version);
+    transaction.commit();
     if (rowCounts(connection) != wanted)
         throw Error(ErrorCategory::Corrupt,
                     u"Οι εγγραφές του «%1» δεν είναι όσες έπρεπε."_s.arg(databaseFileName(database)));
@@ -156,7 +166,7 @@ public:
         schemas_.push_back(std::make_unique<SchemaRestore>(place, options_));
         schemas_.back()->run(QDir(workshop_).filePath(dumpName(database)), member.schema);
         data::writeServerDescription(fresh, place);
-        requireRows(fresh, database, member.rows);
+        finishDump(fresh, database, member.rows);
         if (!schemas_.back()->aside().isEmpty()) aside_ += u"σχήμα "_s + schemas_.back()->aside();
         if (!options_.server) return;
         if (QFileInfo::exists(target)) aside_ += moveAside(moves_, target, options_.now);

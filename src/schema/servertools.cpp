@@ -111,6 +111,15 @@ private:
     RowCounts counts_;
 };
 
+// Of a dump's list of contents. The schema itself is there already, its remarks and rights are the new place's
+// business. An index may need functions by their plain names or an extension, which the program has to look after;
+// those of the rows' identities need neither.
+bool isRestored(const QByteArray& line) {
+    if (line.contains(" SCHEMA - ") || line.contains(" - SCHEMA ")) return false;
+    if (line.contains(" COMMENT ") && line.contains(" INDEX ")) return false;
+    return !line.contains(" INDEX ") || line.contains("_rows ");
+}
+
 }  // namespace
 
 ServerTools findServerTools() {
@@ -140,10 +149,9 @@ void restoreDump(const ServerTools& tools, const data::ServerDescription& server
     requireFound(tools);
     QByteArray all;
     run(tools.restore, {u"--list"_s, file}, {}, goOn, [&](const QByteArray& output) { all += output; });
-    // The schema itself is there already, and its remarks and rights are the new place's business.
     QByteArray wanted;
     for (const QByteArray& line : all.split('\n'))
-        if (!line.contains(" SCHEMA - ") && !line.contains(" - SCHEMA ")) wanted += line + '\n';
+        if (isRestored(line)) wanted += line + '\n';
     QFile list(file + u".list"_s);
     if (!list.open(QIODevice::WriteOnly) || list.write(wanted) != wanted.size() || !list.flush())
         throw Error(ErrorCategory::Full, u"Δεν γράφεται το αρχείο «%1»: %2"_s.arg(list.fileName(), list.errorString()));

@@ -28,7 +28,8 @@ void dumpSchema(const ServerTools& tools, const data::ServerDescription& server,
 // The rows of each table in a dump, counted one by one as they would be restored; no server is asked.
 RowCounts rowsInDump(const ServerTools& tools, const QString& file, const GoOn& goOn);
 
-// Fills an empty schema, which must have the name that it had when it was dumped, in one transaction.
+// Fills an empty schema, which must have the name that it had when it was dumped, in one transaction. The indexes are
+// left to makeIndexes().
 void restoreDump(const ServerTools& tools, const data::ServerDescription& server, const QString& file,
                  const GoOn& goOn);
 
