@@ -136,6 +136,9 @@ void finishDump(const QString& file, Database database, const RowCounts& wanted)
             ErrorCategory::Connection,
             u"Το αντίγραφο είναι νεότερης έκδοσης (%1) από όσες γνωρίζει αυτό το πρόγραμμα (έως %2)."_s.arg(version)
                 .arg(currentVersion));
+    // A function may know its schema by the name that it had; the next opening makes them all again.
+    connection.engine().setProperty(u"functions"_s, {});
+    connection.open(connectionString(database, file));
     data::Transaction transaction(connection);
     makeIndexes(connection, database, version);
     transaction.commit();

@@ -108,6 +108,30 @@ private slots:
         QVERIFY(!QFileInfo::exists(site.scratch.filePath(u"τρίτο"_s)));
     }
 
+    // The server's housekeeping computes what indexes stand on, and knows nothing of the program's search path.
+    void theServersOwnWorkNeedsNoSearchPath() {
+        Site site;
+        site.office.main.execute(u"update Cards set ΤΕΛΕΥΤΑΙΑ_ΚΙΝΗΣΗ=#2026/01/02#, ΣΥΧΝΟΤΗΤΑ_ΚΙΝΗΣΗΣ=30"_s);
+        site.backup();
+        const OtherDatabase other(site.office.main);
+        const QString folder = site.scratch.filePath(u"άλλο"_s);
+        data::ServerDescription place = other.server();
+        place.schema = u"με άλλο όνομα"_s;
+        schema::restoreOffice(site.file, folder, {.server = place});
+        data::Connection restored;
+        schema::open(restored, schema::connectionString(Database::Main, schema::mainDatabasePath(folder)));
+        for (data::Connection* connection : {&site.office.main, &restored}) {
+            data::Engine& engine = connection->engine();
+            QCOMPARE(failureOf([&] {
+                         engine.script(
+                             "DO $$ DECLARE cards text := current_schema(); BEGIN PERFORM "
+                             "set_config('search_path', '', true); EXECUTE format('ANALYZE %I.\"Cards\"', "
+                             "cards); END $$");
+                     }),
+                     QString());
+        }
+    }
+
     void aCopyComesBackInItsOwnPlace() {
         Site site;
         site.backup();
