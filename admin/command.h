@@ -30,6 +30,7 @@ Command checkCommand();
 Command loadCommand();
 Command backupCommand();
 Command restoreCommand();
+Command moveCommand();
 Command helpCommand();
 
 const QVector<Command>& commands();

@@ -26,8 +26,13 @@ void createOffice(const Arguments& arguments, const QString& adminPassword) {
     if (office.referenceFolder.isEmpty())
         throw data::Error(data::ErrorCategory::Other,
                           u"Δεν βρέθηκαν τα αρχεία αναφοράς· δώστε τον φάκελό τους με --reference."_s);
-    if (arguments.has(u"--server"_s)) office.server = data::serverFromOptions(arguments.value(u"--server"_s));
+    office.server = serverGiven(arguments);
     schema::createOffice(arguments.positional().first(), office);
+}
+
+std::optional<data::ServerDescription> serverGiven(const Arguments& arguments) {
+    if (!arguments.has(u"--server"_s)) return {};
+    return data::serverFromOptions(arguments.value(u"--server"_s));
 }
 
 Option referenceOption() {

@@ -13,6 +13,9 @@ QString deliveredReferenceFolder();
 // Creates the office in the first positional argument. Throws data::Error.
 void createOffice(const Arguments& arguments, const QString& adminPassword);
 
+// What --server says, if it was given.
+std::optional<data::ServerDescription> serverGiven(const Arguments& arguments);
+
 Option referenceOption();  // --reference and --server are understood by createOffice above
 Option serverOption();
 Option adminPasswordOption(const QString& help);

@@ -1,23 +1,15 @@
 #include "schema/backup.h"
 
 #include "admin/command.h"
+#include "admin/interrupt.h"
+#include "admin/officeoptions.h"
 #include "admin/output.h"
+#include "admin/seat.h"
 
 namespace admin {
 namespace {
 
 using namespace Qt::Literals::StringLiterals;
-
-// A line at each new thing that is done and at each further fifth of it.
-schema::Progress progressLines() {
-    return [last = QString()](const QString& what, int percent) mutable {
-        const int fifths = percent / 20 * 20;
-        const QString line = fifths > 0 ? u"%1: %2%"_s.arg(what).arg(fifths) : what;
-        if (line != last) err() << line << Qt::endl;
-        last = line;
-        return true;
-    };
-}
 
 void tell(const QString& done, const schema::BackupInfo& info) {
     out() << done << Qt::endl << u"Εγγραφές: %1"_s.arg(info.rows) << Qt::endl;
@@ -27,7 +19,8 @@ ExitCode backup(const Arguments& arguments) {
     const QString folder = arguments.positional()[0], file = arguments.positional()[1];
     schema::BackupOptions options;
     options.replace = arguments.has(u"--force"_s);
-    options.progress = progressLines();
+    Seat seat(folder);
+    options.progress = seat.watched(progressLines());
     tell(u"Το αντίγραφο ασφαλείας γράφτηκε και ελέγχθηκε: "_s + file, schema::backupOffice(folder, file, options));
     return Fine;
 }
@@ -36,7 +29,9 @@ ExitCode restore(const Arguments& arguments) {
     const QString file = arguments.positional()[0], folder = arguments.positional()[1];
     schema::RestoreOptions options;
     options.force = arguments.has(u"--force"_s);
-    options.progress = progressLines();
+    options.server = serverGiven(arguments);
+    Seat seat(folder);
+    options.progress = seat.watched(progressLines());
     const QStringList aside = schema::restoreOffice(file, folder, options);
     out() << u"Οι βάσεις δεδομένων επανήλθαν στον φάκελο "_s << folder << Qt::endl;
     for (const QString& old : aside) out() << u"Η παλιά κρατήθηκε ως "_s << old << Qt::endl;
@@ -46,16 +41,16 @@ ExitCode restore(const Arguments& arguments) {
 }  // namespace
 
 Command backupCommand() {
-    return {
-        u"backup"_s,
-        u"ΦΑΚΕΛΟΣ ΑΡΧΕΙΟ"_s,
-        u"γράφει αντίγραφο ασφαλείας των δύο βάσεων σε ένα αρχείο"_s,
-        u"Αντιγράφει τις δύο βάσεις του ΦΑΚΕΛΟΥ σε ένα ΑΡΧΕΙΟ tar, ενώ οι άλλοι μπορούν να δουλεύουν. Το αντίγραφο "
-        u"ελέγχεται και μετριέται πριν πάρει το όνομά του· αν κάτι αποτύχει, αρχείο με αυτό το όνομα δεν υπάρχει."_s,
-        2,
-        2,
-        {{u"--force"_s, {}, u"αντικαθιστά το ΑΡΧΕΙΟ, αν υπάρχει"_s}},
-        backup};
+    return {u"backup"_s,
+            u"ΦΑΚΕΛΟΣ ΑΡΧΕΙΟ"_s,
+            u"γράφει αντίγραφο ασφαλείας των δύο βάσεων σε ένα αρχείο"_s,
+            u"Αντιγράφει τις δύο βάσεις του ΦΑΚΕΛΟΥ σε ένα ΑΡΧΕΙΟ tar, ενώ οι άλλοι μπορούν να δουλεύουν. Το αντίγραφο "
+            u"ελέγχεται και μετριέται πριν πάρει το όνομά του· αν κάτι αποτύχει, αρχείο με αυτό το όνομα δεν υπάρχει. "
+            u"Βάσεις σε διακομιστή αντιγράφονται με το pg_dump, που πρέπει να είναι εγκατεστημένο."_s,
+            2,
+            2,
+            {{u"--force"_s, {}, u"αντικαθιστά το ΑΡΧΕΙΟ, αν υπάρχει"_s}},
+            backup};
 }
 
 Command restoreCommand() {
@@ -64,10 +59,11 @@ Command restoreCommand() {
             u"επαναφέρει τις βάσεις από αντίγραφο ασφαλείας"_s,
             u"Ελέγχει το ΑΡΧΕΙΟ και βάζει τις δύο βάσεις του στον ΦΑΚΕΛΟ. Φάκελο που έχει ήδη βάση δεν τον πειράζει, "
             u"εκτός με --force· οι παλιές μένουν τότε δίπλα, με την ημερομηνία στο όνομά τους. Το πρόγραμμα πρέπει να "
-            u"είναι κλειστό σε όλες τις θέσεις."_s,
+            u"είναι κλειστό σε όλες τις θέσεις. Αντίγραφο βάσεων διακομιστή επανέρχεται στον διακομιστή που λένε τα "
+            u"αρχεία του ΦΑΚΕΛΟΥ ή η επιλογή --server."_s,
             2,
             2,
-            {{u"--force"_s, {}, u"στη θέση βάσεων που υπάρχουν, κρατώντας τις παλιές"_s}},
+            {{u"--force"_s, {}, u"στη θέση βάσεων που υπάρχουν, κρατώντας τις παλιές"_s}, serverOption()},
             restore};
 }
 

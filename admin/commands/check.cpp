@@ -2,6 +2,7 @@
 
 #include "admin/command.h"
 #include "admin/output.h"
+#include "admin/seat.h"
 #include "data/error.h"
 #include "schema/office.h"
 
@@ -29,6 +30,7 @@ bool checkDatabase(schema::Database database, const QString& file) {
 
 ExitCode check(const Arguments& arguments) {
     const QString folder = arguments.positional().first();
+    const Seat seat(folder);
     const bool main = checkDatabase(schema::Database::Main, schema::mainDatabasePath(folder));
     const bool users = checkDatabase(schema::Database::Users, schema::usersDatabasePath(folder));
     if (!main || !users) return Failed;

@@ -5,6 +5,7 @@
 #include "admin/command.h"
 #include "admin/officeoptions.h"
 #include "admin/output.h"
+#include "admin/seat.h"
 
 namespace admin {
 namespace {
@@ -33,6 +34,7 @@ ExitCode demo(const Arguments& arguments) {
     const QString adminPassword =
         arguments.has(u"--admin-password"_s) ? arguments.value(u"--admin-password"_s) : u"admin"_s;
     createOffice(arguments, adminPassword);
+    const Seat seat(folder);
     data::Connection main, users;
     schema::open(main, schema::connectionString(schema::Database::Main, schema::mainDatabasePath(folder)));
     schema::open(users, schema::connectionString(schema::Database::Users, schema::usersDatabasePath(folder)));

@@ -1,5 +1,6 @@
 #include "admin/command.h"
 #include "admin/output.h"
+#include "admin/seat.h"
 #include "schema/office.h"
 #include "schema/reference.h"
 
@@ -13,6 +14,7 @@ ExitCode load(const Arguments& arguments) {
                   file = arguments.positional()[2];
     const schema::ReferenceKind* kind = schema::findReferenceKind(name);
     if (!kind) throw UsageError{u"Άγνωστο είδος στοιχείων «%1»."_s.arg(name)};
+    const Seat seat(folder);
     data::Connection main;
     schema::open(main, schema::connectionString(schema::Database::Main, schema::mainDatabasePath(folder)));
     const schema::LoadCounts counts = schema::loadReference(main, *kind, file, arguments.has(u"--replace"_s));

@@ -1,5 +1,6 @@
 #include "admin/command.h"
 #include "admin/output.h"
+#include "admin/seat.h"
 #include "data/error.h"
 #include "data/format.h"
 #include "data/recordset.h"
@@ -37,6 +38,7 @@ ExitCode sql(const Arguments& arguments) {
     const bool users = arguments.has(u"--users"_s), write = arguments.has(u"--write"_s);
     const QString string = users ? schema::connectionString(schema::Database::Users, schema::usersDatabasePath(folder))
                                  : schema::connectionString(schema::Database::Main, schema::mainDatabasePath(folder));
+    const Seat seat(folder);
     data::Connection connection;
     if (write)
         schema::open(connection, string);

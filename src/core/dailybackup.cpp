@@ -13,10 +13,12 @@ namespace {
 const QString section = QStringLiteral("Options");
 const QString dayKey = QStringLiteral("BackupDay");
 
-// A database on a server is copied by the server's own tools.
-bool canCopy(const MainMod& mod) {
-    return mod.gConn.isOpen() && mod.gConnUsers.isOpen() &&
-           data::identifyFile(mod.gMainDbPath).kind == data::FileKind::Main;
+bool isOpen(const MainMod& mod) {
+    return mod.gConn.isOpen() && mod.gConnUsers.isOpen();
+}
+
+bool isOnServer(const QString& file) {
+    return data::identifyFile(file).kind == data::FileKind::ServerDescription;
 }
 
 }  // namespace
@@ -27,6 +29,7 @@ struct DailyBackup::Work {
     QString dataPath, folder, file;
     QDateTime now;
     std::atomic<bool> stop = false;
+    schema::ServerTools tools;
     QString failure;
 
     QString dayText() const { return now.toString(QStringLiteral("yyyy-MM-dd ")) + officeTag(dataPath); }
@@ -38,6 +41,7 @@ struct DailyBackup::Work {
             schema::BackupOptions options;
             options.now = now;
             options.replace = true;  // only a copy of this same office and second has this name
+            options.tools = tools;
             options.progress = [this](const QString&, int) { return !stop; };
             schema::backupOffice(dataPath, file, options);
             if (kind == BackupKind::Daily) dropOldBackups(folder, dataPath);
@@ -59,7 +63,9 @@ DailyBackup::~DailyBackup() {
 }
 
 void DailyBackup::startIfDue(QWidget* parent) {
-    if (isRunning() || !canCopy(mod_)) return;
+    if (isRunning() || !isOpen(mod_)) return;
+    // A seat without the server's programs leaves the copy to one that has them.
+    if ((isOnServer(mod_.gMainDbPath) || isOnServer(mod_.gUsersDbPath)) && !findTools().found()) return;
     const QString today = mod_.services.clock.now().toString(QStringLiteral("yyyy-MM-dd ")) + officeTag(mod_.gDataPath);
     if (mod_.services.settings.value(section, dayKey) != today) start(BackupKind::Daily, parent);
 }
@@ -70,8 +76,8 @@ void DailyBackup::startByHand(QWidget* parent) {
     };
     if (isRunning())
         tell(QStringLiteral("Γίνεται ήδη ένα αντίγραφο ασφαλείας. Δοκιμάστε ξανά σε λίγο."));
-    else if (!canCopy(mod_))
-        tell(QStringLiteral("Από εδώ αντιγράφονται μόνο βάσεις δεδομένων σε αρχεία που είναι ανοιχτά."));
+    else if (!isOpen(mod_))
+        tell(QStringLiteral("Από εδώ αντιγράφονται μόνο βάσεις δεδομένων που είναι ανοιχτές."));
     else
         start(BackupKind::ByHand, parent);
 }
@@ -87,6 +93,7 @@ void DailyBackup::start(BackupKind kind, QWidget* parent) {
     work_->kind = kind;
     work_->dataPath = mod_.gDataPath;
     work_->folder = backupFolder(mod_.services.settings);
+    work_->tools = findTools();
     work_->now = mod_.services.clock.now();
     work_->file = QDir(work_->folder).filePath(backupName(work_->dataPath, work_->now, kind));
     parent_ = parent;

@@ -10,6 +10,7 @@
 
 #include "core/backupfolder.h"
 #include "core/mainmod.h"
+#include "schema/servertools.h"
 
 namespace core {
 
@@ -20,11 +21,14 @@ public:
     explicit DailyBackup(MainMod& mod);
     ~DailyBackup() override;  // breaks a running copy off, which leaves no file, and waits for that
 
-    // The first time of each day and office; says nothing unless it fails, and then tries again at the next start.
+    // The first time of each day and office, but not on a server whose programs aren't installed here; says nothing
+    // unless it fails, and then tries again at the next start.
     void startIfDue(QWidget* parent);
     // Ends in a message.
     void startByHand(QWidget* parent);
     void chooseFolder(QWidget* parent);
+    // Where the programs are that copy a server's databases.
+    std::function<schema::ServerTools()> findTools = schema::findServerTools;
     bool isRunning() const { return thread_ != nullptr; }
 
 signals:

@@ -5,10 +5,10 @@
 #include <functional>
 
 #include "core/logondelay.h"
-#include "core/seatlock.h"
 #include "data/connection.h"
 #include "platform/filesystemkind.h"
 #include "platform/services.h"
+#include "schema/seatlock.h"
 
 namespace core {
 
@@ -26,9 +26,9 @@ public:
     explicit MainMod(platform::Services services) : services(services) {}
 
     platform::Services services;
-    SeatLock::Probe fileSystemKind = platform::fileSystemKind;
+    schema::SeatLock::Probe fileSystemKind = platform::fileSystemKind;
 
-    SeatLock gSeat;               // given back after the databases are closed
+    schema::SeatLock gSeat;       // given back after the databases are closed
     data::Connection gConn;       // dorvalist.mdb
     data::Connection gConnUsers;  // dorvalistu.mdb
     QString gDataPath;            // folder of both files, without a trailing separator

@@ -3,6 +3,7 @@
 
 #include <QByteArray>
 #include <QHash>
+#include <QMap>
 #include <QStringList>
 #include <QVariant>
 #include <QVector>
@@ -74,8 +75,24 @@ public:
         throw Error(ErrorCategory::State,
                     QStringLiteral("Το αντίγραφο μιας βάσης σε διακομιστή γίνεται με τα εργαλεία του διακομιστή."));
     }
-    // Brings everything into the one file, so that it can be moved. Throws Error(Busy) while anybody else has it open.
-    virtual void requireAlone() {}
+    // Throws Error(Busy) while anybody else has the database open. Brings an embedded one into its one file, so that it
+    // can be moved.
+    virtual void requireAlone() = 0;
+
+    // For carrying a whole database. Until rollback() everything is read as of one moment.
+    virtual void beginSnapshot() = 0;
+    // The same, and nobody else can change anything meanwhile; Error(Busy) as requireAlone().
+    virtual void holdStill() = 0;
+    // The name of the open snapshot, by which the server's own tools read at the same moment; empty without a server.
+    virtual QString snapshotName() { return {}; }
+    // Adds rows of all columns of the table quickly, nothing checked or converted but what the engine itself insists
+    // on; a transaction is the caller's. On a failure `refused` is the row that it is about, -1 when it is none's.
+    virtual void insertRows(const TableInfo& table, const QVector<QVector<QVariant>>& rows, qsizetype& refused) = 0;
+    // Has the tables' new sizes known, where the engine doesn't see to it by itself at once.
+    virtual void afterLoading(const Catalog& catalog) { Q_UNUSED(catalog) }
+    // The highest number that the table's autonumber ever gave, 0 when none.
+    virtual qint64 lastNumber(const TableInfo& table) = 0;
+    virtual void setLastNumber(const TableInfo& table, qint64 number) = 0;
 
     // For the schema's use.
     virtual DatabaseKind kind() = 0;
@@ -84,6 +101,8 @@ public:
     // What a database keeps about itself by name; an empty text is no property.
     virtual QString property(const QString& name) = 0;
     virtual void setProperty(const QString& name, const QString& value) = 0;
+    // All of them, but not the engine's own bookkeeping.
+    virtual QMap<QString, QString> properties() = 0;
     virtual void lockForUpgrade() = 0;  // until the transaction ends, which begin() started
     virtual void createIndex(const QString& name, const QByteArray& sql) = 0;
     // Makes the word index of these columns of a table and fills it; from then on the engine keeps it. Where an engine

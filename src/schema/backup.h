@@ -1,4 +1,4 @@
-// Copies of an office: one tar with both databases and a list of what must be in them.
+// Copies of an office: one tar with both databases, or their dumps, and a list of what must be in them.
 #pragma once
 
 #include <QDateTime>
@@ -8,6 +8,8 @@
 #include <optional>
 
 #include "data/connection.h"
+#include "data/serverdescription.h"
+#include "schema/servertools.h"
 #include "schema/tables.h"
 
 namespace schema {
@@ -21,6 +23,7 @@ struct BackupOptions {
     QDateTime now = QDateTime::currentDateTime();
     Progress progress = {};
     int busyTimeoutMs = 5000;
+    ServerTools tools = findServerTools();
 };
 
 struct BackupInfo {
@@ -29,8 +32,9 @@ struct BackupInfo {
     qint64 rows = 0;
 };
 
-// Copies both databases while others work. Each copy is opened, checked through and counted against its source before
-// the file gets its name; until then, and after a failure, nothing of that name is there. Throws data::Error.
+// Copies both databases while others work; one on a server by the server's own tools. Each copy is opened, checked
+// through and counted against its source before the file gets its name; until then, and after a failure, nothing of
+// that name is there. Throws data::Error.
 BackupInfo backupOffice(const QString& folder, const QString& file, const BackupOptions& options = {});
 
 // Unpacks a copy beside nobody's data, checks everything in it and forgets it. Throws data::Error when it isn't good.
@@ -41,10 +45,14 @@ struct RestoreOptions {
     QVector<Database> databases = {Database::Main, Database::Users};
     QDateTime now = QDateTime::currentDateTime();
     Progress progress = {};
+    // Where the dumps of a server's databases go, as in NewOffice; without it, where the files in the folder say.
+    std::optional<data::ServerDescription> server = {};
+    ServerTools tools = findServerTools();
 };
 
-// Puts the databases of a checked copy into `folder`, which is made if it isn't there. Returns where the old ones are
-// kept. Throws data::Error, Busy while anybody has one of the old ones open; then everything stands as before.
+// Puts the databases of a checked copy into `folder`, which is made if it isn't there, or into the schemas of a server;
+// an old schema is kept under a dated name, too. Returns where the old ones are kept. Throws data::Error, Busy while
+// anybody has one of the old ones open; then everything stands as before.
 QStringList restoreOffice(const QString& file, const QString& folder, const RestoreOptions& options = {});
 
 // Before a database is changed by an upgrade: a checked copy beside it, named after it, its version and `now`; the last

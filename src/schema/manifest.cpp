@@ -48,6 +48,7 @@ QByteArray Manifest::toText() const {
     QByteArrayList lines = {firstLine, "made\t" + made.toString(Qt::ISODate).toUtf8(), "folder\t" + escaped(folder)};
     for (auto member = members.cbegin(); member != members.cend(); ++member) {
         lines += "file\t" + escaped(member.key()) + '\t' + member->sha256;
+        if (!member->schema.isEmpty()) lines += "schema\t" + escaped(member.key()) + '\t' + escaped(member->schema);
         for (auto table = member->rows.cbegin(); table != member->rows.cend(); ++table)
             lines += "rows\t" + escaped(member.key()) + '\t' + escaped(table.key()) + '\t' +
                      QByteArray::number(table.value());
@@ -66,6 +67,8 @@ Manifest Manifest::fromText(const QByteArray& text) {
             manifest.folder = unescaped(cells[1]);
         else if (cells[0] == "file" && cells.size() == 3)
             manifest.members[unescaped(cells[1])].sha256 = cells[2];
+        else if (cells[0] == "schema" && cells.size() == 3)
+            manifest.members[unescaped(cells[1])].schema = unescaped(cells[2]);
         else if (cells[0] == "rows" && cells.size() == 4)
             manifest.members[unescaped(cells[1])].rows[unescaped(cells[2])] = cells[3].toLongLong();
     }

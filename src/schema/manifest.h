@@ -18,6 +18,7 @@ struct Manifest {
     struct Member {
         QByteArray sha256;  // of the file, hexadecimal
         RowCounts rows;
+        QString schema = {};  // that a server's dump restores
     };
     QDateTime made;
     QString folder;

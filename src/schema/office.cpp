@@ -3,18 +3,14 @@
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
-#include <QTemporaryDir>
 
 #include "data/connectionstring.h"
 #include "data/databasepassword.h"
-#include "data/dialect/enginedialect.h"
 #include "data/error.h"
 #include "data/fileidentity.h"
 #include "data/password.h"
-#include "data/postgres/pgengine.h"
-#include "data/sqlite/sqliteengine.h"
 #include "schema/backup.h"
-#include "schema/indexes.h"
+#include "schema/officebuilder.h"
 #include "schema/reference.h"
 #include "schema/tablewriter.h"
 #include "schema/upgrade.h"
@@ -34,14 +30,6 @@ const QString passwordKey = u"jet oledb:database password"_s;
 
 Database wantedDatabase(const Properties& properties) {
     return properties.value(passwordKey).isEmpty() ? Database::Main : Database::Users;
-}
-
-QString fileName(Database database) {
-    return database == Database::Main ? u"dorvalist.mdb"_s : u"dorvalistu.mdb"_s;
-}
-
-QString databasePath(const QString& folder, Database database) {
-    return QDir(folder).filePath(fileName(database));
 }
 
 void refuseNewer(const QString& file, int version) {
@@ -104,57 +92,13 @@ void closeOnFailure(data::Connection& connection, const std::function<void()>& w
     }
 }
 
-void createTables(data::Connection& connection, Database database) {
-    data::Engine& engine = connection.engine();
-    for (const Table& table : tables(database)) {
-        const data::TableInfo info = tableInfo(table);
-        engine.script(engine.dialect().createTable(info, table.key));
-    }
-    connection.reloadCatalog();
-    for (const Table& table : tables(database)) createIndexes(connection, table, 1, currentVersion);
-    connection.reloadCatalog();
-}
-
-// Each database of an office on a server has a schema of its own, named like its file.
-data::ServerDescription serverOf(const NewOffice& options, Database database) {
-    data::ServerDescription server = *options.server;
-    const QString name = server.schema.isEmpty() ? u"dorvalist"_s : server.schema;
-    server.schema = database == Database::Main ? name : name + u'u';
-    return server;
-}
-
-// Takes back what was made on a server for an office that was not.
-class NewSchemas {
-public:
-    ~NewSchemas() {
-        for (const data::ServerDescription& server : made_) data::dropPgDatabase(server);
-    }
-    void make(const data::ServerDescription& server, Database database) {
-        data::createPgDatabase(server,
-                               database == Database::Main ? data::DatabaseKind::Main : data::DatabaseKind::Users);
-        made_ += server;
-    }
-    void keep() { made_.clear(); }
-
-private:
-    QVector<data::ServerDescription> made_;
-};
-
-void makeEmpty(const QString& file, Database database, const NewOffice& options, NewSchemas& schemas) {
-    if (!options.server)
-        return data::createSqliteFile(file,
-                                      database == Database::Main ? data::mainApplicationId : data::usersApplicationId);
-    const data::ServerDescription server = serverOf(options, database);
-    schemas.make(server, database);
-    data::writeServerDescription(file, server);
-}
-
 void fillDatabase(const QString& file, Database database, const std::function<void(data::Connection&)>& fill) {
     data::Connection connection;
     connection.open(connectionString(database, file));
     {
         data::Transaction transaction(connection);
-        createTables(connection, database);
+        makeTables(connection, database);
+        makeIndexes(connection, database);
         for (const QString& statement : defaultRows(database)) connection.execute(statement);
         fill(connection);
         storeVersion(connection, currentVersion);
@@ -175,41 +119,13 @@ void fillUsers(data::Connection& users, const QString& adminPassword) {
     data::setDatabasePassword(users.engine(), usersDatabasePassword());
 }
 
-void moveInto(const QString& from, const QString& to) {
-    QFile file(from);
-    if (!file.rename(to))
-        throw Error(ErrorCategory::Full, u"Δεν γράφεται το αρχείο «%1»: %2"_s.arg(to, file.errorString()));
-}
-
-// Takes back the folder if it was made for an office that was not.
-class NewFolder {
-public:
-    explicit NewFolder(const QString& folder) : folder_(folder), existed_(QFileInfo::exists(folder)) {
-        if (!QDir().mkpath(folder))
-            throw Error(ErrorCategory::Full, u"Δεν δημιουργείται ο φάκελος «%1»."_s.arg(folder));
-    }
-    ~NewFolder() {
-        if (!existed_ && !kept_) QDir().rmdir(folder_);
-    }
-    void keep() { kept_ = true; }
-
-private:
-    QString folder_;
-    bool existed_;
-    bool kept_ = false;
-};
-
-void refuseExisting(const QString& folder) {
-    for (const Database database : {Database::Main, Database::Users})
-        if (const QString file = databasePath(folder, database); QFileInfo::exists(file))
-            throw Error(ErrorCategory::Constraint,
-                        u"Υπάρχει ήδη το αρχείο «%1»· δεν πειράχτηκε τίποτα."_s.arg(QDir::toNativeSeparators(file)));
-}
-
 }  // namespace
 
 QString usersDatabasePassword() {
     return u"tbwvhq7"_s;
+}
+QString databasePath(const QString& folder, Database database) {
+    return QDir(folder).filePath(database == Database::Main ? u"dorvalist.mdb"_s : u"dorvalistu.mdb"_s);
 }
 QString mainDatabasePath(const QString& folder) {
     return databasePath(folder, Database::Main);
@@ -226,6 +142,13 @@ QString connectionString(Database database, const QString& file) {
     QString text = u"Provider=microsoft.jet.oledb.4.0;data source="_s + path;
     if (database == Database::Users) text += u"; Jet OLEDB:Database Password="_s + usersDatabasePassword();
     return text;
+}
+
+void openAsItIs(data::Connection& connection, const QString& connectionString) {
+    const Properties properties = data::parseConnectionString(connectionString);
+    const bool onServer = data::identifyFile(properties.value(fileKey)).kind == FileKind::ServerDescription;
+    const QString mode = onServer ? u"; mode=read"_s : QString();
+    closeOnFailure(connection, [&] { openKnown(connection, connectionString + mode, properties); });
 }
 
 void openToRead(data::Connection& connection, const QString& connectionString) {
@@ -250,31 +173,15 @@ void open(data::Connection& connection, const QString& connectionString) {
 void createOffice(const QString& folder, const NewOffice& options) {
     if (options.adminPassword.isEmpty())
         throw Error(ErrorCategory::Constraint, u"Ο κωδικός του Admin δεν μπορεί να είναι κενός."_s);
-    refuseExisting(folder);
-    NewFolder place(folder);
-    // Inside the folder, so that the last step is a rename and never a copy; what is left of it goes with its name.
-    QTemporaryDir workshop(QDir(folder).filePath(u".dorvalist-XXXXXX"_s));
-    if (!workshop.isValid())
-        throw Error(ErrorCategory::Full,
-                    u"Δεν γράφεται ο φάκελος «%1»: %2"_s.arg(QDir::toNativeSeparators(folder), workshop.errorString()));
-    const QString main = mainDatabasePath(workshop.path()), users = usersDatabasePath(workshop.path());
-    NewSchemas schemas;
-    makeEmpty(main, Database::Main, options, schemas);
-    fillDatabase(main, Database::Main, [](data::Connection&) {});
-    makeEmpty(users, Database::Users, options, schemas);
-    fillDatabase(users, Database::Users,
+    OfficeBuilder builder(folder, options.server);
+    builder.make(Database::Main);
+    fillDatabase(builder.file(Database::Main), Database::Main, [](data::Connection&) {});
+    builder.make(Database::Users);
+    fillDatabase(builder.file(Database::Users), Database::Users,
                  [&](data::Connection& connection) { fillUsers(connection, options.adminPassword); });
-    if (!options.referenceFolder.isEmpty()) loadDeliveredReference(main, options.referenceFolder);
-
-    moveInto(users, usersDatabasePath(folder));
-    try {
-        moveInto(main, mainDatabasePath(folder));
-    } catch (...) {
-        QFile::remove(usersDatabasePath(folder));
-        throw;
-    }
-    schemas.keep();
-    place.keep();
+    if (!options.referenceFolder.isEmpty())
+        loadDeliveredReference(builder.file(Database::Main), options.referenceFolder);
+    builder.finish();
 }
 
 }  // namespace schema

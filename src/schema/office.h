@@ -14,6 +14,7 @@ namespace schema {
 // Password of the users database, as the connection strings carry it.
 QString usersDatabasePassword();
 
+QString databasePath(const QString& folder, Database database);
 QString mainDatabasePath(const QString& folder);   // FOLDER/dorvalist.mdb
 QString usersDatabasePath(const QString& folder);  // FOLDER/dorvalistu.mdb
 
@@ -26,6 +27,10 @@ void open(data::Connection& connection, const QString& connectionString);
 
 // The same refusals, but for reading only, and an older version stays as it is: for tools that look.
 void openToRead(data::Connection& connection, const QString& connectionString);
+
+// The same refusals for a tool that holds others off the database while it reads: an older version stays as it is, and
+// nothing of the database's contents may be written.
+void openAsItIs(data::Connection& connection, const QString& connectionString);
 
 // Creates both databases with their tables, indexes and default rows, the groups and the Admin password; the
 // folder is made if it isn't there. Refuses (data::Error) a folder that holds either file already. On a failure no file

@@ -53,6 +53,18 @@ private slots:
         QVERIFY(site.office.desk.prompts.isEmpty());
     }
 
+    void withoutTheServersProgramsNothingIsDoneAndNothingSaid() {
+        Site site;
+        site.backup.findTools = [] { return schema::ServerTools(); };
+        QCOMPARE(site.runDue(), !testengine::isPostgres());
+        QVERIFY(site.office.desk.prompts.isEmpty());
+        if (!testengine::isPostgres()) return;
+        QSignalSpy finished(&site.backup, &DailyBackup::finished);
+        site.backup.startByHand(nullptr);
+        QVERIFY(finished.wait(60000));
+        QVERIFY(site.office.desk.prompts.lastText().contains("pg_dump"));
+    }
+
     // The windows' events go on being served while the copy is made.
     void theEventLoopLives() {
         Site site;

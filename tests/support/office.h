@@ -7,6 +7,7 @@
 #include "data/recordset.h"
 #include "schema/office.h"
 #include "support/services.h"
+#include "support/testengine.h"
 
 namespace support {
 
@@ -14,11 +15,21 @@ class Office {
 public:
     // Default rows, the delivered name days, Admin's password "admin".
     Office() {
-        schema::createOffice(folder(), {QStringLiteral("admin"), QStringLiteral(DORV_REFERENCE)});
+        schema::NewOffice office{QStringLiteral("admin"), QStringLiteral(DORV_REFERENCE)};
+        if (testengine::isPostgres()) office.server = testengine::server(testengine::Schema::newName());
+        schema::createOffice(folder(), office);
         open(mod);
         mod.gDataPath = folder();
         mod.gUserName = QStringLiteral("Admin");
         mod.gUserGroup = core::groupAdministrators;
+    }
+
+    ~Office() {
+        if (!testengine::isPostgres()) return;
+        mod.gConn.close();
+        mod.gConnUsers.close();
+        for (const QString& file : {schema::mainDatabasePath(folder()), schema::usersDatabasePath(folder())})
+            data::dropPgDatabase(data::readServerDescription(file));
     }
 
     QString folder() const { return directory_.filePath(QStringLiteral("office")); }

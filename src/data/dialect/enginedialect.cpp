@@ -114,4 +114,8 @@ QByteArray EngineDialect::rowIdentity(const QByteArray& source, const TableInfo&
     return source + '.' + identifier(table.rowIdentity);
 }
 
+QByteArray EngineDialect::byteSize(const QByteArray& column, ValueKind) const {
+    return "octet_length(" + column + ')';
+}
+
 }  // namespace data

@@ -96,6 +96,10 @@ public:
     virtual QByteArray returningIdentity(const TableInfo& table) const;
     // The row identity of a table that stands under this (quoted) name in FROM.
     virtual QByteArray rowIdentity(const QByteArray& source, const TableInfo& table) const;
+    // How many bytes a text or binary column holds.
+    virtual QByteArray byteSize(const QByteArray& column, ValueKind kind) const;
+    // Whether a text may hold the character NUL.
+    virtual bool storesNul() const { return true; }
 };
 
 }  // namespace data

@@ -84,8 +84,9 @@ LANGUAGE sql IMMUTABLE STRICT PARALLEL SAFE AS $$
     SELECT CASE WHEN abs(months) < 150000 AND extract(year FROM at) + floor((extract(month FROM at) - 1 + months) / 12)
         BETWEEN 100 AND 9999 THEN at + make_interval(months => months::integer) END $$;
 
+-- An index stands on it, which the server's own housekeeping computes without this program's search path.
 CREATE OR REPLACE FUNCTION jet_dateadd(interval_name text, number float8, at timestamp) RETURNS timestamp
-LANGUAGE plpgsql IMMUTABLE STRICT PARALLEL SAFE AS $$
+LANGUAGE plpgsql IMMUTABLE STRICT PARALLEL SAFE SET search_path FROM CURRENT AS $$
 DECLARE
     n bigint := jet_whole(number);
 BEGIN

@@ -40,7 +40,7 @@ QHash<QString, QStringList> readWordIndexes(Engine& engine) {
     Rows found;
     engine.query(
         "SELECT c.relname::text, obj_description(c.oid, 'pg_class') FROM pg_class c WHERE c.relnamespace = "
-        "current_schema()::regnamespace AND c.relkind = 'i' AND c.relname LIKE '\\_%\\_words'",
+        "quote_ident(current_schema())::regnamespace AND c.relkind = 'i' AND c.relname LIKE '\\_%\\_words'",
         {}, &found);
     QHash<QString, QStringList> columns;
     for (const QStringList& row : found.rows) columns.insert(row[0], row[1].split(u'\n'));
@@ -55,7 +55,8 @@ Catalog readPgCatalog(Engine& engine) {
         "SELECT c.relname::text, coalesce(col_description(c.oid, a.attnum), a.attname::text), a.attname::text, "
         "t.typname::text, a.atttypmod, (a.attidentity <> '')::integer "
         "FROM pg_class c JOIN pg_attribute a ON a.attrelid = c.oid JOIN pg_type t ON t.oid = a.atttypid "
-        "WHERE c.relnamespace = current_schema()::regnamespace AND c.relkind IN ('r', 'p') AND a.attnum > 0 AND NOT "
+        "WHERE c.relnamespace = quote_ident(current_schema())::regnamespace AND c.relkind IN ('r', 'p') AND a.attnum > "
+        "0 AND NOT "
         "a.attisdropped AND c.relname NOT LIKE '\\_%' ORDER BY c.relname COLLATE \"C\", a.attnum",
         {}, &found);
     const QHash<QString, QStringList> words = readWordIndexes(engine);
@@ -91,7 +92,8 @@ QHash<QString, QString> readPgIndexes(Engine& engine) {
     Rows found;
     engine.query(
         "SELECT c.relname::text, coalesce(obj_description(c.oid, 'pg_class'), '') FROM pg_class c JOIN pg_index i ON "
-        "i.indexrelid = c.oid WHERE c.relnamespace = current_schema()::regnamespace AND c.relname NOT LIKE '\\_%' AND "
+        "i.indexrelid = c.oid WHERE c.relnamespace = quote_ident(current_schema())::regnamespace AND c.relname NOT "
+        "LIKE '\\_%' AND "
         "NOT "
         "EXISTS (SELECT * FROM pg_constraint WHERE conindid = c.oid)",
         {}, &found);

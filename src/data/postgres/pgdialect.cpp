@@ -97,8 +97,7 @@ public:
         QByteArrayList parts, riding;
         for (const QString& column : columns) {
             const int index = table.indexOf(column);
-            const QByteArray plain =
-                index >= 0 ? identifier(table.columns[index].name) : '(' + column.toUtf8() + ')';
+            const QByteArray plain = index >= 0 ? identifier(table.columns[index].name) : '(' + column.toUtf8() + ')';
             parts += (index >= 0 && isText(table.columns[index].type) ? fold(plain) : plain) + " NULLS FIRST";
         }
         for (const QString& column : covered) riding += identifier(column);
@@ -257,6 +256,7 @@ public:
     }
 
     bool ordersAggregates() const override { return true; }
+    bool storesNul() const override { return false; }
 
     QByteArray returningIdentity(const TableInfo& table) const override {
         return " RETURNING " + (table.autonumber < 0 ? "\"_row\"" : identifier(table.columns[table.autonumber].name));

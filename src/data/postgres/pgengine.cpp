@@ -7,6 +7,7 @@
 #include "data/postgres/pgcatalog.h"
 #include "data/postgres/pgdialect.h"
 #include "data/postgres/pgerror.h"
+#include "data/postgres/pgparts.h"
 #include "data/postgres/pgvalues.h"
 
 namespace data {
@@ -15,22 +16,9 @@ namespace {
 constexpr int mostPrepared = 96;
 constexpr int upgradeLock = 0x444F5256;
 
-struct ResultDeleter {
-    void operator()(PGresult* result) const { PQclear(result); }
-};
-using Result = std::unique_ptr<PGresult, ResultDeleter>;
+using Result = PgResult;
 
-class OneText : public RowSink {
-public:
-    QString value;
-    qint64 number = 0;
-    void beginRow() override {}
-    void null() override {}
-    void integer(qint64 integer) override { number = integer; }
-    void real(double) override {}
-    void text(const char* utf8, qsizetype size) override { value = QString::fromUtf8(utf8, size); }
-    void blob(const char*, qsizetype) override {}
-};
+using OneText = PgOneText;
 
 QByteArray literal(const QString& text) {
     return '\'' + QString(text).replace(u'\'', QStringLiteral("''")).toUtf8() + '\'';
@@ -97,7 +85,7 @@ void PgEngine::configure() {
         {"user", server_.user},
         {"password", server_.password},
         {"sslmode", server_.sslMode},
-        {"application_name", QStringLiteral("dorvalist")},
+        {"application_name", QString::fromLatin1(seatName(server_))},
         {"client_encoding", QStringLiteral("UTF8")},
         {"connect_timeout", QStringLiteral("10")},
         {"tcp_user_timeout", QStringLiteral("30000")},
@@ -320,9 +308,20 @@ void PgEngine::setProperty(const QString& name, const QString& value) {
             {name, value});
 }
 
+QMap<QString, QString> PgEngine::properties() {
+    OneText names;
+    query(
+        "SELECT coalesce(string_agg(name, chr(10)), '') FROM _dorvalist WHERE name NOT IN ('kind', 'version', "
+        "'functions')",
+        {}, &names);
+    QMap<QString, QString> all;
+    for (const QString& name : names.value.split(u'\n', Qt::SkipEmptyParts)) all.insert(name, property(name));
+    return all;
+}
+
 void PgEngine::lockForUpgrade() {
     script("SELECT pg_advisory_xact_lock(" + QByteArray::number(upgradeLock) +
-           ", current_schema()::regnamespace::oid::integer)");
+           ", quote_ident(current_schema())::regnamespace::oid::integer)");
 }
 
 QHash<QString, QString> PgEngine::indexes() {

@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "data/engine.h"
+#include "data/postgres/pgschemas.h"
 #include "data/serverdescription.h"
 
 namespace data {
@@ -29,11 +30,21 @@ public:
     void commit() override;
     void rollback() noexcept override;
 
+    void requireAlone() override;
+    void beginSnapshot() override;
+    void holdStill() override;
+    QString snapshotName() override;
+    void insertRows(const TableInfo& table, const QVector<QVector<QVariant>>& rows, qsizetype& refused) override;
+    void afterLoading(const Catalog& catalog) override;
+    qint64 lastNumber(const TableInfo& table) override;
+    void setLastNumber(const TableInfo& table, qint64 number) override;
+
     DatabaseKind kind() override;
     int version() override;
     void setVersion(int version) override;
     QString property(const QString& name) override;
     void setProperty(const QString& name, const QString& value) override;
+    QMap<QString, QString> properties() override;
     void lockForUpgrade() override;
     QHash<QString, QString> indexes() override;
     void createIndex(const QString& name, const QByteArray& sql) override;
@@ -45,6 +56,9 @@ public:
 private:
     friend void createPgDatabase(const ServerDescription&, DatabaseKind);
     friend void dropPgDatabase(const ServerDescription&) noexcept;
+    friend PgSchemaState pgSchemaState(const ServerDescription&);
+    friend void renamePgSchema(const ServerDescription&, const QString&);
+    friend void createPgSchema(const ServerDescription&);
     struct Prepared {
         QByteArray sql, name;
         std::vector<Oid> types;
@@ -62,6 +76,8 @@ private:
     void forget(std::list<Prepared>::iterator entry);
     PGresult* run(const QByteArray& sql, const QVector<QVariant>& parameters);
     PGresult* runOnce(const QByteArray& sql, const QVector<QVariant>& parameters);
+    void beginReading(const QByteArray& kind);
+    void copyIn(const QByteArray& sql, const QByteArray& data, qsizetype& refused);
     [[noreturn]] void fail(PGresult* result, const QByteArray& sql);
 
     ServerDescription server_;

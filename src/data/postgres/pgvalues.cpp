@@ -72,7 +72,8 @@ template <class T>
 QByteArray whole(const QVariant& value) {
     const bool exact = value.typeId() == QMetaType::LongLong || value.typeId() == QMetaType::Int;
     const double rounded = exact ? value.toDouble() : std::nearbyint(number(value));
-    if (!(std::fabs(rounded) <= double(std::numeric_limits<T>::max()))) refuse("αριθμό μέσα στα όρια");
+    constexpr double least = double(std::numeric_limits<T>::min()), most = double(std::numeric_limits<T>::max());
+    if (!(rounded >= least && rounded <= most)) refuse("αριθμό μέσα στα όρια");
     return bigEndian<T>(T(exact ? value.toLongLong() : qint64(rounded)));
 }
 
@@ -119,6 +120,29 @@ QByteArray encoded(const QVariant& value, Oid type) {
             return QByteArray::number(number(value), 'g', 17);
         default:
             return textBytes(value);
+    }
+}
+
+Oid typeNumber(ColumnType type) {
+    switch (type) {
+        case ColumnType::Autonumber:
+            return Int8;
+        case ColumnType::Long:
+            return Int4;
+        case ColumnType::Integer:
+            return Int2;
+        case ColumnType::Single:
+            return Float4;
+        case ColumnType::Double:
+            return Float8;
+        case ColumnType::YesNo:
+            return Boolean;
+        case ColumnType::DateTime:
+            return Timestamp;
+        case ColumnType::LongBinary:
+            return Bytea;
+        default:
+            return Text;
     }
 }
 
@@ -202,6 +226,10 @@ PgParameters::PgParameters(const QVector<QVariant>& values, const std::vector<Oi
         lengths_.push_back(int(held_.last().size()));
         formats_.push_back(type == Numeric ? 0 : 1);
     }
+}
+
+QByteArray columnBytes(const QVariant& value, ColumnType type) {
+    return encoded(value, typeNumber(type));
 }
 
 qint64 sendRows(const PGresult* result, RowSink& sink) {

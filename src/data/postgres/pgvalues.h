@@ -28,6 +28,9 @@ private:
     std::vector<int> lengths_, formats_;
 };
 
+// The bytes of a value, which isn't Null, in a column of this type. Throws Error(Type) likewise.
+QByteArray columnBytes(const QVariant& value, ColumnType type);
+
 // Hands a result in binary form to the sink; returns the number of rows.
 qint64 sendRows(const PGresult* result, RowSink& sink);
 

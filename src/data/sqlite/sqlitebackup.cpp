@@ -75,9 +75,8 @@ void copyPages(sqlite3* source, sqlite3* target, const std::function<bool(qint64
 void SqliteEngine::backupTo(const QString& file, const std::function<void()>& atMoment,
                             const std::function<bool(qint64, qint64)>& goOn) {
     Target target(file);
-    script("BEGIN");
+    beginSnapshot();
     try {
-        query("SELECT count(*) FROM sqlite_schema", {}, nullptr);  // the moment: BEGIN alone reads nothing
         if (atMoment) atMoment();
         copyPages(database_, target.database(), goOn);
     } catch (...) {

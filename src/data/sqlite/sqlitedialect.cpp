@@ -123,6 +123,11 @@ public:
         return "NULL";
     }
 
+    // The size of bytes is known without reading them.
+    QByteArray byteSize(const QByteArray& column, ValueKind kind) const override {
+        return kind == ValueKind::Binary ? "length(" + column + ')' : "length(CAST(" + column + " AS BLOB))";
+    }
+
     // The sign keeps an index from serving the order.
     QByteArray sortedAfterwards(const QByteArray& key) const override { return '+' + key; }
 

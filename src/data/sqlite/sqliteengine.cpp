@@ -298,6 +298,13 @@ void SqliteEngine::setProperty(const QString& name, const QString& value) {
             {name, value});
 }
 
+QMap<QString, QString> SqliteEngine::properties() {
+    QMap<QString, QString> all;
+    if (texts(*this, "SELECT name FROM sqlite_schema WHERE type='table' AND name='_dorvalista'").isEmpty()) return all;
+    for (const QStringList& row : texts(*this, "SELECT name, value FROM _dorvalista")) all.insert(row[0], row[1]);
+    return all;
+}
+
 void SqliteEngine::createIndex(const QString&, const QByteArray& sql) {
     script(sql);
 }

@@ -28,12 +28,18 @@ public:
     void backupTo(const QString& file, const std::function<void()>& atMoment,
                   const std::function<bool(qint64 done, qint64 all)>& goOn) override;
     void requireAlone() override;
+    void beginSnapshot() override;
+    void holdStill() override;
+    void insertRows(const TableInfo& table, const QVector<QVector<QVariant>>& rows, qsizetype& refused) override;
+    qint64 lastNumber(const TableInfo& table) override;
+    void setLastNumber(const TableInfo& table, qint64 number) override;
 
     DatabaseKind kind() override { return kind_; }
     int version() override;
     void setVersion(int version) override;
     QString property(const QString& name) override;
     void setProperty(const QString& name, const QString& value) override;
+    QMap<QString, QString> properties() override;
     void lockForUpgrade() override {}  // begin() has the one write lock already
     void createIndex(const QString& name, const QByteArray& sql) override;
     void createWordIndex(const TableInfo& table, const QVector<int>& columns) override;

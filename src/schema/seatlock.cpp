@@ -1,4 +1,4 @@
-#include "core/seatlock.h"
+#include "schema/seatlock.h"
 
 #include <QCoreApplication>
 #include <QDateTime>
@@ -7,7 +7,7 @@
 
 #include "data/error.h"
 
-namespace core {
+namespace schema {
 
 namespace {
 
@@ -69,4 +69,4 @@ void SeatLock::touch() {
     emit lost();
 }
 
-}  // namespace core
+}  // namespace schema

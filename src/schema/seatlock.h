@@ -8,7 +8,7 @@
 
 #include "platform/filesystemkind.h"
 
-namespace core {
+namespace schema {
 
 // The embedded engine keeps part of its bookkeeping in memory that seats on one machine share; seats on several
 // machines would each have their own and damage the file. A lock file beside the databases tells a second seat so. It
@@ -43,4 +43,4 @@ private:
     QTimer timer_;
 };
 
-}  // namespace core
+}  // namespace schema

@@ -1,4 +1,4 @@
-#include "core/seatlock.h"
+#include "schema/seatlock.h"
 
 #include <QProcess>
 #include <QSignalSpy>
@@ -7,7 +7,7 @@
 
 #include "data/error.h"
 
-using core::SeatLock;
+using schema::SeatLock;
 using platform::FileSystemKind;
 
 namespace {

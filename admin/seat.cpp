@@ -1,0 +1,29 @@
+#include "admin/seat.h"
+
+#include "data/error.h"
+#include "data/fileidentity.h"
+#include "schema/office.h"
+
+namespace admin {
+
+Seat::Seat(const QString& folder) {
+    if (data::identifyFile(schema::mainDatabasePath(folder)).kind == data::FileKind::ServerDescription) return;
+    QObject::connect(&lock_, &schema::SeatLock::lost, [this] { lost_ = true; });
+    lock_.take(folder, platform::fileSystemKind);
+    sinceTouch_.start();
+}
+
+schema::Progress Seat::watched(const schema::Progress& progress) {
+    return [this, progress](const QString& what, int percent) {
+        if (lock_.isHeld() && sinceTouch_.hasExpired(schema::SeatLock::touchSeconds * 1000LL)) {
+            lock_.touch();
+            sinceTouch_.start();
+        }
+        if (lost_)
+            throw data::Error(data::ErrorCategory::Busy,
+                              QStringLiteral("Μια άλλη θέση πήρε τον φάκελο των δεδομένων. Η εργασία διακόπηκε."));
+        return progress(what, percent);
+    };
+}
+
+}  // namespace admin

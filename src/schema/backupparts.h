@@ -1,0 +1,36 @@
+// What making and restoring a copy share.
+#pragma once
+
+#include <QTemporaryDir>
+#include <memory>
+
+#include "schema/backup.h"
+#include "schema/manifest.h"
+
+namespace schema {
+
+QString databaseFileName(Database database);
+// The member of a copy that is a server database's dump.
+QString dumpName(Database database);
+
+QString stamp(const QDateTime& now);
+void report(const Progress& progress, const QString& what, int percent);
+void refuseIfThere(const QString& file);
+
+// A folder of its own beside the place where the result goes, so that the last step is a rename.
+std::unique_ptr<QTemporaryDir> workshopIn(const QString& folder);
+void moveTo(const QString& from, const QString& to, bool replace);
+QString freeName(const QString& wanted);
+
+// Opens a copy for reading alone, looks through its whole file and counts its rows.
+void checkCopy(const QString& file, Database database, const RowCounts& wanted);
+// Counts the rows in a dump.
+void checkDump(const QString& file, Database database, const RowCounts& wanted, const ServerTools& tools,
+               const Progress& progress);
+
+// What is packed is read back and compared byte by byte through its digest.
+void checkPacked(const QString& archive, const Manifest& manifest, const QString& folder);
+// A copy taken apart into `folder`, checked.
+Manifest unpackChecked(const QString& file, const QString& folder, const ServerTools& tools, const Progress& progress);
+
+}  // namespace schema

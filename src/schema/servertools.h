@@ -1,0 +1,36 @@
+// The server's own programs for copies of its databases.
+#pragma once
+
+#include <QString>
+#include <functional>
+
+#include "data/serverdescription.h"
+#include "schema/manifest.h"
+
+namespace schema {
+
+struct ServerTools {
+    QString dump, restore;  // paths of pg_dump and pg_restore
+    bool found() const { return !dump.isEmpty() && !restore.isEmpty(); }
+};
+ServerTools findServerTools();
+
+// Asked several times a second; false breaks the work off.
+using GoOn = std::function<bool()>;
+
+// All of these throw data::Error with the program's own words when it fails, and one that says what to install when it
+// isn't there.
+
+// Writes a schema into `file` (custom format) as the snapshot of this name sees it.
+void dumpSchema(const ServerTools& tools, const data::ServerDescription& server, const QString& snapshot,
+                const QString& file, const GoOn& goOn);
+
+// The rows of each table in a dump, counted one by one as they would be restored; no server is asked.
+RowCounts rowsInDump(const ServerTools& tools, const QString& file, const GoOn& goOn);
+
+// Fills an empty schema, which must have the name that it had when it was dumped, in one transaction. The indexes are
+// left to makeIndexes().
+void restoreDump(const ServerTools& tools, const data::ServerDescription& server, const QString& file,
+                 const GoOn& goOn);
+
+}  // namespace schema

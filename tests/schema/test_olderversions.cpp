@@ -1,0 +1,127 @@
+// A database of every older version, brought up to date, is the same as a new one.
+#include "data/databasepassword.h"
+#include "schema/check.h"
+#include "schema/officebuilder.h"
+#include "schema/upgrade.h"
+#include "scratchoffice.h"
+
+using namespace Qt::Literals::StringLiterals;
+using schema::Database;
+
+namespace {
+
+struct Lines : data::RowSink {
+    QStringList lines;
+    void beginRow() override { lines += QString(); }
+    void null() override { lines.last() += u"\t-"_s; }
+    void integer(qint64 value) override { lines.last() += u'\t' + QString::number(value); }
+    void real(double value) override { lines.last() += u'\t' + QString::number(value); }
+    void text(const char* utf8, qsizetype size) override {
+        lines.last() += u'\t' + QString::fromUtf8(utf8, size).simplified();
+    }
+    void blob(const char*, qsizetype) override {}
+};
+
+// What the engine itself says of the tables, indexes, triggers and properties, without the schema's own name.
+QStringList structure(data::Connection& connection, const QString& schemaName) {
+    const QByteArrayList queries =
+        testengine::isPostgres()
+            ? QByteArrayList{"SELECT relname::text, relkind::text, coalesce(obj_description(oid, 'pg_class'), '') FROM "
+                             "pg_class WHERE relnamespace = (SELECT oid FROM pg_namespace WHERE nspname = "
+                             "current_schema())",
+                             "SELECT table_name::text, column_name::text, ordinal_position::integer, udt_name::text, "
+                             "coalesce(character_maximum_length::integer, 0), is_nullable::text, "
+                             "coalesce(column_default, '')::text, is_identity::text, coalesce(collation_name::text, '') "
+                             "FROM information_schema.columns WHERE table_schema = current_schema()",
+                             "SELECT indexname::text, indexdef FROM pg_indexes WHERE schemaname = current_schema()",
+                             "SELECT tgname::text, pg_get_triggerdef(t.oid) FROM pg_trigger t JOIN pg_class c ON c.oid = "
+                             "tgrelid WHERE relnamespace = (SELECT oid FROM pg_namespace WHERE nspname = "
+                             "current_schema())",
+                             "SELECT proname::text, prosrc FROM pg_proc WHERE pronamespace = (SELECT oid FROM "
+                             "pg_namespace WHERE nspname = current_schema())"}
+            : QByteArrayList{"SELECT type, name, tbl_name, sql FROM sqlite_schema"};
+    Lines found;
+    for (const QByteArray& query : queries) connection.engine().query(query, {}, &found);
+    found.lines.replaceInStrings(schemaName, u"SCHEMA"_s);
+    found.lines.sort();
+    return found.lines;
+}
+
+QString schemaName(const QString& file) {
+    return testengine::isPostgres() ? data::readServerDescription(file).schema : u"no schema"_s;
+}
+
+// An office whose databases were made by an older version, with a row in it.
+class OldOffice {
+public:
+    explicit OldOffice(int version) {
+        std::optional<data::ServerDescription> server;
+        if (testengine::isPostgres()) server = testengine::server(testengine::Schema::newName());
+        schema::OfficeBuilder builder(folder.path(), server);
+        for (const Database database : {Database::Main, Database::Users}) {
+            builder.make(database);
+            data::Connection connection;
+            connection.open(schema::connectionString(database, builder.file(database)));
+            data::Transaction transaction(connection);
+            schema::makeTables(connection, database, version);
+            schema::makeIndexes(connection, database, version);
+            if (database == Database::Main)
+                connection.execute(u"insert into Cards (ΕΠΩΝΥΜΟ,ΚΕΙΜΕΝΟ1) values ('Παλιά','μια λέξη')"_s);
+            else
+                data::setDatabasePassword(connection.engine(), schema::usersDatabasePassword());
+            schema::storeVersion(connection, version);
+            transaction.commit();
+        }
+        builder.finish();
+    }
+    ~OldOffice() {
+        if (!testengine::isPostgres()) return;
+        for (const Database database : {Database::Main, Database::Users})
+            data::dropPgDatabase(data::readServerDescription(file(database)));
+    }
+    QString file(Database database) const { return schema::databasePath(folder.path(), database); }
+
+    QTemporaryDir folder;
+};
+
+}  // namespace
+
+class TestOlderVersions : public QObject {
+    Q_OBJECT
+private slots:
+    void anUpgradedSchemaIsThatOfANewOne_data() {
+        QTest::addColumn<int>("version");
+        for (int version = 1; version < schema::currentVersion; ++version)
+            QTest::addRow("version %d", version) << version;
+    }
+    void anUpgradedSchemaIsThatOfANewOne() {
+        QFETCH(int, version);
+        const OldOffice old(version);
+        ScratchOffice fresh;
+        for (const Database database : {Database::Main, Database::Users}) {
+            data::Connection before, connection;
+            const QString string = schema::connectionString(database, old.file(database));
+            schema::openToRead(before, string);
+            data::Connection& wanted = database == Database::Main ? fresh.main : fresh.users;
+            const QString wantedFile = database == Database::Main ? fresh.mainFile() : fresh.usersFile();
+            const QString oldName = schemaName(old.file(database)), newName = schemaName(wantedFile);
+            QCOMPARE(schema::storedVersion(before), version);
+            if (database == Database::Main)  // otherwise nothing would be upgraded here
+                QVERIFY(structure(before, oldName) != structure(wanted, newName));
+            before.close();
+
+            schema::open(connection, string);
+            QCOMPARE(schema::storedVersion(connection), schema::currentVersion);
+            QCOMPARE(schema::findings(connection, database), QStringList());
+            const QStringList there = structure(connection, oldName), should = structure(wanted, newName);
+            for (const QString& line : there) QVERIFY2(should.contains(line), qPrintable(u"only upgraded: "_s + line));
+            for (const QString& line : should) QVERIFY2(there.contains(line), qPrintable(u"only new: "_s + line));
+            if (database == Database::Main)
+                QCOMPARE(firstText(connection, u"select ΕΠΩΝΥΜΟ from Cards where ΚΕΙΜΕΝΟ1 like '%ΛΕΞΗ%'"_s),
+                         u"Παλιά"_s);
+        }
+    }
+};
+
+QTEST_GUILESS_MAIN(TestOlderVersions)
+#include "test_olderversions.moc"
