@@ -7,6 +7,7 @@
 #include <QImage>
 #include <QPageSize>
 #include <QString>
+#include <QStringList>
 #include <QVector>
 #include <memory>
 
@@ -33,7 +34,9 @@ struct PageSetup {
 // have any number of them.
 class PrintDocument {
 public:
-    explicit PrintDocument(const PageSetup& setup, QString title = {}, qint64 memoryLimit = 48 << 20);
+    static constexpr qint64 usualMemory = 48 << 20;
+
+    explicit PrintDocument(const PageSetup& setup, QString title = {}, qint64 memoryLimit = usualMemory);
     ~PrintDocument();
     Q_DISABLE_COPY_MOVE(PrintDocument)
 
@@ -43,6 +46,8 @@ public:
 
     // Page from 0. The painter's unit is the twip, its origin the corner of the printable area.
     void paint(QPainter& painter, int page) const;
+    // The texts of a page in the order of their printing, as a screen reader says them.
+    QStringList texts(int page) const;
 
 private:
     friend class Printer;

@@ -1,10 +1,8 @@
 // The surface that every printed page is drawn on: a current place, a font, texts, lines, boxes, pictures, pages.
 #pragma once
 
-#include <QBuffer>
 #include <QColor>
 #include <QDataStream>
-#include <QFontMetricsF>
 #include <functional>
 #include <memory>
 #include <stdexcept>
@@ -37,7 +35,8 @@ public:
     // Gives an installed font for a name as the forms use it, in any size.
     using FontSource = std::function<QFont(const QString& name)>;
 
-    Printer(const PageSetup& setup, const QString& title, FontSource fonts);
+    Printer(const PageSetup& setup, const QString& title, FontSource fonts,
+            qint64 memoryLimit = PrintDocument::usualMemory);
     ~Printer();
     Q_DISABLE_COPY_MOVE(Printer)
 
@@ -57,6 +56,8 @@ public:
     void print(const QString& text = {});
     // The same, with the place left right behind the text, on its last line.
     void printInline(const QString& text);
+    // One line at a place, for tables; the current place stays.
+    void printAt(double x, double y, const QString& line);
     // Text inside the paper whatever its length: wrapped between `left` and `right` at blanks, inside a word that is
     // longer than a line. Ends the line.
     void printWrapped(const QString& text, double left, double right);
@@ -70,30 +71,30 @@ public:
     void fillBox(QRectF rect, QColor colour);             // filled, without an outline
     void paintPicture(const QImage& picture, QRectF to);  // stretched into the rectangle
 
-    int page() const { return finished_ + 1; }  // the one being drawn, from 1
-    void newPage();                             // the font stays, the place is the top
+    int page() const { return document_->pageCount() + 1; }  // the one being drawn, from 1
+    void newPage();                                          // the font stays, the place is the top
     // Finishes the document; an untouched surface gives one empty page. The surface is empty afterwards and a further
     // document may be drawn.
     std::shared_ptr<const PrintDocument> endDoc();
     void killDoc();  // forgets everything drawn
 
 private:
-    struct Metrics;
-    const Metrics& metrics() const;
+    struct Measure;  // the current font as the toolkit has it
+    const Measure& measure() const;
     void start();
-    void write(const QString& text, bool endLine);
-    void putLine(const QString& line, double x);
-    void openPageIfNeeded(double height);
+    void startPage();
+    void finishPage();
+    void putLine(const QString& line);
 
     PageSetup setup_;
     QString title_;
     FontSource fonts_;
+    qint64 memoryLimit_;
     QSizeF area_;
     std::shared_ptr<PrintDocument> document_;
-    int finished_ = 0;
     QByteArray drawing_;
     std::unique_ptr<QDataStream> out_;
-    mutable std::unique_ptr<Metrics> metrics_;
+    mutable std::unique_ptr<Measure> measure_;
 };
 
 }  // namespace platform

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "platform/clock.h"
+#include "platform/printers.h"
 #include "platform/prompts.h"
 #include "platform/settings.h"
 #include "platform/sound.h"
@@ -13,6 +14,7 @@ struct Services {
     Clock& clock;
     Prompts& prompts;
     Sound& sound;
+    Printers& printers;
 };
 
 }  // namespace platform
