@@ -4,6 +4,7 @@
 #include "platform/clock.h"
 #include "platform/prompts.h"
 #include "platform/settings.h"
+#include "platform/shell.h"
 #include "platform/sound.h"
 
 namespace platform {
@@ -13,6 +14,7 @@ struct Services {
     Clock& clock;
     Prompts& prompts;
     Sound& sound;
+    Shell& shell;
 };
 
 }  // namespace platform
