@@ -18,9 +18,9 @@ struct ListColumn {
 
 struct ListRow {
     QStringList cells;
-    QVariant tag;   // what the row stands for; invalid for rows that stand for nothing (sums, blanks)
-    QColor colour;  // of its text; invalid for the theme's
-    QIcon icon;     // small, before the first cell
+    QVariant tag;     // what the row stands for; invalid for rows that stand for nothing (sums, blanks)
+    QColor colour;    // of its text; invalid for the theme's
+    QIcon icon = {};  // small, before the first cell
 };
 
 // Holds its rows itself; a hundred thousand are no burden. Enter and a double click activate a row alike.

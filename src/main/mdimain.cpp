@@ -10,6 +10,7 @@
 #include "cards/frmaddress.h"
 #include "cards/frmcategory.h"
 #include "cards/frmfields.h"
+#include "cards/frmhmerologio.h"
 #include "controls/names.h"
 #include "controls/theme.h"
 #include "core/contactnoun.h"
@@ -65,6 +66,8 @@ void MDIMain::registerForms() {
     windows_.add(QStringLiteral("frmFields"),
                  [this] { return new cards::frmFields(mod_, [this](int list) { showList(list); }); });
     windows_.add(QStringLiteral("frmFields1"), [this] { return new cards::frmFields1(mod_); });
+    windows_.add(QStringLiteral("frmHmerologio"),
+                 [this] { return new cards::frmHmerologio(mod_, [this](qint64 code) { showCard(code); }); });
     windows_.add(QStringLiteral("frmAdmin"), [this] { return new users::frmAdmin(mod_); });
     windows_.add(QStringLiteral("frmUsers"), [this] { return new users::frmUsers(mod_); });
 }
@@ -76,6 +79,10 @@ core::Form* MDIMain::refillingCard(cards::ListEditor* editor) {
             card->FillCombo();
     });
     return editor;
+}
+
+void MDIMain::showCard(qint64 code) {
+    if (auto* card = qobject_cast<cards::frmAddress*>(windows_.front(QStringLiteral("frmAddress")))) card->goTo(code);
 }
 
 void MDIMain::showList(int number) {

@@ -3,6 +3,7 @@
 #include <QDialog>
 #include <QDialogButtonBox>
 #include <QFileDialog>
+#include <QFileInfo>
 #include <QInputDialog>
 #include <QLabel>
 #include <QMessageBox>
@@ -114,9 +115,11 @@ std::optional<QString> DesktopPrompts::input(QWidget* parent, const QString& tit
     return dialog.textValue();
 }
 
-QString DesktopPrompts::openFile(QWidget* parent, const QString& title, const QString& filter) {
-    QFileDialog dialog(parent, title, QString(), filter);
+QString DesktopPrompts::openFile(QWidget* parent, const QString& title, const QString& filter, const QString& start) {
+    const QFileInfo where(start);
+    QFileDialog dialog(parent, title, start.isEmpty() || where.isDir() ? start : where.path(), filter);
     dialog.setFileMode(QFileDialog::ExistingFile);
+    if (!start.isEmpty() && !where.isDir()) dialog.selectFile(where.fileName());
     dressInGreek(dialog, QStringLiteral("Άνοιγμα"));
     return chosen(dialog);
 }

@@ -5,6 +5,7 @@
 #include "platform/printers.h"
 #include "platform/prompts.h"
 #include "platform/settings.h"
+#include "platform/shell.h"
 #include "platform/sound.h"
 
 namespace platform {
@@ -14,6 +15,7 @@ struct Services {
     Clock& clock;
     Prompts& prompts;
     Sound& sound;
+    Shell& shell;
     Printers& printers;
 };
 

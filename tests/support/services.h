@@ -70,6 +70,7 @@ public:
     // Answers that nobody asked for: a test ends with none.
     int waiting() const { return int(answers_.size() + inputs_.size() + files_.size() + folders_.size()); }
     void clear() { shown_.clear(); }
+    QString startPath;  // where the last file dialog began
 
     void message(QWidget*, platform::MessageIcon icon, const QString& title, const QString& text) override {
         shown_.append({Kind::Message, icon, title, text});
@@ -86,7 +87,8 @@ public:
         if (!answer.given) return std::nullopt;
         return answer.text;
     }
-    QString openFile(QWidget*, const QString& title, const QString& filter) override {
+    QString openFile(QWidget*, const QString& title, const QString& filter, const QString& start) override {
+        startPath = start;
         shown_.append({Kind::OpenFile, platform::MessageIcon::Plain, title, filter});
         return taken(files_, {}, "file dialog", title, filter);
     }
@@ -174,14 +176,30 @@ public:
     }
 };
 
-// All five, and the Services that a window takes. Lives longer than the windows that use it.
+// Keeps what was opened. Files exist as on the disk; what is named in `missingPrograms` nothing can open.
+class RecordingShell : public platform::DesktopShell {
+public:
+    bool openFile(const QString& path) override {
+        opened.append(path);
+        return !missingPrograms.contains(path);
+    }
+    bool openUrl(const QUrl& url) override {
+        opened.append(url.toString(QUrl::FullyEncoded));
+        return !missingPrograms.contains(url.toString(QUrl::FullyEncoded));
+    }
+
+    QStringList opened, missingPrograms;
+};
+
+// All of them, and the Services that a window takes. Lives longer than the windows that use it.
 struct Desk {
     MemorySettings settings;
     HandClock clock;
     RecordingPrompts prompts;
     RecordingSound sound;
+    RecordingShell shell;
     RecordingPrinters printers;
-    platform::Services services{settings, clock, prompts, sound, printers};
+    platform::Services services{settings, clock, prompts, sound, shell, printers};
 
     // Prints go straight to the printer: a test that wants to see the preview switches it on.
     Desk() { settings.setValue(QStringLiteral("Options"), QStringLiteral("PrintPreview"), QStringLiteral("0")); }
