@@ -5,6 +5,7 @@
 #include <QPair>
 #include <QVector>
 
+#include "core/printheading.h"
 #include "core/printout.h"
 
 namespace cards {
@@ -12,7 +13,10 @@ namespace cards {
 // What is printed, as it stands on screen.
 struct Kartela {
     using Line = QPair<QString, QString>;  // label, value
-    QString title;                         // empty leaves both headings out
+
+    QString title;  // empty leaves both headings out
+    core::OwnerDetails owner;
+    QDate today;
     QVector<Line> basic;
     QVector<Line> special;  // the parametric fields that show
     QImage photo;           // null when there is none
@@ -20,12 +24,14 @@ struct Kartela {
     QString notes;
 };
 
-// Label plain, value bold behind it; a value that would run past `right` goes on below its beginning.
+// Two pages, more when the fields or the notes don't fit on theirs.
+void drawKartela(platform::Printer& printer, const Kartela& card);
+
+// Label plain, value bold behind it, between `left` and `right`; a value that is too long goes on below its beginning.
 void gPrintLine(platform::Printer& printer, double left, double right, const QString& label, const QString& value);
+
 // Small and slanted, at most 120 characters a line, broken at blanks; each line of the text begins a new one. Nothing
 // is left out, whatever the text is.
 void PrintNotes(platform::Printer& printer, const QString& text);
-
-void drawKartela(platform::Printer& printer, const Kartela& card, core::MainMod& mod);
 
 }  // namespace cards

@@ -46,9 +46,9 @@ void printOwnerAndDate(platform::Printer& printer, const std::optional<OwnerDeta
     printer.print();
 }
 
-void printTitle(platform::Printer& printer, const QString& title) {
+void printTitle(platform::Printer& printer, const QString& title, bool underlined) {
     printer.font.size = 14;
-    printer.font.underline = true;
+    printer.font.underline = underlined;
     const double left = printMargin(printer);
     for (const QString& line : printer.wrapped(title, printer.scaleWidth() - 2 * left)) {
         printer.currentX = printer.scaleWidth() / 2 - printer.textWidth(line) / 2;

@@ -21,7 +21,7 @@ double headingTab(const platform::Printer& printer);
 
 // The owner's block, if any, at the left margin, and the day in words at the right; an empty line.
 void printOwnerAndDate(platform::Printer& printer, const std::optional<OwnerDetails>& owner, QDate today);
-// Centred and underlined, and an empty line.
-void printTitle(platform::Printer& printer, const QString& title);
+// Centred, and an empty line.
+void printTitle(platform::Printer& printer, const QString& title, bool underlined = true);
 
 }  // namespace core
