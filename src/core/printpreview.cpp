@@ -72,8 +72,7 @@ QLabel* PrintPreview::captionOf(const QString& caption, QWidget* field) {
 }
 
 QHBoxLayout* PrintPreview::targetRow() {
-    print_ = named(new QPushButton(controls::icon(QStringLiteral("print")), QStringLiteral("&Εκτύπωση")),
-                   QStringLiteral("cmdPrint"));
+    print_ = named(new QPushButton(QStringLiteral("&Εκτύπωση")), QStringLiteral("cmdPrint"));
     print_->setDefault(true);
     pdf_ = named(new QPushButton(controls::icon(QStringLiteral("pdf")), QStringLiteral("P&DF...")),
                  QStringLiteral("cmdPdf"));
@@ -81,11 +80,12 @@ QHBoxLayout* PrintPreview::targetRow() {
     pdf_->setAccessibleName(QStringLiteral("Αποθήκευση σε αρχείο PDF"));
     printers_ = choice(QStringLiteral("Printer"));
     printers_->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
-    printers_->setMinimumContentsLength(14);
+    printers_->setMinimumContentsLength(10);
+    printers_->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
     copies_ = named(new QSpinBox, QStringLiteral("Copies"));
     copies_->setRange(1, 99);
     paper_ = choice(QStringLiteral("Paper"));
-    for (const QPageSize::PageSizeId id : papers) paper_->addItem(QPageSize::name(id), int(id));
+    for (const QPageSize::PageSizeId id : papers) paper_->addItem(QPageSize::key(id), int(id));
     paper_->setCurrentIndex(paper_->findData(int(setup_.paper.id())));
     orientation_ = choice(QStringLiteral("Orientation"));
     orientation_->addItems({QStringLiteral("Κατακόρυφα"), QStringLiteral("Οριζόντια")});
