@@ -7,7 +7,7 @@ namespace cards {
 
 namespace {
 
-constexpr double dateWidth = 1200, amountWidth = 1300, gap = 120;
+constexpr double dateWidth = 1450, amountWidth = 1300, gap = 120;
 
 class Report {
 public:

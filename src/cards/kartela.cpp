@@ -10,6 +10,7 @@ constexpr int longestNote = 120;  // characters of a line
 void section(platform::Printer& printer, double left, const QString& heading) {
     printer.font.bold = true;
     printer.line(left, printer.currentY, printer.scaleWidth() - left, printer.currentY);
+    printer.currentY += 60;
     if (!heading.isEmpty()) {
         printer.currentX = left;
         printer.font.underline = true;

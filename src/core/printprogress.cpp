@@ -42,8 +42,7 @@ void PrintProgress::show() {
     bar_ = controls::named(new QProgressBar, QStringLiteral("ProgressBar1"));
     bar_->setAccessibleName(QStringLiteral("Πρόοδος εκτύπωσης"));
     bar_->setRange(0, 1000);
-    auto* stop = controls::named(new QPushButton(controls::icon(QStringLiteral("cancel")), QStringLiteral("&Διακοπή")),
-                                 QStringLiteral("cmdStop"));
+    auto* stop = controls::named(new QPushButton(QStringLiteral("&Διακοπή")), QStringLiteral("cmdStop"));
     auto* layout = new QVBoxLayout(window_.get());
     layout->setContentsMargins(16, 14, 16, 14);
     layout->setSpacing(10);

@@ -2,6 +2,7 @@
 
 #include <QPainter>
 #include <QTemporaryFile>
+#include <optional>
 
 #include "platform/drawing.h"
 #include "platform/printer.h"
@@ -90,25 +91,35 @@ QStringList PrintDocument::texts(int page) const {
     return found;
 }
 
+// Texts are drawn after all the rest, and changes of pen and font are saved: the writer of a PDF notes each of them.
 void PrintDocument::paint(QPainter& painter, int page) const {
     painter.setRenderHints(QPainter::Antialiasing | QPainter::TextAntialiasing | QPainter::SmoothPixmapTransform);
-    drawing::Item item;
     const QByteArray bytes = drawing(page);
+    drawing::Item item;
+    QVector<drawing::Item> texts;
+    QVector<QRectF> outlines;
+    QRgb colour = 0;
+    const auto flush = [&] {
+        if (outlines.isEmpty()) return;
+        painter.setPen(ruling(colour));
+        painter.setBrush(Qt::NoBrush);
+        painter.drawRects(outlines);
+        outlines.clear();
+    };
     for (drawing::Reader reader(bytes); reader.next(item);) {
+        if (item.operation == drawing::Text) {
+            texts.append(item);
+            continue;
+        }
+        if (item.operation != drawing::Outline || item.value != colour) flush();
+        colour = item.value;
         switch (item.operation) {
-            case drawing::Text:
-                painter.setPen(Qt::black);
-                painter.setFont(fonts_[int(item.value)]);
-                painter.drawText(item.rect.topLeft(), item.text);
-                break;
             case drawing::Line:
                 painter.setPen(ruling(item.value));
                 painter.drawLine(item.rect.topLeft(), item.rect.bottomRight());
                 break;
             case drawing::Outline:
-                painter.setPen(ruling(item.value));
-                painter.setBrush(Qt::NoBrush);
-                painter.drawRect(item.rect);
+                outlines.append(item.rect);
                 break;
             case drawing::Fill:
                 painter.fillRect(item.rect, QColor::fromRgba(item.value));
@@ -117,6 +128,14 @@ void PrintDocument::paint(QPainter& painter, int page) const {
                 painter.drawImage(item.rect, images_[int(item.value)]);
                 break;
         }
+    }
+    flush();
+    painter.setPen(Qt::black);
+    std::optional<quint32> font;
+    for (const drawing::Item& text : texts) {
+        if (font != text.value) painter.setFont(fonts_[int(text.value)]);
+        font = text.value;
+        painter.drawText(text.rect.topLeft(), text.text);
     }
 }
 

@@ -44,7 +44,8 @@ public:
     const QString& title() const { return title_; }
     int pageCount() const { return int(pages_.size()); }
 
-    // Page from 0. The painter's unit is the twip, its origin the corner of the printable area.
+    // Page from 0. The painter's unit is the twip, its origin the corner of the printable area. Texts lie above lines,
+    // boxes and pictures.
     void paint(QPainter& painter, int page) const;
     // The texts of a page in the order of their printing, as a screen reader says them.
     QStringList texts(int page) const;

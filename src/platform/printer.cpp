@@ -10,6 +10,13 @@ namespace {
 
 constexpr double twipsPerPoint = 20;
 
+// A letter that stands for itself, whatever is beside it.
+bool isPlain(QChar c) {
+    const char16_t u = c.unicode();
+    return (u >= 0x20 && u < 0x0300) || (u >= 0x0370 && u < 0x0483) || (u >= 0x1f00 && u < 0x2000) ||
+           (u >= 0x2010 && u < 0x2027) || u == 0x20ac;
+}
+
 bool isControl(QChar c) {
     return c.category() == QChar::Other_Control || c == QChar::LineSeparator || c == QChar::ParagraphSeparator;
 }
@@ -46,7 +53,50 @@ struct Printer::Measure {
     QFont font;
     QFontMetricsF metrics;
     int index = -1;  // in the document
+    mutable QHash<char16_t, double> advances;
+
+    double advance(QChar c) const {
+        auto known = advances.constFind(c.unicode());
+        if (known == advances.constEnd()) known = advances.insert(c.unicode(), metrics.horizontalAdvance(c));
+        return *known;
+    }
+    // Without kerning a text of plain letters is as wide as its letters; shaping it costs a hundred times as much.
+    double width(QStringView line) const {
+        double sum = 0;
+        for (const QChar c : line) {
+            if (!isPlain(c)) return metrics.horizontalAdvance(line.toString());
+            sum += advance(c);
+        }
+        return sum;
+    }
+    // How many characters of a line, with a tail, stay below a width.
+    qsizetype fitting(QStringView line, double width, QStringView tail = {}) const;
 };
+
+qsizetype Printer::Measure::fitting(QStringView line, double width, QStringView tail) const {
+    const double room = width - this->width(tail);
+    double sum = 0;
+    qsizetype count = 0;
+    while (count < line.size() && isPlain(line[count])) {
+        sum += advance(line[count]);
+        if (sum >= room) return count;
+        ++count;
+    }
+    if (count == line.size()) return count;
+    // From the first letter on that joins others; doubling first keeps a line of any length cheap.
+    const auto fits = [&](qsizetype wanted) { return this->width(line.left(wanted)) < room; };
+    qsizetype good = count, bad = count + 16;
+    while (bad < line.size() && fits(bad)) {
+        good = bad;
+        bad *= 2;
+    }
+    bad = std::min(bad, line.size() + 1);
+    while (bad - good > 1) {
+        const qsizetype middle = (good + bad) / 2;
+        (fits(middle) ? good : bad) = middle;
+    }
+    return good;
+}
 
 Printer::Printer(const PageSetup& setup, const QString& title, FontSource fonts, qint64 memoryLimit)
     : setup_(setup), title_(title), fonts_(std::move(fonts)), memoryLimit_(memoryLimit), area_(setup.areaTwips()) {
@@ -79,18 +129,18 @@ const Printer::Measure& Printer::measure() const {
     QFont made = fonts_(font.name);
     made.setPixelSize(std::max(1, qRound(std::min(font.size, 500.0) * twipsPerPoint)));
     made.setHintingPreference(QFont::PreferNoHinting);
+    made.setKerning(false);
     made.setBold(font.bold);
     made.setItalic(font.italic);
     made.setUnderline(font.underline);
     const int index = document_->fontIndex(made);
-    measure_ = std::make_unique<Measure>(Measure{font, made, QFontMetricsF(made), index});
+    measure_ = std::make_unique<Measure>(Measure{font, made, QFontMetricsF(made), index, {}});
     return *measure_;
 }
 
 double Printer::textWidth(const QString& text) const {
     double widest = 0;
-    for (const QString& line : linesOf(text))
-        widest = std::max(widest, measure().metrics.horizontalAdvance(drawable(line)));
+    for (const QString& line : linesOf(text)) widest = std::max(widest, measure().width(drawable(line)));
     return widest;
 }
 
@@ -124,7 +174,7 @@ void Printer::printInline(const QString& text) {
         currentX = left;
         putLine(lines[i]);
     }
-    currentX = left + measure().metrics.horizontalAdvance(drawable(lines.last()));
+    currentX = left + measure().width(drawable(lines.last()));
 }
 
 void Printer::print(const QString& text) {
@@ -140,27 +190,11 @@ void Printer::printWrapped(const QString& text, double left, double right) {
     }
 }
 
-// How many characters of `line` stay within `width`, at least one. Doubling first keeps a line of any length cheap.
-static qsizetype fitting(const QFontMetricsF& metrics, const QString& line, double width, const QString& tail = {}) {
-    const auto fits = [&](qsizetype count) { return metrics.horizontalAdvance(line.left(count) + tail) < width; };
-    qsizetype good = 0, bad = 16;
-    while (bad < line.size() && fits(bad)) {
-        good = bad;
-        bad *= 2;
-    }
-    bad = std::min(bad, line.size() + 1);
-    while (bad - good > 1) {
-        const qsizetype middle = (good + bad) / 2;
-        (fits(middle) ? good : bad) = middle;
-    }
-    return good;
-}
-
 QStringList Printer::wrapped(const QString& text, double width) const {
     QStringList made;
     for (const QString& source : linesOf(text)) {
         QString line = drawable(source);
-        qsizetype count = fitting(measure().metrics, line, width);
+        qsizetype count = measure().fitting(line, width);
         while (count < line.size()) {
             count = std::max<qsizetype>(count, 1);
             if (line[count - 1].isHighSurrogate()) ++count;
@@ -168,7 +202,7 @@ QStringList Printer::wrapped(const QString& text, double width) const {
             const bool atBlank = blank > 0;
             made.append(line.left(atBlank ? blank : count));
             line = line.mid(atBlank ? blank + 1 : count);
-            count = fitting(measure().metrics, line, width);
+            count = measure().fitting(line, width);
         }
         made.append(line);
     }
@@ -176,14 +210,12 @@ QStringList Printer::wrapped(const QString& text, double width) const {
 }
 
 QString Printer::fitted(const QString& text, double width) const {
-    const QFontMetricsF& metrics = measure().metrics;
+    const Measure& now = measure();
     const QString line = drawable(QString(text).replace(u'\n', u' ').replace(u'\r', u' '));
-    if (line.size() < 200 && metrics.horizontalAdvance(line) < width) return line;
+    if (now.fitting(line, width) == line.size()) return width > 0 ? line : QString();
     const QString dots = QStringLiteral("...");
-    if (metrics.horizontalAdvance(dots) >= width) return {};
-    const qsizetype whole = fitting(metrics, line, width);
-    if (whole >= line.size()) return line;
-    qsizetype count = fitting(metrics, line, width, dots);
+    if (now.width(dots) >= width) return {};
+    qsizetype count = now.fitting(line, width, dots);
     if (count > 0 && line[count - 1].isHighSurrogate()) --count;
     return line.left(count) + dots;
 }
