@@ -4,6 +4,8 @@
 
 #include "cards/frmaddress.h"
 #include "cards/frmfind.h"
+#include "cards/frmhistory.h"
+#include "cards/frmlink.h"
 #include "controls/theme.h"
 #include "main/mdimain.h"
 #include "schema/demo.h"
@@ -68,6 +70,25 @@ void shootSettings(Studio& studio, const Album& album) {
     }
 }
 
+void shootCardDialogs(Studio& studio, const Album& album) {
+    cards::frmHistory movement(studio.mod, nullptr, [] {});
+    movement.EditMode = true;
+    movement.MovementId = 1;
+    movement.load();
+    album.take(movement, "movement");
+    cards::frmLink link(studio.mod, nullptr, [] {});
+    link.load();
+    album.take(link, "link");
+}
+
+void shootJournal(Studio& studio, const Album& album) {
+    entry::MDIMain window(studio.mod);
+    window.load();
+    window.show();
+    window.menu("MnuΗμερολόγιο")->trigger();
+    album.take(window, "journal");
+}
+
 void shootCards(Studio& studio, const Album& album) {
     entry::MDIMain window(studio.mod);
     window.load();
@@ -78,16 +99,17 @@ void shootCards(Studio& studio, const Album& album) {
         studio.mod.gConn, QStringLiteral("select top 1 code from cards where Photo is not null order by επωνυμο desc"));
     if (!withPhoto.isEmpty()) card->GoToRec(withPhoto[u"code"].toDouble());
     auto* tabs = window.findChild<QTabWidget*>("TabStrip1");
-    const std::pair<const char*, QString> shots[] = {{"card-basic", "Βασικά Στοιχεία"},
-                                                     {"card-special", "Ειδικά Στοιχεία"},
-                                                     {"card-notes", "Σημειώσεις"},
-                                                     {"card-texts", "Κείμενα"}};
+    const std::pair<const char*, QString> shots[] = {
+        {"card-basic", "Βασικά Στοιχεία"},   {"card-special", "Ειδικά Στοιχεία"}, {"card-notes", "Σημειώσεις"},
+        {"card-texts", "Κείμενα"},           {"card-history", "Ιστορικό"},        {"card-links", "Συνδέσεις"},
+        {"card-appointments", "Συναντήσεις"}};
     for (const auto& [name, caption] : shots) {
         for (int i = 0; i < tabs->count(); ++i)
             if (tabs->tabText(i) == caption) tabs->setCurrentIndex(i);
         album.take(window, name);
     }
     tabs->setCurrentIndex(0);
+    shootCardDialogs(studio, album);
     cards::frmFind find(studio.mod, nullptr, [](const cards::FoundCard&) {});
     find.search(QStringLiteral("ΠΑΠΑ"));
     album.take(find, "find");
@@ -124,6 +146,7 @@ int main(int argc, char** argv) {
         users::frmOwner owner(studio.mod);
         album.take(owner, "owner");
         shootCards(studio, album);
+        shootJournal(studio, album);
         shootSettings(studio, album);
         shootUsers(studio, album);
     }
