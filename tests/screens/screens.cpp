@@ -95,9 +95,12 @@ void shootCards(Studio& studio, const Album& album) {
     album.take(window, "main");
     window.menu("mnuCards")->trigger();
     auto* card = qobject_cast<cards::frmAddress*>(window.windows().find("frmAddress"));
-    data::Recordset withPhoto(
-        studio.mod.gConn, QStringLiteral("select top 1 code from cards where Photo is not null order by επωνυμο desc"));
+    data::Recordset withPhoto(studio.mod.gConn,
+                              QStringLiteral("select top 1 code from cards where Photo is not null and code in (select "
+                                             "codecard from dates) order by επωνυμο desc"));
     if (!withPhoto.isEmpty()) card->GoToRec(withPhoto[u"code"].toDouble());
+    window.findChild<controls::DateBox*>("txtFrom")->setDate(QDate(2020, 1, 1));
+    window.findChild<QAbstractButton*>("cmdShow")->click();
     auto* tabs = window.findChild<QTabWidget*>("TabStrip1");
     const std::pair<const char*, QString> shots[] = {
         {"card-basic", "Βασικά Στοιχεία"},   {"card-special", "Ειδικά Στοιχεία"}, {"card-notes", "Σημειώσεις"},
