@@ -73,7 +73,7 @@ private slots:
     void aLongPeriodIsReadWholeAndOnce() {
         Journal office;
         QDate day(2020, 1, 1);
-        for (int i = 0; i < 300; ++i, day = day.addDays(i % 7))
+        for (int i = 0; i < 300; ++i, day = day.addDays(1 + i % 7))
             office.add(i % 2 ? office.a : office.b, day.toString("yyyy/MM/dd"), QString::number(i), 0.1, 0.01);
         JournalReader reader(office.mod.gConn, {QDate(2020, 1, 1), day, {}, {}});
         int pieces = 1;
