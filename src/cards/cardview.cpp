@@ -384,10 +384,15 @@ void CardView::dress(const CardField& field, const QString& caption, bool visibl
         form->setRowVisible(qobject_cast<controls::DateBox*>(widget) ? widget->parentWidget() : widget, visible);
 }
 
+bool CardView::isOffered(const CardField& field) const {
+    // A date stands in a row with its calendar, and the row is what is hidden.
+    const bool inRow = qobject_cast<controls::DateBox*>(control(field));
+    return !control(field)->isHidden() && !(inRow && control(field)->parentWidget()->isHidden());
+}
+
 void CardView::showSpecialHint() {
     const bool any = std::any_of(cardFields().begin(), cardFields().end(), [this](const CardField& field) {
-        return field.tab == CardTab::Special && !control(field)->isHidden() &&
-               !control(field)->parentWidget()->isHidden();
+        return field.tab == CardTab::Special && isOffered(field);
     });
     specialHint_->setVisible(!any);
 }

@@ -43,6 +43,8 @@ public:
 
     // Caption and visibility of a parametric field; hidden ones keep their values.
     void dress(const CardField& field, const QString& caption, bool visible);
+    bool isOffered(const CardField& field) const;  // not hidden by the office
+    QString captionText(const CardField& field) const { return captions_.value(field.controlName())->text(); }
     void showSpecialHint();  // says so when the office has switched no parametric field on
 
     void selectTab(CardTab tab);

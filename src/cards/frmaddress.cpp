@@ -49,6 +49,7 @@ void frmAddress::wire() {
     on(view_->today(), &QPushButton::clicked, [this] { setLastVisit(*view_, mod_.services.clock.today()); });
     on(history_, &HistoryTab::written, [this] { ShowCard(true); });
     on(links_, &LinksTab::written, [this] { ShowCard(true); });
+    on(history_, &HistoryTab::printRequested, [this] { printMovements(); });
     wireAddresses();
     for (const CardField& field : cardFields())
         if (controls::DateBox* box = view_->date(field)) on(box, &controls::DateBox::refused, [this] { mod_.beep(); });
@@ -73,6 +74,7 @@ void frmAddress::wire() {
                             {QKeySequence("Ctrl+N"), AddNew},
                             {Qt::Key_F2, Edit},
                             {QKeySequence("Ctrl+Del"), Delete},
+                            {QKeySequence("Ctrl+P"), Print},
                             {Qt::Key_Escape, Cancel}})
         addShortcut(row.keys, [this, id = row.id] {
             if (buttons_->button(id)->isEnabled()) dispatch(id);
@@ -122,7 +124,7 @@ void frmAddress::dispatch(CardButton id) {
         case Search:
             return openFind();
         case Print:
-            return;
+            return printCard();
     }
 }
 

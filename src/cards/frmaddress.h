@@ -36,6 +36,8 @@ public:
     void FillListLinks();
     void FillListAppoiment();
     void SendMail(const QString& to);
+    // The card on show, as its controls stand. True when it was printed; a failure to draw it ends quietly.
+    bool gPrintKartela(const QString& Title);
 
     // For the windows that move the key set themselves.
     data::Recordset& keySet() { return mRsCards; }
@@ -62,6 +64,9 @@ private:
     QString shownText(int box) const;  // of Text7
     static QVector<QVariant> savedValues(data::Recordset& row);
 
+    void printCard();
+    void printMovements();
+    void tellPrinted(const QString& text);
     void openFind();
     void PreviousCard();
     void NextCard();

@@ -10,6 +10,7 @@
 #include "controls/picturebutton.h"
 #include "controls/theme.h"
 #include "core/columnwidths.h"
+#include "core/printlist.h"
 #include "core/sqltext.h"
 #include "data/format.h"
 #include "data/recordset.h"
@@ -125,12 +126,11 @@ QWidget* frmHmerologio::footRow() {
     };
     int index = 0;
     for (const Button& def : {Button{u"Εμφάνιση Λίστας", "search", [this] { FillList(); }},
-                              Button{u"Εκτύπωση Λίστας", "print", [this] { emit printRequested(); }},
+                              Button{u"Εκτύπωση Λίστας", "print", [this] { print(); }},
                               Button{u"Έξοδος", "exit", [this] { emit closeRequested(); }}}) {
         auto* button =
             named(new controls::PictureButton(QString::fromUtf16(def.caption), QString::fromLatin1(def.icon)),
-                  arrayName(QStringLiteral("lblClick"), index));
-        button->setVisible(index++ != 1);
+                  arrayName(QStringLiteral("lblClick"), index++));
         on(button, &QAbstractButton::clicked, [run = def.run] { run(); });
         layout->addWidget(button);
     }
@@ -243,6 +243,16 @@ void frmHmerologio::columnClicked(int column) {
 void frmHmerologio::openCard(int row) {
     const QVariant card = ListView1->row(row).tag;
     if (card.isValid()) showCard_(card.toLongLong());
+}
+
+void frmHmerologio::print() {
+    // All of the period goes on paper, also what is still being read.
+    while (isReading()) readOn(1000);
+    const QString title =
+        QStringLiteral("Ημερολόγιο από %1 έως %2").arg(txtFrom->formattedText(), txtTo->formattedText());
+    if (core::gPrintListView(mod_, this, *ListView1, title, core::ListHeading::Owner))
+        mod_.services.prompts.message(this, platform::MessageIcon::Plain, core::programTitle(),
+                                      QStringLiteral("Η εκτύπωση ολοκληρώθηκε"));
 }
 
 void frmHmerologio::onUnload() {

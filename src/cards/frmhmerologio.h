@@ -25,9 +25,6 @@ public:
     void FillList();
     bool isReading() const { return reader_ != nullptr; }
 
-signals:
-    void printRequested();
-
 protected:
     void onLoad() override;
     void onUnload() override;
@@ -44,6 +41,7 @@ private:
     void fail(const data::Error& error);
     void columnClicked(int column);
     void openCard(int row);
+    void print();
 
     std::function<void(qint64)> showCard_;
     controls::DateBox *txtFrom, *txtTo;

@@ -105,7 +105,6 @@ QWidget* HistoryTab::commandRow() {
     cmdDelHistory = command(u"cmdDelHistory", u"delete", u"Διαγραφή Κίνησης", [this] { deleteMovement(); });
     layout->addStretch(1);
     cmdPrint = command(u"cmdPrint", u"print", u"Εκτύπωση Κίνησης", [this] { emit printRequested(); });
-    cmdPrint->hide();
     return row;
 }
 

@@ -14,6 +14,7 @@
 #include "controls/names.h"
 #include "controls/theme.h"
 #include "core/contactnoun.h"
+#include "core/printout.h"
 #include "data/format.h"
 #include "users/frmadmin.h"
 #include "users/frmowner.h"
@@ -47,6 +48,8 @@ MDIMain::MDIMain(core::MainMod& mod) : mod_(mod), windows_(*this), area_(new QMd
              mod_.services.settings.setNumber(optionsSection, QStringLiteral("Sounds"),
                                               menu(QStringLiteral("mnuSounds"))->isChecked());
          }},
+        {QStringLiteral("mnuPreview"),
+         [this] { core::setPreviewsPrints(mod_.services.settings, menu(QStringLiteral("mnuPreview"))->isChecked()); }},
     };
     for (int i = 1; i <= 3; ++i)
         ownActions_.insert(controls::arrayName(QStringLiteral("MnuCat"), i), [this, i] { setNoun(i); });
@@ -119,6 +122,9 @@ void MDIMain::buildMenus() {
         QAction* entry = buildEntry(def);
         parent ? parent->addAction(entry) : menuBar()->addAction(entry);
     }
+    // The preview itself can switch it off.
+    connect(menus_.value(QStringLiteral("mnuView")), &QMenu::aboutToShow, menu(QStringLiteral("mnuPreview")),
+            [this] { menu(QStringLiteral("mnuPreview"))->setChecked(core::previewsPrints(mod_.services.settings)); });
 }
 
 QAction* MDIMain::buildEntry(const MenuDef& def) {
@@ -126,7 +132,8 @@ QAction* MDIMain::buildEntry(const MenuDef& def) {
     entry->setObjectName(def.name);
     entry->setSeparator(def.caption == QStringLiteral("-"));
     entry->setCheckable(def.name.startsWith(QStringLiteral("MnuCat")) ||
-                        def.name.startsWith(QStringLiteral("mnuTheme")) || def.name == QStringLiteral("mnuSounds"));
+                        def.name.startsWith(QStringLiteral("mnuTheme")) || def.name == QStringLiteral("mnuSounds") ||
+                        def.name == QStringLiteral("mnuPreview"));
     core::onSignal(mod_, this, entry, &QAction::triggered, [this, def] { trigger(def); });
     entries_.insert(def.name, entry);
     return entry;

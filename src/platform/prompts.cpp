@@ -124,6 +124,17 @@ QString DesktopPrompts::openFile(QWidget* parent, const QString& title, const QS
     return chosen(dialog);
 }
 
+QString DesktopPrompts::saveFile(QWidget* parent, const QString& title, const QString& suggested,
+                                 const QString& filter) {
+    QFileDialog dialog(parent, title, QString(), filter);
+    dialog.setAcceptMode(QFileDialog::AcceptSave);
+    dialog.setFileMode(QFileDialog::AnyFile);
+    dialog.setDefaultSuffix(QFileInfo(suggested).suffix());
+    dialog.selectFile(suggested);
+    dressInGreek(dialog, QStringLiteral("Αποθήκευση"));
+    return chosen(dialog);
+}
+
 QString DesktopPrompts::chooseFolder(QWidget* parent, const QString& title) {
     QFileDialog dialog(parent, title);
     dialog.setFileMode(QFileDialog::Directory);

@@ -22,6 +22,10 @@ public:
     // stands on `start`, a folder or a file. Empty on a cancel.
     virtual QString openFile(QWidget* parent, const QString& title, const QString& filter,
                              const QString& start = {}) = 0;
+    // Where to write. `suggested` is a name or path whose ending a name typed without one gets; a file that is there
+    // was asked about. Empty on a cancel.
+    virtual QString saveFile(QWidget* parent, const QString& title, const QString& suggested,
+                             const QString& filter) = 0;
     virtual QString chooseFolder(QWidget* parent, const QString& title) = 0;
 };
 
@@ -33,6 +37,7 @@ public:
     std::optional<QString> input(QWidget* parent, const QString& title, const QString& prompt,
                                  const QString& initial) override;
     QString openFile(QWidget* parent, const QString& title, const QString& filter, const QString& start = {}) override;
+    QString saveFile(QWidget* parent, const QString& title, const QString& suggested, const QString& filter) override;
     QString chooseFolder(QWidget* parent, const QString& title) override;
 };
 

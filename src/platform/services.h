@@ -2,6 +2,7 @@
 #pragma once
 
 #include "platform/clock.h"
+#include "platform/printers.h"
 #include "platform/prompts.h"
 #include "platform/settings.h"
 #include "platform/shell.h"
@@ -15,6 +16,7 @@ struct Services {
     Prompts& prompts;
     Sound& sound;
     Shell& shell;
+    Printers& printers;
 };
 
 }  // namespace platform

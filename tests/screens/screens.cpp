@@ -6,7 +6,10 @@
 #include "cards/frmfind.h"
 #include "cards/frmhistory.h"
 #include "cards/frmlink.h"
+#include "cards/historyreport.h"
 #include "controls/theme.h"
+#include "core/printpreview.h"
+#include "core/printprogress.h"
 #include "main/mdimain.h"
 #include "schema/demo.h"
 #include "schema/office.h"
@@ -120,6 +123,42 @@ void shootCards(Studio& studio, const Album& album) {
     album.take(window, "card-edit");
 }
 
+// The preview that a command opens, which is modal.
+void shootPreview(const Album& album, const QString& name, const std::function<void()>& command) {
+    QTimer timer;
+    QObject::connect(&timer, &QTimer::timeout, [&] {
+        auto* preview = qobject_cast<core::PrintPreview*>(QApplication::activeModalWidget());
+        if (!preview) return;
+        timer.stop();
+        album.take(*preview, name);
+        preview->reject();
+    });
+    timer.start(10);
+    command();
+}
+
+void shootPrints(Studio& studio, const Album& album) {
+    core::setPreviewsPrints(studio.desk.settings, true);
+    entry::MDIMain window(studio.mod);
+    window.load();
+    window.show();
+    window.menu("mnuCards")->trigger();
+    auto* card = qobject_cast<cards::frmAddress*>(window.windows().find("frmAddress"));
+    data::Recordset shown(studio.mod.gConn,
+                          QStringLiteral("select top 1 code from cards where Photo is not null order by επωνυμο"));
+    if (!shown.isEmpty()) card->goTo(shown[u"code"].toLong());
+    shootPreview(album, "print-card", [&] { window.findChild<QAbstractButton*>("lblClick(12)")->click(); });
+    shootPreview(album, "print-report",
+                 [&] { cards::dtpHistory(studio.mod, &window, card->CurrentCode.toLongLong()); });
+    window.menu("MnuΗμερολόγιο")->trigger();
+    QWidget& journal = *window.windows().find("frmHmerologio");
+    shootPreview(album, "print-list", [&] { journal.findChild<QAbstractButton*>("lblClick(1)")->click(); });
+    core::PrintProgress progress(&window, QStringLiteral("Σχεδίαση σελίδων: Ημερολόγιο Κινήσεων"));
+    while (!QApplication::activeModalWidget()) progress.step(340, 1000);
+    progress.step(340, 1000);
+    album.take(*QApplication::activeModalWidget(), "print-progress");
+}
+
 void shootUsers(Studio& studio, const Album& album) {
     entry::MDIMain window(studio.mod);
     window.load();
@@ -152,6 +191,7 @@ int main(int argc, char** argv) {
         shootJournal(studio, album);
         shootSettings(studio, album);
         shootUsers(studio, album);
+        shootPrints(studio, album);
     }
     return 0;
 }

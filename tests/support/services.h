@@ -43,12 +43,12 @@ private:
 // fails the test and counts as No or Cancel; so does a message, once refuseMessages() was called.
 class RecordingPrompts : public platform::Prompts {
 public:
-    enum class Kind { Message, Question, Input, OpenFile, ChooseFolder };
+    enum class Kind { Message, Question, Input, OpenFile, SaveFile, ChooseFolder };
     struct Shown {
         Kind kind;
         platform::MessageIcon icon;
         QString title;
-        QString text;  // the filter for OpenFile
+        QString text;  // the filter for OpenFile, the suggested name for SaveFile
     };
 
     void answer(bool yes) { answers_.push_back(yes); }
@@ -91,6 +91,10 @@ public:
         startPath = start;
         shown_.append({Kind::OpenFile, platform::MessageIcon::Plain, title, filter});
         return taken(files_, {}, "file dialog", title, filter);
+    }
+    QString saveFile(QWidget*, const QString& title, const QString& suggested, const QString&) override {
+        shown_.append({Kind::SaveFile, platform::MessageIcon::Plain, title, suggested});
+        return taken(files_, {}, "file dialog", title, suggested);
     }
     QString chooseFolder(QWidget*, const QString& title) override {
         shown_.append({Kind::ChooseFolder, platform::MessageIcon::Plain, title, QString()});
@@ -136,6 +140,42 @@ public:
     int beeps = 0;
 };
 
+// A system with one printer, until a test takes it away, which keeps what it was sent. PDF files are the real thing.
+class RecordingPrinters : public platform::SystemPrinters {
+public:
+    struct Sent {
+        QString printer, title;
+        int copies;
+        platform::PageSetup setup;
+        QVector<QStringList> pages;  // the texts of each
+
+        QStringList texts() const {
+            QStringList all;
+            for (const QStringList& page : pages) all += page;
+            return all;
+        }
+    };
+
+    QStringList installed{QStringLiteral("Γραφείο")};
+    QString failure;  // what goes wrong with every print from now on; empty for nothing
+    QVector<Sent> sent;
+
+    QStringList names() const override { return installed; }
+    QString defaultName() const override { return installed.value(0); }
+    bool print(const platform::PrintDocument& document, const QString& printer, int copies,
+               const platform::PageStep& step) override {
+        if (!failure.isEmpty()) throw platform::PrintError(failure);
+        if (!installed.contains(printer)) throw platform::PrintError(QStringLiteral("Δεν υπάρχει: ") + printer);
+        Sent now{printer, document.title(), copies, document.setup(), {}};
+        for (int page = 0; page < document.pageCount(); ++page) {
+            if (step && !step(page)) return false;
+            now.pages.append(document.texts(page));
+        }
+        sent.append(now);
+        return true;
+    }
+};
+
 // Keeps what was opened. Files exist as on the disk; what is named in `missingPrograms` nothing can open.
 class RecordingShell : public platform::DesktopShell {
 public:
@@ -158,9 +198,11 @@ struct Desk {
     RecordingPrompts prompts;
     RecordingSound sound;
     RecordingShell shell;
-    platform::Services services{settings, clock, prompts, sound, shell};
+    RecordingPrinters printers;
+    platform::Services services{settings, clock, prompts, sound, shell, printers};
 
-    Desk() = default;
+    // Prints go straight to the printer: a test that wants to see the preview switches it on.
+    Desk() { settings.setValue(QStringLiteral("Options"), QStringLiteral("PrintPreview"), QStringLiteral("0")); }
     Q_DISABLE_COPY_MOVE(Desk)
 };
 
