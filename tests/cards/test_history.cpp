@@ -76,6 +76,19 @@ private slots:
         QCOMPARE(card.rows(1), QStringList({" ", " |ΣΥΝΟΛΑ|0,00|0,00|120,10"}));
     }
 
+    void aPeriodThatIsNoneCanBeMended() {
+        Ledger office;
+        office.addCard("Ωμέγα", "Ρ");
+        HistoryDriver card(office.mod);
+        card.date("txtTo")->setFormattedText("__/__/____");
+        card.press(3);
+        QVERIFY(office.desk.prompts.lastText().contains("περίοδος"));
+        card.press(1);
+        card.date("txtTo")->setDate(QDate(2026, 11, 5));
+        card.click("cmdShow");
+        QCOMPARE(card.rows(1).size(), 6);
+    }
+
     void aCardWithoutMovementsHasABalanceOfNothing() {
         Office office;
         const qint64 code = office.addCard("Α", "Β", {{"total", 77.0}});
@@ -136,6 +149,7 @@ private slots:
         card.click("Command4");
         QCOMPARE(office.value(QString("select Photo from History where aa=%1").arg(office.last)), bytes);
         QCOMPARE(card.label("lblYpoloipo"), QString("119,10 "));
+        QCOMPARE(card.list(1)->currentRow(), 3);
         QCOMPARE(office.value("select count(*) from History").toInt(), 3);
     }
 
