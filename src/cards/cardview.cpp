@@ -364,6 +364,7 @@ QWidget* CardView::historyTab() {
         QFormLayout* form = formLayout();
         addRow(form, field);
         visits->addLayout(form);
+        visits->setAlignment(form, Qt::AlignVCenter);
     }
     layout->addLayout(visits);
     return page;

@@ -171,13 +171,17 @@ QWidget* frmHistory::buttons() {
                                          clearForm();
                                          txtDate->setFocus(Qt::TabFocusReason);
                                      }},
-                              Button{u"Έξοδος από την καταχώρηση συνάντησης", "exit", [this] { reject(); }}}) {
+                              Button{u"Έξοδος", "exit", [this] { reject(); }}}) {
         auto* button =
             named(new controls::PictureButton(QString::fromUtf16(def.caption), QString::fromLatin1(def.icon)),
                   arrayName(QStringLiteral("lblClick"), index++));
         core::onSignal(mod_, this, button, &QAbstractButton::clicked, [run = def.run] { run(); });
         layout->addWidget(button);
     }
+    // Too long to stand under a picture.
+    auto* exit = row->findChild<controls::PictureButton*>(arrayName(QStringLiteral("lblClick"), 2));
+    exit->setToolTip(QStringLiteral("Έξοδος από την καταχώρηση συνάντησης"));
+    exit->setAccessibleName(exit->toolTip());
     return row;
 }
 

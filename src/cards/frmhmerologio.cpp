@@ -55,7 +55,7 @@ void frmHmerologio::build() {
     layout->addWidget(filterRow());
     layout->addWidget(ListView1, 1);
     layout->addWidget(footRow());
-    setMinimumSize(640, 400);
+    setMinimumSize(720, 480);
 }
 
 controls::DateBox* frmHmerologio::dateBox(const QString& name, int picker, const QString& caption, QLayout* into) {
@@ -72,34 +72,39 @@ controls::DateBox* frmHmerologio::dateBox(const QString& name, int picker, const
 }
 
 QWidget* frmHmerologio::filterRow() {
-    auto* row = new QWidget;
-    auto* layout = new QHBoxLayout(row);
-    layout->setContentsMargins(0, 0, 0, 0);
-    layout->setSpacing(5);
-    txtFrom = dateBox(QStringLiteral("txtFrom"), 0, QStringLiteral("Από:"), layout);
-    layout->addSpacing(8);
-    txtTo = dateBox(QStringLiteral("txtTo"), 1, QStringLiteral("Έως:"), layout);
+    auto* rows = new QWidget;
+    auto* grid = new QVBoxLayout(rows);
+    grid->setContentsMargins(0, 0, 0, 0);
+    auto *first = new QHBoxLayout, *second = new QHBoxLayout;
+    for (QHBoxLayout* row : {first, second}) {
+        row->setSpacing(5);
+        grid->addLayout(row);
+    }
+    txtFrom = dateBox(QStringLiteral("txtFrom"), 0, QStringLiteral("Από:"), first);
+    first->addSpacing(8);
+    txtTo = dateBox(QStringLiteral("txtTo"), 1, QStringLiteral("Έως:"), first);
+    first->addSpacing(8);
     Combo1 = named(new controls::ChoiceBox(false), QStringLiteral("Combo1"));
     txtAitia = named(new controls::TextBox, QStringLiteral("txtAitia"));
     struct Field {
         const char16_t* caption;
         QWidget* box;
-        int stretch;
+        QHBoxLayout* row;
     };
-    for (const Field& field : {Field{u"Κατηγορία:", Combo1, 1}, Field{u"Αιτιολογία:", txtAitia, 2}}) {
+    for (const Field& field : {Field{u"Κατηγορία:", Combo1, first}, Field{u"Αιτιολογία:", txtAitia, second}}) {
         auto* label = new QLabel(QString::fromUtf16(field.caption));
         controls::tie(label, field.box);
-        layout->addSpacing(8);
-        layout->addWidget(label);
-        layout->addWidget(field.box, field.stretch);
+        field.row->addWidget(label);
+        field.row->addWidget(field.box, 1);
     }
-    Combo1->setMinimumContentsLength(12);
+    Combo1->setMinimumContentsLength(16);
+    Combo1->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
     // Enter in the reason lists, where the other boxes of the program move on.
     for (const Qt::Key key : {Qt::Key_Return, Qt::Key_Enter}) {
         auto* shortcut = new QShortcut(key, txtAitia, nullptr, nullptr, Qt::WidgetShortcut);
         on(shortcut, &QShortcut::activated, [this] { FillList(); });
     }
-    return row;
+    return rows;
 }
 
 QWidget* frmHmerologio::footRow() {

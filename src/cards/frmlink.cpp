@@ -117,8 +117,9 @@ void frmLink::showPath(const QString& path) {
 }
 
 void frmLink::chooseFile() {
+    const QString start = mod_.services.shell.exists(path_) ? path_ : QString();
     const QString chosen = mod_.services.prompts.openFile(this, QStringLiteral("Επιλογή Αρχείου"),
-                                                          QStringLiteral("Όλα τα αρχεία (*)"), path_);
+                                                          QStringLiteral("Όλα τα αρχεία (*)"), start);
     if (!chosen.isEmpty()) showPath(QDir::toNativeSeparators(chosen));
 }
 

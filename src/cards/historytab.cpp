@@ -139,6 +139,9 @@ void HistoryTab::load() {
 }
 
 void HistoryTab::fill(const QString& code) {
+    // Known from here on, so that a period that is none can be mended and shown.
+    code_ = code;
+    enableCommands();
     const auto from = txtFrom->date(), to = txtTo->date();
     if (!from || !to)
         throw data::Error(data::ErrorCategory::Type, QStringLiteral("Η περίοδος των κινήσεων δεν είναι σωστή."));
@@ -150,12 +153,18 @@ void HistoryTab::fill(const QString& code) {
     for (; !rows.eof(); rows.moveNext())
         ledger.add({rows.field(0).toLong(), rows.field(1).toDate(), rows.field(2).text(),
                     Money::of(rows.field(3).toDouble()), Money::of(rows.field(4).toDouble())});
-    code_ = code;
     const Money balance = ledger.balance();
     ListView1->setRows(listRows(std::move(ledger).finish()));
     lblYpoloipo->setText(balance.text() + u' ');
-    enableCommands();
+    selectChanged();
     storeBalance(balance);
+}
+
+// The movement that was just changed stays the selected one.
+void HistoryTab::selectChanged() {
+    const auto changed = std::exchange(changed_, std::nullopt);
+    for (int row = 0; changed && row < ListView1->count(); ++row)
+        if (ListView1->row(row).tag == QVariant(*changed)) ListView1->selectRow(row);
 }
 
 // Written only when it differs: a card that is merely looked at takes no lock and waits for no disk.
@@ -198,7 +207,10 @@ std::optional<qint64> HistoryTab::selected() const {
 }
 
 void HistoryTab::open(std::optional<qint64> movement) {
-    frmHistory form(mod_, this, [this] { emit written(); });
+    frmHistory form(mod_, this, [this, movement] {
+        changed_ = movement;
+        emit written();
+    });
     form.EditMode = movement.has_value();
     form.MovementId = movement.value_or(0);
     form.CodeCards = code_;

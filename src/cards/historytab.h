@@ -21,7 +21,7 @@ public:
     explicit HistoryTab(core::MainMod& mod);
 
     void load();  // columns, and the current month up to today
-    // Lists the card's movements and stores its balance. Throws data::Error, with the list as it was.
+    // Lists the card's movements and stores its balance. Throws data::Error, with the rows as they were.
     void fill(const QString& code);
     void clear();
     // Movements are changed while the card itself isn't.
@@ -46,12 +46,14 @@ private:
     void showMenu(int row, QPoint position);
     void enableCommands();
     void storeBalance(Money balance);
+    void selectChanged();
     std::optional<qint64> selected() const;
     void open(std::optional<qint64> movement);
 
     core::MainMod& mod_;
     QString code_;  // empty when no card is on show
     bool browsing_ = true;
+    std::optional<qint64> changed_;
     controls::DateBox *txtFrom, *txtTo;
     controls::ListView* ListView1;
     QLabel* lblYpoloipo;

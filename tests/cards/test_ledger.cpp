@@ -33,7 +33,7 @@ private slots:
         QCOMPARE(ledger.balance().text(), QString("100.000,00"));
         for (int i = 0; i < 1'000'000; ++i) ledger.add(movement(i, today, 0, 0.1));
         QCOMPARE(ledger.balance().sqlText(), QString("0"));
-        QCOMPARE(shown(std::move(ledger)).last(), QString("ΣΥΝΟΛΑ|0,00|100.000,00|0,00"));
+        QCOMPARE(shown(std::move(ledger)).last(), QString("|ΣΥΝΟΛΑ|0,00|100.000,00|0,00"));
     }
 
     void textOfAmounts_data() {
@@ -98,13 +98,14 @@ private slots:
         const QString october = "20/10/2026|Λόγος|100,00|0,00|100,00", start = "01/11/2026|Λόγος|50,00|0,00|150,00",
                       end = "05/11/2026|Λόγος|0,00|30,00|120,00", later = "06/11/2026|Λόγος|7,50|0,00|127,50";
         QTest::newRow("both ends count; what follows is in the balance")
-            << first << today << QStringList{"ΑΠΟ ΜΕΤΑΦΟΡΑ|||150,00", "", start, end, "", "ΣΥΝΟΛΑ|50,00|30,00|127,50"};
+            << first << today
+            << QStringList{"|ΑΠΟ ΜΕΤΑΦΟΡΑ|||150,00", "", start, end, "", "|ΣΥΝΟΛΑ|50,00|30,00|127,50"};
         QTest::newRow("from the first movement: carried is its own balance")
             << QDate(2026, 10, 20) << QDate(2027, 1, 1)
-            << QStringList{"ΑΠΟ ΜΕΤΑΦΟΡΑ|||100,00", "", october, start, end, later, "", "ΣΥΝΟΛΑ|157,50|30,00|127,50"};
+            << QStringList{"|ΑΠΟ ΜΕΤΑΦΟΡΑ|||100,00", "", october, start, end, later, "", "|ΣΥΝΟΛΑ|157,50|30,00|127,50"};
         QTest::newRow("after all movements")
-            << QDate(2027, 1, 1) << QDate(2027, 2, 1) << QStringList{"", "ΣΥΝΟΛΑ|0,00|0,00|127,50"};
-        QTest::newRow("upside down") << today << first << QStringList{"", "ΣΥΝΟΛΑ|0,00|0,00|127,50"};
+            << QDate(2027, 1, 1) << QDate(2027, 2, 1) << QStringList{"", "|ΣΥΝΟΛΑ|0,00|0,00|127,50"};
+        QTest::newRow("upside down") << today << first << QStringList{"", "|ΣΥΝΟΛΑ|0,00|0,00|127,50"};
     }
     void rowsOfAPeriod() {
         QFETCH(QDate, from);

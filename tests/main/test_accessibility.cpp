@@ -5,6 +5,8 @@
 #include <QTabWidget>
 
 #include "cards/frmfind.h"
+#include "cards/frmhistory.h"
+#include "cards/frmlink.h"
 #include "main/mdimain.h"
 #include "support/office.h"
 #include "users/frmlogon.h"
@@ -49,10 +51,16 @@ private slots:
         window.load();
         window.show();
         for (const char* entry :
-             {"mnuCards", "mnuCategory", "mnuFieldsCard", "mnuFieldsHistory", "mnuPass", "mnuUsers"})
+             {"mnuCards", "MnuΗμερολόγιο", "mnuCategory", "mnuFieldsCard", "mnuFieldsHistory", "mnuPass", "mnuUsers"})
             window.menu(entry)->trigger();
         cards::frmFind find(office.mod, nullptr, [](const cards::FoundCard&) {});
-        QCOMPARE(nameless(find).join(", "), QString());
+        cards::frmHistory movement(office.mod, nullptr, [] {});
+        movement.load();
+        cards::frmLink link(office.mod, nullptr, [] {});
+        link.load();
+        for (QWidget* dialog :
+             {static_cast<QWidget*>(&find), static_cast<QWidget*>(&movement), static_cast<QWidget*>(&link)})
+            QCOMPARE(nameless(*dialog).join(", "), QString());
         for (QWidget* each :
              {static_cast<QWidget*>(&logon), static_cast<QWidget*>(&owner), static_cast<QWidget*>(&window)})
             QCOMPARE(nameless(*each).join(", "), QString());

@@ -4,6 +4,8 @@
 
 #include "cards/frmaddress.h"
 #include "cards/frmfind.h"
+#include "cards/frmhistory.h"
+#include "cards/frmlink.h"
 #include "cards/historyreport.h"
 #include "controls/theme.h"
 #include "core/printpreview.h"
@@ -71,26 +73,49 @@ void shootSettings(Studio& studio, const Album& album) {
     }
 }
 
+void shootCardDialogs(Studio& studio, const Album& album) {
+    cards::frmHistory movement(studio.mod, nullptr, [] {});
+    movement.EditMode = true;
+    movement.MovementId = 1;
+    movement.load();
+    album.take(movement, "movement");
+    cards::frmLink link(studio.mod, nullptr, [] {});
+    link.load();
+    album.take(link, "link");
+}
+
+void shootJournal(Studio& studio, const Album& album) {
+    entry::MDIMain window(studio.mod);
+    window.load();
+    window.show();
+    window.menu("MnuΗμερολόγιο")->trigger();
+    album.take(window, "journal");
+}
+
 void shootCards(Studio& studio, const Album& album) {
     entry::MDIMain window(studio.mod);
     window.load();
     album.take(window, "main");
     window.menu("mnuCards")->trigger();
     auto* card = qobject_cast<cards::frmAddress*>(window.windows().find("frmAddress"));
-    data::Recordset withPhoto(
-        studio.mod.gConn, QStringLiteral("select top 1 code from cards where Photo is not null order by επωνυμο desc"));
+    data::Recordset withPhoto(studio.mod.gConn,
+                              QStringLiteral("select top 1 code from cards where Photo is not null and code in (select "
+                                             "codecard from dates) order by επωνυμο desc"));
     if (!withPhoto.isEmpty()) card->GoToRec(withPhoto[u"code"].toDouble());
+    window.findChild<controls::DateBox*>("txtFrom")->setDate(QDate(2020, 1, 1));
+    window.findChild<QAbstractButton*>("cmdShow")->click();
     auto* tabs = window.findChild<QTabWidget*>("TabStrip1");
-    const std::pair<const char*, QString> shots[] = {{"card-basic", "Βασικά Στοιχεία"},
-                                                     {"card-special", "Ειδικά Στοιχεία"},
-                                                     {"card-notes", "Σημειώσεις"},
-                                                     {"card-texts", "Κείμενα"}};
+    const std::pair<const char*, QString> shots[] = {
+        {"card-basic", "Βασικά Στοιχεία"},   {"card-special", "Ειδικά Στοιχεία"}, {"card-notes", "Σημειώσεις"},
+        {"card-texts", "Κείμενα"},           {"card-history", "Ιστορικό"},        {"card-links", "Συνδέσεις"},
+        {"card-appointments", "Συναντήσεις"}};
     for (const auto& [name, caption] : shots) {
         for (int i = 0; i < tabs->count(); ++i)
             if (tabs->tabText(i) == caption) tabs->setCurrentIndex(i);
         album.take(window, name);
     }
     tabs->setCurrentIndex(0);
+    shootCardDialogs(studio, album);
     cards::frmFind find(studio.mod, nullptr, [](const cards::FoundCard&) {});
     find.search(QStringLiteral("ΠΑΠΑ"));
     album.take(find, "find");
@@ -163,6 +188,7 @@ int main(int argc, char** argv) {
         users::frmOwner owner(studio.mod);
         album.take(owner, "owner");
         shootCards(studio, album);
+        shootJournal(studio, album);
         shootSettings(studio, album);
         shootUsers(studio, album);
         shootPrints(studio, album);

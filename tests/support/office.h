@@ -1,4 +1,4 @@
-// A real office in a scratch folder, opened as the program opens it.
+// A real office in a scratch folder, on the engine that the test runs on, opened as the program opens it.
 #pragma once
 
 #include <QTemporaryDir>
@@ -7,6 +7,7 @@
 #include "data/recordset.h"
 #include "schema/office.h"
 #include "support/services.h"
+#include "support/testengine.h"
 
 namespace support {
 
@@ -14,12 +15,23 @@ class Office {
 public:
     // Default rows, the delivered name days, Admin's password "admin".
     Office() {
-        schema::createOffice(folder(), {QStringLiteral("admin"), QStringLiteral(DORV_REFERENCE)});
+        schema::NewOffice office{QStringLiteral("admin"), QStringLiteral(DORV_REFERENCE)};
+        if (testengine::isPostgres()) office.server = testengine::server(testengine::Schema::newName());
+        schema::createOffice(folder(), office);
         open(mod);
         mod.gDataPath = folder();
         mod.gUserName = QStringLiteral("Admin");
         mod.gUserGroup = core::groupAdministrators;
     }
+
+    ~Office() {
+        mod.gConn.close();
+        mod.gConnUsers.close();
+        if (!testengine::isPostgres()) return;
+        for (const QString& file : {schema::mainDatabasePath(folder()), schema::usersDatabasePath(folder())})
+            data::dropPgDatabase(data::readServerDescription(file));
+    }
+    Q_DISABLE_COPY_MOVE(Office)
 
     QString folder() const { return directory_.filePath(QStringLiteral("office")); }
 
