@@ -91,6 +91,13 @@ QHBoxLayout* PrintPreview::targetRow() {
     orientation_->addItems({QStringLiteral("Κατακόρυφα"), QStringLiteral("Οριζόντια")});
     orientation_->setCurrentIndex(setup_.landscape);
 
+    // The whole row stays narrower than a small screen.
+    const auto narrow = [this](QComboBox* box, const QString& longest) {
+        box->setMaximumWidth(fontMetrics().horizontalAdvance(longest) + 56);
+    };
+    narrow(paper_, QStringLiteral("Letter"));
+    narrow(orientation_, QStringLiteral("Κατακόρυφα"));
+
     auto* row = new QHBoxLayout;
     row->setSpacing(6);
     row->addWidget(print_);
