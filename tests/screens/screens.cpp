@@ -98,9 +98,10 @@ void shootCards(Studio& studio, const Album& album) {
     album.take(window, "main");
     window.menu("mnuCards")->trigger();
     auto* card = qobject_cast<cards::frmAddress*>(window.windows().find("frmAddress"));
-    data::Recordset withPhoto(studio.mod.gConn,
-                              QStringLiteral("select top 1 code from cards where Photo is not null and code in (select "
-                                             "codecard from dates) order by επωνυμο desc"));
+    data::Recordset withPhoto(
+        studio.mod.gConn,
+        QStringLiteral("select top 1 code from cards where Photo is not null and code in (select "
+                       "codecard from dates) and code in (select codecards from history) order by επωνυμο desc"));
     if (!withPhoto.isEmpty()) card->GoToRec(withPhoto[u"code"].toDouble());
     window.findChild<controls::DateBox*>("txtFrom")->setDate(QDate(2020, 1, 1));
     window.findChild<QAbstractButton*>("cmdShow")->click();
