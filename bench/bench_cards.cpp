@@ -7,15 +7,26 @@
 #include <QTemporaryDir>
 
 #include "cards/frmaddress.h"
+#include "cards/frmhmerologio.h"
 #include "controls/theme.h"
+#include "data/format.h"
 #include "data/sqlite/sqliteengine.h"
 #include "schema/demo.h"
 #include "schema/office.h"
+#include "schema/tablewriter.h"
 #include "support/services.h"
 
 namespace {
 
 constexpr int cardCount = 100'000;
+// The card whose ledger is long, and the month in which everybody pays.
+constexpr int busyCard = 50'000, busyCardMovements = 10'000;
+constexpr int busyMonthMovements = 50'000;
+const QDate busyMonth(2015, 3, 1);
+
+const QString ledgerSql = QStringLiteral(
+    "Select aa,ΗΜΕΡΟΜΗΝΙΑ,ΑΙΤΙΟΛΟΓΙΑ,ΧΡΕΩΣΗ,ΠΙΣΤΩΣΗ from History where codecards=50000 order by ημερομηνια,aa");
+const QString journalSql = cards::journalStatement({busyMonth, busyMonth, {}, {}}, busyMonth, busyMonth.addDays(30));
 
 const QString navigationSql = QStringLiteral("select code,OutlookEntryID from cards order by ΕΠΩΝΥΜΟ");
 const QString nineColumnsSql = QStringLiteral(
@@ -32,6 +43,18 @@ struct Office {
         options.cards = cardCount;
         options.referenceDate = desk.clock.today();
         schema::fillDemo(mod.gConn, mod.gConnUsers, options);
+        addMovements();
+    }
+    void addMovements() {
+        data::Transaction transaction(mod.gConn);
+        schema::TableWriter movements(mod.gConn, *schema::findTable(schema::Database::Main, u"History"),
+                                      {"codecards", "ΗΜΕΡΟΜΗΝΙΑ", "ΑΙΤΙΟΛΟΓΙΑ", "ΧΡΕΩΣΗ", "ΠΙΣΤΩΣΗ"});
+        const auto write = [&](int card, QDate day, int number) {
+            movements.write({card, data::wallClock(day), QStringLiteral("Τιμολόγιο Νο %1").arg(number), 12.34, 0.1});
+        };
+        for (int i = 0; i < busyCardMovements; ++i) write(busyCard, QDate(2016, 1, 1).addDays(i / 3), i);
+        for (int i = 0; i < busyMonthMovements; ++i) write(i * 7 % cardCount + 1, busyMonth.addDays(i % 31), i);
+        transaction.commit();
     }
     static Office& instance() {
         static Office office;
@@ -89,6 +112,55 @@ void showCard(benchmark::State& state) {
     }
 }
 BENCHMARK(showCard)->Unit(benchmark::kMillisecond);
+
+BENCHMARK_CAPTURE(engineAlone, ledger, ledgerSql)->Unit(benchmark::kMillisecond);
+BENCHMARK_CAPTURE(engineAlone, journal, journalSql)->Unit(benchmark::kMillisecond);
+
+// The card with the long ledger, all of it in the period, on screen.
+void showLongLedger(benchmark::State& state) {
+    Office& office = Office::instance();
+    cards::frmAddress card(office.mod);
+    card.load();
+    card.show();
+    card.findChild<controls::DateBox*>("txtFrom")->setDate(QDate(2000, 1, 1));
+    auto* tabs = card.findChild<QTabWidget*>("TabStrip1");
+    tabs->setCurrentIndex(2);
+    for (auto _ : state) {
+        card.CurrentCode = QString::number(busyCard);
+        card.ShowCard(true);
+        QApplication::processEvents();
+    }
+    state.counters["rows"] = card.findChild<controls::ListView*>("ListView1")->count();
+}
+BENCHMARK(showLongLedger)->Unit(benchmark::kMillisecond);
+
+// The busy month on screen; `longest_ms` is the longest time for which the window answered nothing.
+void showJournal(benchmark::State& state, const char16_t* reason) {
+    Office& office = Office::instance();
+    cards::frmHmerologio journal(office.mod, [](qint64) {});
+    journal.load();
+    journal.show();
+    journal.findChild<controls::DateBox*>("txtFrom")->setDate(busyMonth);
+    journal.findChild<controls::DateBox*>("txtTo")->setDate(busyMonth.addDays(30));
+    journal.findChild<controls::TextBox*>("txtAitia")->setText(QString::fromUtf16(reason));
+    qint64 longest = 0;
+    QElapsedTimer turn;
+    for (auto _ : state) {
+        turn.start();
+        journal.FillList();
+        longest = std::max(longest, turn.restart());
+        while (journal.isReading()) {
+            QApplication::processEvents();
+            longest = std::max(longest, turn.restart());
+        }
+        QApplication::processEvents();
+        longest = std::max(longest, turn.elapsed());
+    }
+    state.counters["rows"] = journal.findChild<controls::ListView*>("ListView1")->count();
+    state.counters["longest_ms"] = double(longest);
+}
+BENCHMARK_CAPTURE(showJournal, month, u"")->Unit(benchmark::kMillisecond);
+BENCHMARK_CAPTURE(showJournal, rareWord, u"4999")->Unit(benchmark::kMillisecond);
 
 // Window made, key set read, first card shown.
 void openCardWindow(benchmark::State& state) {

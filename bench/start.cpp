@@ -11,8 +11,10 @@ int main(int argc, char** argv) {
     platform::SystemClock clock;
     platform::DesktopPrompts prompts;
     const auto sound = platform::systemSound();
+    platform::DesktopShell shell;
+    platform::SystemPrinters printers;
     controls::applyTheme(app, controls::ThemeKind::Automatic);
-    core::MainMod mod({*settings, clock, prompts, *sound});
+    core::MainMod mod({*settings, clock, prompts, *sound, shell, printers});
     entry::Program program(mod);
     if (!program.start()) return 1;
     QTimer::singleShot(0, &app, [&] { program.logon()->repaint(), QApplication::quit(); });

@@ -13,20 +13,19 @@ struct ButtonDef {
     const char16_t* caption;
     const char16_t* icon;
     const char16_t* keys;  // for the tool tip and the shortcut
-    bool built;            // what its window needs isn't there yet otherwise
 };
 
 constexpr ButtonDef buttonDefs[] = {
-    {Previous, u"Προηγούμενος", u"prev", u"Ctrl+PgUp", true},
-    {Search, u"Αναζήτηση", u"search", u"Ctrl+F", true},
-    {Next, u"Επόμενος", u"next", u"Ctrl+PgDown", true},
-    {AddNew, u"Προσθήκη Νέου", u"add", u"Ctrl+N", true},
-    {Edit, u"Διόρθωση Στοιχείων", u"edit", u"F2", true},
-    {Delete, u"Διαγράφη", u"delete", u"Ctrl+Del", true},
-    {Save, u"Ενήμερωση", u"save", u"F5", true},
-    {Cancel, u"Ακύρωση", u"cancel", u"Ctrl+Z, Esc", true},
-    {Exit, u"Έξοδος", u"exit", u"Ctrl+F4", true},
-    {Print, u"Εκτύπωση Καρτέλας", u"print", u"Ctrl+P", false},
+    {Previous, u"Προηγούμενος", u"prev", u"Ctrl+PgUp"},
+    {Search, u"Αναζήτηση", u"search", u"Ctrl+F"},
+    {Next, u"Επόμενος", u"next", u"Ctrl+PgDown"},
+    {AddNew, u"Προσθήκη Νέου", u"add", u"Ctrl+N"},
+    {Edit, u"Διόρθωση Στοιχείων", u"edit", u"F2"},
+    {Delete, u"Διαγράφη", u"delete", u"Ctrl+Del"},
+    {Save, u"Ενήμερωση", u"save", u"F5"},
+    {Cancel, u"Ακύρωση", u"cancel", u"Ctrl+Z, Esc"},
+    {Exit, u"Έξοδος", u"exit", u"Ctrl+F4"},
+    {Print, u"Εκτύπωση Καρτέλας", u"print", u"Ctrl+P"},
 };
 
 }  // namespace
@@ -36,7 +35,6 @@ ButtonRow::ButtonRow(core::MainMod& mod, QWidget* parent) : QWidget(parent), mod
     layout->setContentsMargins(0, 0, 0, 0);
     layout->setSpacing(4);
     for (const ButtonDef& def : buttonDefs) {
-        if (!def.built) continue;
         const QString caption = QString::fromUtf16(def.caption);
         auto* button = controls::named(new controls::PictureButton(caption, QString::fromUtf16(def.icon)),
                                        controls::arrayName(QStringLiteral("lblClick"), def.id));

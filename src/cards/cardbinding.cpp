@@ -48,12 +48,6 @@ QVariant dateOf(const controls::DateBox* box) {
     return box->formattedText();
 }
 
-void writeText(data::Field column, const QString& text) {
-    const QVariant old = column.value();
-    if (old.isValid() && sameOnScreen(text, old.toString())) return;
-    column.setValue(text);
-}
-
 void writeNameDay(const QString& line, data::Recordset& row, int year) {
     // An empty choice keeps what the card has.
     if (line.isEmpty()) return;
@@ -62,6 +56,12 @@ void writeNameDay(const QString& line, data::Recordset& row, int year) {
 }
 
 }  // namespace
+
+void writeText(data::Field column, const QString& text) {
+    const QVariant old = column.value();
+    if (old.isValid() && sameOnScreen(text, old.toString())) return;
+    column.setValue(text);
+}
 
 QString nameDayDate(const QString& line, int year) {
     return QStringLiteral("%1/%2").arg(line.right(5)).arg(year, 4, 10, QLatin1Char('0'));
@@ -192,6 +192,10 @@ void writeField(const CardView& view, const CardField& field, data::Recordset& r
     }
 }
 
+void setLastVisit(CardView& view, QDate date) {
+    setDate(view, *cardField(QStringLiteral("txtΤελευταία")), date);
+}
+
 void setEditable(CardView& view, bool editable) {
     for (const CardField& field : cardFields()) {
         QWidget* widget = view.control(field);
@@ -212,6 +216,7 @@ void setEditable(CardView& view, bool editable) {
     }
     view.loadPhoto()->setEnabled(editable);
     view.clearPhoto()->setEnabled(editable);
+    view.today()->setEnabled(editable);
     view.saveHint()->setVisible(editable);
 }
 

@@ -21,11 +21,15 @@ void showField(CardView& view, const CardField& field, const QVariant& value, co
 void writeField(const CardView& view, const CardField& field, data::Recordset& row, std::optional<qint64> category,
                 int year);
 
+// A text into a column of a text kind; left alone when it stands as it was shown.
+void writeText(data::Field column, const QString& text);
+
 // The date "dd/mm/yyyy" of a name-day line "name   dd/mm" in the given year.
 QString nameDayDate(const QString& line, int year);
 // A name-day line as the list shows it.
 QString nameDayLine(const QString& name, const QDateTime& feast);
 
+void setLastVisit(CardView& view, QDate date);
 void setEditable(CardView& view, bool editable);
 
 }  // namespace cards

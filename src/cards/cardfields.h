@@ -6,7 +6,7 @@
 
 namespace cards {
 
-enum class CardTab { Basic, Special, History, Notes, Texts };
+enum class CardTab { Basic, Special, History, Notes, Texts, Links, Appointments };
 
 enum class CardKind {
     Text,       // one line

@@ -23,15 +23,17 @@ struct TabDef {
     CardTab tab;
     const char16_t* caption;
     const char16_t* frame;
-    bool visible;
 };
 
-// The strip in its order. A tab whose contents aren't all there yet exists, since its columns are saved, but isn't
-// shown.
+// The strip in its order.
 constexpr TabDef tabDefs[] = {
-    {CardTab::Basic, u"Βασικά Στοιχεία", u"Frame3", true}, {CardTab::Special, u"Ειδικά Στοιχεία", u"Frame4", true},
-    {CardTab::History, u"Ιστορικό", u"Frame5", false},     {CardTab::Notes, u"Σημειώσεις", u"Frame1", true},
-    {CardTab::Texts, u"Κείμενα", u"Frame6", true},
+    {CardTab::Basic, u"Βασικά Στοιχεία", u"Frame3"},
+    {CardTab::Special, u"Ειδικά Στοιχεία", u"Frame4"},
+    {CardTab::History, u"Ιστορικό", u"Frame5"},
+    {CardTab::Notes, u"Σημειώσεις", u"Frame1"},
+    {CardTab::Texts, u"Κείμενα", u"Frame6"},
+    {CardTab::Links, u"Συνδέσεις", u"Frame2"},
+    {CardTab::Appointments, u"Συναντήσεις", u"Frame7"},
 };
 
 // The two columns of the first tab, top to bottom; this is also the tab order.
@@ -73,7 +75,7 @@ QWidget* scrolled(QWidget* page) {
 
 }  // namespace
 
-CardView::CardView(QWidget* parent) : QWidget(parent) {
+CardView::CardView(const CardPanels& panels) : panels_(panels) {
     for (const CardField& field : cardFields()) widgets_.insert(field.controlName(), create(field));
 
     tabs_ = named(new QTabWidget, QStringLiteral("TabStrip1"));
@@ -84,13 +86,14 @@ CardView::CardView(QWidget* parent) : QWidget(parent) {
                                               {CardTab::Special, &CardView::specialTab},
                                               {CardTab::History, &CardView::historyTab},
                                               {CardTab::Notes, &CardView::notesTab},
-                                              {CardTab::Texts, &CardView::textsTab}};
+                                              {CardTab::Texts, &CardView::textsTab},
+                                              {CardTab::Links, &CardView::linksTab},
+                                              {CardTab::Appointments, &CardView::appointmentsTab}};
     for (const TabDef& def : tabDefs) {
         QWidget* frame = named((this->*builders.value(def.tab))(), QString::fromUtf16(def.frame));
         QWidget* page = scrolled(frame);
         pages_.insert(def.tab, page);
-        const int index = tabs_->addTab(page, QString::fromUtf16(def.caption));
-        tabs_->setTabVisible(index, def.visible);
+        tabs_->addTab(page, QString::fromUtf16(def.caption));
     }
 
     auto* layout = new QVBoxLayout(this);
@@ -166,6 +169,10 @@ QWidget* CardView::datePairOf(const CardField& field) {
     layout->setSpacing(4);
     layout->addWidget(date(field));
     layout->addWidget(picker);
+    if (field.kind == CardKind::LastMovement) {
+        today_ = named(new QPushButton(QStringLiteral("Σήμερα")), QStringLiteral("cmdΣήμερα"));
+        layout->addWidget(today_);
+    }
     layout->addStretch(1);
     return pair;
 }
@@ -173,7 +180,7 @@ QWidget* CardView::datePairOf(const CardField& field) {
 void CardView::addRow(QFormLayout* form, const CardField& field) {
     QWidget* holder = control(field);
     if (qobject_cast<controls::DateBox*>(holder)) holder = datePairOf(field);
-    if (field.kind == CardKind::Category) holder = categoryRow(field);
+    if (QWidget* row = besideRow(field)) holder = row;
     if (field.kind == CardKind::ParamFlag)
         form->addRow(QString(), holder);
     else
@@ -181,19 +188,42 @@ void CardView::addRow(QFormLayout* form, const CardField& field) {
     forms_.insert(field.controlName(), form);
 }
 
-QWidget* CardView::categoryRow(const CardField& field) {
-    categories_ = named(new QToolButton, QStringLiteral("Command2"));
-    categories_->setIcon(controls::icon(QStringLiteral("category")));
-    categories_->setToolTip(QStringLiteral("Κατηγορίες Καρτέλας"));
-    categories_->setAccessibleName(QStringLiteral("Κατηγορίες Καρτέλας"));
-    categories_->setFocusPolicy(Qt::TabFocus);
+QToolButton* CardView::besideButton(const QString& name, const QString& icon, const QString& caption) {
+    auto* button = named(new QToolButton, name);
+    button->setIcon(controls::icon(icon));
+    button->setToolTip(caption);
+    button->setAccessibleName(caption);
+    button->setFocusPolicy(Qt::TabFocus);
+    return button;
+}
+
+QWidget* CardView::withButton(const CardField& field, QToolButton* button) {
     auto* row = new QWidget;
     auto* layout = new QHBoxLayout(row);
     layout->setContentsMargins(0, 0, 0, 0);
     layout->setSpacing(4);
-    layout->addWidget(combo(field), 1);
-    layout->addWidget(categories_);
+    layout->addWidget(control(field), 1);
+    layout->addWidget(button);
     return row;
+}
+
+// The field with the button that belongs to it; null for a field without one.
+QWidget* CardView::besideRow(const CardField& field) {
+    struct Beside {
+        QString control, name, icon, caption;
+        QToolButton*& button;
+    };
+    for (const Beside& beside : {Beside{QStringLiteral("Combo1"), QStringLiteral("Command2"),
+                                        QStringLiteral("category"), QStringLiteral("Κατηγορίες Καρτέλας"), categories_},
+                                 Beside{QStringLiteral("Text7(13)"), QStringLiteral("Command5"), QStringLiteral("mail"),
+                                        QStringLiteral("Συνταξή και αποστολή e-mail"), mail_},
+                                 Beside{QStringLiteral("Text7(14)"), QStringLiteral("Command6"), QStringLiteral("web"),
+                                        QStringLiteral("Μετάβαση στη σελίδα"), web_}}) {
+        if (field.controlName() != beside.control) continue;
+        beside.button = besideButton(beside.name, beside.icon, beside.caption);
+        return withButton(field, beside.button);
+    }
+    return nullptr;
 }
 
 QWidget* CardView::header() {
@@ -323,11 +353,20 @@ QWidget* CardView::textsTab() {
 
 QWidget* CardView::historyTab() {
     auto* page = new QWidget;
-    auto* form = formLayout();
-    page->setLayout(form);
-    form->setContentsMargins(14, 14, 14, 14);
-    for (const CardField& field : cardFields())
-        if (field.tab == CardTab::History) addRow(form, field);
+    auto* layout = new QVBoxLayout(page);
+    layout->setContentsMargins(14, 14, 14, 14);
+    layout->setSpacing(12);
+    layout->addWidget(panels_.history, 1);
+    auto* visits = new QHBoxLayout;
+    visits->setSpacing(24);
+    for (const CardField& field : cardFields()) {
+        if (field.tab != CardTab::History) continue;
+        QFormLayout* form = formLayout();
+        addRow(form, field);
+        visits->addLayout(form);
+        visits->setAlignment(form, Qt::AlignVCenter);
+    }
+    layout->addLayout(visits);
     return page;
 }
 
@@ -345,10 +384,15 @@ void CardView::dress(const CardField& field, const QString& caption, bool visibl
         form->setRowVisible(qobject_cast<controls::DateBox*>(widget) ? widget->parentWidget() : widget, visible);
 }
 
+bool CardView::isOffered(const CardField& field) const {
+    // A date stands in a row with its calendar, and the row is what is hidden.
+    const bool inRow = qobject_cast<controls::DateBox*>(control(field));
+    return !control(field)->isHidden() && !(inRow && control(field)->parentWidget()->isHidden());
+}
+
 void CardView::showSpecialHint() {
     const bool any = std::any_of(cardFields().begin(), cardFields().end(), [this](const CardField& field) {
-        return field.tab == CardTab::Special && !control(field)->isHidden() &&
-               !control(field)->parentWidget()->isHidden();
+        return field.tab == CardTab::Special && isOffered(field);
     });
     specialHint_->setVisible(!any);
 }

@@ -19,10 +19,17 @@ class QToolButton;
 
 namespace cards {
 
+// The tabs' contents that aren't columns of the card; the view takes them over.
+struct CardPanels {
+    QWidget* history;
+    QWidget* links;
+    QWidget* appointments;
+};
+
 class CardView : public QWidget {
     Q_OBJECT
 public:
-    explicit CardView(QWidget* parent = nullptr);
+    explicit CardView(const CardPanels& panels);
 
     // By control name; the field must be of that kind.
     controls::TextBox* text(const CardField& field) const { return cast<controls::TextBox>(field); }
@@ -36,6 +43,8 @@ public:
 
     // Caption and visibility of a parametric field; hidden ones keep their values.
     void dress(const CardField& field, const QString& caption, bool visible);
+    bool isOffered(const CardField& field) const;  // not hidden by the office
+    QString captionText(const CardField& field) const { return captions_.value(field.controlName())->text(); }
     void showSpecialHint();  // says so when the office has switched no parametric field on
 
     void selectTab(CardTab tab);
@@ -52,6 +61,10 @@ public:
     QPushButton* loadPhoto() const { return loadPhoto_; }
     QPushButton* clearPhoto() const { return clearPhoto_; }
     QToolButton* categories() const { return categories_; }
+    QToolButton* mail() const { return mail_; }
+    QToolButton* web() const { return web_; }
+    QPushButton* today() const { return today_; }  // puts today into the last visit
+    QWidget* linksFrame() const { return panels_.links; }
 
 private:
     template <typename W>
@@ -60,7 +73,9 @@ private:
     }
     QWidget* create(const CardField& field);
     QWidget* datePairOf(const CardField& field);
-    QWidget* categoryRow(const CardField& field);
+    QWidget* withButton(const CardField& field, QToolButton* button);
+    QToolButton* besideButton(const QString& name, const QString& icon, const QString& caption);
+    QWidget* besideRow(const CardField& field);
     QLabel* caption(const CardField& field);
     QWidget* header();
     QWidget* basicTab();
@@ -68,8 +83,11 @@ private:
     QWidget* notesTab();
     QWidget* textsTab();
     QWidget* historyTab();
+    QWidget* linksTab() { return panels_.links; }
+    QWidget* appointmentsTab() { return panels_.appointments; }
     void addRow(QFormLayout* form, const CardField& field);
 
+    CardPanels panels_;
     QHash<QString, QWidget*> widgets_;
     QHash<QString, controls::DatePicker*> pickers_;
     QHash<QString, QLabel*> captions_;
@@ -80,8 +98,8 @@ private:
     QTabWidget* tabs_;
     QStackedWidget* texts_;
     PhotoView* photo_;
-    QPushButton *loadPhoto_, *clearPhoto_;
-    QToolButton* categories_;
+    QPushButton *loadPhoto_, *clearPhoto_, *today_;
+    QToolButton *categories_, *mail_, *web_;
 };
 
 }  // namespace cards

@@ -7,6 +7,7 @@
 
 #include "cards/cardbinding.h"
 #include "cards/frmfind.h"
+#include "cards/linkopen.h"
 #include "controls/names.h"
 
 namespace cards {
@@ -19,17 +20,18 @@ struct BusyCursor {
     ~BusyCursor() { QApplication::restoreOverrideCursor(); }
 };
 
-QVector<QVariant> valuesOf(data::Recordset& row) {
-    QVector<QVariant> values;
-    for (int i = 0; i < row.fieldCount(); ++i) values.append(row.field(i).value());
-    return values;
-}
+// Addresses shorter than this lead nowhere.
+constexpr int shortestMail = 5, shortestWeb = 4;
+constexpr int mailBox = 13, webBox = 14;  // of Text7
 
 }  // namespace
 
 frmAddress::frmAddress(core::MainMod& mod)
     : Form(mod, QStringLiteral("frmAddress"), QStringLiteral("Καρτέλα"), {QStringLiteral("Address"), 0, 0}),
-      view_(new CardView),
+      history_(new HistoryTab(mod)),
+      links_(new LinksTab(mod)),
+      appointments_(new AppointmentsTab(mod)),
+      view_(new CardView({history_, links_, appointments_})),
       buttons_(new ButtonRow(mod)) {
     auto* layout = new QVBoxLayout(this);
     layout->setContentsMargins(12, 10, 12, 10);
@@ -44,6 +46,11 @@ void frmAddress::wire() {
     on(view_->loadPhoto(), &QPushButton::clicked, [this] { loadPhoto(); });
     on(view_->categories(), &QToolButton::clicked, [this] { emit openRequested(QStringLiteral("frmCategory")); });
     on(view_->clearPhoto(), &QPushButton::clicked, [this] { clearPhoto(); });
+    on(view_->today(), &QPushButton::clicked, [this] { setLastVisit(*view_, mod_.services.clock.today()); });
+    on(history_, &HistoryTab::written, [this] { ShowCard(true); });
+    on(links_, &LinksTab::written, [this] { ShowCard(true); });
+    on(history_, &HistoryTab::printRequested, [this] { printMovements(); });
+    wireAddresses();
     for (const CardField& field : cardFields())
         if (controls::DateBox* box = view_->date(field)) on(box, &controls::DateBox::refused, [this] { mod_.beep(); });
     addShortcut(Qt::Key_F5, [this] {
@@ -67,10 +74,27 @@ void frmAddress::wire() {
                             {QKeySequence("Ctrl+N"), AddNew},
                             {Qt::Key_F2, Edit},
                             {QKeySequence("Ctrl+Del"), Delete},
+                            {QKeySequence("Ctrl+P"), Print},
                             {Qt::Key_Escape, Cancel}})
         addShortcut(row.keys, [this, id = row.id] {
             if (buttons_->button(id)->isEnabled()) dispatch(id);
         });
+}
+
+void frmAddress::wireAddresses() {
+    on(view_->mail(), &QToolButton::clicked, [this] { SendMail(shownText(mailBox)); });
+    on(view_->web(), &QToolButton::clicked, [this] { openAddress(mod_, this, webAddress(shownText(webBox))); });
+    struct Address {
+        int box;
+        int shortest;
+        QToolButton* button;
+    };
+    for (const Address& address :
+         {Address{mailBox, shortestMail, view_->mail()}, Address{webBox, shortestWeb, view_->web()}}) {
+        address.button->setEnabled(false);
+        connect(view_->text(*cardField(QStringLiteral("Text7"), address.box)), &QLineEdit::textChanged, this,
+                [address](const QString& text) { address.button->setEnabled(text.size() >= address.shortest); });
+    }
 }
 
 void frmAddress::addShortcut(const QKeySequence& keys, std::function<void()> action) {
@@ -100,7 +124,7 @@ void frmAddress::dispatch(CardButton id) {
         case Search:
             return openFind();
         case Print:
-            return;
+            return printCard();
     }
 }
 
@@ -108,6 +132,9 @@ void frmAddress::onLoad() {
     const BusyCursor busy;
     mod_.gAddressOpen = true;
     view_->categories()->setEnabled(mod_.gUserGroup != core::groupRestricted);
+    history_->load();
+    links_->load();
+    appointments_->load();
     // Locked before anything can fail, so that a card that can't be read can't be typed into.
     ClearCard();
     LockCard();
@@ -170,15 +197,22 @@ void frmAddress::ClearCard() {
     mPhotoBytes.clear();
     view_->photo()->setBytes({});
     view_->showText(0);
+    history_->clear();
+    links_->clear();
+    appointments_->clear();
     if (mod_.gUserGroup == core::groupRestricted) buttons_->setBrowsing(true);
 }
 
 void frmAddress::LockCard() {
     setEditable(*view_, false);
+    history_->setBrowsing(true);
+    links_->setEnabled(true);
 }
 
 void frmAddress::UnlockCard() {
     setEditable(*view_, true);
+    history_->setBrowsing(false);
+    links_->setEnabled(false);
 }
 
 void frmAddress::ShowCard(bool Reload) {
@@ -201,6 +235,9 @@ void frmAddress::ShowCard(bool Reload) {
         showHeader();
         LockCard();
         showCounter();
+        FillList();
+        FillListLinks();
+        FillListAppoiment();
     } catch (const data::Error& error) {
         core::showFailure(mod_, this, error, QStringLiteral("Πρόβλημα κατά την ανάκτηση των δεμένων! \n"));
     }
@@ -212,7 +249,31 @@ void frmAddress::showRow(data::Recordset& row, bool reload) {
         showField(*view_, field, value, field.kind == CardKind::Category ? categoryName(value) : QString());
     }
     if (reload) readPhoto(row);
-    shownValues_ = valuesOf(row);
+    shownValues_ = savedValues(row);
+}
+
+// What a save writes; the balance isn't among it and changes whenever a card is shown.
+QVector<QVariant> frmAddress::savedValues(data::Recordset& row) {
+    QVector<QVariant> values;
+    for (const CardField& field : cardFields()) values.append(row[field.column].value());
+    values.append(row[u"Photo"].value());
+    return values;
+}
+
+void frmAddress::FillList() {
+    history_->fill(CurrentCode);
+}
+
+void frmAddress::FillListLinks() {
+    links_->fill(CurrentCode);
+}
+
+void frmAddress::FillListAppoiment() {
+    appointments_->fill(CurrentCode);
+}
+
+void frmAddress::SendMail(const QString& to) {
+    if (to.size() >= shortestMail) openAddress(mod_, this, mailAddress(to));
 }
 
 QString frmAddress::categoryName(const QVariant& code) {
@@ -233,11 +294,14 @@ void frmAddress::showBrowsing() {
     buttons_->setBrowsing(mod_.gUserGroup == core::groupRestricted);
 }
 
+QString frmAddress::shownText(int box) const {
+    return view_->text(*cardField(QStringLiteral("Text7"), box))->text();
+}
+
 void frmAddress::showHeader() {
-    const auto shown = [this](int index) { return view_->text(*cardField(QStringLiteral("Text7"), index))->text(); };
-    view_->surname()->setText(shown(0));
-    view_->firstName()->setText(shown(1));
-    view_->telephone()->setText(shown(9));
+    view_->surname()->setText(shownText(0));
+    view_->firstName()->setText(shownText(1));
+    view_->telephone()->setText(shownText(9));
 }
 
 void frmAddress::showCounter() {
@@ -276,6 +340,15 @@ void frmAddress::openFind() {
 }
 
 void frmAddress::goToFound(qint64 code) {
+    goTo(code);
+    view_->selectTab(CardTab::Basic);
+}
+
+void frmAddress::goTo(qint64 code) {
+    if (isEditing())
+        return core::complain(mod_, this,
+                              QStringLiteral("Η καρτέλα που φαίνεται είναι σε διόρθωση.\nΑποθηκεύστε ή "
+                                             "ακυρώστε πρώτα τις αλλαγές."));
     const QString criterion = QStringLiteral("code=%1").arg(code);
     if (!mRsCards.isEmpty()) mRsCards.moveFirst();
     mRsCards.find(criterion);
@@ -287,7 +360,6 @@ void frmAddress::goToFound(qint64 code) {
     CurrentCode = QString::number(code);
     FindUnLock();
     ShowCard(true);
-    view_->selectTab(CardTab::Basic);
 }
 
 void frmAddress::FindUnLock() {
@@ -305,6 +377,7 @@ bool frmAddress::queryUnload() {
 
 void frmAddress::onUnload() {
     mod_.gAddressOpen = false;
+    links_->storeWidths();
     mRsCard.close();
     mRsCards.close();
 }

@@ -1,8 +1,11 @@
 // The contact card: one card at a time, walked, read, added, changed and deleted.
 #pragma once
 
+#include "cards/appointmentstab.h"
 #include "cards/buttonrow.h"
 #include "cards/cardview.h"
+#include "cards/historytab.h"
+#include "cards/linkstab.h"
 #include "core/form.h"
 #include "data/recordset.h"
 
@@ -22,11 +25,19 @@ public:
     // current row.
     void GoToRec(double Code);
     void FindUnLock();
-    // From the top of the key set, read again when the card isn't in it; for windows that hand over a code.
-    void goToFound(qint64 code);
+    // From the top of the key set, which is read again when the card isn't in it. Refused while the card on show is
+    // being changed.
+    void goTo(qint64 code);
+    void goToFound(qint64 code);  // and its first tab; for the search
     void CardAddNew();
     void CardEdit();
     void FillCombo();
+    void FillList();  // of movements
+    void FillListLinks();
+    void FillListAppoiment();
+    void SendMail(const QString& to);
+    // The card on show, as its controls stand. True when it was printed; a failure to draw it ends quietly.
+    bool gPrintKartela(const QString& Title);
 
     // For the windows that move the key set themselves.
     data::Recordset& keySet() { return mRsCards; }
@@ -39,6 +50,7 @@ protected:
 
 private:
     void wire();
+    void wireAddresses();
     void addShortcut(const QKeySequence& keys, std::function<void()> action);
     void dispatch(CardButton id);
     void dress();
@@ -49,7 +61,12 @@ private:
     void showBrowsing();
     void showHeader();
     void showCounter();
+    QString shownText(int box) const;  // of Text7
+    static QVector<QVariant> savedValues(data::Recordset& row);
 
+    void printCard();
+    void printMovements();
+    void tellPrinted(const QString& text);
     void openFind();
     void PreviousCard();
     void NextCard();
@@ -71,6 +88,9 @@ private:
     void loadPhoto();
     void clearPhoto();
 
+    HistoryTab* history_;
+    LinksTab* links_;
+    AppointmentsTab* appointments_;
     CardView* view_;
     ButtonRow* buttons_;
 

@@ -1,8 +1,7 @@
 // Adding, changing, saving and deleting a card, and its photo.
-#include <QFile>
-
 #include "cards/cardbinding.h"
 #include "cards/frmaddress.h"
+#include "cards/photofile.h"
 #include "core/sqltext.h"
 
 namespace cards {
@@ -51,12 +50,13 @@ bool frmAddress::refreshFromCarrier() {
         core::complain(mod_, this, QStringLiteral("Η καρτέλα έχει διαγραφεί από άλλον χρήστη."));
         return false;
     }
-    QVector<QVariant> values;
-    for (int i = 0; i < mRsCard.fieldCount(); ++i) values.append(mRsCard.field(i).value());
-    if (values != shownValues_) {
+    if (savedValues(mRsCard) != shownValues_) {
         ClearCard();
         showRow(mRsCard, true);
         showHeader();
+        FillList();
+        FillListLinks();
+        FillListAppoiment();
     }
     return true;
 }
@@ -171,16 +171,10 @@ void frmAddress::DeleteCard() {
 }
 
 void frmAddress::loadPhoto() {
-    const QString path = mod_.services.prompts.openFile(this, QStringLiteral("Εισαγωγή Φωτογραφίας"),
-                                                        QStringLiteral("Φωτογραφίες (*.bmp *.jpg *.gif)"));
-    if (path.isEmpty()) return;
-    QFile file(path);
-    if (!file.open(QIODevice::ReadOnly)) return;
-    // Kept as the file has it; a file that is no picture leaves the old photo.
-    const QByteArray bytes = file.readAll();
-    if (!PhotoView::isPicture(bytes)) return;
-    mPhotoBytes = bytes;
-    view_->photo()->setBytes(bytes);
+    const auto bytes = choosePhoto(mod_, this);
+    if (!bytes) return;
+    mPhotoBytes = *bytes;
+    view_->photo()->setBytes(mPhotoBytes);
 }
 
 void frmAddress::clearPhoto() {

@@ -13,19 +13,6 @@ namespace {
 // Larger pictures come from no camera that an office owns; a crafted header could ask for all of the memory.
 constexpr qint64 maxPixels = 200'000'000;
 
-QImage readScaled(const QByteArray& bytes, QSize bounds) {
-    QBuffer buffer;
-    buffer.setData(bytes);
-    buffer.open(QIODevice::ReadOnly);
-    QImageReader reader(&buffer);
-    reader.setAutoTransform(true);
-    const QSize size = reader.size();
-    if (size.isValid() && qint64(size.width()) * size.height() > maxPixels) return {};
-    if (size.isValid() && (size.width() > bounds.width() || size.height() > bounds.height()))
-        reader.setScaledSize(size.scaled(bounds, Qt::KeepAspectRatio));
-    return reader.read();
-}
-
 }  // namespace
 
 PhotoView::PhotoView(QWidget* parent) : QFrame(parent) {
@@ -40,14 +27,27 @@ void PhotoView::setBytes(const QByteArray& bytes) {
     update();
 }
 
+QImage PhotoView::read(const QByteArray& bytes, QSize bounds) {
+    QBuffer buffer;
+    buffer.setData(bytes);
+    buffer.open(QIODevice::ReadOnly);
+    QImageReader reader(&buffer);
+    reader.setAutoTransform(true);
+    const QSize size = reader.size();
+    if (size.isValid() && qint64(size.width()) * size.height() > maxPixels) return {};
+    if (size.isValid() && (size.width() > bounds.width() || size.height() > bounds.height()))
+        reader.setScaledSize(size.scaled(bounds, Qt::KeepAspectRatio));
+    return reader.read();
+}
+
 bool PhotoView::isPicture(const QByteArray& bytes) {
-    return !readScaled(bytes, {64, 64}).isNull();
+    return !read(bytes, {64, 64}).isNull();
 }
 
 void PhotoView::decode() {
     const qreal ratio = devicePixelRatioF();
     const QSize room = contentsRect().adjusted(8, 8, -8, -8).size() * ratio;
-    QImage image = readScaled(bytes_, room);
+    QImage image = read(bytes_, room);
     if (!image.isNull()) image = image.scaled(room, Qt::KeepAspectRatio, Qt::SmoothTransformation);
     picture_ = QPixmap::fromImage(image);
     picture_.setDevicePixelRatio(ratio);

@@ -18,6 +18,8 @@ public:
 
     // True when the bytes decode to a picture.
     static bool isPicture(const QByteArray& bytes);
+    // Turned as the camera was held, at most so large; null for bytes that are no picture.
+    static QImage read(const QByteArray& bytes, QSize bounds);
 
 protected:
     void paintEvent(QPaintEvent*) override;

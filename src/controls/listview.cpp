@@ -21,6 +21,7 @@ public:
         if (role == Qt::DisplayRole) return row.cells.value(index.column());
         if (role == Qt::ForegroundRole && row.colour.isValid()) return row.colour;
         if (role == Qt::TextAlignmentRole) return alignment(index.column());
+        if (role == Qt::DecorationRole && index.column() == 0 && !row.icon.isNull()) return row.icon;
         return {};
     }
     QVariant headerData(int section, Qt::Orientation orientation, int role) const override {
@@ -90,6 +91,10 @@ int ListView::count() const {
 
 const ListRow& ListView::row(int index) const {
     return rows_->rows[index];
+}
+
+const QVector<ListRow>& ListView::rows() const {
+    return rows_->rows;
 }
 
 int ListView::currentRow() const {

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <QColor>
+#include <QIcon>
 #include <QTreeView>
 #include <QVariant>
 #include <QVector>
@@ -17,8 +18,9 @@ struct ListColumn {
 
 struct ListRow {
     QStringList cells;
-    QVariant tag;   // what the row stands for; invalid for rows that stand for nothing (sums, blanks)
-    QColor colour;  // of its text; invalid for the theme's
+    QVariant tag;     // what the row stands for; invalid for rows that stand for nothing (sums, blanks)
+    QColor colour;    // of its text; invalid for the theme's
+    QIcon icon = {};  // small, before the first cell
 };
 
 // Holds its rows itself; a hundred thousand are no burden. Enter and a double click activate a row alike.
@@ -39,6 +41,7 @@ public:
     void clear() { setRows({}); }
     int count() const;
     const ListRow& row(int index) const;
+    const QVector<ListRow>& rows() const;
     int currentRow() const;  // -1 when nothing is selected
     void selectRow(int index);
 

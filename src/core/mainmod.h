@@ -39,6 +39,8 @@ public:
     int gUserGroup = 0;
     LogonDelay logonDelay;
 
+    QString gSqlOrdr, gSqlOrdr1, gSqlOrdr2;  // sort columns of the list in front, the newest first
+
     bool gAddressOpen = false;  // frmAddress is loaded
 
     // Numbers of a card, non-empty ones in the order home 1, work 1, home 2, work 2, mobile, joined by ", ".

@@ -35,10 +35,12 @@ int main(int argc, char** argv) {
     platform::SystemClock clock;
     platform::DesktopPrompts prompts;
     const auto sound = platform::systemSound();
+    platform::DesktopShell shell;
+    platform::SystemPrinters printers;
     controls::applyTheme(
         app, static_cast<controls::ThemeKind>(settings->number(QStringLiteral("Options"), QStringLiteral("Theme"), 0)));
 
-    core::MainMod mod({*settings, clock, prompts, *sound});
+    core::MainMod mod({*settings, clock, prompts, *sound, shell, printers});
     app.mod = &mod;
     entry::Program program(mod);
     QObject::connect(&program, &entry::Program::finished, &app, &QApplication::quit, Qt::QueuedConnection);

@@ -10,9 +10,11 @@
 #include "cards/frmaddress.h"
 #include "cards/frmcategory.h"
 #include "cards/frmfields.h"
+#include "cards/frmhmerologio.h"
 #include "controls/names.h"
 #include "controls/theme.h"
 #include "core/contactnoun.h"
+#include "core/printout.h"
 #include "data/format.h"
 #include "users/frmadmin.h"
 #include "users/frmowner.h"
@@ -46,6 +48,8 @@ MDIMain::MDIMain(core::MainMod& mod) : mod_(mod), windows_(*this), area_(new QMd
              mod_.services.settings.setNumber(optionsSection, QStringLiteral("Sounds"),
                                               menu(QStringLiteral("mnuSounds"))->isChecked());
          }},
+        {QStringLiteral("mnuPreview"),
+         [this] { core::setPreviewsPrints(mod_.services.settings, menu(QStringLiteral("mnuPreview"))->isChecked()); }},
     };
     for (int i = 1; i <= 3; ++i)
         ownActions_.insert(controls::arrayName(QStringLiteral("MnuCat"), i), [this, i] { setNoun(i); });
@@ -65,6 +69,8 @@ void MDIMain::registerForms() {
     windows_.add(QStringLiteral("frmFields"),
                  [this] { return new cards::frmFields(mod_, [this](int list) { showList(list); }); });
     windows_.add(QStringLiteral("frmFields1"), [this] { return new cards::frmFields1(mod_); });
+    windows_.add(QStringLiteral("frmHmerologio"),
+                 [this] { return new cards::frmHmerologio(mod_, [this](qint64 code) { showCard(code); }); });
     windows_.add(QStringLiteral("frmAdmin"), [this] { return new users::frmAdmin(mod_); });
     windows_.add(QStringLiteral("frmUsers"), [this] { return new users::frmUsers(mod_); });
 }
@@ -76,6 +82,10 @@ core::Form* MDIMain::refillingCard(cards::ListEditor* editor) {
             card->FillCombo();
     });
     return editor;
+}
+
+void MDIMain::showCard(qint64 code) {
+    if (auto* card = qobject_cast<cards::frmAddress*>(windows_.front(QStringLiteral("frmAddress")))) card->goTo(code);
 }
 
 void MDIMain::showList(int number) {
@@ -112,6 +122,9 @@ void MDIMain::buildMenus() {
         QAction* entry = buildEntry(def);
         parent ? parent->addAction(entry) : menuBar()->addAction(entry);
     }
+    // The preview itself can switch it off.
+    connect(menus_.value(QStringLiteral("mnuView")), &QMenu::aboutToShow, menu(QStringLiteral("mnuPreview")),
+            [this] { menu(QStringLiteral("mnuPreview"))->setChecked(core::previewsPrints(mod_.services.settings)); });
 }
 
 QAction* MDIMain::buildEntry(const MenuDef& def) {
@@ -119,7 +132,8 @@ QAction* MDIMain::buildEntry(const MenuDef& def) {
     entry->setObjectName(def.name);
     entry->setSeparator(def.caption == QStringLiteral("-"));
     entry->setCheckable(def.name.startsWith(QStringLiteral("MnuCat")) ||
-                        def.name.startsWith(QStringLiteral("mnuTheme")) || def.name == QStringLiteral("mnuSounds"));
+                        def.name.startsWith(QStringLiteral("mnuTheme")) || def.name == QStringLiteral("mnuSounds") ||
+                        def.name == QStringLiteral("mnuPreview"));
     core::onSignal(mod_, this, entry, &QAction::triggered, [this, def] { trigger(def); });
     entries_.insert(def.name, entry);
     return entry;
@@ -146,6 +160,7 @@ void MDIMain::refreshMenus() {
     for (int i = 0; i <= 2; ++i) menu(controls::arrayName(QStringLiteral("mnuTheme"), i))->setChecked(i == theme);
     menu(QStringLiteral("mnuSounds"))
         ->setChecked(mod_.services.settings.number(optionsSection, QStringLiteral("Sounds"), 1) == 1);
+    menu(QStringLiteral("mnuPreview"))->setChecked(core::previewsPrints(mod_.services.settings));
     hideEmptyMenus();
 }
 

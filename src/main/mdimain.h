@@ -47,6 +47,7 @@ private:
 
     void registerForms();
     core::Form* refillingCard(cards::ListEditor* editor);
+    void showCard(qint64 code);
     void showList(int number);
     void buildMenus();
     QAction* buildEntry(const MenuDef& def);

@@ -74,6 +74,7 @@ constexpr Row rows[] = {
     {u"mnuTheme(2)", u"mnuView", u"Σκούρα", u""},
     {u"κ2", u"mnuView", u"-", u""},
     {u"mnuSounds", u"mnuView", u"Ήχοι κουμπιών", u""},
+    {u"mnuPreview", u"mnuView", u"Προεπισκόπηση πριν από κάθε εκτύπωση", u""},
     {u"mnuHelp", u"", u"Βοήθεια", u""},
     {u"mnuHelp1", u"mnuHelp", u"Οδηγίες", u"help"},
     {u"mnuAbout", u"mnuHelp", u"Περί", u"frmAbout"},

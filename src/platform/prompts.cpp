@@ -3,6 +3,7 @@
 #include <QDialog>
 #include <QDialogButtonBox>
 #include <QFileDialog>
+#include <QFileInfo>
 #include <QInputDialog>
 #include <QLabel>
 #include <QMessageBox>
@@ -114,10 +115,23 @@ std::optional<QString> DesktopPrompts::input(QWidget* parent, const QString& tit
     return dialog.textValue();
 }
 
-QString DesktopPrompts::openFile(QWidget* parent, const QString& title, const QString& filter) {
-    QFileDialog dialog(parent, title, QString(), filter);
+QString DesktopPrompts::openFile(QWidget* parent, const QString& title, const QString& filter, const QString& start) {
+    const QFileInfo where(start);
+    QFileDialog dialog(parent, title, start.isEmpty() || where.isDir() ? start : where.path(), filter);
     dialog.setFileMode(QFileDialog::ExistingFile);
+    if (!start.isEmpty() && !where.isDir()) dialog.selectFile(where.fileName());
     dressInGreek(dialog, QStringLiteral("Άνοιγμα"));
+    return chosen(dialog);
+}
+
+QString DesktopPrompts::saveFile(QWidget* parent, const QString& title, const QString& suggested,
+                                 const QString& filter) {
+    QFileDialog dialog(parent, title, QString(), filter);
+    dialog.setAcceptMode(QFileDialog::AcceptSave);
+    dialog.setFileMode(QFileDialog::AnyFile);
+    dialog.setDefaultSuffix(QFileInfo(suggested).suffix());
+    dialog.selectFile(suggested);
+    dressInGreek(dialog, QStringLiteral("Αποθήκευση"));
     return chosen(dialog);
 }
 

@@ -18,8 +18,14 @@ public:
     virtual bool question(QWidget* parent, const QString& title, const QString& text) = 0;  // Yes/No; closing is No
     virtual std::optional<QString> input(QWidget* parent, const QString& title, const QString& prompt,
                                          const QString& initial) = 0;
-    // `filter` in the form "Φωτογραφίες (*.bmp *.jpg)"; several separated by ";;". Empty on a cancel.
-    virtual QString openFile(QWidget* parent, const QString& title, const QString& filter) = 0;
+    // `filter` in the form "Φωτογραφίες (*.bmp *.jpg)"; several separated by ";;". The dialog
+    // stands on `start`, a folder or a file. Empty on a cancel.
+    virtual QString openFile(QWidget* parent, const QString& title, const QString& filter,
+                             const QString& start = {}) = 0;
+    // Where to write. `suggested` is a name or path whose ending a name typed without one gets; a file that is there
+    // was asked about. Empty on a cancel.
+    virtual QString saveFile(QWidget* parent, const QString& title, const QString& suggested,
+                             const QString& filter) = 0;
     virtual QString chooseFolder(QWidget* parent, const QString& title) = 0;
 };
 
@@ -30,7 +36,8 @@ public:
     bool question(QWidget* parent, const QString& title, const QString& text) override;
     std::optional<QString> input(QWidget* parent, const QString& title, const QString& prompt,
                                  const QString& initial) override;
-    QString openFile(QWidget* parent, const QString& title, const QString& filter) override;
+    QString openFile(QWidget* parent, const QString& title, const QString& filter, const QString& start = {}) override;
+    QString saveFile(QWidget* parent, const QString& title, const QString& suggested, const QString& filter) override;
     QString chooseFolder(QWidget* parent, const QString& title) override;
 };
 

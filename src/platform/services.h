@@ -2,8 +2,10 @@
 #pragma once
 
 #include "platform/clock.h"
+#include "platform/printers.h"
 #include "platform/prompts.h"
 #include "platform/settings.h"
+#include "platform/shell.h"
 #include "platform/sound.h"
 
 namespace platform {
@@ -13,6 +15,8 @@ struct Services {
     Clock& clock;
     Prompts& prompts;
     Sound& sound;
+    Shell& shell;
+    Printers& printers;
 };
 
 }  // namespace platform

@@ -5,11 +5,31 @@
 #include <QComboBox>
 #include <QLabel>
 #include <QTabWidget>
+#include <QTimer>
 
 #include "cards/frmaddress.h"
 #include "support/office.h"
 
 namespace support {
+
+// A dialog counts as active with its parent, so the toolkit's own wait would end too soon.
+inline void activate(QWidget& window) {
+    window.activateWindow();
+    if (!QTest::qWaitFor([&window] { return QApplication::activeWindow() == &window; }))
+        QTest::qFail("the window never got the focus", __FILE__, __LINE__);
+}
+
+// Runs `act` in the dialog that the next event opens, and closes the dialog if `act` left it open.
+template <typename Dialog>
+void inNextDialog(std::function<void(Dialog&)> act) {
+    QTimer::singleShot(0, qApp, [act] {
+        auto* dialog = qobject_cast<Dialog*>(QApplication::activeModalWidget());
+        if (!dialog) return QTest::qFail("the dialog didn't open", __FILE__, __LINE__);
+        activate(*dialog);
+        act(*dialog);
+        if (dialog->isVisible()) dialog->done(QDialog::Rejected);
+    });
+}
 
 struct CardDriver {
     explicit CardDriver(core::MainMod& mod) : form(mod) {
@@ -35,6 +55,19 @@ struct CardDriver {
     QString label(const QString& name) { return find<QLabel>(name)->text(); }
     QString counter() { return label("Label4"); }
     QString tab() { return find<QTabWidget>("TabStrip1")->tabText(find<QTabWidget>("TabStrip1")->currentIndex()); }
+    void openTab(const QString& caption) {
+        auto* tabs = find<QTabWidget>("TabStrip1");
+        for (int i = 0; i < tabs->count(); ++i)
+            if (tabs->tabText(i) == caption) tabs->setCurrentIndex(i);
+    }
+    controls::ListView* list(int i) { return find<controls::ListView>(QString("ListView%1").arg(i)); }
+    // Cells of a list's rows joined by '|'.
+    QStringList rows(int i) {
+        QStringList lines;
+        for (int row = 0; row < list(i)->count(); ++row) lines << list(i)->row(row).cells.join('|');
+        return lines;
+    }
+    void click(const QString& name) { find<QAbstractButton>(name)->click(); }
     controls::PictureButton* button(int i) { return find<controls::PictureButton>(QString("lblClick(%1)").arg(i)); }
     void press(int i) { button(i)->click(); }
     bool enabled(int i) { return button(i)->isEnabled(); }

@@ -5,6 +5,9 @@
 #include <QTabWidget>
 
 #include "cards/frmfind.h"
+#include "cards/frmhistory.h"
+#include "cards/frmlink.h"
+#include "core/printpreview.h"
 #include "main/mdimain.h"
 #include "support/office.h"
 #include "users/frmlogon.h"
@@ -49,10 +52,19 @@ private slots:
         window.load();
         window.show();
         for (const char* entry :
-             {"mnuCards", "mnuCategory", "mnuFieldsCard", "mnuFieldsHistory", "mnuPass", "mnuUsers"})
+             {"mnuCards", "MnuΗμερολόγιο", "mnuCategory", "mnuFieldsCard", "mnuFieldsHistory", "mnuPass", "mnuUsers"})
             window.menu(entry)->trigger();
         cards::frmFind find(office.mod, nullptr, [](const cards::FoundCard&) {});
-        QCOMPARE(nameless(find).join(", "), QString());
+        cards::frmHistory movement(office.mod, nullptr, [] {});
+        movement.load();
+        cards::frmLink link(office.mod, nullptr, [] {});
+        link.load();
+        core::PrintPreview preview(
+            office.mod, nullptr,
+            {"Σελίδα", [](platform::Printer& printer, const core::PrintStep&) { printer.print("Σελίδα"); }});
+        for (QWidget* dialog : {static_cast<QWidget*>(&find), static_cast<QWidget*>(&movement),
+                                static_cast<QWidget*>(&link), static_cast<QWidget*>(&preview)})
+            QCOMPARE(nameless(*dialog).join(", "), QString());
         for (QWidget* each :
              {static_cast<QWidget*>(&logon), static_cast<QWidget*>(&owner), static_cast<QWidget*>(&window)})
             QCOMPARE(nameless(*each).join(", "), QString());

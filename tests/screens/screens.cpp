@@ -4,7 +4,12 @@
 
 #include "cards/frmaddress.h"
 #include "cards/frmfind.h"
+#include "cards/frmhistory.h"
+#include "cards/frmlink.h"
+#include "cards/historyreport.h"
 #include "controls/theme.h"
+#include "core/printpreview.h"
+#include "core/printprogress.h"
 #include "main/mdimain.h"
 #include "schema/demo.h"
 #include "schema/office.h"
@@ -68,6 +73,25 @@ void shootSettings(Studio& studio, const Album& album) {
     }
 }
 
+void shootCardDialogs(Studio& studio, const Album& album) {
+    cards::frmHistory movement(studio.mod, nullptr, [] {});
+    movement.EditMode = true;
+    movement.MovementId = 1;
+    movement.load();
+    album.take(movement, "movement");
+    cards::frmLink link(studio.mod, nullptr, [] {});
+    link.load();
+    album.take(link, "link");
+}
+
+void shootJournal(Studio& studio, const Album& album) {
+    entry::MDIMain window(studio.mod);
+    window.load();
+    window.show();
+    window.menu("MnuΗμερολόγιο")->trigger();
+    album.take(window, "journal");
+}
+
 void shootCards(Studio& studio, const Album& album) {
     entry::MDIMain window(studio.mod);
     window.load();
@@ -75,24 +99,65 @@ void shootCards(Studio& studio, const Album& album) {
     window.menu("mnuCards")->trigger();
     auto* card = qobject_cast<cards::frmAddress*>(window.windows().find("frmAddress"));
     data::Recordset withPhoto(
-        studio.mod.gConn, QStringLiteral("select top 1 code from cards where Photo is not null order by επωνυμο desc"));
+        studio.mod.gConn,
+        QStringLiteral("select top 1 code from cards where Photo is not null and code in (select "
+                       "codecard from dates) and code in (select codecards from history) order by επωνυμο desc"));
     if (!withPhoto.isEmpty()) card->GoToRec(withPhoto[u"code"].toDouble());
+    window.findChild<controls::DateBox*>("txtFrom")->setDate(QDate(2020, 1, 1));
+    window.findChild<QAbstractButton*>("cmdShow")->click();
     auto* tabs = window.findChild<QTabWidget*>("TabStrip1");
-    const std::pair<const char*, QString> shots[] = {{"card-basic", "Βασικά Στοιχεία"},
-                                                     {"card-special", "Ειδικά Στοιχεία"},
-                                                     {"card-notes", "Σημειώσεις"},
-                                                     {"card-texts", "Κείμενα"}};
+    const std::pair<const char*, QString> shots[] = {
+        {"card-basic", "Βασικά Στοιχεία"},   {"card-special", "Ειδικά Στοιχεία"}, {"card-notes", "Σημειώσεις"},
+        {"card-texts", "Κείμενα"},           {"card-history", "Ιστορικό"},        {"card-links", "Συνδέσεις"},
+        {"card-appointments", "Συναντήσεις"}};
     for (const auto& [name, caption] : shots) {
         for (int i = 0; i < tabs->count(); ++i)
             if (tabs->tabText(i) == caption) tabs->setCurrentIndex(i);
         album.take(window, name);
     }
     tabs->setCurrentIndex(0);
+    shootCardDialogs(studio, album);
     cards::frmFind find(studio.mod, nullptr, [](const cards::FoundCard&) {});
     find.search(QStringLiteral("ΠΑΠΑ"));
     album.take(find, "find");
     window.findChild<QAbstractButton*>("lblClick(6)")->click();
     album.take(window, "card-edit");
+}
+
+// The preview that a command opens, which is modal.
+void shootPreview(const Album& album, const QString& name, const std::function<void()>& command) {
+    QTimer timer;
+    QObject::connect(&timer, &QTimer::timeout, [&] {
+        auto* preview = qobject_cast<core::PrintPreview*>(QApplication::activeModalWidget());
+        if (!preview) return;
+        timer.stop();
+        album.take(*preview, name);
+        preview->reject();
+    });
+    timer.start(10);
+    command();
+}
+
+void shootPrints(Studio& studio, const Album& album) {
+    core::setPreviewsPrints(studio.desk.settings, true);
+    entry::MDIMain window(studio.mod);
+    window.load();
+    window.show();
+    window.menu("mnuCards")->trigger();
+    auto* card = qobject_cast<cards::frmAddress*>(window.windows().find("frmAddress"));
+    data::Recordset shown(studio.mod.gConn,
+                          QStringLiteral("select top 1 code from cards where Photo is not null order by επωνυμο"));
+    if (!shown.isEmpty()) card->goTo(shown[u"code"].toLong());
+    shootPreview(album, "print-card", [&] { window.findChild<QAbstractButton*>("lblClick(12)")->click(); });
+    shootPreview(album, "print-report",
+                 [&] { cards::dtpHistory(studio.mod, &window, card->CurrentCode.toLongLong()); });
+    window.menu("MnuΗμερολόγιο")->trigger();
+    QWidget& journal = *window.windows().find("frmHmerologio");
+    shootPreview(album, "print-list", [&] { journal.findChild<QAbstractButton*>("lblClick(1)")->click(); });
+    core::PrintProgress progress(&window, QStringLiteral("Σχεδίαση σελίδων: Ημερολόγιο Κινήσεων"));
+    while (!QApplication::activeModalWidget()) progress.step(340, 1000);
+    progress.step(340, 1000);
+    album.take(*QApplication::activeModalWidget(), "print-progress");
 }
 
 void shootUsers(Studio& studio, const Album& album) {
@@ -124,8 +189,10 @@ int main(int argc, char** argv) {
         users::frmOwner owner(studio.mod);
         album.take(owner, "owner");
         shootCards(studio, album);
+        shootJournal(studio, album);
         shootSettings(studio, album);
         shootUsers(studio, album);
+        shootPrints(studio, album);
     }
     return 0;
 }

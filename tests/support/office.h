@@ -1,4 +1,4 @@
-// A real office in a scratch folder, opened as the program opens it.
+// A real office in a scratch folder, on the engine that the test runs on, opened as the program opens it.
 #pragma once
 
 #include <QTemporaryDir>
@@ -25,12 +25,13 @@ public:
     }
 
     ~Office() {
-        if (!testengine::isPostgres()) return;
         mod.gConn.close();
         mod.gConnUsers.close();
+        if (!testengine::isPostgres()) return;
         for (const QString& file : {schema::mainDatabasePath(folder()), schema::usersDatabasePath(folder())})
             data::dropPgDatabase(data::readServerDescription(file));
     }
+    Q_DISABLE_COPY_MOVE(Office)
 
     QString folder() const { return directory_.filePath(QStringLiteral("office")); }
 

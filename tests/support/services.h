@@ -43,12 +43,12 @@ private:
 // fails the test and counts as No or Cancel; so does a message, once refuseMessages() was called.
 class RecordingPrompts : public platform::Prompts {
 public:
-    enum class Kind { Message, Question, Input, OpenFile, ChooseFolder };
+    enum class Kind { Message, Question, Input, OpenFile, SaveFile, ChooseFolder };
     struct Shown {
         Kind kind;
         platform::MessageIcon icon;
         QString title;
-        QString text;  // the filter for OpenFile
+        QString text;  // the filter for OpenFile, the suggested name for SaveFile
     };
 
     void answer(bool yes) { answers_.push_back(yes); }
@@ -70,6 +70,7 @@ public:
     // Answers that nobody asked for: a test ends with none.
     int waiting() const { return int(answers_.size() + inputs_.size() + files_.size() + folders_.size()); }
     void clear() { shown_.clear(); }
+    QString startPath;  // where the last file dialog began
 
     void message(QWidget*, platform::MessageIcon icon, const QString& title, const QString& text) override {
         shown_.append({Kind::Message, icon, title, text});
@@ -86,9 +87,14 @@ public:
         if (!answer.given) return std::nullopt;
         return answer.text;
     }
-    QString openFile(QWidget*, const QString& title, const QString& filter) override {
+    QString openFile(QWidget*, const QString& title, const QString& filter, const QString& start) override {
+        startPath = start;
         shown_.append({Kind::OpenFile, platform::MessageIcon::Plain, title, filter});
         return taken(files_, {}, "file dialog", title, filter);
+    }
+    QString saveFile(QWidget*, const QString& title, const QString& suggested, const QString&) override {
+        shown_.append({Kind::SaveFile, platform::MessageIcon::Plain, title, suggested});
+        return taken(files_, {}, "file dialog", title, suggested);
     }
     QString chooseFolder(QWidget*, const QString& title) override {
         shown_.append({Kind::ChooseFolder, platform::MessageIcon::Plain, title, QString()});
@@ -134,15 +140,69 @@ public:
     int beeps = 0;
 };
 
-// All four, and the Services that a window takes. Lives longer than the windows that use it.
+// A system with one printer, until a test takes it away, which keeps what it was sent. PDF files are the real thing.
+class RecordingPrinters : public platform::SystemPrinters {
+public:
+    struct Sent {
+        QString printer, title;
+        int copies;
+        platform::PageSetup setup;
+        QVector<QStringList> pages;  // the texts of each
+
+        QStringList texts() const {
+            QStringList all;
+            for (const QStringList& page : pages) all += page;
+            return all;
+        }
+    };
+
+    QStringList installed{QStringLiteral("Γραφείο")};
+    QString failure;  // what goes wrong with every print from now on; empty for nothing
+    QVector<Sent> sent;
+
+    QStringList names() const override { return installed; }
+    QString defaultName() const override { return installed.value(0); }
+    bool print(const platform::PrintDocument& document, const QString& printer, int copies,
+               const platform::PageStep& step) override {
+        if (!failure.isEmpty()) throw platform::PrintError(failure);
+        if (!installed.contains(printer)) throw platform::PrintError(QStringLiteral("Δεν υπάρχει: ") + printer);
+        Sent now{printer, document.title(), copies, document.setup(), {}};
+        for (int page = 0; page < document.pageCount(); ++page) {
+            if (step && !step(page)) return false;
+            now.pages.append(document.texts(page));
+        }
+        sent.append(now);
+        return true;
+    }
+};
+
+// Keeps what was opened. Files exist as on the disk; what is named in `missingPrograms` nothing can open.
+class RecordingShell : public platform::DesktopShell {
+public:
+    bool openFile(const QString& path) override {
+        opened.append(path);
+        return !missingPrograms.contains(path);
+    }
+    bool openUrl(const QUrl& url) override {
+        opened.append(url.toString(QUrl::FullyEncoded));
+        return !missingPrograms.contains(url.toString(QUrl::FullyEncoded));
+    }
+
+    QStringList opened, missingPrograms;
+};
+
+// All of them, and the Services that a window takes. Lives longer than the windows that use it.
 struct Desk {
     MemorySettings settings;
     HandClock clock;
     RecordingPrompts prompts;
     RecordingSound sound;
-    platform::Services services{settings, clock, prompts, sound};
+    RecordingShell shell;
+    RecordingPrinters printers;
+    platform::Services services{settings, clock, prompts, sound, shell, printers};
 
-    Desk() = default;
+    // Prints go straight to the printer: a test that wants to see the preview switches it on.
+    Desk() { settings.setValue(QStringLiteral("Options"), QStringLiteral("PrintPreview"), QStringLiteral("0")); }
     Q_DISABLE_COPY_MOVE(Desk)
 };
 

@@ -1,0 +1,84 @@
+// Lists on paper: drawn, and written as PDF.
+#include <benchmark/benchmark.h>
+
+#include <QApplication>
+#include <QPainter>
+#include <QTemporaryDir>
+
+#include "controls/theme.h"
+#include "core/printlist.h"
+#include "platform/printers.h"
+
+namespace {
+
+core::PrintedList printedList(int rows) {
+    core::PrintedList list{QStringLiteral("Ημερολόγιο από 01/01/2026 έως 31/12/2026"),
+                           QDate(2026, 11, 5),
+                           core::OwnerDetails{QStringLiteral("Γραφείο"), QStringLiteral("Ερμού 12"),
+                                              QStringLiteral("210 1234567"), QStringLiteral("info@example.gr")},
+                           {},
+                           {},
+                           {}};
+    for (const char16_t* header : {u"Ημερομηνία", u"Επώνυμο", u"Όνομα", u"Αιτιολογία", u"Χρέωση", u"Πίστωση"})
+        list.columns.append(
+            {QString::fromUtf16(header), 1000, list.columns.size() < 4 ? Qt::AlignLeft : Qt::AlignRight});
+    for (int i = 0; i < rows; ++i)
+        list.rows.append(
+            {{QStringLiteral("05/11/2026"), QStringLiteral("Παπαδόπουλος %1").arg(i), QStringLiteral("Κωνσταντίνος"),
+              QStringLiteral("Τακτική επίσκεψη και έλεγχος εγκατάστασης με αλλαγή ανταλλακτικών"),
+              QStringLiteral("%1,50").arg(i), QStringLiteral("0,00")},
+             {},
+             {}});
+    return list;
+}
+
+std::shared_ptr<const platform::PrintDocument> drawn(const core::PrintedList& list) {
+    platform::Printer printer({}, list.title, [](const QString& name) { return controls::font(name, 10); });
+    core::drawList(printer, list, {});
+    return printer.endDoc();
+}
+
+void DrawList(benchmark::State& state) {
+    const core::PrintedList list = printedList(int(state.range(0)));
+    for (auto _ : state) benchmark::DoNotOptimize(drawn(list)->pageCount());
+}
+
+void WriteListAsPdf(benchmark::State& state) {
+    QTemporaryDir folder;
+    const QString file = folder.filePath(QStringLiteral("list.pdf"));
+    const core::PrintedList list = printedList(int(state.range(0)));
+    for (auto _ : state) {
+        const auto document = drawn(list);
+        platform::SystemPrinters().writePdf(*document, file, {});
+        state.counters["pages"] = document->pageCount();
+    }
+    state.counters["KB"] = double(QFileInfo(file).size()) / 1024;
+}
+
+// What the preview paints for a turn of the page, at the size of a screen.
+void ShowPage(benchmark::State& state) {
+    const auto document = drawn(printedList(1000));
+    QImage screen(1000, 1400, QImage::Format_RGB32);
+    int page = 0;
+    for (auto _ : state) {
+        screen.fill(Qt::white);
+        QPainter painter(&screen);
+        painter.scale(screen.width() / document->setup().paperTwips().width(),
+                      screen.width() / document->setup().paperTwips().width());
+        document->paint(painter, page = (page + 1) % document->pageCount());
+    }
+}
+
+BENCHMARK(DrawList)->Arg(10'000)->Unit(benchmark::kMillisecond);
+BENCHMARK(WriteListAsPdf)->Arg(10'000)->Unit(benchmark::kMillisecond);
+BENCHMARK(ShowPage)->Unit(benchmark::kMillisecond);
+
+}  // namespace
+
+int main(int argc, char** argv) {
+    QApplication app(argc, argv);
+    controls::applyTheme(app, controls::ThemeKind::Light);
+    benchmark::Initialize(&argc, argv);
+    benchmark::RunSpecifiedBenchmarks();
+    return 0;
+}

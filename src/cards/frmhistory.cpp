@@ -1,0 +1,318 @@
+#include "cards/frmhistory.h"
+
+#include <QFormLayout>
+#include <QHBoxLayout>
+#include <QPushButton>
+#include <QShortcut>
+#include <QVBoxLayout>
+
+#include "cards/cardbinding.h"
+#include "cards/ledger.h"
+#include "cards/photofile.h"
+#include "controls/names.h"
+#include "controls/picturebutton.h"
+#include "controls/theme.h"
+#include "core/guard.h"
+#include "data/format.h"
+
+namespace cards {
+
+using controls::arrayName;
+using controls::named;
+
+namespace {
+
+constexpr int parametricTexts = 2, parametricNumbers = 4;
+
+// Columns of the boxes Text7, in their order, and where the office's caption and switch of each one stands.
+struct Parametric {
+    QString column, caption, flag;
+};
+
+const QVector<Parametric>& parametric() {
+    static const QVector<Parametric> all = [] {
+        QVector<Parametric> rows;
+        const auto add = [&rows](const char16_t* column, const char16_t* caption, const char16_t* flag, int count) {
+            for (int i = 1; i <= count; ++i)
+                rows.append({QString::fromUtf16(column) + QString::number(i),
+                             QString::fromUtf16(caption) + QString::number(i),
+                             QString::fromUtf16(flag) + QString::number(i)});
+        };
+        add(u"s", u"FIELdcharh", u"fch", parametricTexts);
+        add(u"n", u"FieldNumh", u"fnh", parametricNumbers);
+        return rows;
+    }();
+    return all;
+}
+
+}  // namespace
+
+frmHistory::frmHistory(core::MainMod& mod, QWidget* parent, std::function<void()> saved)
+    : QDialog(parent), mod_(mod), saved_(std::move(saved)) {
+    setObjectName(QStringLiteral("frmHistory"));
+    setWindowTitle(QStringLiteral("ΝΕΑ ΚΑΤΑΧΩΡΗΣΗ"));
+    build();
+    auto* saveKey = new QShortcut(Qt::Key_F5, this);
+    core::onSignal(mod_, this, saveKey, &QShortcut::activated, [this] { save(); });
+}
+
+void frmHistory::build() {
+    auto* top = new QHBoxLayout;
+    top->setSpacing(18);
+    top->addWidget(fields(), 2);
+    top->addWidget(photoColumn(), 1);
+    auto* layout = new QVBoxLayout(this);
+    layout->setContentsMargins(16, 16, 16, 12);
+    layout->setSpacing(12);
+    layout->addLayout(top, 1);
+    layout->addWidget(buttons());
+    resize(760, 560);
+}
+
+QWidget* frmHistory::fields() {
+    auto* page = new QWidget;
+    form_ = new QFormLayout(page);
+    form_->setContentsMargins(0, 0, 0, 0);
+    form_->setLabelAlignment(Qt::AlignRight | Qt::AlignVCenter);
+    form_->setFieldGrowthPolicy(QFormLayout::AllNonFixedFieldsGrow);
+
+    txtDate = named(new controls::DateBox, QStringLiteral("txtDate"));
+    DTPicker1 = named(new controls::DatePicker, QStringLiteral("DTPicker1"));
+    controls::setAccessibleCaption(DTPicker1, QStringLiteral("Ημερολόγιο: Ημ. Κίνησης"));
+    controls::pairUp(txtDate, DTPicker1);
+    core::onSignal(mod_, this, txtDate, &controls::DateBox::refused, [this] { mod_.beep(); });
+    auto* pair = new QWidget;
+    auto* pairLayout = new QHBoxLayout(pair);
+    pairLayout->setContentsMargins(0, 0, 0, 0);
+    pairLayout->addWidget(txtDate);
+    pairLayout->addWidget(DTPicker1);
+    pairLayout->addStretch(1);
+    auto* dateCaption = new QLabel(QStringLiteral("Ημ. Κίνησης"));
+    controls::tie(dateCaption, txtDate);
+    form_->addRow(dateCaption, pair);
+
+    static const char16_t* captions[] = {u"Αιτιολογία", u"S1", u"S2", u"N1", u"N2", u"N3", u"N4"};
+    for (int i = 0; i <= parametricTexts + parametricNumbers; ++i) {
+        controls::TextBox* box = i > parametricTexts ? new controls::NumberBox : new controls::TextBox;
+        Text7.append(named(box, arrayName(QStringLiteral("Text7"), i)));
+        addRow(form_, QString::fromUtf16(captions[i]), box);
+    }
+    txtXreosh = named(new controls::NumberBox, QStringLiteral("txtXreosh"));
+    txtPistosi = named(new controls::NumberBox, QStringLiteral("txtPistosi"));
+    Text1 = named(new controls::MemoBox, QStringLiteral("Text1"));
+    addRow(form_, QStringLiteral("ΧΡΕΩΣΗ"), txtXreosh);
+    addRow(form_, QStringLiteral("ΠΙΣΤΩΣΗ"), txtPistosi);
+    addRow(form_, QStringLiteral("Σημείωσεις"), Text1);
+    txtDate->setHighlighting(true);
+    for (controls::TextBox* box : Text7 + QVector<controls::TextBox*>{txtXreosh, txtPistosi})
+        box->setHighlighting(true);
+    Text1->setHighlighting(true);
+    Text1->setMinimumHeight(90);
+    return page;
+}
+
+void frmHistory::addRow(QFormLayout* form, const QString& caption, QWidget* box) {
+    auto* label = new QLabel(caption);
+    label->setTextFormat(Qt::PlainText);
+    controls::tie(label, box);
+    form->addRow(label, box);
+    if (Label1.size() < Text7.size())
+        Label1.append(named(label, arrayName(QStringLiteral("Label1"), int(Label1.size()))));
+}
+
+QWidget* frmHistory::photoColumn() {
+    auto* page = new QWidget;
+    auto* layout = new QVBoxLayout(page);
+    layout->setContentsMargins(0, 0, 0, 0);
+    Image1 = named(new PhotoView, QStringLiteral("Image1"));
+    layout->addWidget(Image1, 1);
+    struct Row {
+        const char* name;
+        const char* icon;
+        const char16_t* caption;
+        std::function<void()> run;
+    };
+    const auto setPhoto = [this](const QByteArray& bytes) {
+        mPhotoBytes = bytes;
+        Image1->setBytes(bytes);
+    };
+    for (const Row& row : {Row{"Command1", "photo-add", u"Εισαγωγή Φωτογραφίας",
+                               [this, setPhoto] {
+                                   if (const auto bytes = choosePhoto(mod_, this)) setPhoto(*bytes);
+                               }},
+                           Row{"Command3", "photo-remove", u"Διαγραφή Φωτογραφίας", [setPhoto] { setPhoto({}); }}}) {
+        auto* button =
+            named(new QPushButton(controls::icon(QString::fromLatin1(row.icon)), QString::fromUtf16(row.caption)),
+                  QString::fromLatin1(row.name));
+        button->setAutoDefault(false);
+        core::onSignal(mod_, this, button, &QPushButton::clicked, [run = row.run] { run(); });
+        layout->addWidget(button);
+    }
+    return page;
+}
+
+QWidget* frmHistory::buttons() {
+    auto* row = new QWidget;
+    auto* layout = new QHBoxLayout(row);
+    layout->setContentsMargins(0, 0, 0, 0);
+    auto* hint = new QLabel(QStringLiteral("[F5] Αποθήκευση"));
+    hint->setProperty("role", "accent");
+    layout->addWidget(hint);
+    layout->addStretch(1);
+    struct Button {
+        const char16_t* caption;
+        const char* icon;
+        std::function<void()> run;
+    };
+    int index = 0;
+    for (const Button& def : {Button{u"Αποθήκευση κίνησης", "save", [this] { save(); }},
+                              Button{u"Ακύρωση κίνησης", "cancel",
+                                     [this] {
+                                         clearForm();
+                                         txtDate->setFocus(Qt::TabFocusReason);
+                                     }},
+                              Button{u"Έξοδος", "exit", [this] { reject(); }}}) {
+        auto* button =
+            named(new controls::PictureButton(QString::fromUtf16(def.caption), QString::fromLatin1(def.icon)),
+                  arrayName(QStringLiteral("lblClick"), index++));
+        core::onSignal(mod_, this, button, &QAbstractButton::clicked, [run = def.run] { run(); });
+        layout->addWidget(button);
+    }
+    // Too long to stand under a picture.
+    auto* exit = row->findChild<controls::PictureButton*>(arrayName(QStringLiteral("lblClick"), 2));
+    exit->setToolTip(QStringLiteral("Έξοδος από την καταχώρηση συνάντησης"));
+    exit->setAccessibleName(exit->toolTip());
+    return row;
+}
+
+void frmHistory::load() {
+    clearForm();
+    setWindowTitle(EditMode ? QStringLiteral(" Διόρθωση Κίνησης!") : QStringLiteral(" Καταχώρηση Νέας Κίνησης !"));
+    core::attempt(mod_, this, [this] {
+        if (EditMode) {
+            openCarrier();
+            if (mRsHistory.isEmpty()) {
+                core::complain(mod_, this, QStringLiteral("Η συγκεκριμένη κίνηση έχει ακυρωθεί !"));
+                return;
+            }
+            readMovement();
+        }
+        dress();
+    });
+    untouched_ = typed();
+    untouchedPhoto_ = mPhotoBytes;
+    txtDate->setFocus(Qt::TabFocusReason);
+}
+
+void frmHistory::openCarrier() {
+    mRsHistory.open(mod_.gConn, EditMode ? QStringLiteral("select * from HISTORY where aa=%1").arg(MovementId)
+                                         : QStringLiteral("select * from history where aa=0"));
+}
+
+void frmHistory::readMovement() {
+    txtDate->setDate(mRsHistory[u"ΗΜΕΡΟΜΗΝΙΑ"].toDate().date());
+    DTPicker1->setValue(mRsHistory[u"ΗΜΕΡΟΜΗΝΙΑ"].toDate().date());
+    Text7[0]->setText(mRsHistory[u"ΑΙΤΙΟΛΟΓΙΑ"].text());
+    for (int i = 0; i < parametric().size(); ++i)
+        if (const data::Field field = mRsHistory[parametric()[i].column]; !field.isNull())
+            Text7[i + 1]->setText(field.text());
+    Text1->setText(mRsHistory[u"notes"].text());
+    data::Field photo = mRsHistory[u"Photo"];
+    mPhotoBytes = photo.isNull() ? QByteArray() : photo.getChunk(photo.actualSize());
+    Image1->setBytes(mPhotoBytes);
+    CodeCards = mRsHistory[u"codecards"].text();
+    txtXreosh->setText(data::format(mRsHistory[u"ΧΡΕΩΣΗ"].toDouble(), u"0.00"));
+    txtPistosi->setText(data::format(mRsHistory[u"ΠΙΣΤΩΣΗ"].toDouble(), u"0.00"));
+}
+
+void frmHistory::dress() {
+    data::Recordset custom(mod_.gConn, QStringLiteral("Select * from customfields where id=1"));
+    if (custom.isEmpty()) return;
+    for (int i = 0; i < parametric().size(); ++i) {
+        const QString caption = custom[parametric()[i].caption].text();
+        Label1[i + 1]->setText(caption);
+        controls::setAccessibleCaption(Text7[i + 1], caption);
+        form_->setRowVisible(Text7[i + 1], custom[parametric()[i].flag].toBool());
+    }
+}
+
+void frmHistory::clearForm() {
+    const QDate today = mod_.services.clock.today();
+    txtDate->setDate(today);
+    DTPicker1->setValue(today);
+    for (int i = 0; i < Text7.size(); ++i) Text7[i]->setText(i > parametricTexts ? QStringLiteral("0") : QString());
+    Text1->setText({});
+    txtXreosh->setText(QStringLiteral("0"));
+    txtPistosi->setText(QStringLiteral("0"));
+    mPhotoBytes.clear();
+    Image1->setBytes({});
+}
+
+bool frmHistory::isComplete() {
+    const QString badNumber = QStringLiteral("Δεν έχετε συμπληρώσει σωστά το αριθμιτικό πεδίο!");
+    struct Test {
+        bool passed;
+        QString text;
+        QWidget* box;
+    };
+    QVector<Test> tests = {
+        {!Text7[0]->text().isEmpty(), QStringLiteral("Δεν έχετε συμπληρώσει την Αιτιολογία!"), Text7[0]},
+        {txtDate->date().has_value(), QStringLiteral("Δεν έχετε συμπληρώσει σωστά την Ημερομηνία!"), txtDate},
+        {typedAmount(txtPistosi->text()).has_value(), QStringLiteral("Δεν έχετε συμπληρώσει σωστά την ΠΙΣΤΩΣΗ!"),
+         txtPistosi},
+        {typedAmount(txtXreosh->text()).has_value(), QStringLiteral("Δεν έχετε συμπληρώσει σωστά την ΧΡΕΩΣΗ!"),
+         txtXreosh}};
+    for (int i = parametricTexts + 1; i < Text7.size(); ++i)
+        tests.append({data::isNumeric(Text7[i]->text()), badNumber, Text7[i]});
+    for (const Test& test : tests) {
+        if (test.passed) continue;
+        core::complain(mod_, this, test.text, test.box);
+        return false;
+    }
+    return true;
+}
+
+void frmHistory::save() {
+    if (!isComplete()) return;
+    if (!mRsHistory.isOpen()) openCarrier();
+    if (EditMode && mRsHistory.isEmpty())
+        throw data::Error(data::ErrorCategory::Conflict, QStringLiteral("Η κίνηση έχει διαγραφεί από άλλον χρήστη."));
+    if (!EditMode && mRsHistory.editMode() != data::EditMode::Add) mRsHistory.addNew();
+    write(mRsHistory);
+    mRsHistory.update();
+    mRsHistory.close();
+    accept();
+    saved_();
+}
+
+void frmHistory::write(data::Recordset& row) {
+    writeText(row[u"ΑΙΤΙΟΛΟΓΙΑ"], Text7[0]->text());
+    for (int i = 0; i < parametricTexts; ++i) writeText(row[parametric()[i].column], Text7[i + 1]->text());
+    for (int i = parametricTexts; i < parametric().size(); ++i)
+        row[parametric()[i].column].setValue(*data::parseNumber(Text7[i + 1]->text()));
+    writeText(row[u"notes"], Text1->text());
+    row[u"ΗΜΕΡΟΜΗΝΙΑ"].setValue(txtDate->formattedText());
+    row[u"codecards"].setValue(CodeCards.toLongLong());
+    row[u"ΧΡΕΩΣΗ"].setValue(*typedAmount(txtXreosh->text()));
+    row[u"ΠΙΣΤΩΣΗ"].setValue(*typedAmount(txtPistosi->text()));
+    data::Field photo = row[u"Photo"];
+    if (!photo.isNull() || !mPhotoBytes.isEmpty()) photo.setValue(mPhotoBytes);
+}
+
+QStringList frmHistory::typed() const {
+    QStringList texts{txtDate->formattedText(), Text1->text(), txtXreosh->text(), txtPistosi->text()};
+    for (const controls::TextBox* box : Text7) texts << box->text();
+    return texts;
+}
+
+void frmHistory::reject() {
+    const bool changed = typed() != untouched_ || mPhotoBytes != untouchedPhoto_;
+    if (changed && !mod_.services.prompts.question(
+                       this, core::programTitle(),
+                       QStringLiteral("Η κίνηση έχει αλλαγές που δεν αποθηκεύτηκαν.\nΝα κλείσει χωρίς αποθήκευση;")))
+        return;
+    mRsHistory.close();
+    QDialog::reject();
+}
+
+}  // namespace cards

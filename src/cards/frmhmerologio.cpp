@@ -1,0 +1,268 @@
+#include "cards/frmhmerologio.h"
+
+#include <QHBoxLayout>
+#include <QPushButton>
+#include <QShortcut>
+#include <QVBoxLayout>
+
+#include "controls/choicebox.h"
+#include "controls/names.h"
+#include "controls/picturebutton.h"
+#include "controls/theme.h"
+#include "core/columnwidths.h"
+#include "core/printlist.h"
+#include "core/sqltext.h"
+#include "data/format.h"
+#include "data/recordset.h"
+
+namespace cards {
+
+using controls::arrayName;
+using controls::named;
+
+namespace {
+
+const QString section = QStringLiteral("lvHmerologio");
+const QString orderSection = QStringLiteral("DateQuery");
+
+QVector<controls::ListColumn> columns() {
+    QVector<controls::ListColumn> all;
+    for (const char16_t* name : {u"Ημερομηνία", u"Επώνυμο", u"Όνομα", u"Αιτιολογία", u"Χρέωση", u"Πίστωση"})
+        all.append({QString::fromUtf16(name), QString::fromUtf16(name)});
+    all[4].number = all[5].number = true;
+    return all;
+}
+
+}  // namespace
+
+frmHmerologio::frmHmerologio(core::MainMod& mod, std::function<void(qint64)> showCard)
+    : Form(mod, QStringLiteral("frmHmerologio"), QStringLiteral("Ημερολόγιο Κινήσεων"),
+           {QStringLiteral("Hmerologio"), 1000, 0}),
+      showCard_(std::move(showCard)) {
+    build();
+    on(ListView1, &controls::ListView::columnClicked, [this](int column) { columnClicked(column); });
+    on(ListView1, &controls::ListView::rowActivated, [this](int row) { openCard(row); });
+    next_.setInterval(0);
+    on(&next_, &QTimer::timeout, [this] { readOn(0); });
+}
+
+void frmHmerologio::build() {
+    ListView1 = named(new controls::ListView, QStringLiteral("ListView1"));
+    ListView1->setAccessibleName(windowTitle());
+    auto* layout = new QVBoxLayout(this);
+    layout->setContentsMargins(14, 12, 14, 10);
+    layout->setSpacing(10);
+    layout->addWidget(filterRow());
+    layout->addWidget(ListView1, 1);
+    layout->addWidget(footRow());
+    setMinimumSize(720, 480);
+}
+
+controls::DateBox* frmHmerologio::dateBox(const QString& name, int picker, const QString& caption, QLayout* into) {
+    auto* box = named(new controls::DateBox, name);
+    auto* calendar = named(new controls::DatePicker, arrayName(QStringLiteral("DTPcustDate"), picker));
+    controls::setAccessibleCaption(calendar, QStringLiteral("Ημερολόγιο: ") + caption);
+    controls::pairUp(box, calendar);
+    on(box, &controls::DateBox::refused, [this] { mod_.beep(); });
+    auto* label = new QLabel(caption);
+    controls::tie(label, box);
+    for (QWidget* widget : {static_cast<QWidget*>(label), static_cast<QWidget*>(box), static_cast<QWidget*>(calendar)})
+        into->addWidget(widget);
+    return box;
+}
+
+QWidget* frmHmerologio::filterRow() {
+    auto* rows = new QWidget;
+    auto* grid = new QVBoxLayout(rows);
+    grid->setContentsMargins(0, 0, 0, 0);
+    auto *first = new QHBoxLayout, *second = new QHBoxLayout;
+    for (QHBoxLayout* row : {first, second}) {
+        row->setSpacing(5);
+        grid->addLayout(row);
+    }
+    txtFrom = dateBox(QStringLiteral("txtFrom"), 0, QStringLiteral("Από:"), first);
+    first->addSpacing(8);
+    txtTo = dateBox(QStringLiteral("txtTo"), 1, QStringLiteral("Έως:"), first);
+    first->addSpacing(8);
+    Combo1 = named(new controls::ChoiceBox(false), QStringLiteral("Combo1"));
+    txtAitia = named(new controls::TextBox, QStringLiteral("txtAitia"));
+    struct Field {
+        const char16_t* caption;
+        QWidget* box;
+        QHBoxLayout* row;
+    };
+    for (const Field& field : {Field{u"Κατηγορία:", Combo1, first}, Field{u"Αιτιολογία:", txtAitia, second}}) {
+        auto* label = new QLabel(QString::fromUtf16(field.caption));
+        controls::tie(label, field.box);
+        field.row->addWidget(label);
+        field.row->addWidget(field.box, 1);
+    }
+    Combo1->setMinimumContentsLength(16);
+    Combo1->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
+    // Enter in the reason lists, where the other boxes of the program move on.
+    for (const Qt::Key key : {Qt::Key_Return, Qt::Key_Enter}) {
+        auto* shortcut = new QShortcut(key, txtAitia, nullptr, nullptr, Qt::WidgetShortcut);
+        on(shortcut, &QShortcut::activated, [this] { FillList(); });
+    }
+    return rows;
+}
+
+QWidget* frmHmerologio::footRow() {
+    auto* row = new QWidget;
+    auto* layout = new QHBoxLayout(row);
+    layout->setContentsMargins(0, 0, 0, 0);
+    debit_ = named(new QLabel(QStringLiteral(" Χρέωση: 0,00")), arrayName(QStringLiteral("Label1"), 3));
+    lblYpoloipo = named(new QLabel(QStringLiteral("Πίστωση: 0,00 ")), QStringLiteral("lblYpoloipo"));
+    for (QLabel* label : {debit_, lblYpoloipo}) {
+        label->setFont(controls::font(QStringLiteral("Tahoma"), 11, true));
+        layout->addWidget(label);
+        layout->addSpacing(16);
+    }
+    layout->addStretch(1);
+    struct Button {
+        const char16_t* caption;
+        const char* icon;
+        std::function<void()> run;
+    };
+    int index = 0;
+    for (const Button& def : {Button{u"Εμφάνιση Λίστας", "search", [this] { FillList(); }},
+                              Button{u"Εκτύπωση Λίστας", "print", [this] { print(); }},
+                              Button{u"Έξοδος", "exit", [this] { emit closeRequested(); }}}) {
+        auto* button =
+            named(new controls::PictureButton(QString::fromUtf16(def.caption), QString::fromLatin1(def.icon)),
+                  arrayName(QStringLiteral("lblClick"), index++));
+        on(button, &QAbstractButton::clicked, [run = def.run] { run(); });
+        layout->addWidget(button);
+    }
+    return row;
+}
+
+void frmHmerologio::onLoad() {
+    const QDate today = mod_.services.clock.today();
+    txtFrom->setDate(QDate(today.year(), today.month(), 1));
+    txtTo->setDate(today);
+    core::loadColumns(mod_.services.settings, section, *ListView1, columns());
+    const auto& settings = mod_.services.settings;
+    mod_.gSqlOrdr = settings.value(orderSection, QStringLiteral("SqlOrdr"), QStringLiteral("Day"));
+    mod_.gSqlOrdr1 = settings.value(orderSection, QStringLiteral("SqlOrdr1"), QStringLiteral("Start"));
+    mod_.gSqlOrdr2 = settings.value(orderSection, QStringLiteral("SqlOrdr2"), QStringLiteral("End"));
+    FillCombo();
+    FillList();
+}
+
+void frmHmerologio::FillCombo() {
+    QStringList lines{QString()};
+    for (data::Recordset rows(mod_.gConn,
+                              QStringLiteral("select description,code,PAYABLE from cardKategory order by description"));
+         !rows.eof(); rows.moveNext())
+        lines << rows[u"description"].text();
+    Combo1->clear();
+    Combo1->addItems(lines);
+}
+
+JournalFilter frmHmerologio::filter() {
+    const auto from = txtFrom->date(), to = txtTo->date();
+    if (!from || !to)
+        throw data::Error(data::ErrorCategory::Type, QStringLiteral("Η περίοδος των κινήσεων δεν είναι σωστή."));
+    JournalFilter filter{*from, *to, txtAitia->text(), {}};
+    const QString category = Combo1->currentText();
+    if (category.isEmpty()) return filter;
+    data::Recordset found(mod_.gConn, QStringLiteral("select description,code from cardKategory where description='%1'")
+                                          .arg(core::sqlText(category)));
+    if (found.isEmpty())
+        throw data::Error(data::ErrorCategory::Constraint,
+                          QStringLiteral("Η κατηγορία «%1» δεν υπάρχει πια.").arg(category));
+    filter.category = found[u"code"].toLong();
+    return filter;
+}
+
+void frmHmerologio::FillList() {
+    // A period that is read at once never leaves the list empty on screen.
+    constexpr int atOnceMs = 15;
+    next_.stop();
+    reader_.reset();
+    ListView1->clear();
+    try {
+        reader_ = std::make_unique<JournalReader>(mod_.gConn, filter());
+    } catch (const data::Error& error) {
+        return fail(error);
+    }
+    readOn(atOnceMs);
+    if (isReading()) next_.start();
+}
+
+void frmHmerologio::readOn(int milliseconds) {
+    QElapsedTimer clock;
+    clock.start();
+    try {
+        do {
+            if (!reader_->step()) return finish();
+        } while (clock.elapsed() < milliseconds);
+    } catch (const data::Error& error) {
+        fail(error);
+    }
+}
+
+void frmHmerologio::finish() {
+    next_.stop();
+    const auto reader = std::move(reader_);
+    QVector<controls::ListRow> rows;
+    for (JournalRow& row : reader->takeRows()) rows.append({std::move(row.cells), row.card, {}});
+    const QString debit = reader->debit().text(), credit = reader->credit().text(), blank = QStringLiteral(" ");
+    rows.append({{blank}, {}, {}});
+    rows.append({{blank, {}, {}, QStringLiteral("ΣΥΝΟΛΑ"), debit, credit}, {}, {}});
+    ListView1->setRows(std::move(rows));
+    debit_->setText(QStringLiteral("Χρέωση: ") + debit);
+    lblYpoloipo->setText(QStringLiteral("Πίστωση: ") + credit);
+}
+
+// The list shows how far it had come.
+void frmHmerologio::fail(const data::Error& error) {
+    next_.stop();
+    QVector<controls::ListRow> rows;
+    if (const auto reader = std::move(reader_))
+        for (JournalRow& row : reader->takeRows()) rows.append({std::move(row.cells), row.card, {}});
+    ListView1->setRows(std::move(rows));
+    core::showFailure(
+        mod_, this, error,
+        QStringLiteral("Πρόβλημα κατά την επεξεργασία των δεμένων! \nΕλέγχετε τα πεδία της ημερομηνίας! \n"));
+}
+
+// The three keys belong to the lists of appointments, whose order a click here has always moved too.
+void frmHmerologio::columnClicked(int column) {
+    static const QStringList orders = {QStringLiteral("Subject"), QStringLiteral("Location"), QStringLiteral("Day"),
+                                       QStringLiteral("Start"), QStringLiteral("end")};
+    if (column < orders.size()) {
+        mod_.gSqlOrdr2 = mod_.gSqlOrdr1;
+        mod_.gSqlOrdr1 = mod_.gSqlOrdr;
+        mod_.gSqlOrdr = orders[column];
+    }
+    FillList();
+}
+
+void frmHmerologio::openCard(int row) {
+    const QVariant card = ListView1->row(row).tag;
+    if (card.isValid()) showCard_(card.toLongLong());
+}
+
+void frmHmerologio::print() {
+    // All of the period goes on paper, also what is still being read.
+    while (isReading()) readOn(1000);
+    const QString title =
+        QStringLiteral("Ημερολόγιο από %1 έως %2").arg(txtFrom->formattedText(), txtTo->formattedText());
+    if (core::gPrintListView(mod_, this, *ListView1, title, core::ListHeading::Owner))
+        mod_.services.prompts.message(this, platform::MessageIcon::Plain, core::programTitle(),
+                                      QStringLiteral("Η εκτύπωση ολοκληρώθηκε"));
+}
+
+void frmHmerologio::onUnload() {
+    next_.stop();
+    reader_.reset();
+    auto& settings = mod_.services.settings;
+    core::storeColumns(settings, section, *ListView1);
+    settings.setValue(orderSection, QStringLiteral("SqlOrdr"), mod_.gSqlOrdr);
+    settings.setValue(orderSection, QStringLiteral("SqlOrdr1"), mod_.gSqlOrdr1);
+    settings.setValue(orderSection, QStringLiteral("SqlOrdr2"), mod_.gSqlOrdr2);
+}
+
+}  // namespace cards

@@ -1,0 +1,159 @@
+#include "cards/frmlink.h"
+
+#include <QDir>
+#include <QFileInfo>
+#include <QFormLayout>
+#include <QHBoxLayout>
+#include <QPushButton>
+#include <QVBoxLayout>
+
+#include "cards/cardbinding.h"
+#include "cards/linkopen.h"
+#include "controls/names.h"
+#include "controls/theme.h"
+#include "core/guard.h"
+
+namespace cards {
+
+using controls::named;
+
+frmLink::frmLink(core::MainMod& mod, QWidget* parent, std::function<void()> saved)
+    : QDialog(parent), mod_(mod), saved_(std::move(saved)) {
+    setObjectName(QStringLiteral("frmLink"));
+    setWindowTitle(QStringLiteral("Δημιουργία Σύνδεσης"));
+    build();
+}
+
+QPushButton* frmLink::button(const char* name, const char* icon, const QString& caption, void (frmLink::*run)()) {
+    auto* made = named(new QPushButton(controls::icon(QString::fromLatin1(icon)), caption), QString::fromLatin1(name));
+    made->setAutoDefault(false);
+    core::onSignal(mod_, this, made, &QPushButton::clicked, [this, run] { (this->*run)(); });
+    return made;
+}
+
+void frmLink::build() {
+    Text1 = named(new controls::TextBox, QStringLiteral("Text1"));
+    Text1->setHighlighting(true);
+    File1 = named(new controls::TextBox, QStringLiteral("File1"));
+    File1->setReadOnly(true);
+    choose_ = button("cmdChoose", "search", QStringLiteral("Επιλογή Αρχείου..."), &frmLink::chooseFile);
+    Command1 = button("Command1", "card", QStringLiteral("Άνοιγμα Αρχείου"), &frmLink::openFile);
+    Command2 = button("Command2", "save", QStringLiteral("Αποθήκευση Σύνδεσης"), &frmLink::save);
+    Command3 = button("Command3", "exit", QStringLiteral("Έξοδος"), &frmLink::leave);
+    note_ = new QLabel;
+    note_->setProperty("role", "muted");
+    note_->setTextFormat(Qt::PlainText);
+    note_->setWordWrap(true);
+
+    auto* form = new QFormLayout;
+    form->setSpacing(10);
+    form->setLabelAlignment(Qt::AlignRight | Qt::AlignVCenter);
+    auto* caption = named(new QLabel(QStringLiteral(" Περιγραφή")), QStringLiteral("Label1"));
+    controls::tie(caption, Text1);
+    form->addRow(caption, Text1);
+    auto* pathCaption = new QLabel(QStringLiteral(" Αρχείο"));
+    controls::tie(pathCaption, File1);
+    auto* pathRow = new QHBoxLayout;
+    pathRow->addWidget(File1, 1);
+    pathRow->addWidget(choose_);
+    form->addRow(pathCaption, pathRow);
+    form->addRow(QString(), note_);
+    auto* row = new QHBoxLayout;
+    row->addWidget(Command1);
+    row->addStretch(1);
+    row->addWidget(Command2);
+    row->addWidget(Command3);
+    auto* layout = new QVBoxLayout(this);
+    layout->setContentsMargins(20, 18, 20, 16);
+    layout->setSpacing(14);
+    layout->addLayout(form);
+    layout->addStretch(1);
+    layout->addLayout(row);
+    resize(680, 220);
+}
+
+bool frmLink::load() {
+    setWindowTitle(EditMode ? QStringLiteral(" Διόρθωση Σύνδεσης!") : QStringLiteral(" Καταχώρηση Νέας Σύνδεσης !"));
+    showPath({});
+    bool readable = true;
+    if (EditMode && !core::attempt(mod_, this, [&] { readable = readLinkRow(); })) readable = false;
+    untouched_ = {Text1->text(), path_};
+    Text1->setFocus(Qt::TabFocusReason);
+    return readable;
+}
+
+bool frmLink::readLinkRow() {
+    mRsLink.open(mod_.gConn, QStringLiteral("select * from links where aa=%1").arg(LinkId));
+    if (mRsLink.isEmpty()) {
+        core::complain(mod_, this, QStringLiteral("Η συγκεκριμένη σύνδεση έχει ακυρωθεί !"));
+        return false;
+    }
+    Text1->setText(mRsLink[u"ΠΕΡΙΓΡΑΦΗ"].text());
+    CodeCards = mRsLink[u"codecards"].text();
+    const QString stored = mRsLink[u"ΣΥΝΔΕΣΗ"].text();
+    // A share that is reached by address can't be looked into from here; it may well be there.
+    const LinkTarget target = readLink(stored);
+    if (target.place != LinkTarget::Network && !mod_.services.shell.exists(target.path)) {
+        mod_.services.prompts.message(this, platform::MessageIcon::Plain, core::programTitle(),
+                                      QStringLiteral("Δεν υπάρχει πλέον το αρχείο!"));
+        return false;
+    }
+    showPath(stored);
+    return true;
+}
+
+void frmLink::showPath(const QString& path) {
+    path_ = path;
+    File1->setText(path);
+    File1->setCursorPosition(0);
+    File1->setToolTip(path);
+    Command1->setEnabled(!path.isEmpty());
+    const QFileInfo file(path);
+    note_->setText(
+        path.isEmpty() ? QStringLiteral("Δεν έχει επιλεγεί αρχείο.")
+        : file.exists()
+            ? QStringLiteral("«%1», στον φάκελο %2").arg(file.fileName(), QDir::toNativeSeparators(file.absolutePath()))
+            : QString());
+}
+
+void frmLink::chooseFile() {
+    const QString start = mod_.services.shell.exists(path_) ? path_ : QString();
+    const QString chosen = mod_.services.prompts.openFile(this, QStringLiteral("Επιλογή Αρχείου"),
+                                                          QStringLiteral("Όλα τα αρχεία (*)"), start);
+    if (!chosen.isEmpty()) showPath(QDir::toNativeSeparators(chosen));
+}
+
+void frmLink::openFile() {
+    openLink(mod_, this, path_);
+}
+
+void frmLink::save() {
+    if (Text1->text().isEmpty()) {
+        mod_.services.prompts.message(this, platform::MessageIcon::Plain, core::programTitle(),
+                                      QStringLiteral("Δεν έχετε συμπληρώσει την Περιγραφή του συνδέσμου !"));
+        return Text1->setFocus(Qt::OtherFocusReason);
+    }
+    if (path_.isEmpty())
+        return core::complain(mod_, this, QStringLiteral("Δεν έχετε επιλέξει αρχείο για τη σύνδεση !"), choose_);
+    if (!mRsLink.isOpen()) mRsLink.open(mod_.gConn, QStringLiteral("select * from links where aa=%1").arg(LinkId));
+    if (!EditMode && mRsLink.editMode() != data::EditMode::Add) mRsLink.addNew();
+    writeText(mRsLink[u"ΠΕΡΙΓΡΑΦΗ"], Text1->text());
+    mRsLink[u"ΣΥΝΔΕΣΗ"].setValue(path_);
+    mRsLink[u"codecards"].setValue(CodeCards.toLongLong());
+    mRsLink.update();
+    mRsLink.close();
+    accept();
+    saved_();
+}
+
+void frmLink::reject() {
+    const bool changed = QStringList{Text1->text(), path_} != untouched_;
+    if (changed && !mod_.services.prompts.question(
+                       this, core::programTitle(),
+                       QStringLiteral("Η σύνδεση έχει αλλαγές που δεν αποθηκεύτηκαν.\nΝα κλείσει χωρίς αποθήκευση;")))
+        return;
+    mRsLink.close();
+    QDialog::reject();
+}
+
+}  // namespace cards

@@ -1,0 +1,247 @@
+#include "cards/historytab.h"
+
+#include <QHBoxLayout>
+#include <QVBoxLayout>
+
+#include "cards/dialogplace.h"
+#include "cards/frmhistory.h"
+#include "controls/names.h"
+#include "controls/theme.h"
+#include "core/columnwidths.h"
+#include "core/guard.h"
+#include "data/recordset.h"
+
+namespace cards {
+
+using controls::arrayName;
+using controls::named;
+
+namespace {
+
+QVector<controls::ListColumn> columns() {
+    return {{QStringLiteral("Ημερομηνία"), QStringLiteral("Ημερομηνία"), 1100},
+            {QStringLiteral("Αιτιολογία"), QStringLiteral("Αιτιολογία"), 6000},
+            {QStringLiteral("Χρέωση"), QStringLiteral("Χρέωση"), 1000, true},
+            {QStringLiteral("Πίστωση"), QStringLiteral("Πίστωση"), 1000, true},
+            {QStringLiteral("Υπόλοιπο"), QStringLiteral("Υπόλοιπο"), 1000, true}};
+}
+
+QVector<controls::ListRow> listRows(QVector<LedgerRow> rows) {
+    QVector<controls::ListRow> list;
+    list.reserve(rows.size());
+    for (LedgerRow& row : rows)
+        list.append({std::move(row.cells), row.movement ? QVariant(*row.movement) : QVariant(), {}});
+    return list;
+}
+
+}  // namespace
+
+HistoryTab::HistoryTab(core::MainMod& mod) : mod_(mod) {
+    ListView1 = named(new controls::ListView, QStringLiteral("ListView1"));
+    ListView1->setAccessibleName(QStringLiteral("Κινήσεις"));
+    ListView1->setFont(controls::font(QStringLiteral("Tahoma"), font().pointSizeF()));
+    auto* layout = new QVBoxLayout(this);
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->setSpacing(8);
+    layout->addWidget(periodRow());
+    layout->addWidget(ListView1, 1);
+    layout->addWidget(commandRow());
+    buildMenu();
+    core::onSignal(mod_, this, ListView1, &controls::ListView::rowActivated, [this] { editMovement(); });
+    core::onSignal(mod_, this, ListView1, &controls::ListView::menuRequested,
+                   [this](int row, QPoint position) { showMenu(row, position); });
+}
+
+controls::DateBox* HistoryTab::dateBox(const QString& name, int picker, const QString& caption, QHBoxLayout* into) {
+    auto* box = named(new controls::DateBox, name);
+    auto* calendar = named(new controls::DatePicker, arrayName(QStringLiteral("DTPcustDate0"), picker));
+    controls::setAccessibleCaption(calendar, QStringLiteral("Ημερολόγιο: ") + caption);
+    controls::pairUp(box, calendar);
+    core::onSignal(mod_, this, box, &controls::DateBox::refused, [this] { mod_.beep(); });
+    auto* label = new QLabel(caption);
+    controls::tie(label, box);
+    into->addWidget(label);
+    into->addWidget(box);
+    into->addWidget(calendar);
+    into->addSpacing(10);
+    return box;
+}
+
+QWidget* HistoryTab::periodRow() {
+    auto* row = new QWidget;
+    auto* layout = new QHBoxLayout(row);
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->setSpacing(4);
+    txtFrom = dateBox(QStringLiteral("txtFrom"), 0, QStringLiteral("Από:"), layout);
+    txtTo = dateBox(QStringLiteral("txtTo"), 1, QStringLiteral("Έως:"), layout);
+    cmdShow = named(new QPushButton(controls::icon(QStringLiteral("search")), QStringLiteral("Εμφάνισε")),
+                    QStringLiteral("cmdShow"));
+    core::onSignal(mod_, this, cmdShow, &QPushButton::clicked, [this] {
+        if (!code_.isEmpty()) fill(code_);
+    });
+    auto* caption = named(new QLabel(QStringLiteral(" Υπόλοιπο:")), arrayName(QStringLiteral("Label1"), 3));
+    lblYpoloipo = named(new QLabel(QStringLiteral("0,00 ")), QStringLiteral("lblYpoloipo"));
+    lblYpoloipo->setFont(controls::font(QStringLiteral("Tahoma"), 12, true));
+    layout->addWidget(cmdShow);
+    layout->addStretch(1);
+    layout->addWidget(caption);
+    layout->addWidget(lblYpoloipo);
+    return row;
+}
+
+QWidget* HistoryTab::commandRow() {
+    auto* row = new QWidget;
+    auto* layout = new QHBoxLayout(row);
+    layout->setContentsMargins(0, 0, 0, 0);
+    const auto command = [&](const char16_t* name, const char16_t* icon, const char16_t* caption, auto run) {
+        auto* button = named(new QPushButton(controls::icon(QString::fromUtf16(icon)), QString::fromUtf16(caption)),
+                             QString::fromUtf16(name));
+        core::onSignal(mod_, this, button, &QPushButton::clicked, run);
+        layout->addWidget(button);
+        return button;
+    };
+    cmdAddHistory = command(u"cmdAddHistory", u"add", u"Νέα Κίνηση", [this] { newMovement(); });
+    Command4 = command(u"Command4", u"edit", u"Διόρθωση Κίνησης", [this] { editMovement(); });
+    cmdDelHistory = command(u"cmdDelHistory", u"delete", u"Διαγραφή Κίνησης", [this] { deleteMovement(); });
+    layout->addStretch(1);
+    cmdPrint = command(u"cmdPrint", u"print", u"Εκτύπωση Κίνησης", [this] { emit printRequested(); });
+    return row;
+}
+
+void HistoryTab::buildMenu() {
+    MnuPopUpHist = named(new QMenu(this), QStringLiteral("MnuPopUpHist"));
+    struct Entry {
+        const char* name;
+        const char16_t* caption;
+        Qt::Key key;
+        void (HistoryTab::*run)();
+        QAction*& action;
+    };
+    for (const Entry& entry :
+         {Entry{"MnuNewHistory", u"Νέα Κίνηση", Qt::Key_Insert, &HistoryTab::newMovement, MnuNewHistory},
+          Entry{"mnuEditHistory", u"Επεξεργασία Κίνηση", Qt::Key_unknown, &HistoryTab::editMovement, mnuEditHistory},
+          Entry{"MnuDelHistory", u"Διαγραφή Κίνησης", Qt::Key_Delete, &HistoryTab::deleteMovement, MnuDelHistory}}) {
+        entry.action = named(new QAction(QString::fromUtf16(entry.caption), this), QString::fromLatin1(entry.name));
+        if (entry.key != Qt::Key_unknown) entry.action->setShortcut(entry.key);
+        entry.action->setShortcutContext(Qt::WidgetShortcut);
+        core::onSignal(mod_, this, entry.action, &QAction::triggered, [this, run = entry.run] { (this->*run)(); });
+        ListView1->addAction(entry.action);
+        MnuPopUpHist->addAction(entry.action);
+    }
+}
+
+void HistoryTab::load() {
+    core::loadColumns(mod_.services.settings, QStringLiteral("lvHistory"), *ListView1, columns());
+    const QDate today = mod_.services.clock.today();
+    txtFrom->setDate(QDate(today.year(), today.month(), 1));
+    txtTo->setDate(today);
+    clear();
+}
+
+void HistoryTab::fill(const QString& code) {
+    // Known from here on, so that a period that is none can be mended and shown.
+    code_ = code;
+    enableCommands();
+    const auto from = txtFrom->date(), to = txtTo->date();
+    if (!from || !to)
+        throw data::Error(data::ErrorCategory::Type, QStringLiteral("Η περίοδος των κινήσεων δεν είναι σωστή."));
+    Ledger ledger(*from, *to);
+    // Named columns, since notes and photos of every movement would be read along with all of them.
+    data::Recordset rows(mod_.gConn, QStringLiteral("Select aa,ΗΜΕΡΟΜΗΝΙΑ,ΑΙΤΙΟΛΟΓΙΑ,ΧΡΕΩΣΗ,ΠΙΣΤΩΣΗ from History where "
+                                                    "codecards=%1 order by ημερομηνια,aa")
+                                         .arg(code));
+    for (; !rows.eof(); rows.moveNext())
+        ledger.add({rows.field(0).toLong(), rows.field(1).toDate(), rows.field(2).text(),
+                    Money::of(rows.field(3).toDouble()), Money::of(rows.field(4).toDouble())});
+    const Money balance = ledger.balance();
+    ListView1->setRows(listRows(std::move(ledger).finish()));
+    lblYpoloipo->setText(balance.text() + u' ');
+    selectChanged();
+    storeBalance(balance);
+}
+
+// The movement that was just changed stays the selected one.
+void HistoryTab::selectChanged() {
+    const auto changed = std::exchange(changed_, std::nullopt);
+    for (int row = 0; changed && row < ListView1->count(); ++row)
+        if (ListView1->row(row).tag == QVariant(*changed)) ListView1->selectRow(row);
+}
+
+// Written only when it differs: a card that is merely looked at takes no lock and waits for no disk.
+void HistoryTab::storeBalance(Money balance) {
+    data::Recordset stored(mod_.gConn, QStringLiteral("select total from cards where code=%1").arg(code_));
+    if (stored.isEmpty() || (!stored[u"total"].isNull() && stored[u"total"].toDouble() == balance.toDouble())) return;
+    mod_.gConn.execute(QStringLiteral("Update cards set total=%1 Where code=%2").arg(balance.sqlText(), code_));
+}
+
+void HistoryTab::clear() {
+    code_.clear();
+    ListView1->clear();
+    lblYpoloipo->setText(QStringLiteral("0,00 "));
+    enableCommands();
+}
+
+void HistoryTab::setBrowsing(bool browsing) {
+    browsing_ = browsing;
+    enableCommands();
+}
+
+void HistoryTab::enableCommands() {
+    const bool possible = browsing_ && !code_.isEmpty();
+    for (QPushButton* button : {cmdAddHistory, Command4, cmdDelHistory, cmdPrint}) button->setEnabled(possible);
+    for (QAction* action : {MnuNewHistory, mnuEditHistory, MnuDelHistory}) action->setEnabled(possible);
+    cmdShow->setEnabled(!code_.isEmpty());
+}
+
+void HistoryTab::showMenu(int row, QPoint position) {
+    enableCommands();
+    for (QAction* action : {mnuEditHistory, MnuDelHistory}) action->setEnabled(action->isEnabled() && row >= 0);
+    MnuPopUpHist->exec(position);
+    enableCommands();
+}
+
+std::optional<qint64> HistoryTab::selected() const {
+    const int row = ListView1->currentRow();
+    if (row < 0 || !ListView1->row(row).tag.isValid()) return {};
+    return ListView1->row(row).tag.toLongLong();
+}
+
+void HistoryTab::open(std::optional<qint64> movement) {
+    frmHistory form(mod_, this, [this, movement] {
+        changed_ = movement;
+        emit written();
+    });
+    form.EditMode = movement.has_value();
+    form.MovementId = movement.value_or(0);
+    form.CodeCards = code_;
+    form.load();
+    placeOver(form, this, {450, 2450});
+    form.exec();
+}
+
+void HistoryTab::newMovement() {
+    if (browsing_ && !code_.isEmpty()) open({});
+}
+
+void HistoryTab::editMovement() {
+    // A double click reaches this also while the card is changed.
+    if (!browsing_) return mod_.beep();
+    if (const auto movement = selected()) open(movement);
+}
+
+void HistoryTab::deleteMovement() {
+    const auto movement = selected();
+    if (!browsing_ || !movement) return;
+    ListView1->setFocus(Qt::OtherFocusReason);
+    if (!mod_.services.prompts.question(this, core::programTitle(),
+                                        QStringLiteral("Να συνεχίσω με διαγραφή της κίνησης;")))
+        return;
+    mod_.gConn.execute(QStringLiteral("Delete from history where aa=%1").arg(*movement));
+    fill(code_);
+}
+
+QString HistoryTab::period() const {
+    return QStringLiteral("από %1 έως %2").arg(txtFrom->formattedText(), txtTo->formattedText());
+}
+
+}  // namespace cards

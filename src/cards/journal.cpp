@@ -1,0 +1,68 @@
+#include "cards/journal.h"
+
+#include "core/sqltext.h"
+#include "data/format.h"
+#include "data/recordset.h"
+
+namespace cards {
+
+namespace {
+
+// A piece is to take about this long.
+constexpr int shortPieceMs = 5, longPieceMs = 12;
+constexpr int mostDays = 400'000;
+
+QString dayLiteral(QDate day) {
+    return data::format(data::wallClock(day), u"yyyy/mm/dd");
+}
+
+}  // namespace
+
+QString journalStatement(const JournalFilter& filter, QDate from, QDate to) {
+    QString sql = QStringLiteral(
+                      "SELECT History.ΗΜΕΡΟΜΗΝΙΑ, Cards.code, Cards.ΕΠΩΝΥΜΟ, Cards.ΟΝΟΜΑ, History.ΑΙΤΙΟΛΟΓΙΑ, "
+                      "History.ΧΡΕΩΣΗ, History.ΠΙΣΤΩΣΗ FROM Cards INNER JOIN History ON Cards.code = "
+                      "History.codecards where (ΗΜΕΡΟΜΗΝΙΑ between #%1# and #%2 23:59:59# )")
+                      .arg(dayLiteral(from), dayLiteral(to));
+    if (!filter.reason.isEmpty())
+        sql +=
+            QStringLiteral(" and ΑΙΤΙΟΛΟΓΙΑ like '%%1%'").replace(QStringLiteral("%1"), core::sqlText(filter.reason));
+    if (filter.category) sql += QStringLiteral(" and category=%1 ").arg(*filter.category);
+    return sql + QStringLiteral(" ORDER BY ΗΜΕΡΟΜΗΝΙΑ");
+}
+
+JournalReader::JournalReader(data::Connection& connection, const JournalFilter& filter)
+    : connection_(connection), filter_(filter), next_(filter.from) {}
+
+bool JournalReader::step() {
+    if (next_ > filter_.to) return false;
+    QElapsedTimer clock;
+    clock.start();
+    const QDate last = std::min(next_.addDays(days_ - 1), filter_.to);
+    read(next_, last);
+    next_ = last.addDays(1);
+    const qint64 spent = clock.elapsed();
+    if (spent < shortPieceMs) days_ = std::min(days_ * 2, mostDays);
+    if (spent > longPieceMs) days_ = std::max(days_ / 2, 1);
+    return next_ <= filter_.to;
+}
+
+void JournalReader::read(QDate from, QDate to) {
+    QDateTime day;
+    QString shownDay;
+    for (data::Recordset rows(connection_, journalStatement(filter_, from, to)); !rows.eof(); rows.moveNext()) {
+        const QDateTime ofRow = rows.field(0).toDate();
+        if (ofRow != day) {
+            day = ofRow;
+            shownDay = dayText(day);
+        }
+        const Money debit = Money::of(rows.field(5).toDouble()), credit = Money::of(rows.field(6).toDouble());
+        debit_ += debit;
+        credit_ += credit;
+        rows_.append(
+            {{shownDay, rows.field(2).text(), rows.field(3).text(), rows.field(4).text(), debit.text(), credit.text()},
+             rows.field(1).toLong()});
+    }
+}
+
+}  // namespace cards

@@ -1,0 +1,113 @@
+#include "cards/linkstab.h"
+
+#include <QHBoxLayout>
+#include <QVBoxLayout>
+
+#include "cards/dialogplace.h"
+#include "cards/frmlink.h"
+#include "cards/linkopen.h"
+#include "controls/names.h"
+#include "controls/theme.h"
+#include "core/columnwidths.h"
+#include "core/guard.h"
+#include "data/recordset.h"
+
+namespace cards {
+
+using controls::named;
+
+namespace {
+const QString section = QStringLiteral("lvLinks");
+}
+
+LinksTab::LinksTab(core::MainMod& mod) : mod_(mod) {
+    ListView2 = named(new controls::ListView, QStringLiteral("ListView2"));
+    ListView2->setAccessibleName(QStringLiteral("Συνδέσεις"));
+    core::onSignal(mod_, this, ListView2, &controls::ListView::rowActivated, [this](int row) { openSelected(row); });
+    auto* commands = new QHBoxLayout;
+    const auto command = [&](const char16_t* name, const char16_t* icon, const char16_t* caption, auto run) {
+        auto* button = named(new QPushButton(controls::icon(QString::fromUtf16(icon)), QString::fromUtf16(caption)),
+                             QString::fromUtf16(name));
+        core::onSignal(mod_, this, button, &QPushButton::clicked, run);
+        commands->addWidget(button);
+        return button;
+    };
+    Command8 = command(u"Command8", u"add", u"Νέα Σύνδεση", [this] { newLink(); });
+    cmdEditLink = command(u"cmdEditLink", u"edit", u"Διόρθωση Σύνδεσης", [this] { editLink(); });
+    cmdDelLink = command(u"cmdDelLink", u"delete", u"Διαγραφή Σύνδεσης", [this] { deleteLink(); });
+    commands->addStretch(1);
+    auto* layout = new QVBoxLayout(this);
+    layout->setContentsMargins(14, 14, 14, 14);
+    layout->setSpacing(8);
+    layout->addWidget(ListView2, 1);
+    layout->addLayout(commands);
+}
+
+void LinksTab::load() {
+    core::loadColumns(mod_.services.settings, section, *ListView2,
+                      {{QStringLiteral("Περιγραφή"), QStringLiteral("Περιγραφή"), 6000},
+                       {QStringLiteral("Σύνδεση"), QStringLiteral("Σύνδεση"), 4000}});
+    clear();
+}
+
+void LinksTab::storeWidths() {
+    core::storeColumns(mod_.services.settings, section, *ListView2);
+}
+
+void LinksTab::fill(const QString& code) {
+    QVector<controls::ListRow> rows;
+    for (data::Recordset links(
+             mod_.gConn, QStringLiteral("Select * from LINKS where codecards=%1 order by ΠΕΡΙΓΡΑΦΗ,aa").arg(code));
+         !links.eof(); links.moveNext())
+        rows.append({{links[u"ΠΕΡΙΓΡΑΦΗ"].text(), links[u"ΣΥΝΔΕΣΗ"].text()}, links[u"aa"].value(), {}});
+    ListView2->setRows(std::move(rows));
+    code_ = code;
+    enableCommands();
+}
+
+void LinksTab::clear() {
+    code_.clear();
+    ListView2->clear();
+    enableCommands();
+}
+
+void LinksTab::enableCommands() {
+    Command8->setEnabled(!code_.isEmpty());
+    for (QPushButton* button : {cmdEditLink, cmdDelLink}) button->setEnabled(ListView2->count() > 0);
+}
+
+void LinksTab::openSelected(int row) {
+    openLink(mod_, this, ListView2->row(row).cells.value(1));
+}
+
+void LinksTab::showForm(std::optional<qint64> link) {
+    frmLink form(mod_, this, [this] { emit written(); });
+    form.EditMode = link.has_value();
+    form.LinkId = link.value_or(0);
+    form.CodeCards = code_;
+    if (!form.load()) return;
+    placeOver(form, this, {450, 2450});
+    form.exec();
+}
+
+void LinksTab::newLink() {
+    showForm({});
+}
+
+void LinksTab::editLink() {
+    const int row = ListView2->currentRow();
+    if (row >= 0) showForm(ListView2->row(row).tag.toLongLong());
+}
+
+void LinksTab::deleteLink() {
+    if (ListView2->count() == 0) return;
+    ListView2->setFocus(Qt::OtherFocusReason);
+    const int row = ListView2->currentRow();
+    if (row < 0 || !mod_.services.prompts.question(this, core::programTitle(),
+                                                   QStringLiteral("Να συνεχίσω με διαγραφή της σύνδεσης;")))
+        return;
+    mod_.gConn.execute(QStringLiteral("Delete from links where aa=%1").arg(ListView2->row(row).tag.toLongLong()));
+    fill(code_);
+}
+
+}  // namespace cards

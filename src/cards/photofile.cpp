@@ -1,0 +1,20 @@
+#include "cards/photofile.h"
+
+#include <QFile>
+
+#include "cards/photoview.h"
+
+namespace cards {
+
+std::optional<QByteArray> choosePhoto(core::MainMod& mod, QWidget* parent) {
+    const QString path = mod.services.prompts.openFile(parent, QStringLiteral("Εισαγωγή Φωτογραφίας"),
+                                                       QStringLiteral("Φωτογραφίες (*.bmp *.jpg *.gif)"));
+    if (path.isEmpty()) return {};
+    QFile file(path);
+    if (!file.open(QIODevice::ReadOnly)) return {};
+    const QByteArray bytes = file.readAll();
+    if (!PhotoView::isPicture(bytes)) return {};
+    return bytes;
+}
+
+}  // namespace cards

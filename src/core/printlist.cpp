@@ -1,0 +1,187 @@
+#include "core/printlist.h"
+
+#include "core/guard.h"
+#include "data/error.h"
+
+namespace core {
+
+namespace {
+
+// The look of the list on screen, carried over to paper.
+constexpr double pixel = 15;  // twips
+constexpr double rowHeight = 17 * pixel;
+constexpr double padding = 5 * pixel;
+constexpr double iconSize = 16 * pixel;
+const QColor buttonShadow(160, 160, 160), buttonFace(240, 240, 240), buttonLight(245, 245, 245);
+const QColor ruling = QColor::fromRgb(1, 0, 0);
+
+// Draws one table; keeps where it stands on the page.
+class Table {
+public:
+    Table(platform::Printer& printer, const PrintedList& list)
+        : printer_(printer), list_(list), left_(printMargin(printer)), top_(printer.currentY), y_(top_) {
+        double sum = 0;
+        for (const PrintColumn& column : list.columns) sum += column.width;
+        ratio_ = sum > 0 ? printer.scaleWidth() * 0.9 / sum : 0;
+        bottom_ = printer.scaleHeight() - 5 * rowHeight;
+    }
+
+    void heading() {
+        printer_.font.bold = true;
+        double x = left_;
+        for (const PrintColumn& column : list_.columns) {
+            const double right = rightOf(x, column);
+            button(x, right);
+            put(printer_.fitted(column.header, column.width * ratio_ - padding), x, column, 0);
+            x = right;
+        }
+        printer_.font.bold = false;
+    }
+
+    void row(const controls::ListRow& row) {
+        if (y_ + rowHeight > bottom_ - 2 * rowHeight) {
+            pageNumber();
+            printer_.newPage();
+            printer_.currentY = y_ = top_;
+        } else {
+            y_ += rowHeight;
+        }
+        double x = left_;
+        for (int i = 0; i < list_.columns.size(); ++i) {
+            const PrintColumn& column = list_.columns[i];
+            const double right = rightOf(x, column);
+            double icon = 0;
+            if (i == 0 && !row.icon.isNull()) {
+                icon = iconSize;
+                printer_.paintPicture(picture(row.icon), {x + pixel, y_ + pixel / 2, iconSize, iconSize});
+            }
+            const double room = std::floor(column.width * ratio_) - padding - icon;
+            const QString text = printer_.fitted(row.cells.value(i), room);
+            printer_.box({QPointF(x, y_), QPointF(right, y_ + rowHeight)}, ruling);
+            put(text, x, column, icon);
+            x = right;
+        }
+    }
+
+    void pageNumber() {
+        const QString text = QStringLiteral("Σελίδα %1").arg(++page_);
+        printer_.printAt(printer_.scaleWidth() / 2 - printer_.textWidth(text) / 2, bottom_ - rowHeight, text);
+    }
+
+private:
+    double rightOf(double x, const PrintColumn& column) const { return std::floor(x + column.width * ratio_); }
+
+    // Four boxes, one within the other, look like a raised button.
+    void button(double x, double right) {
+        const double bottom = y_ + rowHeight;
+        printer_.fillBox({QPointF(x, y_), QPointF(right, bottom)}, buttonShadow);
+        printer_.fillBox({QPointF(x, y_), QPointF(right - pixel, bottom)}, buttonLight);
+        printer_.fillBox({QPointF(x + pixel, y_ + pixel), QPointF(right, bottom)}, buttonShadow);
+        printer_.fillBox({QPointF(x + pixel, y_ + pixel), QPointF(right - pixel, bottom - pixel)}, buttonFace);
+    }
+
+    void put(const QString& text, double x, const PrintColumn& column, double icon) {
+        if (text.isEmpty()) return;
+        const double width = column.width * ratio_;
+        double place = x + icon + padding;
+        if (column.alignment & Qt::AlignRight)
+            place = x + width - icon - printer_.textWidth(text) - padding;
+        else if (column.alignment & Qt::AlignHCenter)
+            place = x + icon + (width - printer_.textWidth(text)) / 2;
+        printer_.printAt(place, y_ + pixel + (rowHeight - printer_.textHeight()) / 2, text);
+    }
+
+    // Each picture once, so that ten thousand rows share it.
+    QImage picture(const QIcon& icon) {
+        QImage& known = pictures_[icon.cacheKey()];
+        if (known.isNull()) known = icon.pixmap(QSize(64, 64)).toImage();
+        return known;
+    }
+
+    platform::Printer& printer_;
+    const PrintedList& list_;
+    double left_, top_, y_, bottom_, ratio_;
+    int page_ = 0;
+    QHash<qint64, QImage> pictures_;
+};
+
+void drawCard(platform::Printer& printer, const PrintedCard& card) {
+    printer.font.size = 10;
+    printer.font.bold = false;
+    const double left = printMargin(printer), middle = printer.scaleWidth() / 2, tab = headingTab(printer);
+    const double gap = printer.textWidth(QStringLiteral("  "));
+    const auto part = [&](double x, double end, const QString& label, const QString& value) {
+        printer.printAt(x, printer.currentY, label);
+        printer.font.bold = true;
+        printer.printAt(x + tab, printer.currentY, printer.fitted(value, end - x - tab));
+        printer.font.bold = false;
+    };
+    const auto line = [&](const QString& label, const QString& value, const QString& label2, const QString& value2) {
+        part(left, middle + tab - gap, label, value);
+        part(middle + tab, printer.scaleWidth() - left, label2, value2);
+        printer.print();
+    };
+    line(QStringLiteral("EΠΩΝΥΜΟ: "), card.surname, QStringLiteral("ΤΗΛΕΦΩΝΟ: "), card.telephone);
+    line(QStringLiteral("ONOMA: "), card.firstName, QStringLiteral("ΚΙΝΗΤΟ: "), card.mobile);
+    printer.print();
+}
+
+PrintedList contents(MainMod& mod, const controls::ListView& list, const QString& title) {
+    PrintedList printed{title, mod.services.clock.today(), {}, {}, {}, list.rows()};
+    for (int i = 0; i < list.columns().size(); ++i)
+        printed.columns.append({list.columns()[i].header, double(list.columnTwips(i)),
+                                list.columns()[i].number ? Qt::AlignRight : Qt::AlignLeft});
+    return printed;
+}
+
+bool printList(MainMod& mod, QWidget* parent, const PrintedList& list) {
+    try {
+        return printOut(mod, parent, {list.title, [list](platform::Printer& printer, const PrintStep& step) {
+                                          drawList(printer, list, step);
+                                      }});
+    } catch (const std::exception& error) {
+        const auto* known = dynamic_cast<const data::Error*>(&error);
+        constexpr int printerError = 482;  // the number that users know it by
+        mod.services.prompts.message(
+            parent, platform::MessageIcon::Critical, programTitle(),
+            QStringLiteral("gPrintListView() failed with the following error:-\nError Number: %1\nDescription: %2")
+                .arg(known ? known->number() : printerError)
+                .arg(known ? known->text() : QString::fromUtf8(error.what())));
+        return false;
+    }
+}
+
+}  // namespace
+
+void drawList(platform::Printer& printer, const PrintedList& list, const PrintStep& step) {
+    if (!list.title.isEmpty()) {
+        printOwnerAndDate(printer, list.owner, list.today);
+        printTitle(printer, list.title);
+        if (list.card) drawCard(printer, *list.card);
+        printer.font = {QStringLiteral("MS Sans Serif"), 7.8};
+    }
+    Table table(printer, list);
+    table.heading();
+    for (int i = 0; i < list.rows.size(); ++i) {
+        if (step) step(i, int(list.rows.size()));
+        table.row(list.rows[i]);
+    }
+    table.pageNumber();
+}
+
+bool gPrintListView(MainMod& mod, QWidget* parent, const controls::ListView& list, const QString& title,
+                    ListHeading heading) {
+    PrintedList printed = contents(mod, list, title);
+    if (heading == ListHeading::Owner) printed.owner = ownerDetails(mod.services.settings);
+    return printList(mod, parent, printed);
+}
+
+bool gPrintListView(MainMod& mod, QWidget* parent, const controls::ListView& list, const QString& title,
+                    const QString& surname, const QString& firstName, const QString& telephone, const QString& mobile) {
+    PrintedList printed = contents(mod, list, title);
+    printed.owner = ownerDetails(mod.services.settings);
+    printed.card = PrintedCard{surname, firstName, telephone, mobile};
+    return printList(mod, parent, printed);
+}
+
+}  // namespace core

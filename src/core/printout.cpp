@@ -1,0 +1,93 @@
+#include "core/printout.h"
+
+#include "controls/theme.h"
+#include "core/printpreview.h"
+#include "core/printprogress.h"
+#include "core/printsettings.h"
+
+namespace core {
+
+namespace {
+
+const QString section = QStringLiteral("Options");
+const QString previewKey = QStringLiteral("PrintPreview");
+const QString printerKey = QStringLiteral("Printer");
+const QString paperKey = QStringLiteral("PrintPaper");
+
+}  // namespace
+
+bool previewsPrints(const platform::Settings& settings) {
+    return settings.number(section, previewKey, 1) != 0;
+}
+
+void setPreviewsPrints(platform::Settings& settings, bool on) {
+    settings.setNumber(section, previewKey, on);
+}
+
+platform::PageSetup pageSetup(const platform::Settings& settings, bool landscape) {
+    platform::PageSetup setup;
+    setup.landscape = landscape;
+    const QString key = settings.value(section, paperKey);
+    for (const QPageSize::PageSizeId id : papers)
+        if (QPageSize::key(id) == key) setup.paper = QPageSize(id);
+    return setup;
+}
+
+void storePaper(platform::Settings& settings, const platform::PageSetup& setup) {
+    settings.setValue(section, paperKey, setup.paper.key());
+}
+
+QString chosenPrinter(const platform::Services& services) {
+    const QString last = services.settings.value(section, printerKey);
+    return !last.isEmpty() && services.printers.names().contains(last) ? last : services.printers.defaultName();
+}
+
+void storePrinter(platform::Settings& settings, const QString& printer) {
+    settings.setValue(section, printerKey, printer);
+}
+
+std::shared_ptr<const platform::PrintDocument> drawn(QWidget* parent, const PrintJob& job,
+                                                     const platform::PageSetup& setup) {
+    PrintProgress progress(parent, QStringLiteral("Σχεδίαση σελίδων: ") + job.title);
+    platform::Printer printer(setup, job.title, [](const QString& name) { return controls::font(name, 10); });
+    job.draw(printer, [&progress](int done, int total) {
+        if (!progress.step(done, total)) throw PrintStopped();
+    });
+    return printer.endDoc();
+}
+
+void tellPrinterFailure(MainMod& mod, QWidget* parent, const platform::PrintError& error) {
+    mod.services.prompts.message(
+        parent, platform::MessageIcon::Critical, QStringLiteral("Μήνυμα λάθους"),
+        error.text() + QStringLiteral("\nΟι σελίδες μένουν στην προεπισκόπηση: επιλέξτε άλλον εκτυπωτή ή αποθηκεύστε "
+                                      "τες σε PDF."));
+}
+
+// Without the preview; false when the printer failed, and then it was told.
+static bool sendDirectly(MainMod& mod, QWidget* parent, const PrintJob& job, bool& stopped) {
+    const auto document = drawn(parent, job, pageSetup(mod.services.settings, job.landscape));
+    PrintProgress progress(parent, QStringLiteral("Αποστολή στον εκτυπωτή: ") + job.title);
+    const int pages = document->pageCount();
+    try {
+        stopped = !mod.services.printers.print(*document, chosenPrinter(mod.services), 1,
+                                               [&](int page) { return progress.step(page, pages); });
+        return true;
+    } catch (const platform::PrintError& error) {
+        tellPrinterFailure(mod, parent, error);
+        return false;
+    }
+}
+
+bool printOut(MainMod& mod, QWidget* parent, const PrintJob& job) {
+    try {
+        bool stopped = false;
+        if (!previewsPrints(mod.services.settings) && sendDirectly(mod, parent, job, stopped)) return !stopped;
+        PrintPreview preview(mod, parent, job);
+        preview.exec();
+        return preview.isDelivered();
+    } catch (const PrintStopped&) {
+        return false;
+    }
+}
+
+}  // namespace core

@@ -1,0 +1,105 @@
+#include "platform/printers.h"
+
+#include <QCoreApplication>
+#include <QPainter>
+#include <QPdfWriter>
+#include <QPrinter>
+#include <QPrinterInfo>
+#include <QSaveFile>
+
+namespace platform {
+
+namespace {
+
+QPageLayout::Orientation orientationOf(const PageSetup& setup) {
+    return setup.landscape ? QPageLayout::Landscape : QPageLayout::Portrait;
+}
+
+// The whole paper, since the document has its own margin. One by one: a printer that can't reach the edge refuses a
+// layout without margins as a whole, and quietly keeps its own.
+void takePaper(QPrinter& device, const PageSetup& setup) {
+    device.setFullPage(true);
+    if (!device.setPageSize(setup.paper) || !device.setPageOrientation(orientationOf(setup)))
+        throw PrintError(QStringLiteral("Ο εκτυπωτής «%1» δεν έχει χαρτί %2.")
+                             .arg(device.printerName(), QPageSize::key(setup.paper.id())));
+    device.setPageMargins(QMarginsF());
+}
+
+// All pages onto a device that stands on its first one; false when stopped.
+template <typename Device>
+bool paintPages(const PrintDocument& document, QPainter& painter, Device& device, const PageStep& step) {
+    const double margin = document.setup().margin;
+    for (int page = 0; page < document.pageCount(); ++page) {
+        if (step && !step(page)) return false;
+        if (page > 0 && !device.newPage()) throw PrintError(QStringLiteral("Ο εκτυπωτής δεν δέχτηκε νέα σελίδα."));
+        painter.save();
+        painter.scale(device.logicalDpiX() / 1440.0, device.logicalDpiY() / 1440.0);
+        painter.translate(margin, margin);
+        document.paint(painter, page);
+        painter.restore();
+    }
+    return true;
+}
+
+PrintError gone(const QString& name) {
+    return PrintError(name.isEmpty() ? QStringLiteral("Δεν υπάρχει εκτυπωτής στο σύστημα.")
+                                     : QStringLiteral("Ο εκτυπωτής «%1» δεν βρέθηκε ή δεν αποκρίνεται.").arg(name));
+}
+
+}  // namespace
+
+QStringList SystemPrinters::names() const {
+    return QPrinterInfo::availablePrinterNames();
+}
+
+QString SystemPrinters::defaultName() const {
+    const QString name = QPrinterInfo::defaultPrinterName();
+    return name.isEmpty() ? names().value(0) : name;
+}
+
+bool SystemPrinters::print(const PrintDocument& document, const QString& printer, int copies, const PageStep& step) {
+    // The toolkit would quietly write a file of its own for a printer that isn't there.
+    const QPrinterInfo info = QPrinterInfo::printerInfo(printer);
+    if (printer.isEmpty() || info.isNull() || info.state() == QPrinter::Error) throw gone(printer);
+    QPrinter device(info, QPrinter::HighResolution);
+    takePaper(device, document.setup());
+    device.setDocName(document.title());
+    device.setCreator(QCoreApplication::applicationName());
+    device.setCopyCount(std::max(1, copies));
+    QPainter painter;
+    if (!painter.begin(&device)) throw gone(printer);
+    if (!paintPages(document, painter, device, step)) {
+        device.abort();
+        return false;
+    }
+    if (!painter.end() || device.printerState() == QPrinter::Error)
+        throw PrintError(QStringLiteral("Η αποστολή στον εκτυπωτή «%1» απέτυχε.").arg(printer));
+    return true;
+}
+
+bool SystemPrinters::writePdf(const PrintDocument& document, const QString& file, const PageStep& step) {
+    const auto failure = [&file](const QString& why) {
+        return PrintError(QStringLiteral("Δεν γράφτηκε το αρχείο «%1»: %2").arg(file, why));
+    };
+    QSaveFile target(file);
+    if (!target.open(QIODevice::WriteOnly)) throw failure(target.errorString());
+    {
+        QPdfWriter device(&target);
+        device.setResolution(1440);
+        device.setPageLayout({document.setup().paper, orientationOf(document.setup()), QMarginsF()});
+        device.setTitle(document.title());
+        device.setCreator(QCoreApplication::applicationName());
+        QPainter painter;
+        if (!painter.begin(&device)) throw failure(QStringLiteral("δεν ξεκινά η σελίδα"));
+        if (!paintPages(document, painter, device, step)) {
+            target.cancelWriting();
+            painter.end();
+            return false;
+        }
+        painter.end();
+    }
+    if (!target.commit()) throw failure(target.errorString());
+    return true;
+}
+
+}  // namespace platform
