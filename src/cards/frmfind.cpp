@@ -11,6 +11,7 @@
 #include "core/guard.h"
 #include "core/placement.h"
 #include "core/sqltext.h"
+#include "data/phonekey.h"
 #include "data/recordset.h"
 
 namespace cards {
@@ -24,6 +25,10 @@ const QString section = QStringLiteral("lvFind");
 // The columns in the order of the condition; the order of the rows is their own.
 constexpr const char16_t* searched[] = {u"επωνυμο",   u"ονομα",     u"εταιρια", u"τηλεφωνο1", u"τηλεφωνο2",
                                         u"τηλεφωνο3", u"τηλεφωνο4", u"email",   u"κινητο"};
+
+bool isNumber(QStringView column) {
+    return column.startsWith(u"τηλεφωνο") || column == u"κινητο";
+}
 
 QVector<controls::ListColumn> columns() {
     return {{QStringLiteral("Name"), QStringLiteral("Επώνυμο")},
@@ -40,6 +45,12 @@ QString findStatement(const QString& text) {
     QStringList conditions;
     for (const char16_t* column : searched)
         conditions << QStringLiteral("%1 like '%2%'").arg(QString::fromUtf16(column), pattern);
+    // A telephone number is the same one however it was written, and however the search writes it.
+    if (data::looksLikePhone(text))
+        for (const char16_t* column : searched)
+            if (isNumber(column))
+                conditions
+                    << QStringLiteral("phonekey(%1) like '%2%'").arg(QString::fromUtf16(column), data::phoneKey(text));
     return QStringLiteral(
                "Select [επωνυμο],[ονομα],[εταιρια],[διευθυνση],[τηλεφωνο1],[email],[code] from cards where ") +
            conditions.join(QStringLiteral(" or ")) + QStringLiteral(" ORDER BY επωνυμο,ονομα,email");

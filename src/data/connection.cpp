@@ -112,6 +112,11 @@ std::shared_ptr<const Translation> Connection::translate(const QString& sql, con
     }
 }
 
+QByteArray Connection::indexedExpression(const QString& table, const QString& expression) {
+    engine();
+    return d->translator->expression(table, expression);
+}
+
 qint64 Connection::execute(const QString& sql, const Parameters& parameters) {
     const auto translation = translate(sql, {parameters, false});
     const QVector<QVariant> values = parameterValues(*translation, parameters);

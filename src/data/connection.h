@@ -52,6 +52,9 @@ public:
     // The statement as the engine gets it; for tools, tests and the curious.
     std::shared_ptr<const Translation> translate(const QString& sql, const OpenOptions& options = {});
 
+    // An expression of the dialect over one table, as EngineDialect::createIndex wants it.
+    QByteArray indexedExpression(const QString& table, const QString& expression);
+
     // For the schema's creation and upgrades, and for Recordset. Throws when closed.
     Engine& engine();
 

@@ -18,7 +18,9 @@ void Recordset::Private::fetch() {
         translation->baseTable.isEmpty() ? nullptr : connection->catalog().find(translation->baseTable);
     RowStore fetched(int(translation->columns.size()) + (translation->baseTable.isEmpty() ? 0 : 1));
     try {
-        connection->engine().query(translation->sql, parameterValues(*translation, options.parameters), &fetched);
+        const bool many = !translation->probe.isEmpty() &&
+                          connection->engine().query(translation->probe, {}, nullptr) > Translation::probeLimit;
+        connection->engine().query(many ? translation->periodFirst : translation->sql, parameterValues(*translation, options.parameters), &fetched);
     } catch (const Error& error) {
         throw Error(error.category(), error.text(), sql, error.engineCode());
     }

@@ -63,4 +63,8 @@ void Catalog::clear() {
     byName_.clear();
 }
 
+QString wordIndexName(const TableInfo& table) {
+    return u'_' + table.name + QStringLiteral("_words");
+}
+
 }  // namespace data

@@ -44,12 +44,19 @@ struct ColumnInfo {
     int size = 0;  // UTF-16 units for Text, 0 for every other type (Memo and LongBinary are unbounded)
 };
 
+// An index of the engine over all that stands inside these columns' texts, for searches with a pattern like %word%.
+struct WordIndex {
+    QString name;          // empty: the table has none
+    QVector<int> columns;  // in the table's columns
+};
+
 struct TableInfo {
     QString name;
     QVector<ColumnInfo> columns;  // in table order
     // Column or pseudo-column that names a row for updates, as the engine spells it ("rowid").
     QString rowIdentity;
     int autonumber = -1;  // index of the Autonumber column, -1 if there is none
+    WordIndex words;
 
     int indexOf(QStringView column) const;  // without regard to case; -1 if there is none
 };
@@ -69,5 +76,7 @@ private:
 
 // Names of tables and columns compare by this key: lower case, accents kept.
 QString nameKey(QStringView name);
+
+QString wordIndexName(const TableInfo& table);
 
 }  // namespace data

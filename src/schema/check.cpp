@@ -1,6 +1,7 @@
 #include "schema/check.h"
 
 #include "data/dialect/enginedialect.h"
+#include "schema/indexes.h"
 #include "schema/upgrade.h"
 
 namespace schema {
@@ -60,15 +61,20 @@ void checkColumns(QStringList& found, const data::TableInfo& wanted, const data:
 
 void checkIndexes(QStringList& found, data::Connection& connection, Database database) {
     QHash<QString, QString> stored = connection.engine().indexes();
-    const data::EngineDialect& dialect = connection.engine().dialect();
-    for (const Table& table : tables(database))
+    for (const Table& table : tables(database)) {
+        const data::TableInfo* there = connection.catalog().find(table.name);
+        if (!there) continue;
+        if (wordColumns(table, *there) != there->words.columns)
+            found += u"Πίνακας %1: το ευρετήριο των λέξεων λείπει ή δεν είναι αυτό που πρέπει."_s.arg(table.name);
         for (const Index& index : table.indexes) {
-            const auto sql = dialect.createIndex(index.name, tableInfo(table), index.columns, index.covered);
+            if (!index.in(currentVersion)) continue;
+            const QByteArray sql = indexSql(connection, table, index);
             if (!stored.contains(index.name))
                 found += u"Πίνακας %1: λείπει το ευρετήριο %2."_s.arg(table.name, index.name);
             else if (stored.take(index.name) != QString::fromUtf8(sql))
                 found += u"Πίνακας %1: το ευρετήριο %2 δεν είναι αυτό που πρέπει."_s.arg(table.name, index.name);
         }
+    }
     for (const QString& name : stored.keys()) found += u"Περισσεύει το ευρετήριο %1."_s.arg(name);
 }
 

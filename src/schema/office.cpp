@@ -14,6 +14,7 @@
 #include "data/postgres/pgengine.h"
 #include "data/sqlite/sqliteengine.h"
 #include "schema/backup.h"
+#include "schema/indexes.h"
 #include "schema/reference.h"
 #include "schema/tablewriter.h"
 #include "schema/upgrade.h"
@@ -108,10 +109,9 @@ void createTables(data::Connection& connection, Database database) {
     for (const Table& table : tables(database)) {
         const data::TableInfo info = tableInfo(table);
         engine.script(engine.dialect().createTable(info, table.key));
-        for (const Index& index : table.indexes)
-            engine.createIndex(index.name,
-                               engine.dialect().createIndex(index.name, info, index.columns, index.covered));
     }
+    connection.reloadCatalog();
+    for (const Table& table : tables(database)) createIndexes(connection, table, 1, currentVersion);
     connection.reloadCatalog();
 }
 

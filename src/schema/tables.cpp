@@ -37,10 +37,20 @@ Column autonumber(const QString& name) {
 }
 
 // prefix1 .. prefixN
+QStringList names(const QString& prefix, int count) {
+    QStringList all;
+    for (int i = 1; i <= count; ++i) all += prefix + QString::number(i);
+    return all;
+}
 QVector<Column> numbered(const QString& prefix, int count, ColumnType type) {
     QVector<Column> columns;
-    for (int i = 1; i <= count; ++i) columns += column(prefix + QString::number(i), type);
+    for (const QString& name : names(prefix, count)) columns += column(name, type);
     return columns;
+}
+QStringList names(const QVector<Column>& columns) {
+    QStringList all;
+    for (const Column& column : columns) all += column.name;
+    return all;
 }
 
 QVector<Column> join(std::initializer_list<QVector<Column>> groups) {
@@ -95,8 +105,25 @@ Table cards() {
              text(u"doy"_s)},
         }),
         {
+            {u"Cards_surname"_s, {u"επωνυμο"_s}, {u"επωνυμο"_s, u"OutlookEntryID"_s}, 1, 1},
             // The card window reads code and OutlookEntryID of every card in this order each time it opens.
-            {u"Cards_surname"_s, {u"επωνυμο"_s}, {u"επωνυμο"_s, u"OutlookEntryID"_s}},
+            {u"Cards_order"_s, {u"επωνυμο"_s, u"code"_s}, {u"επωνυμο"_s, u"OutlookEntryID"_s}, 2},
+            // A narrow copy of the card for the lists, which would read past long texts otherwise.
+            {u"Cards_list"_s,
+             {u"επωνυμο"_s, u"code"_s},
+             {u"επωνυμο"_s, u"ονομα"_s, u"εταιρια"_s, u"διευθυνση"_s, u"τηλεφωνο1"_s, u"ΚΙΝΗΤΟ"_s, u"email"_s,
+              u"category"_s, u"πολη"_s, u"περιοχη"_s, u"επαγγελμα"_s, u"total"_s},
+             2},
+            // When a card's next visit falls due; who has a birthday or a name day.
+            {u"Cards_due"_s, {u"dateadd('d',ΣΥΧΝΟΤΗΤΑ_ΚΙΝΗΣΗΣ,ΤΕΛΕΥΤΑΙΑ_ΚΙΝΗΣΗ)"_s}, {}, 2},
+            {u"Cards_birthday"_s, {u"month(ΗΜ_ΓΕΝΗΣΗΣ)"_s, u"day(ΗΜ_ΓΕΝΗΣΗΣ)"_s}, {}, 2},
+            // A number is found however it was written.
+            {u"Cards_number1"_s, {u"phonekey(τηλεφωνο1)"_s}, {}, 2},
+            {u"Cards_number2"_s, {u"phonekey(τηλεφωνο2)"_s}, {}, 2},
+            {u"Cards_number3"_s, {u"phonekey(τηλεφωνο3)"_s}, {}, 2},
+            {u"Cards_number4"_s, {u"phonekey(τηλεφωνο4)"_s}, {}, 2},
+            {u"Cards_number5"_s, {u"phonekey(ΚΙΝΗΤΟ)"_s}, {}, 2},
+            {u"Cards_nameday"_s, {u"month(ΗΜ_ΕΟΡΤΗΣ)"_s, u"day(ΗΜ_ΕΟΡΤΗΣ)"_s}, {}, 2},
             {u"Cards_name"_s, {u"ονομα"_s}},
             {u"Cards_company"_s, {u"εταιρια"_s}},
             {u"Cards_phone1"_s, {u"τηλεφωνο1"_s}},
@@ -111,6 +138,7 @@ Table cards() {
             {u"Cards_outlook"_s, {u"OutlookEntryID"_s}},
         },
         u"code"_s,
+        {names(u"ΚΕΙΜΕΝΟ"_s, 6)},
     };
 }
 
@@ -155,7 +183,8 @@ QVector<Table> moneyAndLinks() {
                numbered(u"n"_s, 4, ColumnType::Double),
                {memo(u"notes"_s), column(u"Photo"_s, ColumnType::LongBinary)}}),
          {{u"History_card"_s, {u"codecards"_s, u"ΗΜΕΡΟΜΗΝΙΑ"_s}}, {u"History_day"_s, {u"ΗΜΕΡΟΜΗΝΙΑ"_s}}},
-         u"aa"_s},
+         u"aa"_s,
+         {{u"ΑΙΤΙΟΛΟΓΙΑ"_s}}},
         {u"Links"_s,
          {autonumber(u"aa"_s), whole(u"codecards"_s), text(u"ΠΕΡΙΓΡΑΦΗ"_s), text(u"ΣΥΝΔΕΣΗ"_s)},
          {{u"Links_card"_s, {u"codecards"_s, u"ΠΕΡΙΓΡΑΦΗ"_s}}},
@@ -193,15 +222,15 @@ QVector<Table> savedQueries() {
 }
 
 QVector<Table> referenceTables() {
+    const QVector<Column> medicines = {text(u"name"_s), text(u"company"_s), text(u"use"_s), text(u"ousia"_s)};
+    const QVector<Column> terms = {
+        text(u"Προτιμώμενος Όρος (PT) _κωδικός"_s),  text(u"Preferred Term (PT)_ name"_s),
+        text(u"Προτιμώμενος Όρος (PT)_ ονομασία"_s), text(u"Κατηγορία/Οργανικό Σύστημα (SOC)_   κωδικός"_s),
+        text(u"System Organ Class (SOC)_ name"_s),   text(u"Κατηγορία/Οργανικό Σύστημα (SOC)_ονομασία"_s)};
     return {
         {u"NameDay"_s, {text(u"ONOMA"_s), date(u"HMERA"_s)}, {}, {}},
-        {u"Farmaka"_s, {text(u"name"_s), text(u"company"_s), text(u"use"_s), text(u"ousia"_s)}, {}, {}},
-        {u"MEDRA"_s,
-         {text(u"Προτιμώμενος Όρος (PT) _κωδικός"_s), text(u"Preferred Term (PT)_ name"_s),
-          text(u"Προτιμώμενος Όρος (PT)_ ονομασία"_s), text(u"Κατηγορία/Οργανικό Σύστημα (SOC)_   κωδικός"_s),
-          text(u"System Organ Class (SOC)_ name"_s), text(u"Κατηγορία/Οργανικό Σύστημα (SOC)_ονομασία"_s)},
-         {},
-         {}},
+        {u"Farmaka"_s, medicines, {}, {}, {names(medicines)}},
+        {u"MEDRA"_s, terms, {}, {}, {names(terms)}},
     };
 }
 

@@ -16,13 +16,23 @@ struct Column {
     int since = 1;  // schema version in which the column appeared
 };
 
-// Columns by name in the index's order; text columns are indexed by their fold. The `covered` columns ride along as
-// they are stored: a statement on nothing but these and the autonumber is answered from the index alone.
+// Columns by name in the index's order, or expressions of the dialect over them; text columns are indexed by their
+// fold. The `covered` columns ride along as they are stored: a statement on nothing but these and the autonumber is
+// answered from the index alone.
 struct Index {
     QString name;
     QStringList columns;
     QStringList covered = {};
     int since = 1;
+    int until = 0;  // the last version that has it; 0: it stands
+
+    bool in(int version) const { return since <= version && (until == 0 || version <= until); }
+};
+
+// Columns that are searched for words inside their texts; none: the table has no word index.
+struct Words {
+    QStringList columns;
+    int since = 2;
 };
 
 struct Table {
@@ -30,6 +40,7 @@ struct Table {
     QVector<Column> columns;  // in the order that positional inserts and the query builder walk
     QVector<Index> indexes;
     QString key;  // primary key column, or empty
+    Words words = {};
     int since = 1;
 };
 
@@ -42,6 +53,6 @@ QStringList defaultRows(Database database);
 const Table* findTable(Database database, QStringView name);  // without regard to case; null if there is none
 data::TableInfo tableInfo(const Table& table);                // as the data road describes tables
 
-constexpr int currentVersion = 1;  // stored in the file; grows with every upgrade step
+constexpr int currentVersion = 2;  // stored in the file; grows with every upgrade step
 
 }  // namespace schema

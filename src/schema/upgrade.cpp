@@ -1,10 +1,20 @@
 #include "schema/upgrade.h"
 
+#include "schema/indexes.h"
+
 namespace schema {
 
-const QVector<UpgradeStep>& upgradeSteps(Database) {
-    static const QVector<UpgradeStep> none;
-    return none;
+// A version that brings no more than indexes.
+static UpgradeStep indexStep(Database database, int version) {
+    return {version, [database, version](data::Connection& connection) {
+                for (const Table& table : tables(database)) createIndexes(connection, table, version, version);
+            }};
+}
+
+const QVector<UpgradeStep>& upgradeSteps(Database database) {
+    static const QVector<UpgradeStep> main = {indexStep(Database::Main, 2)};
+    static const QVector<UpgradeStep> users = {indexStep(Database::Users, 2)};
+    return database == Database::Main ? main : users;
 }
 
 int storedVersion(data::Connection& connection) {

@@ -44,6 +44,10 @@ private slots:
         QTest::newRow("inside a value") << "οπουλος" << QStringList();
         QTest::newRow("start of any telephone") << "26" << QStringList{"O'Neil", "Παπαδοπούλου"};
         QTest::newRow("mobile") << "697" << QStringList{"ΠΑΠΑΔΟΠΟΥΛΟΣ"};
+        for (const char* number : {"2310 123456", "+30 2310123456", "2310-123456", "0030 (2310) 1234", "2310123456"})
+            QTest::newRow(number) << number << QStringList{"Αβραάμ", "Βαγγέλης", "Γαβρίλης"};
+        QTest::newRow("middle of a number") << "310 123456" << QStringList();
+        QTest::newRow("blanks stay in a name") << "αφ οι" << QStringList();
         QTest::newRow("mail") << "ONEIL@" << QStringList{"O'Neil"};
         QTest::newRow("quote") << "o'n" << QStringList{"O'Neil"};
         QTest::newRow("company") << "αφοι" << QStringList{"Ωνάσης"};
@@ -56,6 +60,9 @@ private slots:
         QFETCH(QString, text);
         QFETCH(QStringList, surnames);
         Office office;
+        office.addCard("Αβραάμ", "Α", {{"τηλεφωνο1", "2310123456"}});
+        office.addCard("Βαγγέλης", "Β", {{"τηλεφωνο3", "+30 2310 123 456"}});
+        office.addCard("Γαβρίλης", "Γ", {{"ΚΙΝΗΤΟ", "(2310) 123456 εσωτ. 7"}});
         office.addCard("ΠΑΠΑΔΟΠΟΥΛΟΣ", "Γιώργος", {{"ΚΙΝΗΤΟ", "6971"}});
         office.addCard("Παπαδοπούλου", "Άννα", {{"τηλεφωνο4", "2610"}});
         office.addCard("O'Neil", "Τζων", {{"email", "oneil@example.com"}, {"τηλεφωνο2", "2651"}});

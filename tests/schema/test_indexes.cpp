@@ -26,7 +26,11 @@ private slots:
         QTest::addColumn<QString>("sql");
         QTest::addColumn<QString>("wanted");
         QTest::newRow("all cards in order")
-            << u"select code,OutlookEntryID from cards order by ΕΠΩΝΥΜΟ"_s << u"COVERING INDEX Cards_surname"_s;
+            << u"select code,OutlookEntryID from cards order by ΕΠΩΝΥΜΟ"_s << u"COVERING INDEX Cards_order"_s;
+        QTest::newRow("list of contacts")
+            << u"Select code,επωνυμο,ονομα,category,τηλεφωνο1,πολη,περιοχη,επαγγελμα,εταιρια,total from cards WHERE "
+               "category=2 ORDER BY επωνυμο"_s
+            << u"COVERING INDEX Cards_list"_s;
         QTest::newRow("towns") << u"Select distinct πολη from CARDS order by πολη"_s << u"COVERING INDEX Cards_town"_s;
         QTest::newRow("districts") << u"Select distinct περιοχη from CARDS order by περιοχη"_s
                                    << u"COVERING INDEX Cards_district"_s;
@@ -39,6 +43,28 @@ private slots:
         QTest::newRow("caller") << u"Select code,photo from cards where τηλεφωνο1 ='2101' or τηλεφωνο2 ='2101' or "
                                    u"τηλεφωνο3 ='2101' or τηλεφωνο4 ='2101' or κινητο ='2101'"_s
                                 << u"MULTI-INDEX OR"_s;
+        const QString due = u"dateadd('d',ΣΥΧΝΟΤΗΤΑ_ΚΙΝΗΣΗΣ,ΤΕΛΕΥΤΑΙΑ_ΚΙΝΗΣΗ)"_s;
+        QTest::newRow("visits that fall due") << u"Select [code],"_s + due + u" as Teleytaia from CARDS where ("_s +
+                                                     due + u" between #2026/11/23# and #2026/11/30# ) ORDER BY "_s + due
+                                              << u"INDEX Cards_due (<expr>>? AND <expr><?)"_s;
+        QTest::newRow("birthdays and name days")
+            << u"Select CODE,ΟΝΟΜΑ from Cards where (day(ΗΜ_ΓΕΝΗΣΗΣ)=\"23\" and month(ΗΜ_ΓΕΝΗΣΗΣ)=\"11\") or "
+               "(day(ΗΜ_ΕΟΡΤΗΣ)=\"23\" and month(ΗΜ_ΕΟΡΤΗΣ)=\"11\")  order by ΕΠΩΝΥΜΟ"_s
+            << u"INDEX Cards_nameday (<expr>=? AND <expr>=?)"_s;
+        QTest::newRow("a word in the long texts")
+            << u"Select code from cards WHERE ΚΕΙΜΕΝΟ1 LIKE '%λέξη%' or ΚΕΙΜΕΝΟ2 LIKE '%λέξη%' order by επωνυμο"_s
+            << u"SCAN _Cards_words VIRTUAL TABLE"_s;
+        QTest::newRow("a word of the reason in ten years")
+            << u"SELECT History.ΗΜΕΡΟΜΗΝΙΑ, Cards.code FROM Cards INNER JOIN History ON Cards.code = History.codecards "
+               "where (ΗΜΕΡΟΜΗΝΙΑ between #2016/11/01# and #2026/11/23# ) and ΑΙΤΙΟΛΟΓΙΑ like '%Ε-39%' ORDER BY "
+               "ΗΜΕΡΟΜΗΝΙΑ"_s
+            << u"SCAN _History_words VIRTUAL TABLE"_s;
+        QTest::newRow("medicines") << u"Select name,company from farmaka WHERE name LIKE '%depon%' or Company LIKE "
+                                      "'%depon%' order by name"_s
+                                   << u"SCAN _Farmaka_words VIRTUAL TABLE"_s;
+        QTest::newRow("reminder") << u"select * from dates where day=#11/23/2026# and remind=#2026/11/23 10:30:00# and "
+                                     "user='maria' order by [start],[end]"_s
+                                  << u"Dates_day (Day=?)"_s;
         QTest::newRow("Outlook twin") << u"select * from cards where OutlookEntryId ='A1'"_s << u"Cards_outlook"_s;
         QTest::newRow("movements of a card")
             << u"Select * from History where codecards=5 order by ημερομηνια,aa"_s << u"History_card"_s;
@@ -61,7 +87,8 @@ private slots:
         PlanText plan;
         office.main.engine().query("EXPLAIN QUERY PLAN " + translation->sql, {}, &plan);
         QVERIFY2(plan.text_.contains(wanted), qPrintable(plan.text_ + u'\n' + QString::fromUtf8(translation->sql)));
-        QVERIFY2(wanted.startsWith(u"COVERING") || !plan.text_.contains(u"SCAN"), qPrintable(plan.text_));
+        const bool whole = wanted.startsWith(u"COVERING");
+        QVERIFY2(whole || plan.text_.count(u"SCAN") == wanted.count(u"SCAN"), qPrintable(plan.text_));
     }
 
     void historyComesInOrderWithoutSorting() {

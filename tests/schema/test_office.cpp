@@ -225,8 +225,7 @@ private slots:
     void findingsNameTheDamage_data() {
         QTest::addColumn<QByteArray>("damage");
         QTest::addColumn<QString>("finding");
-        QTest::newRow("index gone") << QByteArray("DROP INDEX \"Cards_surname\"")
-                                    << u"λείπει το ευρετήριο Cards_surname"_s;
+        QTest::newRow("index gone") << QByteArray("DROP INDEX \"Cards_order\"") << u"λείπει το ευρετήριο Cards_order"_s;
         QTest::newRow("other index") << QByteArray(
                                             "DROP INDEX \"Links_card\"; CREATE INDEX \"Links_card\" ON \"Links\"(aa)")
                                      << u"το ευρετήριο Links_card δεν είναι"_s;

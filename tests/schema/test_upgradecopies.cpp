@@ -31,8 +31,9 @@ private slots:
             QCOMPARE(schema::storedVersion(*connection), first);
             schema::upgrade(*connection, {steps.first()}, copy);  // nothing to do, no copy
         }
-        QCOMPARE(copies, QStringList({office.mainFile() + u".v1-20261105-103000"_s,
-                                      office.usersFile() + u".v1-20261105-103000"_s}));
+        const QString version = u".v%1"_s.arg(schema::currentVersion);
+        QCOMPARE(copies, QStringList({office.mainFile() + version + u"-20261105-103000"_s,
+                                      office.usersFile() + version + u"-20261105-103000"_s}));
         data::Connection old;
         schema::openToRead(old, schema::connectionString(schema::Database::Main, copies[0]));
         QCOMPARE(schema::storedVersion(old), schema::currentVersion);

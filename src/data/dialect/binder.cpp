@@ -83,12 +83,7 @@ void Binder::bindChain(JoinChain& chain, Scope& scope) {
 }
 
 void Binder::bindTableRef(TableRef& table, Scope& scope) {
-    if (table.group) {
-        const size_t before = scope.sources.size();
-        bindChain(*table.group, scope);
-        for (size_t i = before; i < scope.sources.size(); ++i) scope.sources[i]->inBrackets = true;
-        return;
-    }
+    if (table.group) return bindChain(*table.group, scope);
     if (!table.query) {
         bindTable(table);
         return addSource(table, scope);

@@ -5,6 +5,7 @@
 #include <QStringList>
 #include <QVariant>
 #include <QVector>
+#include <vector>
 
 #include "data/types.h"
 
@@ -37,7 +38,8 @@ public:
     // never Null and start as False.
     virtual QByteArray createTable(const TableInfo& table, const QString& key) const = 0;
     virtual QByteArray addColumn(const TableInfo& table, const ColumnInfo& column) const = 0;
-    // An index in the order of the columns, text columns by their fold; the covered columns ride along as they are.
+    // An index in the order of the columns, text columns by their fold; the covered columns ride along as they are. A
+    // column that the table doesn't have is an expression in this engine's SQL (Connection::indexedExpression).
     virtual QByteArray createIndex(const QString& name, const TableInfo& table, const QStringList& columns,
                                    const QStringList& covered = {}) const = 0;
 
@@ -80,6 +82,16 @@ public:
     virtual QByteArray limit(qint64 rows) const;  // with a blank before
     // Whether an aggregate takes an ORDER BY of its own; otherwise it gets the rows as they are read.
     virtual bool ordersAggregates() const { return false; }
+    // The same key of ORDER BY, written so that the planner looks for rows by the conditions and sorts what it finds.
+    virtual QByteArray sortedAfterwards(const QByteArray& key) const { return key; }
+    // A condition on the row identities of `table` (under its quoted name in FROM) that only rows meet in whose word
+    // index stand all pieces of one of the alternatives, or more rows than these; empty: the engine finds its word
+    // index by itself.
+    virtual QByteArray holdsWords(const QByteArray&, const TableInfo&, const std::vector<QStringList>&) const {
+        return {};
+    }
+    // A statement that gives a row for each such row of the table, at most this many.
+    virtual QByteArray wordProbe(const TableInfo&, const std::vector<QStringList>&, qint64) const { return {}; }
     // What an INSERT ends with so that ExecuteResult carries the row's identity; with a blank before.
     virtual QByteArray returningIdentity(const TableInfo& table) const;
     // The row identity of a table that stands under this (quoted) name in FROM.

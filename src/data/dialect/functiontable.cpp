@@ -44,6 +44,7 @@ static const Function functions[] = {
     {"replace", 3, 3, "T", K::Text, C::Memo},
     {"instr", 2, 3, "V", K::Number, C::Long, F::InStr},
     {"space", 1, 1, "N", K::Text, C::Text},
+    {"phonekey", 1, 1, "T", K::Text, C::Text},
     {"format", 1, 2, "VT", K::Text, C::Text, F::Tagged},
     // Numbers
     {"val", 1, 1, "T", K::Number, C::Double},

@@ -1,6 +1,7 @@
 #include "data/dialect/renderer.h"
 
 #include "data/convert.h"
+#include "data/dialect/wordfilter.h"
 
 namespace data::dialect {
 
@@ -34,6 +35,11 @@ void Renderer::render(const Statement& statement, Translation& translation) {
         }
     top_ = &top;
     translation.sql = query(top, false, identityOf);
+    if (!probe_.isEmpty()) {
+        looksUpWords_ = false;
+        translation.probe = probe_;
+        translation.periodFirst = query(top, false, identityOf);
+    }
     for (size_t i = 0; i < first.outputs.size(); ++i) {
         OutputColumn column = first.outputs[i].column;
         if (top.parts.size() > 1) {
@@ -79,22 +85,35 @@ bool Renderer::orderShows(const Query& query) const {
     return &query == top_ || query.parts[0].top;
 }
 
+static bool hasBrackets(const JoinChain& chain) {
+    return chain.first.group || std::any_of(chain.joins.begin(), chain.joins.end(),
+                                            [](const Join& join) { return join.table.group != nullptr; });
+}
+
 // The order that is asked for, and among equals that of the tables' rows: nobody's list may shuffle by itself.
 QByteArray Renderer::completeOrder(const Query& query) {
-    return rowOrder(query.parts[0], orderBy(query));
+    const Select& select = query.parts[0];
+    const bool afterwards =
+        select.where && !select.top && (offersAlternatives(*select.where) || wordFilter(*select.where));
+    QByteArray out = orderBy(query, afterwards);
+    const bool descending = !query.orderBy.empty() && query.orderBy.back().descending;
+    for (const QByteArray& key : identities(select))
+        out += (out.isEmpty() ? " ORDER BY " : ", ") +
+               dialect_.orderTerm(afterwards ? dialect_.sortedAfterwards(key) : key, descending);
+    return out;
 }
 
 // Of joined tables the last has the rows that are many, in the order in which they were entered.
-QByteArray Renderer::rowOrder(const Select& select, QByteArray before) const {
+std::vector<QByteArray> Renderer::identities(const Select& select) const {
+    const bool brackets = std::any_of(select.from.begin(), select.from.end(), hasBrackets);
+    std::vector<QByteArray> keys;
     for (auto source = select.sources.rbegin(); source != select.sources.rend(); ++source) {
         const TableInfo* table = (*source)->table;
-        // Not every engine can name an identity that is no column from outside the brackets of a join.
-        if (!table || table->rowIdentity.isEmpty() || ((*source)->inBrackets && table->autonumber < 0)) continue;
-        const QByteArray identity = (*source)->inBrackets ? columnSql(**source, table->autonumber)
-                                                          : dialect_.rowIdentity((*source)->sqlName, *table);
-        before += (before.isEmpty() ? " ORDER BY " : ", ") + dialect_.orderTerm(identity, false);
+        if (!table || table->rowIdentity.isEmpty()) continue;
+        if (brackets && table->autonumber < 0) continue;  // a row number isn't seen through them
+        keys.push_back(dialect_.rowIdentity((*source)->sqlName, *table));
     }
-    return before;
+    return keys;
 }
 
 // Groups come in the order that is asked for, and then in that of what they are grouped by.
@@ -117,6 +136,17 @@ QByteArray Renderer::outputOrder(const Query& query, const std::vector<QByteArra
         if (!asked) before += (before.isEmpty() ? " ORDER BY " : ", ") + dialect_.orderTerm(keys[i], false);
     }
     return before;
+}
+
+// The rows that a word index names come first; the condition itself still has the last word.
+QByteArray Renderer::where(const Select& select) {
+    const std::optional<WordFilter> filter = looksUpWords_ ? wordFilter(*select.where) : std::nullopt;
+    const QByteArray narrowed =
+        filter ? dialect_.holdsWords(filter->source->sqlName, *filter->source->table, filter->alternatives) : "";
+    if (narrowed.isEmpty()) return " WHERE " + condition(*select.where);
+    if (top_ && &select == &top_->parts[0] && boundsDate(*select.where))
+        probe_ = dialect_.wordProbe(*filter->source->table, filter->alternatives, Translation::probeLimit + 1);
+    return " WHERE " + narrowed + " AND " + condition(*select.where, And);
 }
 
 // Inside, the rows as they are; outside, one of each by the fold. The order may name only what is shown.
@@ -212,7 +242,7 @@ QByteArray Renderer::selectBody(const Select& select, bool named, const std::vec
     const Replacements grouping = replacements_;
     replacements_.active = false;
     out += from(select);
-    if (select.where) out += " WHERE " + condition(*select.where);
+    if (select.where) out += where(select);
     for (size_t i = 0; i < select.groupBy.size(); ++i) out += (i > 0 ? ", " : " GROUP BY ") + key(*select.groupBy[i]);
     replacements_ = grouping;
     if (select.having) out += " HAVING " + condition(*select.having);
@@ -270,12 +300,13 @@ QByteArray Renderer::target(const TableRef& table) const {
     return name == table.source.sqlName ? name : name + " AS " + table.source.sqlName;
 }
 
-QByteArray Renderer::orderBy(const Query& query) {
+QByteArray Renderer::orderBy(const Query& query, bool afterwards) {
     QByteArray out;
     for (const OrderTerm& term : query.orderBy) {
         const Expr& expr = term.key->output ? *term.key->output : *term.key;
         if (expr.kind == ExprKind::Literal) continue;  // the same for all rows, and a number would be a position
-        out += (out.isEmpty() ? " ORDER BY " : ", ") + dialect_.orderTerm(key(expr), term.descending);
+        out += (out.isEmpty() ? " ORDER BY " : ", ") +
+               dialect_.orderTerm(afterwards ? dialect_.sortedAfterwards(key(expr)) : key(expr), term.descending);
     }
     return out;
 }

@@ -13,6 +13,9 @@ public:
     // Fills in everything but the parameters.
     void render(const Statement& statement, Translation& translation);
 
+    // As it compares and sorts.
+    QByteArray expression(const Expr& expr) { return key(expr); }
+
 private:
     // How tightly a piece of SQL binds, in the order that all engines share.
     enum Level { Loose, Or, And, Not, Comparison, Sum, Product, Unary, Whole };
@@ -53,10 +56,11 @@ private:
     QByteArray from(const Select& select);
     QByteArray chain(const JoinChain& chain);
     QByteArray tableRef(const TableRef& table);
-    QByteArray orderBy(const Query& query);
+    QByteArray where(const Select& select);
+    QByteArray orderBy(const Query& query, bool afterwards = false);
     bool orderShows(const Query& query) const;
     QByteArray completeOrder(const Query& query);
-    QByteArray rowOrder(const Select& select, QByteArray before) const;
+    std::vector<QByteArray> identities(const Select& select) const;
     QByteArray groupOrder(const Query& query);
     QByteArray outputOrder(const Query& query, const std::vector<QByteArray>& keys, QByteArray before) const;
     void startGrouping(const Select& select);
@@ -99,6 +103,8 @@ private:
     Replacements replacements_;
     std::vector<Replacements> groupsAround_;  // of the queries outside
     const Query* top_ = nullptr;              // the statement's own, not one inside it
+    bool looksUpWords_ = true;
+    QByteArray probe_;
 };
 
 bool sameExpr(const Expr& a, const Expr& b);

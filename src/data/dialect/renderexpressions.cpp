@@ -127,7 +127,10 @@ Renderer::Piece Renderer::plainPiece(const Expr& expr) {
 }
 
 QByteArray Renderer::columnSql(const Source& source, int column) const {
-    if (source.table) return source.sqlName + '.' + dialect_.identifier(source.table->columns[column].name);
+    if (source.table) {
+        const QByteArray name = dialect_.identifier(source.table->columns[column].name);
+        return source.sqlName.isEmpty() ? name : source.sqlName + '.' + name;
+    }
     return source.sqlName + ".c" + QByteArray::number(column);
 }
 
@@ -354,8 +357,13 @@ QByteArray Renderer::aggregate(const Expr& expr) {
             break;
     }
     QByteArray argument = as(value, value.type.kind == ValueKind::Null ? ValueKind::Text : value.type.kind, Loose);
-    if (function.form == FunctionForm::Edge && dialect_.ordersAggregates() && replacements_.select)
-        argument += rowOrder(*replacements_.select, {});
+    if (function.form == FunctionForm::Edge && dialect_.ordersAggregates() && replacements_.select) {
+        const char* before = " ORDER BY ";
+        for (const QByteArray& key : identities(*replacements_.select)) {
+            argument += before + dialect_.orderTerm(key, false);
+            before = ", ";
+        }
+    }
     return dialect_.call(name, {argument});
 }
 

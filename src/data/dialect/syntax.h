@@ -97,7 +97,6 @@ struct Source {
     QByteArray sqlName;                 // the same, quoted
     const TableInfo* table = nullptr;   // null for a derived table
     std::vector<SourceColumn> columns;  // of a derived table
-    bool inBrackets = false;            // of joined tables
 };
 
 struct JoinChain;

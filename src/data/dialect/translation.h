@@ -31,6 +31,10 @@ struct Translation {
     // result has one more column behind `columns`: the row identity.
     QString baseTable;
     QStringList parameters;  // names in the order of their numbers, as typed
+    // `sql` looks words up first and a period afterwards. When `probe` gives more than `probeLimit` rows there are so
+    // many that the other way, `periodFirst`, is the quicker. Both are empty when there is no choice.
+    QByteArray probe, periodFirst;
+    static constexpr qint64 probeLimit = 20'000;
 };
 
 struct DialectOptions {
@@ -55,6 +59,10 @@ public:
     // Greek text names the place (line and column when the text has several lines, else the character's
     // number from 1) and what was expected. The answer lives until the next clear().
     std::shared_ptr<const Translation> translate(const QString& sql, const DialectOptions& options = {});
+
+    // One expression over the columns of a table, for an index on it: rendered as a statement compares and sorts
+    // it, but without the table's name.
+    QByteArray expression(const QString& table, const QString& text);
 
     void clear();  // after the catalog changed
 

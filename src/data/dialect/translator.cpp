@@ -75,6 +75,16 @@ std::shared_ptr<const Translation> Translator::translate(const QString& sql, con
     return translation;
 }
 
+QByteArray Translator::expression(const QString& table, const QString& text) {
+    const QString sql = QStringLiteral("SELECT ") + text + QStringLiteral(" FROM [") + table + u']';
+    const dialect::Places places(sql);
+    dialect::Statement statement = dialect::Parser(places, {}).parse();
+    dialect::Binder(d->catalog, d->columns, d->dialect, {}, places).bind(statement);
+    dialect::Select& select = statement.query->parts[0];
+    select.sources[0]->sqlName.clear();
+    return dialect::Renderer(d->dialect, places).expression(*select.outputs[0].expr);
+}
+
 void Translator::clear() {
     d->remembered.clear();
     d->columns.clear();

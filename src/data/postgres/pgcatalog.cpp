@@ -35,6 +35,18 @@ ColumnInfo columnOf(const QString& name, const QString& type, int modifier, bool
     return column;
 }
 
+// The names of the columns of each word index, by the index's name.
+QHash<QString, QStringList> readWordIndexes(Engine& engine) {
+    Rows found;
+    engine.query(
+        "SELECT c.relname::text, obj_description(c.oid, 'pg_class') FROM pg_class c WHERE c.relnamespace = "
+        "current_schema()::regnamespace AND c.relkind = 'i' AND c.relname LIKE '\\_%\\_words'",
+        {}, &found);
+    QHash<QString, QStringList> columns;
+    for (const QStringList& row : found.rows) columns.insert(row[0], row[1].split(u'\n'));
+    return columns;
+}
+
 }  // namespace
 
 Catalog readPgCatalog(Engine& engine) {
@@ -46,10 +58,16 @@ Catalog readPgCatalog(Engine& engine) {
         "WHERE c.relnamespace = current_schema()::regnamespace AND c.relkind IN ('r', 'p') AND a.attnum > 0 AND NOT "
         "a.attisdropped AND c.relname NOT LIKE '\\_%' ORDER BY c.relname COLLATE \"C\", a.attnum",
         {}, &found);
+    const QHash<QString, QStringList> words = readWordIndexes(engine);
     Catalog catalog;
     TableInfo table;
     const auto finish = [&] {
-        if (!table.name.isEmpty()) catalog.add(table);
+        if (table.name.isEmpty()) return;
+        if (const auto index = words.constFind(wordIndexName(table)); index != words.constEnd()) {
+            table.words.name = index.key();
+            for (const QString& column : *index) table.words.columns += table.indexOf(column);
+        }
+        catalog.add(table);
     };
     for (const QStringList& row : found.rows) {
         if (row[0] != table.name) {

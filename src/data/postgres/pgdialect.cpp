@@ -97,7 +97,8 @@ public:
         QByteArrayList parts, riding;
         for (const QString& column : columns) {
             const int index = table.indexOf(column);
-            const QByteArray plain = identifier(index >= 0 ? table.columns[index].name : column);
+            const QByteArray plain =
+                index >= 0 ? identifier(table.columns[index].name) : '(' + column.toUtf8() + ')';
             parts += (index >= 0 && isText(table.columns[index].type) ? fold(plain) : plain) + " NULLS FIRST";
         }
         for (const QString& column : covered) riding += identifier(column);

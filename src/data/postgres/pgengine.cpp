@@ -334,6 +334,26 @@ void PgEngine::createIndex(const QString& name, const QByteArray& sql) {
     script(sql + "; COMMENT ON INDEX " + pgDialect().identifier(name) + " IS " + literal(QString::fromUtf8(sql)));
 }
 
+// The operator class lies wherever the server's extension was put. The comment tells the catalog the columns.
+void PgEngine::createWordIndex(const TableInfo& table, const QVector<int>& columns) {
+    script(
+        "DO $$ BEGIN CREATE EXTENSION IF NOT EXISTS pg_trgm SCHEMA public; EXCEPTION WHEN OTHERS THEN "
+        "RAISE NOTICE 'pg_trgm: %', SQLERRM; END $$");
+    OneText schema;
+    query("SELECT extnamespace::regnamespace::text FROM pg_extension WHERE extname = 'pg_trgm'", {}, &schema);
+    if (schema.value.isEmpty()) return;
+    const QByteArray operators = schema.value.toUtf8() + ".gin_trgm_ops";
+    const QByteArray name = pgDialect().identifier(wordIndexName(table));
+    QByteArrayList parts;
+    QStringList names;
+    for (const int column : columns) {
+        parts << pgDialect().fold(pgDialect().identifier(table.columns[column].name)) + ' ' + operators;
+        names << table.columns[column].name;
+    }
+    script("CREATE INDEX " + name + " ON " + pgDialect().identifier(table.name) + " USING gin (" + parts.join(", ") +
+           "); COMMENT ON INDEX " + name + " IS " + literal(names.join(u'\n')));
+}
+
 QStringList PgEngine::damages() {
     return {};
 }

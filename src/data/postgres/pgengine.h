@@ -37,6 +37,7 @@ public:
     void lockForUpgrade() override;
     QHash<QString, QString> indexes() override;
     void createIndex(const QString& name, const QByteArray& sql) override;
+    void createWordIndex(const TableInfo& table, const QVector<int>& columns) override;
     QStringList damages() override;
 
     int backendId() const { return connection_ ? PQbackendPID(connection_) : 0; }

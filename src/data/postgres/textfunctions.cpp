@@ -23,6 +23,16 @@ LANGUAGE sql IMMUTABLE STRICT PARALLEL SAFE AS $$ SELECT rtrim(value, ' ') $$;
 CREATE OR REPLACE FUNCTION jet_space(count float8) RETURNS text
 LANGUAGE sql IMMUTABLE STRICT PARALLEL SAFE AS $$ SELECT repeat(' ', least(jet_count(count), 65535)) $$;
 
+-- As phoneKey().
+CREATE OR REPLACE FUNCTION jet_phonekey(value text) RETURNS text
+LANGUAGE sql IMMUTABLE STRICT PARALLEL SAFE AS $$
+    SELECT CASE WHEN abroad THEN regexp_replace(CASE WHEN plus THEN digits ELSE substr(digits, 3) END, '^30', '')
+        ELSE digits END
+    FROM (SELECT plus, digits, plus OR digits LIKE '00%' AS abroad
+        FROM (SELECT parts[1] = '+' AS plus, regexp_replace(parts[2], '[^0-9]', '', 'g') AS digits
+            FROM regexp_match(value, '^[ \u00A0()./\u2010\u2011\u2012\u2013-]*(\+?)([0-9 \u00A0()./\u2010\u2011\u2012\u2013-]*)')
+                AS parts) AS number) AS known $$;
+
 -- Found by the fold; positions carry over as long as the fold drops no character, otherwise the texts are taken as
 -- they are.
 CREATE OR REPLACE FUNCTION jet_instr(start float8, value text, wanted text) RETURNS integer

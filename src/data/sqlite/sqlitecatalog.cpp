@@ -19,8 +19,10 @@ public:
     void blob(const char* bytes, qsizetype size) override { rows.last() << QByteArray(bytes, size); }
 };
 
-// SQLite gives the row number several names; a column may have taken the usual one.
+// The autonumber is the row's number under a name that is seen through brackets around joins. Without one SQLite has
+// several names for it; a column may have taken the usual one.
 QString rowIdentityOf(const TableInfo& table) {
+    if (table.autonumber >= 0) return table.columns[table.autonumber].name;
     for (const char16_t* name : {u"rowid", u"_rowid_", u"oid"})
         if (table.indexOf(QStringView(name)) < 0) return QString::fromUtf16(name);
     return {};
@@ -43,6 +45,15 @@ TableInfo readTable(Engine& engine, const QString& name, const QString& declarat
     return table;
 }
 
+// The index has the columns' names.
+void readWordIndex(Engine& engine, TableInfo& table) {
+    const QString name = wordIndexName(table);
+    Rows described;
+    engine.query("SELECT name FROM pragma_table_info(?1) ORDER BY cid", {name}, &described);
+    for (const QVariantList& row : described.rows) table.words.columns += table.indexOf(row[0].toString());
+    if (!described.rows.isEmpty()) table.words.name = name;
+}
+
 }  // namespace
 
 Catalog readSqliteCatalog(Engine& engine) {
@@ -51,7 +62,10 @@ Catalog readSqliteCatalog(Engine& engine) {
     Catalog catalog;
     for (const QVariantList& row : tables.rows) {
         const QString name = row[0].toString();
-        if (!isInternalTable(name)) catalog.add(readTable(engine, name, row[1].toString()));
+        if (isInternalTable(name)) continue;
+        TableInfo table = readTable(engine, name, row[1].toString());
+        readWordIndex(engine, table);
+        catalog.add(table);
     }
     return catalog;
 }

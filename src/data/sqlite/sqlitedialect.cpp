@@ -1,6 +1,7 @@
 #include "data/sqlite/sqlitedialect.h"
 
 #include "data/format.h"
+#include "data/sqlite/wordindex.h"
 
 namespace data {
 
@@ -122,11 +123,30 @@ public:
         return "NULL";
     }
 
+    // The sign keeps an index from serving the order.
+    QByteArray sortedAfterwards(const QByteArray& key) const override { return '+' + key; }
+
+    QByteArray holdsWords(const QByteArray& source, const TableInfo& table,
+                          const std::vector<QStringList>& alternatives) const override {
+        return rowIdentity(source, table) + " IN (SELECT rowid " + wordsFound(table, alternatives) + ')';
+    }
+
+    QByteArray wordProbe(const TableInfo& table, const std::vector<QStringList>& alternatives,
+                         qint64 most) const override {
+        return "SELECT 1 " + wordsFound(table, alternatives) + limit(most);
+    }
+
 private:
+    QByteArray wordsFound(const TableInfo& table, const std::vector<QStringList>& alternatives) const {
+        const QByteArray index = identifier(table.words.name);
+        return "FROM " + index + " WHERE " + index + " MATCH " + textLiteral(wordQuery(alternatives));
+    }
+
     QByteArray indexed(const TableInfo& table, const QString& name, bool byFold) const {
         const int index = table.indexOf(name);
-        const QByteArray column = identifier(index >= 0 ? table.columns[index].name : name);
-        return byFold && index >= 0 && isText(table.columns[index].type) ? fold(column) : column;
+        if (index < 0) return name.toUtf8();
+        const QByteArray column = identifier(table.columns[index].name);
+        return byFold && isText(table.columns[index].type) ? fold(column) : column;
     }
 
     QByteArray declaration(const ColumnInfo& column) const {

@@ -15,6 +15,7 @@
 #include "data/sqlite/sqlitecatalog.h"
 #include "data/sqlite/sqlitedialect.h"
 #include "data/sqlite/sqliteerror.h"
+#include "data/sqlite/wordindex.h"
 
 namespace data {
 namespace {
@@ -171,7 +172,9 @@ void SqliteEngine::configure(const OpenSettings& settings) {
     sqlite3_extended_result_codes(database_, 1);
     sqlite3_busy_timeout(database_, settings.busyTimeoutMs);
     sqlite3_db_config(database_, SQLITE_DBCONFIG_DEFENSIVE, 1, nullptr);
-    sqlite3_db_config(database_, SQLITE_DBCONFIG_TRUSTED_SCHEMA, 0, nullptr);
+    // The triggers of the word indexes write a virtual table, which only a trusted schema may. All functions that are
+    // registered here are harmless ones, so a foreign schema gains nothing from it.
+    sqlite3_db_config(database_, SQLITE_DBCONFIG_TRUSTED_SCHEMA, 1, nullptr);
     sqlite3_db_config(database_, SQLITE_DBCONFIG_DQS_DML, 0, nullptr);
     sqlite3_db_config(database_, SQLITE_DBCONFIG_DQS_DDL, 0, nullptr);
     sqlite3_limit(database_, SQLITE_LIMIT_ATTACHED, 1);  // VACUUM needs one
@@ -207,7 +210,9 @@ ExecuteResult SqliteEngine::execute(const QByteArray& sql, const QVector<QVarian
     while ((code = sqlite3_step(statement.get())) == SQLITE_ROW) {
     }
     if (code != SQLITE_DONE) throw sqliteError(database_, code, sql);
-    return {sqlite3_total_changes64(database_) - before, sqlite3_last_insert_rowid(database_)};
+    // Rows that triggers touched are none of the statement's; one that touched none leaves the count of the one before.
+    const bool touched = sqlite3_total_changes64(database_) != before;
+    return {touched ? sqlite3_changes64(database_) : 0, sqlite3_last_insert_rowid(database_)};
 }
 
 qint64 SqliteEngine::query(const QByteArray& sql, const QVector<QVariant>& parameters, RowSink* sink) {
@@ -295,6 +300,10 @@ void SqliteEngine::setProperty(const QString& name, const QString& value) {
 
 void SqliteEngine::createIndex(const QString&, const QByteArray& sql) {
     script(sql);
+}
+
+void SqliteEngine::createWordIndex(const TableInfo& table, const QVector<int>& columns) {
+    script(wordIndexScript(table, columns));
 }
 
 QHash<QString, QString> SqliteEngine::indexes() {

@@ -36,6 +36,7 @@ public:
     void setProperty(const QString& name, const QString& value) override;
     void lockForUpgrade() override {}  // begin() has the one write lock already
     void createIndex(const QString& name, const QByteArray& sql) override;
+    void createWordIndex(const TableInfo& table, const QVector<int>& columns) override;
     QHash<QString, QString> indexes() override;
     QStringList damages() override;
 

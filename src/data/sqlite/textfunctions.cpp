@@ -1,6 +1,7 @@
 #include <QLocale>
 
 #include "data/fold.h"
+#include "data/phonekey.h"
 #include "data/sqlite/functionparts.h"
 
 namespace data::sqlite {
@@ -64,6 +65,13 @@ bool matches(const char* text, qsizetype size, const char* pattern, qsizetype pa
 void foldSql(Context context, int, Values values) {
     const Folded folded(values[0]);
     result(context, folded.data(), folded.size());
+}
+
+// For the word index, whose tokenizer would stop at a character 0.
+void wordtext(Context context, int, Values values) {
+    const Folded folded(values[0]);
+    QByteArray text(folded.data(), folded.size());
+    result(context, text.replace('\0', ' ').constData(), text.size());
 }
 
 void like(Context context, int, Values values) {
@@ -190,6 +198,10 @@ void replace(Context context, int, Values values) {
     result(context, out.constData(), out.size());
 }
 
+void phonekey(Context context, int, Values values) {
+    result(context, phoneKey(text(values[0])));
+}
+
 void space(Context context, int, Values values) {
     const QByteArray blanks(std::min<qint64>(countArgument(values[0]), 65535), ' ');
     result(context, blanks.constData(), blanks.size());
@@ -210,10 +222,12 @@ Folded::Folded(sqlite3_value* value) {
 
 const std::vector<SqlFunction>& textFunctions() {
     static const std::vector<SqlFunction> functions = {
-        {"fold", 1, foldSql},    {"jet_like", 2, like},       {"jet_left", 2, left},   {"jet_right", 2, right},
-        {"jet_mid", 2, mid},     {"jet_mid", 3, mid},         {"jet_len", 1, len},     {"jet_ucase", 1, ucase},
-        {"jet_lcase", 1, lcase}, {"jet_trim", 1, trim},       {"jet_ltrim", 1, ltrim}, {"jet_rtrim", 1, rtrim},
-        {"jet_instr", 3, instr}, {"jet_replace", 3, replace}, {"jet_space", 1, space},
+        {"fold", 1, foldSql},          {"jet_like", 2, like},         {"jet_left", 2, left},
+        {"jet_right", 2, right},       {"jet_mid", 2, mid},           {"jet_mid", 3, mid},
+        {"jet_len", 1, len},           {"jet_ucase", 1, ucase},       {"jet_lcase", 1, lcase},
+        {"jet_trim", 1, trim},         {"jet_ltrim", 1, ltrim},       {"jet_rtrim", 1, rtrim},
+        {"jet_instr", 3, instr},       {"jet_replace", 3, replace},   {"jet_space", 1, space},
+        {"jet_wordtext", 1, wordtext}, {"jet_phonekey", 1, phonekey},
     };
     return functions;
 }

@@ -1,0 +1,64 @@
+#include "data/sqlite/wordindex.h"
+
+#include "data/sqlite/sqlitedialect.h"
+
+namespace data {
+namespace {
+
+using List = QByteArrayList;
+
+QByteArray quoted(const QString& name) {
+    return sqliteDialect().identifier(name);
+}
+
+List indexed(const List& columns, const QByteArray& row) {
+    List out;
+    for (const QByteArray& column : columns) out << "jet_wordtext(" + row + column + ')';
+    return out;
+}
+
+QByteArray trigger(const QByteArray& name, const QByteArray& event, const QByteArray& table, const QByteArray& body) {
+    return "CREATE TRIGGER \"" + name + "\" AFTER " + event + " ON " + table + " BEGIN " + body + " END;\n";
+}
+
+}  // namespace
+
+QByteArray wordIndexScript(const TableInfo& table, const QVector<int>& columns) {
+    List names;
+    for (const int column : columns) names << quoted(table.columns[column].name);
+    const QByteArray name = wordIndexName(table).toUtf8(), index = quoted(wordIndexName(table));
+    const QByteArray list = names.join(','), source = quoted(table.name), row = quoted(table.rowIdentity);
+    const QByteArray add = "INSERT INTO " + index + "(rowid," + list + ") ";
+    const QByteArray adds = add + "VALUES (new." + row + ',' + indexed(names, "new.").join(',') + ");";
+    const QByteArray takes = "INSERT INTO " + index + '(' + index + ",rowid," + list + ") VALUES ('delete',old." + row +
+                             ',' + indexed(names, "old.").join(',') + ");";
+    return "CREATE VIRTUAL TABLE " + index + " USING fts5(" + list +
+           ", content='', detail=none, columnsize=0, tokenize='trigram case_sensitive 1');\n" + add + "SELECT " + row +
+           ',' + indexed(names, {}).join(',') + " FROM " + source + ";\n" +
+           trigger(name + "_added", "INSERT", source, adds) + trigger(name + "_deleted", "DELETE", source, takes) +
+           trigger(name + "_changed", "UPDATE OF " + list, source, takes + ' ' + adds);
+}
+
+// Each piece becomes the trigrams that it is made of; rows that hold them in another order are sorted out afterwards.
+QString wordQuery(const std::vector<QStringList>& alternatives) {
+    QStringList any;
+    for (const QStringList& pieces : alternatives) {
+        QStringList all;
+        for (const QString& piece : pieces) {
+            const QList<uint> points = piece.toUcs4();
+            for (qsizetype i = 0; i + 3 <= points.size(); ++i) {
+                QString trigram = QString::fromUcs4(reinterpret_cast<const char32_t*>(points.constData()) + i, 3);
+                trigram = u'"' + trigram.replace(u'"', QStringLiteral("\"\"")) + u'"';
+                if (!all.contains(trigram)) all += trigram;
+            }
+        }
+        constexpr qsizetype enough = 16;  // more only cost; those from the whole length tell most
+        QStringList chosen;
+        for (qsizetype i = 0; i < qMin(all.size(), enough); ++i)
+            chosen += all[all.size() <= enough ? i : i * all.size() / enough];
+        any += u'(' + chosen.join(QStringLiteral(" AND ")) + u')';
+    }
+    return any.join(QStringLiteral(" OR "));
+}
+
+}  // namespace data

@@ -1,0 +1,19 @@
+// Word indexes of the embedded engine: full-text tables of trigrams that triggers keep in step.
+#pragma once
+
+#include <QByteArray>
+#include <QStringList>
+#include <vector>
+
+#include "data/types.h"
+
+namespace data {
+
+// Statements that make the index of these columns and fill it. It holds row numbers only, no texts. A table without an
+// autonumber gets new row numbers from VACUUM: whoever compacts such a file makes the index anew.
+QByteArray wordIndexScript(const TableInfo& table, const QVector<int>& columns);
+
+// What MATCH takes for texts that hold all pieces of one of the alternatives; a piece has at least three characters.
+QString wordQuery(const std::vector<QStringList>& alternatives);
+
+}  // namespace data
