@@ -87,11 +87,11 @@ private slots:
         QVERIFY(nameKey(u"ΗΜΕΡΑ") != nameKey(u"Ημέρα"));
         Catalog catalog;
         catalog.add({"Cards", {{"code", ColumnType::Autonumber, 0}, {"ΟΡΟΣ", ColumnType::Text, 30}}, "code", 0});
-        catalog.add({"Dates", {}, "aa", -1});
+        catalog.add({"Dates", {}, "aa", -1, {}});
         QVERIFY(!catalog.find(u"Card"));
         QCOMPARE(catalog.find(u"CARDS")->indexOf(u"όρος"), -1);
         QCOMPARE(catalog.find(u"cards")->indexOf(u"ορος"), 1);
-        catalog.add({"CARDS", {}, "code", -1});
+        catalog.add({"CARDS", {}, "code", -1, {}});
         QCOMPARE(catalog.tables().size(), 2);
     }
 };
