@@ -89,6 +89,29 @@ private slots:
         QCOMPARE(card.rows(1).size(), 6);
     }
 
+    void aBalanceThatCannotBeStoredHidesNothing() {
+        if (testengine::isPostgres()) return;  // a writer there keeps nobody from reading or writing another row
+        Ledger office;
+        office.mod.gConn.execute(
+            QString("insert into Links (codecards,ΠΕΡΙΓΡΑΦΗ,ΣΥΝΔΕΣΗ) values (%1,'Α','/α')").arg(office.code));
+        office.mod.gConn.close();
+        office.mod.gConn.open(
+            schema::connectionString(schema::Database::Main, schema::mainDatabasePath(office.folder())) +
+            ";Busy Timeout=20");
+        support::Desk desk;
+        core::MainMod other(desk.services);
+        office.open(other);
+        data::Transaction writing(other.gConn);
+        other.gConn.execute("update Cards set ονομα='Άλλος'");
+        HistoryDriver card(office.mod);
+        QCOMPARE(office.desk.prompts.count(), 1);
+        QCOMPARE(card.label("lblYpoloipo"), QString("120,10 "));
+        QCOMPARE(card.rows(2).size(), 1);
+        writing.commit();
+        card.click("cmdShow");
+        QCOMPARE(office.total(), QVariant(120.1));
+    }
+
     void aCardWithoutMovementsHasABalanceOfNothing() {
         Office office;
         const qint64 code = office.addCard("Α", "Β", {{"total", 77.0}});
