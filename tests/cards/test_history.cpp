@@ -348,6 +348,33 @@ private slots:
         QCOMPARE(office.value("select count(*) from History").toInt(), 2);
     }
 
+    void tabGoesFromTopToBottom() {
+        Ledger office;
+        HistoryDriver card(office.mod);
+        const auto walk = [](const QString& last) {
+            QStringList names;
+            for (int i = 0; i < 40 && (names.isEmpty() || names.last() != last); ++i) {
+                names << QApplication::focusWidget()->objectName();
+                QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
+            }
+            return names;
+        };
+        card.openTab("Ιστορικό");
+        card.date("txtFrom")->setFocus();
+        QCOMPARE(walk("cmdPrint"),
+                 QStringList({"txtFrom", "DTPcustDate0(0)", "txtTo", "DTPcustDate0(1)", "cmdShow", "ListView1",
+                              "cmdAddHistory", "Command4", "cmdDelHistory", "cmdPrint"}));
+        inNextDialog<frmHistory>([&](frmHistory& form) {
+            QStringList boxes{"txtDate", "DTPicker1", "Text7(0)"};
+            for (int i = 1; i <= 6; ++i)
+                if (const QString name = QString("Text7(%1)").arg(i); box(form, name)->isVisible()) boxes << name;
+            boxes << QStringList{"txtXreosh", "txtPistosi",  "Text1",       "Command1",
+                                 "Command3",  "lblClick(0)", "lblClick(1)", "lblClick(2)"};
+            QCOMPARE(walk("lblClick(2)"), boxes);
+        });
+        card.click("cmdAddHistory");
+    }
+
     void aMovementThatIsGoneIsSaid() {
         Ledger office;
         HistoryDriver card(office.mod);
