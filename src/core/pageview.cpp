@@ -6,6 +6,7 @@
 #include <QWheelEvent>
 
 #include "controls/theme.h"
+#include "platform/printer.h"
 
 namespace core {
 
@@ -30,9 +31,9 @@ void PageView::setDocument(std::shared_ptr<const platform::PrintDocument> docume
 
 void PageView::setPage(int page) {
     page_ = std::clamp(page, 0, document_->pageCount() - 1);
+    layOut();
     setAccessibleName(QStringLiteral("Σελίδα %1 από %2").arg(page_ + 1).arg(document_->pageCount()));
     setAccessibleDescription(document_->texts(page_).join(u' ').left(longestSpoken));
-    layOut();
     emit pageShown(page_);
 }
 
@@ -88,7 +89,14 @@ void PageView::paintEvent(QPaintEvent*) {
     painter.scale(scale(), scale());
     const double margin = document_->setup().margin;
     painter.translate(margin, margin);
-    document_->paint(painter, page_);
+    try {
+        document_->paint(painter, page_);
+    } catch (const platform::PrintError& error) {
+        // A box here would open another painting, and that one another box.
+        painter.resetTransform();
+        painter.setPen(Qt::black);
+        painter.drawText(paper, Qt::AlignCenter | Qt::TextWordWrap, error.text());
+    }
 }
 
 void PageView::resizeEvent(QResizeEvent*) {

@@ -1,6 +1,7 @@
 #include "core/printpreview.h"
 
 #include <QHBoxLayout>
+#include <QKeyEvent>
 #include <QPushButton>
 #include <QScreen>
 #include <QShortcut>
@@ -183,6 +184,16 @@ void PrintPreview::wire() {
                                                               {QKeySequence("Ctrl+End"), last_}};
     for (const auto& [sequence, button] : keys)
         connect(new QShortcut(sequence, this), &QShortcut::activated, button, &QAbstractButton::click);
+}
+
+void PrintPreview::keyPressEvent(QKeyEvent* event) {
+    const bool enter = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
+    if (auto* button = qobject_cast<QToolButton*>(focusWidget()); enter && button) return button->click();
+    if (enter && qobject_cast<QAbstractSpinBox*>(focusWidget())) {
+        focusNextChild();
+        return;
+    }
+    QDialog::keyPressEvent(event);
 }
 
 // As the system has them now, on the one chosen before if it is still there.

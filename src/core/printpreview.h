@@ -25,6 +25,10 @@ public:
 
     bool isDelivered() const { return delivered_; }  // printed, or written as PDF
 
+protected:
+    // Enter in a box moves on, on a page button presses it; anywhere else it prints.
+    void keyPressEvent(QKeyEvent* event) override;
+
 private:
     QHBoxLayout* targetRow();
     QHBoxLayout* viewRow();

@@ -160,6 +160,7 @@ void MDIMain::refreshMenus() {
     for (int i = 0; i <= 2; ++i) menu(controls::arrayName(QStringLiteral("mnuTheme"), i))->setChecked(i == theme);
     menu(QStringLiteral("mnuSounds"))
         ->setChecked(mod_.services.settings.number(optionsSection, QStringLiteral("Sounds"), 1) == 1);
+    menu(QStringLiteral("mnuPreview"))->setChecked(core::previewsPrints(mod_.services.settings));
     hideEmptyMenus();
 }
 

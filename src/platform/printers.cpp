@@ -11,8 +11,18 @@ namespace platform {
 
 namespace {
 
-QPageLayout layoutOf(const PageSetup& setup) {
-    return QPageLayout(setup.paper, setup.landscape ? QPageLayout::Landscape : QPageLayout::Portrait, QMarginsF());
+QPageLayout::Orientation orientationOf(const PageSetup& setup) {
+    return setup.landscape ? QPageLayout::Landscape : QPageLayout::Portrait;
+}
+
+// The whole paper, since the document has its own margin. One by one: a printer that can't reach the edge refuses a
+// layout without margins as a whole, and quietly keeps its own.
+void takePaper(QPrinter& device, const PageSetup& setup) {
+    device.setFullPage(true);
+    if (!device.setPageSize(setup.paper) || !device.setPageOrientation(orientationOf(setup)))
+        throw PrintError(QStringLiteral("Ο εκτυπωτής «%1» δεν έχει χαρτί %2.")
+                             .arg(device.printerName(), QPageSize::key(setup.paper.id())));
+    device.setPageMargins(QMarginsF());
 }
 
 // All pages onto a device that stands on its first one; false when stopped.
@@ -52,8 +62,7 @@ bool SystemPrinters::print(const PrintDocument& document, const QString& printer
     const QPrinterInfo info = QPrinterInfo::printerInfo(printer);
     if (printer.isEmpty() || info.isNull() || info.state() == QPrinter::Error) throw gone(printer);
     QPrinter device(info, QPrinter::HighResolution);
-    device.setFullPage(true);
-    device.setPageLayout(layoutOf(document.setup()));
+    takePaper(device, document.setup());
     device.setDocName(document.title());
     device.setCreator(QCoreApplication::applicationName());
     device.setCopyCount(std::max(1, copies));
@@ -77,7 +86,7 @@ bool SystemPrinters::writePdf(const PrintDocument& document, const QString& file
     {
         QPdfWriter device(&target);
         device.setResolution(1440);
-        device.setPageLayout(layoutOf(document.setup()));
+        device.setPageLayout({document.setup().paper, orientationOf(document.setup()), QMarginsF()});
         device.setTitle(document.title());
         device.setCreator(QCoreApplication::applicationName());
         QPainter painter;

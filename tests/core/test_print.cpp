@@ -302,6 +302,20 @@ private slots:
         QCOMPARE(view->page(), 0);
         QTest::keyClick(view, Qt::Key_End);
         QCOMPARE(page->value(), 5);
+        // Enter in a box or on a button of this row is no wish to print.
+        page->setFocus();
+        page->selectAll();
+        QTest::keyClicks(page, "4");
+        QTest::keyClick(page, Qt::Key_Return);
+        QCOMPARE(view->page(), 3);
+        part<QToolButton>(preview, "cmdPrevious")->setFocus();
+        QTest::keyClick(part<QToolButton>(preview, "cmdPrevious"), Qt::Key_Return);
+        QCOMPARE(view->page(), 2);
+        QVERIFY(preview.isVisible() && studio.desk.printers.sent.isEmpty());
+        part<QPushButton>(preview, "cmdClose")->setFocus();
+        QTest::keyClick(part<QPushButton>(preview, "cmdClose"), Qt::Key_Space);
+        QVERIFY(!preview.isVisible() && !preview.isDelivered());
+        preview.show();
         for (int i = 0; i < 40 && view->page() > 0; ++i) QTest::keyClick(view, Qt::Key_PageUp);
         QCOMPARE(page->value(), 1);
     }

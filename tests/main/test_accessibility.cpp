@@ -7,6 +7,7 @@
 #include "cards/frmfind.h"
 #include "cards/frmhistory.h"
 #include "cards/frmlink.h"
+#include "core/printpreview.h"
 #include "main/mdimain.h"
 #include "support/office.h"
 #include "users/frmlogon.h"
@@ -58,8 +59,11 @@ private slots:
         movement.load();
         cards::frmLink link(office.mod, nullptr, [] {});
         link.load();
-        for (QWidget* dialog :
-             {static_cast<QWidget*>(&find), static_cast<QWidget*>(&movement), static_cast<QWidget*>(&link)})
+        core::PrintPreview preview(
+            office.mod, nullptr,
+            {"Σελίδα", [](platform::Printer& printer, const core::PrintStep&) { printer.print("Σελίδα"); }});
+        for (QWidget* dialog : {static_cast<QWidget*>(&find), static_cast<QWidget*>(&movement),
+                                static_cast<QWidget*>(&link), static_cast<QWidget*>(&preview)})
             QCOMPARE(nameless(*dialog).join(", "), QString());
         for (QWidget* each :
              {static_cast<QWidget*>(&logon), static_cast<QWidget*>(&owner), static_cast<QWidget*>(&window)})

@@ -2,6 +2,7 @@
 #include <QSignalSpy>
 #include <QTimer>
 
+#include "core/printout.h"
 #include "main/mdimain.h"
 #include "support/office.h"
 #include "users/frmowner.h"
@@ -44,6 +45,21 @@ private slots:
         QCOMPARE(window->statusPanel(1)->text(), QString("05/11/2026"));
         QCOMPARE(window->statusPanel(2)->text(), QString("10:30"));
         QCOMPARE(window->statusPanel(5)->text(), QString("Χρήστης: Admin"));
+    }
+
+    void thePreviewComesBackFromTheMenu() {
+        support::Office office;
+        office.desk.settings.setValue("Settings", "Name", "Γραφείο");
+        core::setPreviewsPrints(office.desk.settings, true);
+        entry::MDIMain window(office.mod);
+        window.load();
+        QAction* entry = window.menu("mnuPreview");
+        QVERIFY(entry->isVisible() && entry->isChecked());
+        core::setPreviewsPrints(office.desk.settings, false);  // as its check box does
+        emit window.menu("mnuView")->menu()->aboutToShow();
+        QVERIFY(!entry->isChecked());
+        entry->trigger();
+        QVERIFY(core::previewsPrints(office.desk.settings));
     }
 
     void rightsDecideTheSettingsMenu() {

@@ -122,6 +122,25 @@ private slots:
         QVERIFY(prompts_.chooseFolder(nullptr, "Επιλογή Υποκαταλόγου").isEmpty());
     }
 
+    void fileToWrite() {
+        QTemporaryDir folder;
+        const auto type = [](const QString& expected, const QString& path) {
+            whenShown([=](QDialog* dialog) {
+                auto* name = dialog->findChild<QLineEdit*>("fileNameEdit");
+                QVERIFY(name);
+                QCOMPARE(name->text(), expected);
+                if (path.isEmpty()) return dialog->reject();
+                name->setText(path);
+                static_cast<QFileDialog*>(dialog)->findChild<QDialogButtonBox*>()->buttons().constFirst()->click();
+            });
+        };
+        const QString suggested = "Κινήσεις 2026.pdf", filter = "Αρχεία PDF (*.pdf)";
+        type(suggested, folder.filePath("άλλο"));
+        QCOMPARE(prompts_.saveFile(nullptr, "Αποθήκευση σε PDF", suggested, filter), folder.filePath("άλλο.pdf"));
+        type(suggested, {});
+        QVERIFY(prompts_.saveFile(nullptr, "Αποθήκευση σε PDF", suggested, filter).isEmpty());
+    }
+
     void soundOfNothingIsSilence() {
         const auto sound = platform::systemSound();
         for (const QString& path : {QString(), QString("/nowhere/x.wav"), QDir::tempPath(), QString(5000, u'/')})
