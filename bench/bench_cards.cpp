@@ -53,7 +53,9 @@ struct Office {
             movements.write({card, data::wallClock(day), QStringLiteral("Τιμολόγιο Νο %1").arg(number), 12.34, 0.1});
         };
         for (int i = 0; i < busyCardMovements; ++i) write(busyCard, QDate(2016, 1, 1).addDays(i / 3), i);
-        for (int i = 0; i < busyMonthMovements; ++i) write(i * 7 % cardCount + 1, busyMonth.addDays(i % 31), i);
+        // Any card may come, in the order of the days.
+        for (int i = 0; i < busyMonthMovements; ++i)
+            write(i * 7919 % cardCount + 1, busyMonth.addDays(i * 31 / busyMonthMovements), i);
         transaction.commit();
     }
     static Office& instance() {

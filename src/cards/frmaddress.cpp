@@ -235,9 +235,7 @@ void frmAddress::ShowCard(bool Reload) {
         showHeader();
         LockCard();
         showCounter();
-        FillList();
-        FillListLinks();
-        FillListAppoiment();
+        fillLists();
     } catch (const data::Error& error) {
         core::showFailure(mod_, this, error, QStringLiteral("Πρόβλημα κατά την ανάκτηση των δεμένων! \n"));
     }
@@ -262,6 +260,15 @@ QVector<QVariant> frmAddress::savedValues(data::Recordset& row) {
 
 void frmAddress::FillList() {
     history_->fill(CurrentCode);
+    history_->storeBalance();
+}
+
+// The balance comes last, so that a lock held by somebody else hides nothing of the card.
+void frmAddress::fillLists() {
+    history_->fill(CurrentCode);
+    FillListLinks();
+    FillListAppoiment();
+    history_->storeBalance();
 }
 
 void frmAddress::FillListLinks() {

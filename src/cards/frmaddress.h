@@ -61,6 +61,7 @@ private:
     void showBrowsing();
     void showHeader();
     void showCounter();
+    void fillLists();
     QString shownText(int box) const;  // of Text7
     static QVector<QVariant> savedValues(data::Recordset& row);
 

@@ -54,9 +54,7 @@ bool frmAddress::refreshFromCarrier() {
         ClearCard();
         showRow(mRsCard, true);
         showHeader();
-        FillList();
-        FillListLinks();
-        FillListAppoiment();
+        fillLists();
     }
     return true;
 }

@@ -77,7 +77,7 @@ QWidget* HistoryTab::periodRow() {
     cmdShow = named(new QPushButton(controls::icon(QStringLiteral("search")), QStringLiteral("Εμφάνισε")),
                     QStringLiteral("cmdShow"));
     core::onSignal(mod_, this, cmdShow, &QPushButton::clicked, [this] {
-        if (!code_.isEmpty()) fill(code_);
+        if (!code_.isEmpty()) refresh();
     });
     auto* caption = named(new QLabel(QStringLiteral(" Υπόλοιπο:")), arrayName(QStringLiteral("Label1"), 3));
     lblYpoloipo = named(new QLabel(QStringLiteral("0,00 ")), QStringLiteral("lblYpoloipo"));
@@ -153,11 +153,15 @@ void HistoryTab::fill(const QString& code) {
     for (; !rows.eof(); rows.moveNext())
         ledger.add({rows.field(0).toLong(), rows.field(1).toDate(), rows.field(2).text(),
                     Money::of(rows.field(3).toDouble()), Money::of(rows.field(4).toDouble())});
-    const Money balance = ledger.balance();
+    balance_ = ledger.balance();
     ListView1->setRows(listRows(std::move(ledger).finish()));
-    lblYpoloipo->setText(balance.text() + u' ');
+    lblYpoloipo->setText(balance_.text() + u' ');
     selectChanged();
-    storeBalance(balance);
+}
+
+void HistoryTab::refresh() {
+    fill(code_);
+    storeBalance();
 }
 
 // The movement that was just changed stays the selected one.
@@ -167,11 +171,10 @@ void HistoryTab::selectChanged() {
         if (ListView1->row(row).tag == QVariant(*changed)) ListView1->selectRow(row);
 }
 
-// Written only when it differs: a card that is merely looked at takes no lock and waits for no disk.
-void HistoryTab::storeBalance(Money balance) {
+void HistoryTab::storeBalance() {
     data::Recordset stored(mod_.gConn, QStringLiteral("select total from cards where code=%1").arg(code_));
-    if (stored.isEmpty() || (!stored[u"total"].isNull() && stored[u"total"].toDouble() == balance.toDouble())) return;
-    mod_.gConn.execute(QStringLiteral("Update cards set total=%1 Where code=%2").arg(balance.sqlText(), code_));
+    if (stored.isEmpty() || (!stored[u"total"].isNull() && stored[u"total"].toDouble() == balance_.toDouble())) return;
+    mod_.gConn.execute(QStringLiteral("Update cards set total=%1 Where code=%2").arg(balance_.sqlText(), code_));
 }
 
 void HistoryTab::clear() {
@@ -237,7 +240,7 @@ void HistoryTab::deleteMovement() {
                                         QStringLiteral("Να συνεχίσω με διαγραφή της κίνησης;")))
         return;
     mod_.gConn.execute(QStringLiteral("Delete from history where aa=%1").arg(*movement));
-    fill(code_);
+    refresh();
 }
 
 QString HistoryTab::period() const {

@@ -21,8 +21,11 @@ public:
     explicit HistoryTab(core::MainMod& mod);
 
     void load();  // columns, and the current month up to today
-    // Lists the card's movements and stores its balance. Throws data::Error, with the rows as they were.
+    // Lists the card's movements. Throws data::Error, with the rows as they were.
     void fill(const QString& code);
+    // Writes the balance on show into the card, when it differs: a card that is merely looked at takes no lock and
+    // waits for no disk. Throws data::Error.
+    void storeBalance();
     void clear();
     // Movements are changed while the card itself isn't.
     void setBrowsing(bool browsing);
@@ -45,13 +48,14 @@ private:
     void buildMenu();
     void showMenu(int row, QPoint position);
     void enableCommands();
-    void storeBalance(Money balance);
+    void refresh();
     void selectChanged();
     std::optional<qint64> selected() const;
     void open(std::optional<qint64> movement);
 
     core::MainMod& mod_;
     QString code_;  // empty when no card is on show
+    Money balance_;
     bool browsing_ = true;
     std::optional<qint64> changed_;
     controls::DateBox *txtFrom, *txtTo;
