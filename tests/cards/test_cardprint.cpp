@@ -163,6 +163,7 @@ private slots:
         QTest::newRow("none") << QString() << QStringList{};
         QTest::newRow("120 characters") << words << QStringList{words};
         QTest::newRow("121 characters") << words + "ι" << QStringList{words.chopped(5), "ιιιιι"};
+        QTest::newRow("a blank just behind") << words + " ιι" << QStringList{words.chopped(5), "ιιιι ιι"};
         QTest::newRow("without a blank") << QString("ι").repeated(130)
                                          << QStringList{QString("ι").repeated(120), QString("ι").repeated(10)};
         QTest::newRow("lines of its own") << "ένα\r\nδύο\n\nτρία" << QStringList{"ένα", "δύο", "τρία"};
