@@ -73,6 +73,7 @@ void AppointmentsTab::fill(const QString& code) {
             QStringLiteral("Πρόβλημα κατά την επεξεργασία των δεμένων! \nΕλέγχετε τα πεδία της ημερομηνίας! \n"));
     }
     ListView3->setRows(std::move(rows));
+    if (ListView3->count() > 0) ListView3->selectRow(0);
     cmdDelAppoiment->setEnabled(ListView3->count() > 0);
 }
 

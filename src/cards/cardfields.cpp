@@ -82,9 +82,9 @@ QVector<CardField> build() {
     append(fields, {ParamText, Special, u"Text8", 0, 10, u"FIELdchar", u"FIELdchar", u"fc"});
     append(fields, {ParamNumber, Special, u"Text8", 10, 6, u"FIELdnum", u"FIELdnum", u"fn"});
     append(fields, {ParamDate, Special, u"txtCustDate", 0, 4, u"FIELddate", u"FIELddate", u"fd"});
-    fields.append(plain(LastMovement, History, {u"txtΤελευταία", -1, u"ΤΕΛΕΥΤΑΙΑ_ΚΙΝΗΣΗ", u"Τελευταία Επίσκεψη:"}));
-    fields.append(plain(Frequency, History, {u"txtΣυχνότητα", -1, u"ΣΥΧΝΟΤΗΤΑ_ΚΙΝΗΣΗΣ", u"Συχνότητα Επίσκεψης:"}));
-    fields.append(plain(Amount, History, {u"txtΣυνδρομή", -1, u"ΠΟΣΟ_ΚΙΝΗΣΗΣ", u"Συνδρομή:"}));
+    fields.append(plain(LastMovement, History, {u"txtΤελευταία", -1, u"ΤΕΛΕΥΤΑΙΑ_ΚΙΝΗΣΗ", u"Τελευταία Επίσκεψη"}));
+    fields.append(plain(Frequency, History, {u"txtΣυχνότητα", -1, u"ΣΥΧΝΟΤΗΤΑ_ΚΙΝΗΣΗΣ", u"Συχνότητα Επίσκεψης"}));
+    fields.append(plain(Amount, History, {u"txtΣυνδρομή", -1, u"ΠΟΣΟ_ΚΙΝΗΣΗΣ", u"Συνδρομή"}));
     append(fields, {LongText, Texts, u"txtMemo", 0, 6, u"ΚΕΙΜΕΝΟ", u"Memo", nullptr});
     append(fields, {ParamFlag, Special, u"Check1", 0, 8, u"FieldYes", u"FieldYes", u"fy"});
     append(fields, {ParamList, Special, u"Combo4", 0, 4, u"FieldCombo", u"FieldCombo", u"fcb"});

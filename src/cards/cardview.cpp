@@ -336,7 +336,8 @@ QWidget* CardView::textsTab() {
     buttons->setSpacing(8);
     texts_ = new QStackedWidget;
     for (int i = 0; i < 6; ++i) {
-        auto* button = named(new QPushButton, arrayName(QStringLiteral("cmdMemo"), i));
+        auto* button =
+            named(new QPushButton(QStringLiteral("Κειμενο %1").arg(i + 1)), arrayName(QStringLiteral("cmdMemo"), i));
         button->setCheckable(true);
         button->setAutoExclusive(true);
         connect(button, &QPushButton::clicked, this, [this, i] { showText(i); });
@@ -372,7 +373,12 @@ QWidget* CardView::historyTab() {
 
 void CardView::dress(const CardField& field, const QString& caption, bool visible) {
     QWidget* widget = control(field);
-    widget->setAccessibleName(caption);
+    // A field that the office left without a name is still told from the next one.
+    const bool text = field.kind == CardKind::LongText;
+    const QString spoken =
+        QStringLiteral("%1 %2").arg(text ? QStringLiteral("Κειμενο") : QStringLiteral("Πεδίο")).arg(field.index + 1);
+    widget->setAccessibleName(caption.isEmpty() ? spoken : caption);
+    if (text) textButtons_[field.index]->setAccessibleName(widget->accessibleName());
     if (QLabel* label = captions_.value(field.controlName())) label->setText(caption);
     if (auto* box = qobject_cast<QCheckBox*>(widget))
         box->setText(QString(caption).replace(QLatin1Char('&'), QStringLiteral("&&")));

@@ -6,6 +6,7 @@
 #include <QVBoxLayout>
 
 #include "cards/cardbinding.h"
+#include "cards/dialogplace.h"
 #include "cards/frmfind.h"
 #include "cards/linkopen.h"
 #include "controls/names.h"
@@ -74,11 +75,14 @@ void frmAddress::wire() {
                             {QKeySequence("Ctrl+N"), AddNew},
                             {Qt::Key_F2, Edit},
                             {QKeySequence("Ctrl+Del"), Delete},
-                            {QKeySequence("Ctrl+P"), Print},
-                            {Qt::Key_Escape, Cancel}})
+                            {QKeySequence("Ctrl+P"), Print}})
         addShortcut(row.keys, [this, id = row.id] {
             if (buttons_->button(id)->isEnabled()) dispatch(id);
         });
+    // One key alone takes nothing back that was typed.
+    addShortcut(Qt::Key_Escape, [this] {
+        if (isEditing() && mayDiscard(QStringLiteral("Να ακυρωθούν;"))) CancelCard();
+    });
 }
 
 void frmAddress::wireAddresses() {
@@ -139,9 +143,7 @@ void frmAddress::onLoad() {
     ClearCard();
     LockCard();
     showCounter();
-    FillCombo();
-    mRsCards.open(mod_.gConn, QStringLiteral("select code,OutlookEntryID from cards order by ΕΠΩΝΥΜΟ"));
-    dress();
+    openKeySet();
     ClearCard();
     LockCard();
     buttons_->setBrowsing(mod_.gUserGroup == core::groupRestricted);
@@ -149,6 +151,18 @@ void frmAddress::onLoad() {
         showCounter();
     else
         showFirst();
+}
+
+void frmAddress::openKeySet() {
+    FillCombo();
+    mRsCards.open(mod_.gConn, QStringLiteral("select code,OutlookEntryID from cards order by ΕΠΩΝΥΜΟ"));
+    dress();
+}
+
+// A window whose database was away when it opened takes up its work as soon as it is back.
+bool frmAddress::hasCards() {
+    if (!mRsCards.isOpen()) openKeySet();
+    return !mRsCards.isEmpty();
 }
 
 void frmAddress::showFirst() {
@@ -166,6 +180,22 @@ void frmAddress::dress() {
                          field.visibleColumn.isEmpty() || custom[field.visibleColumn].toBool());
     view_->showSpecialHint();
     view_->showText(0);
+}
+
+// A renamed category is still the card's own.
+void frmAddress::refillLists() {
+    auto* const categories = qobject_cast<QComboBox*>(view_->control(QStringLiteral("Combo1")));
+    const QString shown = categories->currentText();
+    FillCombo();
+    if (categories->currentText() == shown) return;
+    const QVariant code =
+        isEditing() && mRsCard.isOpen() && !mAdding
+            ? mRsCard[u"category"].value()
+            : data::Recordset(mod_.gConn,
+                              QStringLiteral("select category from cards where code=%1").arg(CurrentCode.toLongLong()))
+                  .field(0)
+                  .value();
+    if (!mAdding) categories->setCurrentIndex(std::max(0, categories->findText(categoryName(code))));
 }
 
 void frmAddress::FillCombo() {
@@ -216,10 +246,10 @@ void frmAddress::UnlockCard() {
 }
 
 void frmAddress::ShowCard(bool Reload) {
-    const BusyCursor busy;
     const QByteArray photoOnShow = mPhotoBytes;
     ClearCard();
     try {
+        const BusyCursor busy;  // gone before any box
         data::Recordset row(mod_.gConn, QStringLiteral("Select * from cards where code=%1 ").arg(CurrentCode));
         if (row.isEmpty()) {
             mod_.beep();
@@ -263,12 +293,12 @@ void frmAddress::FillList() {
     history_->storeBalance();
 }
 
-// The balance comes last, so that a lock held by somebody else hides nothing of the card.
+// The movements come last, since their period may be none, and behind them the balance: neither that nor a lock held by
+// somebody else hides anything of the card.
 void frmAddress::fillLists() {
-    history_->fill(CurrentCode);
     FillListLinks();
     FillListAppoiment();
-    history_->storeBalance();
+    FillList();
 }
 
 void frmAddress::FillListLinks() {
@@ -312,7 +342,7 @@ void frmAddress::showHeader() {
 }
 
 void frmAddress::showCounter() {
-    if (!mRsCards.isOpen() || mRsCards.isEmpty())
+    if (!mRsCards.isOpen() || mRsCards.isEmpty() || mRsCards.eof())
         view_->counter()->setText(QStringLiteral("Καρτέλα (0/0)"));
     else
         view_->counter()->setText(
@@ -320,7 +350,7 @@ void frmAddress::showCounter() {
 }
 
 void frmAddress::NextCard() {
-    if (mRsCards.isEmpty()) return;
+    if (!hasCards()) return;
     if (mRsCards.absolutePosition() >= mRsCards.recordCount() || mRsCards.eof()) return mod_.beep();
     mRsCards.moveNext();
     CurrentCode = mRsCards[u"code"].text();
@@ -328,7 +358,7 @@ void frmAddress::NextCard() {
 }
 
 void frmAddress::PreviousCard() {
-    if (mRsCards.isEmpty()) return;
+    if (!hasCards()) return;
     if (mRsCards.absolutePosition() < 2 || mRsCards.bof()) return mod_.beep();
     mRsCards.movePrevious();
     CurrentCode = mRsCards[u"code"].text();
@@ -343,6 +373,7 @@ void frmAddress::GoToRec(double Code) {
 
 void frmAddress::openFind() {
     frmFind find(mod_, this, [this](const FoundCard& card) { goToFound(card.code); });
+    placeOver(find, this, {480, 2880});
     find.exec();
 }
 
@@ -357,12 +388,14 @@ void frmAddress::goTo(qint64 code) {
                               QStringLiteral("Η καρτέλα που φαίνεται είναι σε διόρθωση.\nΑποθηκεύστε ή "
                                              "ακυρώστε πρώτα τις αλλαγές."));
     const QString criterion = QStringLiteral("code=%1").arg(code);
-    if (!mRsCards.isEmpty()) mRsCards.moveFirst();
+    if (hasCards()) mRsCards.moveFirst();
     mRsCards.find(criterion);
     if (mRsCards.eof()) {
         // Added by somebody else since the key set was read.
         mRsCards.requery();
         mRsCards.find(criterion);
+        // Or deleted: the walk goes on from somewhere.
+        if (mRsCards.eof() && !mRsCards.isEmpty()) mRsCards.moveFirst();
     }
     CurrentCode = QString::number(code);
     FindUnLock();
@@ -375,11 +408,13 @@ void frmAddress::FindUnLock() {
     view_->tabs()->setEnabled(true);
 }
 
+bool frmAddress::mayDiscard(const QString& question) {
+    return mod_.services.prompts.question(this, core::programTitle(),
+                                          QStringLiteral("Η καρτέλα έχει αλλαγές που δεν αποθηκεύτηκαν.\n") + question);
+}
+
 bool frmAddress::queryUnload() {
-    return !isEditing() ||
-           mod_.services.prompts.question(
-               this, core::programTitle(),
-               QStringLiteral("Η καρτέλα έχει αλλαγές που δεν αποθηκεύτηκαν.\nΝα κλείσει χωρίς αποθήκευση;"));
+    return !isEditing() || mayDiscard(QStringLiteral("Να κλείσει χωρίς αποθήκευση;"));
 }
 
 void frmAddress::onUnload() {

@@ -32,7 +32,8 @@ public:
     void CardAddNew();
     void CardEdit();
     void FillCombo();
-    void FillList();  // of movements
+    void refillLists();  // after another window changed them
+    void FillList();     // of movements
     void FillListLinks();
     void FillListAppoiment();
     void SendMail(const QString& to);
@@ -54,6 +55,9 @@ private:
     void addShortcut(const QKeySequence& keys, std::function<void()> action);
     void dispatch(CardButton id);
     void dress();
+    void openKeySet();
+    bool hasCards();
+    bool mayDiscard(const QString& question);
     void showFirst();
     void showRow(data::Recordset& row, bool reload);
     QString categoryName(const QVariant& code);

@@ -123,6 +123,7 @@ void frmAddress::afterSave() {
     mRsCard.close();
     mRsCards.requery();
     mRsCards.find(QStringLiteral("code=") + CurrentCode);
+    if (mRsCards.eof() && !mRsCards.isEmpty()) mRsCards.moveFirst();  // deleted again meanwhile
     ShowCard(true);
 }
 
@@ -132,7 +133,7 @@ void frmAddress::CancelCard() {
     mAdding = mEditing = false;
     mRsCard.close();
     leaveEditing();
-    if (wasAdding && mRsCards.isEmpty()) {
+    if (wasAdding && !hasCards()) {
         ClearCard();
         showHeader();
         return;
@@ -149,13 +150,16 @@ void frmAddress::alignKeySet() {
     if (!mRsCards.eof() && !mRsCards.bof() && mRsCards[u"code"].text() == CurrentCode) return;
     mRsCards.moveFirst();
     mRsCards.find(QStringLiteral("code=") + CurrentCode);
+    if (!mRsCards.eof()) return;
+    mRsCards.moveFirst();
+    throw data::Error(data::ErrorCategory::Conflict, QStringLiteral("Η καρτέλα διαγράφηκε στο μεταξύ."));
 }
 
 void frmAddress::DeleteCard() {
     if (isEditing() || mod_.gUserGroup == core::groupRestricted) return;
     if (!mod_.services.prompts.question(this, core::programTitle(), QStringLiteral("Είστε σίγουρος για διαγραφή;")))
         return;
-    if (mRsCards.isEmpty()) return ClearCard();
+    if (!hasCards()) return ClearCard();
     alignKeySet();
     data::Transaction transaction(mod_.gConn);
     const QString entry = core::sqlText(mRsCards[u"OutlookEntryID"].text());

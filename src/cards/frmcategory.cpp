@@ -13,14 +13,18 @@ frmCategory::frmCategory(core::MainMod& mod)
 
 frmCombos::frmCombos(core::MainMod& mod)
     : ListEditor(mod, QStringLiteral("frmCombos"), QStringLiteral("Τιμές λίστας"),
-                 {QStringLiteral("Ενημέρωση Τιμής"), QStringLiteral("H Περιγραφή τιμής δεν μπορεί να είναι κενή !!!"),
-                  QStringLiteral("mnuPopUpCombo"), QStringLiteral("mnuNewTimh"), QStringLiteral("Νέα Τιμή"),
-                  QStringLiteral("mnuEditTimh"), QStringLiteral("Διόρθωση Τιμής"), QStringLiteral("mnuDelTimh"),
-                  QStringLiteral("Διαγραφή Τιμή")},
+                 {QStringLiteral("Ενημέρωση Κατηγορίας"),
+                  QStringLiteral("H Περιγραφή τιμής δεν μπορεί να είναι κενή !!!"), QStringLiteral("mnuPopUpCombo"),
+                  QStringLiteral("mnuNewTimh"), QStringLiteral("Νέα Τιμή"), QStringLiteral("mnuEditTimh"),
+                  QStringLiteral("Διόρθωση Τιμής"), QStringLiteral("mnuDelTimh"), QStringLiteral("Διαγραφή Τιμή")},
                  QString()) {}
 
 void frmCombos::setList(int number) {
-    if (isEditing()) return;
+    if (isEditing() && number == number_) return;
+    if (isEditing()) {
+        if (!queryUnload()) return;
+        cancel();
+    }
     number_ = number;
     setWindowTitle(QStringLiteral("Τιμές λίστας %1").arg(number));
     core::attempt(mod_, this, [this] { Refresh(); });

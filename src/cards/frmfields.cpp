@@ -75,13 +75,13 @@ QGroupBox* FieldsEditor::buildGroup(const FieldGroup& group) {
         controls::tie(label, row.text);
         row.text->setAccessibleName(frame + QStringLiteral(", ") + caption);
         grid->addWidget(label, i + 1, 0);
-        grid->addWidget(row.text, i + 1, 2);
         if (group.flagColumn) {
             row.flagColumn = QString::fromUtf16(group.flagColumn) + QString::number(i + 1);
             row.check = named(new QCheckBox, arrayName(QString::fromUtf16(group.checkArray), index));
             row.check->setAccessibleName(frame + QStringLiteral(", ") + caption + QStringLiteral(", εμφάνιση"));
             grid->addWidget(row.check, i + 1, 1, Qt::AlignCenter);
         }
+        grid->addWidget(row.text, i + 1, 2);
         if (lists && openList_) {
             auto* values = named(new QPushButton(QStringLiteral("Τιμές...")), arrayName(QStringLiteral("cmdCombo"), i));
             values->setAccessibleName(QStringLiteral("Τιμές λίστας %1").arg(i + 1));
@@ -109,11 +109,15 @@ QStringList FieldsEditor::shown() const {
     return values;
 }
 
+// Only what was changed here: another seat may have confirmed names of its own meanwhile.
 void FieldsEditor::confirm() {
+    if (loaded_.isEmpty()) return onLoad();  // what couldn't be read is not to be overwritten
     data::Recordset row(mod_.gConn, rowSql);
-    for (const Row& each : rows_) {
-        row[each.captionColumn].setValue(each.text->text());
-        if (each.check) row[each.flagColumn].setValue(each.check->isChecked());
+    const QStringList now = shown();
+    for (int i = 0; i < rows_.size(); ++i) {
+        const int text = 2 * i, flag = text + 1;
+        if (now[text] != loaded_[text]) row[rows_[i].captionColumn].setValue(now[text]);
+        if (now[flag] != loaded_[flag]) row[rows_[i].flagColumn].setValue(rows_[i].check->isChecked());
     }
     row.update();
     confirmed_ = true;
@@ -121,7 +125,7 @@ void FieldsEditor::confirm() {
 }
 
 bool FieldsEditor::queryUnload() {
-    if (confirmed_ || shown() == loaded_) return true;
+    if (confirmed_ || loaded_.isEmpty() || shown() == loaded_) return true;
     return mod_.services.prompts.question(
         this, core::programTitle(), QStringLiteral("Οι αλλαγές των πεδίων δεν επικυρώθηκαν.\nΝα κλείσει χωρίς αυτές;"));
 }

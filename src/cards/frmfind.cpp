@@ -46,7 +46,7 @@ QString findStatement(const QString& text) {
     for (const char16_t* column : searched)
         conditions << QStringLiteral("%1 like '%2%'").arg(QString::fromUtf16(column), pattern);
     // A telephone number is the same one however it was written, and however the search writes it.
-    if (data::looksLikePhone(text))
+    if (!text.startsWith(u' ') && data::looksLikePhone(text))
         for (const char16_t* column : searched)
             if (isNumber(column))
                 conditions
@@ -100,18 +100,24 @@ bool frmFind::eventFilter(QObject* watched, QEvent* event) {
         return true;
     }
     if (key != Qt::Key_Return && key != Qt::Key_Enter) return QDialog::eventFilter(watched, event);
-    core::attempt(mod_, this, [this] { search(text_->text()); });
+    core::attempt(mod_, this, [this] {
+        search(text_->text());
+        // A second Enter takes the first of what was found.
+        if (!text_->text().isEmpty() && list_->count() > 0) list_->setFocus(Qt::TabFocusReason);
+    });
     return true;
 }
 
 void frmFind::search(const QString& text) {
     if (text.isEmpty()) return;
+    if (text_->text() != text) text_->setText(text);
     QVector<controls::ListRow> rows;
     for (data::Recordset found(mod_.gConn, findStatement(text)); !found.eof(); found.moveNext()) {
+        // In the order of the list: surname, first name, company, telephone, address.
         QStringList cells;
-        for (const char16_t* column : {u"επωνυμο", u"ονομα", u"εταιρια", u"τηλεφωνο1", u"διευθυνση"})
-            cells << found[QStringView(column)].text();
-        rows.append({cells, found[u"code"].value(), {}});
+        for (const int column : {0, 1, 2, 4, 3}) cells << found.field(column).text();
+        constexpr int code = 6;
+        rows.append({cells, found.field(code).value(), {}});
     }
     list_->setRows(std::move(rows));
     if (list_->count() == 0) return mod_.beep();

@@ -47,7 +47,7 @@ const QVector<Parametric>& parametric() {
 
 }  // namespace
 
-frmHistory::frmHistory(core::MainMod& mod, QWidget* parent, std::function<void()> saved)
+frmHistory::frmHistory(core::MainMod& mod, QWidget* parent, std::function<void(qint64)> saved)
     : QDialog(parent), mod_(mod), saved_(std::move(saved)) {
     setObjectName(QStringLiteral("frmHistory"));
     setWindowTitle(QStringLiteral("ΝΕΑ ΚΑΤΑΧΩΡΗΣΗ"));
@@ -231,7 +231,8 @@ void frmHistory::dress() {
     for (int i = 0; i < parametric().size(); ++i) {
         const QString caption = custom[parametric()[i].caption].text();
         Label1[i + 1]->setText(caption);
-        controls::setAccessibleCaption(Text7[i + 1], caption);
+        controls::setAccessibleCaption(Text7[i + 1],
+                                       caption.isEmpty() ? QStringLiteral("Πεδίο %1").arg(i + 1) : caption);
         form_->setRowVisible(Text7[i + 1], custom[parametric()[i].flag].toBool());
     }
 }
@@ -280,9 +281,10 @@ void frmHistory::save() {
     if (!EditMode && mRsHistory.editMode() != data::EditMode::Add) mRsHistory.addNew();
     write(mRsHistory);
     mRsHistory.update();
+    const qint64 movement = mRsHistory[u"aa"].toLong();
     mRsHistory.close();
     accept();
-    saved_();
+    saved_(movement);
 }
 
 void frmHistory::write(data::Recordset& row) {

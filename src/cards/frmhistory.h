@@ -19,7 +19,7 @@ class frmHistory : public QDialog {
     Q_OBJECT
 public:
     // `saved` runs once a movement was written.
-    frmHistory(core::MainMod& mod, QWidget* parent, std::function<void()> saved);
+    frmHistory(core::MainMod& mod, QWidget* parent, std::function<void(qint64 movement)> saved);
 
     bool EditMode = false;
     qint64 MovementId = 0;  // the movement to change
@@ -47,7 +47,7 @@ private:
     QStringList typed() const;
 
     core::MainMod& mod_;
-    std::function<void()> saved_;
+    std::function<void(qint64)> saved_;
     QFormLayout* form_ = nullptr;
     controls::DateBox* txtDate;
     controls::DatePicker* DTPicker1;

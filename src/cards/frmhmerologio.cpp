@@ -188,23 +188,31 @@ void frmHmerologio::FillList() {
         return fail(error);
     }
     readOn(atOnceMs);
-    if (isReading()) next_.start();
+    if (!isReading()) return;
+    setCursor(Qt::BusyCursor);
+    next_.start();
 }
 
-void frmHmerologio::readOn(int milliseconds) {
+bool frmHmerologio::readOn(int milliseconds) {
     QElapsedTimer clock;
     clock.start();
     try {
         do {
-            if (!reader_->step()) return finish();
+            if (!reader_->step()) {
+                finish();
+                return true;
+            }
         } while (clock.elapsed() < milliseconds);
     } catch (const data::Error& error) {
         fail(error);
+        return false;
     }
+    return true;
 }
 
 void frmHmerologio::finish() {
     next_.stop();
+    unsetCursor();
     const auto reader = std::move(reader_);
     QVector<controls::ListRow> rows;
     for (JournalRow& row : reader->takeRows()) rows.append({std::move(row.cells), row.card, {}});
@@ -219,6 +227,7 @@ void frmHmerologio::finish() {
 // The list shows how far it had come.
 void frmHmerologio::fail(const data::Error& error) {
     next_.stop();
+    unsetCursor();
     QVector<controls::ListRow> rows;
     if (const auto reader = std::move(reader_))
         for (JournalRow& row : reader->takeRows()) rows.append({std::move(row.cells), row.card, {}});
@@ -247,7 +256,8 @@ void frmHmerologio::openCard(int row) {
 
 void frmHmerologio::print() {
     // All of the period goes on paper, also what is still being read.
-    while (isReading()) readOn(1000);
+    while (isReading())
+        if (!readOn(1000)) return;
     const QString title =
         QStringLiteral("Ημερολόγιο από %1 έως %2").arg(txtFrom->formattedText(), txtTo->formattedText());
     if (core::gPrintListView(mod_, this, *ListView1, title, core::ListHeading::Owner))

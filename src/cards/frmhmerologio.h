@@ -36,7 +36,7 @@ private:
     controls::DateBox* dateBox(const QString& name, int picker, const QString& caption, QLayout* into);
     void FillCombo();
     JournalFilter filter();
-    void readOn(int milliseconds);
+    bool readOn(int milliseconds);  // false after a failure, which was told
     void finish();
     void fail(const data::Error& error);
     void columnClicked(int column);

@@ -93,7 +93,9 @@ bool frmLink::readLinkRow() {
     const QString stored = mRsLink[u"ΣΥΝΔΕΣΗ"].text();
     // A share that is reached by address can't be looked into from here; it may well be there.
     const LinkTarget target = readLink(stored);
-    if (target.place != LinkTarget::Network && !mod_.services.shell.exists(target.path)) {
+    // One of another kind of computer can be pointed elsewhere.
+    const bool elsewhere = target.place == LinkTarget::Network || target.place == LinkTarget::Foreign;
+    if (!elsewhere && !mod_.services.shell.exists(target.path)) {
         mod_.services.prompts.message(this, platform::MessageIcon::Plain, core::programTitle(),
                                       QStringLiteral("Δεν υπάρχει πλέον το αρχείο!"));
         return false;
@@ -117,7 +119,7 @@ void frmLink::showPath(const QString& path) {
 }
 
 void frmLink::chooseFile() {
-    const QString start = mod_.services.shell.exists(path_) ? path_ : QString();
+    const QString start = mod_.services.shell.exists(path_) ? path_ : QDir::homePath();
     const QString chosen = mod_.services.prompts.openFile(this, QStringLiteral("Επιλογή Αρχείου"),
                                                           QStringLiteral("Όλα τα αρχεία (*)"), start);
     if (!chosen.isEmpty()) showPath(QDir::toNativeSeparators(chosen));

@@ -39,7 +39,6 @@ QVector<controls::ListRow> listRows(QVector<LedgerRow> rows) {
 HistoryTab::HistoryTab(core::MainMod& mod) : mod_(mod) {
     ListView1 = named(new controls::ListView, QStringLiteral("ListView1"));
     ListView1->setAccessibleName(QStringLiteral("Κινήσεις"));
-    ListView1->setFont(controls::font(QStringLiteral("Tahoma"), font().pointSizeF()));
     auto* layout = new QVBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
     layout->setSpacing(8);
@@ -164,7 +163,7 @@ void HistoryTab::refresh() {
     storeBalance();
 }
 
-// The movement that was just changed stays the selected one.
+// The movement that was just written is the selected one, and in view.
 void HistoryTab::selectChanged() {
     const auto changed = std::exchange(changed_, std::nullopt);
     for (int row = 0; changed && row < ListView1->count(); ++row)
@@ -210,8 +209,8 @@ std::optional<qint64> HistoryTab::selected() const {
 }
 
 void HistoryTab::open(std::optional<qint64> movement) {
-    frmHistory form(mod_, this, [this, movement] {
-        changed_ = movement;
+    frmHistory form(mod_, this, [this](qint64 saved) {
+        changed_ = saved;
         emit written();
     });
     form.EditMode = movement.has_value();

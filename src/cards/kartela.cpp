@@ -61,8 +61,14 @@ void PrintNotes(platform::Printer& printer, const QString& text) {
     const double right = printer.scaleWidth() - core::printMargin(printer) - indent;
     for (QString note : QString(text).replace(QStringLiteral("\r\n"), QStringLiteral("\n")).split(u'\n')) {
         do {
-            // Wide letters may not leave room for all that a line may hold.
-            printer.printWrapped(firstLine(note), indent, right);
+            const QString whole = note;
+            const QString line = firstLine(note);
+            // Wide letters may not leave room for all that a line may hold; the rest flows on.
+            const QString fitting = printer.wrapped(line, right - indent).value(0);
+            const bool cut = !fitting.isEmpty() && fitting.size() < line.size();
+            if (cut) note = whole.mid(fitting.size() + (whole[fitting.size()] == u' ' ? 1 : 0));
+            printer.currentX = indent;
+            printer.print(cut ? fitting : line);
         } while (!note.isEmpty());
     }
     printer.font.italic = false;

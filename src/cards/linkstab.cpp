@@ -61,6 +61,7 @@ void LinksTab::fill(const QString& code) {
          !links.eof(); links.moveNext())
         rows.append({{links[u"ΠΕΡΙΓΡΑΦΗ"].text(), links[u"ΣΥΝΔΕΣΗ"].text()}, links[u"aa"].value(), {}});
     ListView2->setRows(std::move(rows));
+    if (ListView2->count() > 0) ListView2->selectRow(0);
     code_ = code;
     enableCommands();
 }

@@ -23,6 +23,7 @@ ListEditor::ListEditor(core::MainMod& mod, const QString& name, const QString& c
     on(list_, &controls::ListView::menuRequested, [this](int row, QPoint position) { showMenu(row, position); });
     connect(list_, &QTreeView::clicked, this, &ListEditor::enableCommands);
     on(exit_, &QAbstractButton::clicked, [this] { emit closeRequested(); });
+    enableCommands();
 }
 
 void ListEditor::build(const QString& checkCaption) {
@@ -100,7 +101,10 @@ void ListEditor::onLoad() {
 }
 
 void ListEditor::Refresh() {
-    const QVariant selected = selectedCode();
+    refresh(selectedCode());
+}
+
+void ListEditor::refresh(const QVariant& selected) {
     const QString check = hasCheck() ? QStringLiteral(",payable") : QString();
     QVector<controls::ListRow> rows;
     for (data::Recordset found(
@@ -112,7 +116,7 @@ void ListEditor::Refresh() {
     }
     list_->setRows(std::move(rows));
     for (int i = 0; i < list_->count(); ++i)
-        if (list_->row(i).tag == selected) list_->selectRow(i);
+        if (i == 0 || list_->row(i).tag == selected) list_->selectRow(i);
     showList();
     emit changed();
 }
@@ -183,8 +187,9 @@ void ListEditor::save() {
     record_[u"Description"].setValue(description_->text());
     if (Check1) record_[u"payable"].setValue(Check1->isChecked());
     record_.update();
+    const QVariant code = record_[u"Code"].value();
     record_.close();
-    Refresh();
+    refresh(code);
 }
 
 void ListEditor::cancel() {

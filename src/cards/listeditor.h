@@ -47,6 +47,7 @@ protected:
     void onLoad() override;
     bool queryUnload() override;
     void onUnload() override;
+    void cancel();
 
 private:
     enum Command { New, Edit, Save, Delete };
@@ -57,7 +58,7 @@ private:
     void showPanel();
     void showList();
     void save();
-    void cancel();
+    void refresh(const QVariant& selected);
     void enableCommands();
     QVariant selectedCode() const;
     void showMenu(int row, QPoint position);

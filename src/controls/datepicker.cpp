@@ -109,6 +109,7 @@ void DatePicker::dropDown() {
     popup->setObjectName(QStringLiteral("calendarPopup"));
     popup->setAttribute(Qt::WA_DeleteOnClose);
     auto* calendar = greekCalendar(popup, value_);
+    calendar->setAccessibleName(accessibleName());
     auto* layout = new QVBoxLayout(popup);
     layout->setContentsMargins(1, 1, 1, 1);
     layout->addWidget(calendar);

@@ -52,6 +52,7 @@ private:
 
 ListView::ListView(QWidget* parent) : QTreeView(parent), rows_(new Rows(this)) {
     setModel(rows_);
+    setFont(controls::font(QStringLiteral("Tahoma"), font().pointSizeF()));
     setRootIsDecorated(false);
     setUniformRowHeights(true);
     setAlternatingRowColors(true);

@@ -1,5 +1,7 @@
 #include "core/dailybackup.h"
 
+#include "core/guard.h"
+
 #include <QDir>
 
 #include "core/browsemod.h"
@@ -110,11 +112,11 @@ void DailyBackup::end() {
     platform::Prompts& prompts = mod_.services.prompts;
     if (daily && good) mod_.services.settings.setValue(section, dayKey, work->dayText());
     if (!good)
-        prompts.message(parent_, platform::MessageIcon::Warning, programTitle(),
+        prompts.message(frontWindow(parent_), platform::MessageIcon::Warning, programTitle(),
                         QStringLiteral("Το αντίγραφο ασφαλείας δεν έγινε στον φάκελο «%1».\n%2")
                             .arg(QDir::toNativeSeparators(work->folder), work->failure));
     else if (!daily)
-        prompts.message(parent_, platform::MessageIcon::Information, programTitle(),
+        prompts.message(frontWindow(parent_), platform::MessageIcon::Information, programTitle(),
                         QStringLiteral("Το αντίγραφο ασφαλείας γράφτηκε και ελέγχθηκε:\n%1")
                             .arg(QDir::toNativeSeparators(work->file)));
     emit finished();

@@ -26,6 +26,9 @@ signals:
     void openRequested(const QString& form);  // the window wants another one in front
 
 protected:
+    // Enter on a button presses it and on a check box moves on, as everywhere in the program.
+    void keyPressEvent(QKeyEvent* event) override;
+
     virtual void onLoad() = 0;
     virtual bool queryUnload() { return true; }
     virtual void onUnload() {}

@@ -1,17 +1,29 @@
 #include "core/guard.h"
 
+#include <QApplication>
+
 namespace core {
+
+// A window that isn't on screen yet can't carry a box: it would lie anywhere, also behind the window in use.
+static QWidget* visible(QWidget* parent) {
+    return parent && !parent->isVisible() ? QApplication::activeWindow() : parent;
+}
+
+QWidget* frontWindow(QWidget* otherwise) {
+    QWidget* const dialog = QApplication::activeModalWidget();
+    return dialog ? dialog : otherwise;
+}
 
 void showFailure(MainMod& mod, QWidget* parent, const std::exception& error, const QString& lead) {
     const auto* dataError = dynamic_cast<const data::Error*>(&error);
     const QString text = dataError ? dataError->text() : QString::fromUtf8(error.what());
     if (dataError) qWarning("%s | %s", error.what(), qUtf8Printable(dataError->statement()));
-    mod.services.prompts.message(parent, platform::MessageIcon::Critical, QStringLiteral("Μήνυμα λάθους"),
+    mod.services.prompts.message(visible(parent), platform::MessageIcon::Critical, QStringLiteral("Μήνυμα λάθους"),
                                  lead + programTitle() + QStringLiteral(" Error: ") + text);
 }
 
 void complain(MainMod& mod, QWidget* parent, const QString& text, QWidget* field) {
-    mod.services.prompts.message(parent, platform::MessageIcon::Critical, programTitle(), text);
+    mod.services.prompts.message(visible(parent), platform::MessageIcon::Critical, programTitle(), text);
     if (field) field->setFocus(Qt::OtherFocusReason);
 }
 

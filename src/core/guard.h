@@ -10,6 +10,9 @@
 namespace core {
 
 // "Μήνυμα λάθους" with the program's title and the error's text.
+// The window that a box about something in the background lies over: a dialog that is open, else `otherwise`.
+QWidget* frontWindow(QWidget* otherwise);
+
 void showFailure(MainMod& mod, QWidget* parent, const std::exception& error, const QString& lead = {});
 
 // Runs `work`; a failure ends in the general error box and the window lives on. False when it failed.

@@ -144,7 +144,7 @@ bool printList(MainMod& mod, QWidget* parent, const PrintedList& list) {
         constexpr int printerError = 482;  // the number that users know it by
         mod.services.prompts.message(
             parent, platform::MessageIcon::Critical, programTitle(),
-            QStringLiteral("gPrintListView() failed with the following error:-\nError Number: %1\nDescription: %2")
+            QStringLiteral("gPrintListView() failed with the following error:-\nError Number: %1\nDescription:%2")
                 .arg(known ? known->number() : printerError)
                 .arg(known ? known->text() : QString::fromUtf8(error.what())));
         return false;

@@ -59,8 +59,9 @@ std::shared_ptr<const platform::PrintDocument> drawn(QWidget* parent, const Prin
 void tellPrinterFailure(MainMod& mod, QWidget* parent, const platform::PrintError& error) {
     mod.services.prompts.message(
         parent, platform::MessageIcon::Critical, QStringLiteral("Μήνυμα λάθους"),
-        error.text() + QStringLiteral("\nΟι σελίδες μένουν στην προεπισκόπηση: επιλέξτε άλλον εκτυπωτή ή αποθηκεύστε "
-                                      "τες σε PDF."));
+        programTitle() + QStringLiteral(" Error: ") + error.text() +
+            QStringLiteral("\nΟι σελίδες μένουν στην προεπισκόπηση: επιλέξτε άλλον εκτυπωτή ή αποθηκεύστε "
+                           "τες σε PDF."));
 }
 
 // Without the preview; false when the printer failed, and then it was told.

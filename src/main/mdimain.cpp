@@ -79,7 +79,7 @@ void MDIMain::registerForms() {
 core::Form* MDIMain::refillingCard(cards::ListEditor* editor) {
     core::onSignal(mod_, editor, editor, &cards::ListEditor::changed, [this] {
         if (auto* card = qobject_cast<cards::frmAddress*>(windows_.find(QStringLiteral("frmAddress"))))
-            card->FillCombo();
+            card->refillLists();
     });
     return editor;
 }
@@ -210,7 +210,7 @@ void MDIMain::setTheme(int kind) {
 }
 
 void MDIMain::showOwner() {
-    users::frmOwner owner(mod_);
+    users::frmOwner owner(mod_, isVisible() ? this : nullptr);
     owner.exec();
 }
 

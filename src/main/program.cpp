@@ -56,7 +56,7 @@ void Program::showMain() {
 void Program::seatLost() {
     mod_.gConn.close();
     mod_.gConnUsers.close();
-    mod_.services.prompts.message(main_.get(), platform::MessageIcon::Critical, core::programTitle(),
+    mod_.services.prompts.message(core::frontWindow(main_.get()), platform::MessageIcon::Critical, core::programTitle(),
                                   QStringLiteral("Χάθηκε η επαφή με τον φάκελο των δεδομένων στο δίκτυο ή τον πήρε "
                                                  "άλλη θέση. Τα αρχεία έκλεισαν. Ξεκινήστε πάλι το πρόγραμμα."));
 }

@@ -47,6 +47,7 @@ bool askScrolling(QWidget* parent, const QString& title, const QString& text, co
     dialog.setWindowTitle(title);
     auto* view = new QPlainTextEdit(&dialog);
     view->setReadOnly(true);
+    view->setAccessibleName(title);
     view->setPlainText(text.size() > mostShown ? text.left(mostShown) + u'…' : text);
     view->setTabChangesFocus(true);
     auto* row = new QDialogButtonBox(&dialog);

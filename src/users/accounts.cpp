@@ -9,9 +9,12 @@
 namespace users {
 
 QVector<Account> accounts(data::Connection& users) {
+    QHash<qint64, QString> groups;
+    for (data::Recordset row(users, QStringLiteral("select code,name from groups")); !row.eof(); row.moveNext())
+        groups.insert(row[u"code"].toLong(), row[u"name"].text());
     QVector<Account> found;
     for (data::Recordset row(users, QStringLiteral("select * from users order by -group")); !row.eof(); row.moveNext())
-        found.append({row[u"aa"].toLong(), row[u"UserName"].text(), groupName(users, row[u"Group"].value())});
+        found.append({row[u"aa"].toLong(), row[u"UserName"].text(), groups.value(row[u"Group"].toLong())});
     return found;
 }
 

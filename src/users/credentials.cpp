@@ -10,6 +10,7 @@ namespace users {
 namespace {
 
 bool accepts(data::Recordset& row, QStringView column, const QString& password) {
+    if (row[column].isNull()) return false;
     const QString stored = row[column].text();
     if (!data::verifyPassword(stored, password)) return false;
     if (!data::isVerifier(stored)) {
@@ -27,8 +28,13 @@ std::optional<Session> authenticate(data::Connection& users, const QString& user
         if (!admin.isEmpty() && accepts(admin, u"pass", password)) return Session{userName, core::groupAdministrators};
     }
     data::Recordset user(users, QStringLiteral("select * from users where UserName='%1'").arg(core::sqlText(userName)));
-    if (!user.isEmpty() && accepts(user, u"Password", password))
-        return Session{userName, static_cast<int>(user[u"Group"].toDouble())};
+    if (user.isEmpty()) {
+        // A name that nobody has takes as long to refuse as a wrong password.
+        static const QString nobody = data::makeVerifier(QStringLiteral("-"));
+        data::verifyPassword(nobody, password);
+        return std::nullopt;
+    }
+    if (accepts(user, u"Password", password)) return Session{userName, static_cast<int>(user[u"Group"].toDouble())};
     return std::nullopt;
 }
 

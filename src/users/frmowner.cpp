@@ -23,7 +23,7 @@ const QString section = QStringLiteral("Settings");
 
 }  // namespace
 
-frmOwner::frmOwner(core::MainMod& mod) : mod_(mod) {
+frmOwner::frmOwner(core::MainMod& mod, QWidget* parent) : QDialog(parent), mod_(mod) {
     setObjectName(QStringLiteral("frmOwner"));
     setWindowTitle(QStringLiteral("Στοιχεία κατόχου"));
     auto* form = new QFormLayout;

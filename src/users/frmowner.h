@@ -11,7 +11,7 @@ namespace users {
 class frmOwner : public QDialog {
     Q_OBJECT
 public:
-    explicit frmOwner(core::MainMod& mod);
+    explicit frmOwner(core::MainMod& mod, QWidget* parent = nullptr);
 
 private:
     void store();

@@ -45,6 +45,62 @@ private slots:
         QVERIFY(!office.desk.sound.played.isEmpty() || office.desk.sound.beeps == 2);
     }
 
+    void aCardThatIsGoneDoesNotStopTheWalk() {
+        Office office;
+        office.addCard("Α", "1");
+        const qint64 gone = office.addCard("Β", "2");
+        office.addCard("Γ", "3");
+        CardDriver card(office.mod);
+        office.mod.gConn.execute(QString("delete from cards where code=%1").arg(gone));
+        card.form.goTo(gone + 100);
+        QCOMPARE(office.desk.sound.beeps, 1);
+        card.press(3);
+        QCOMPARE(card.text(0)->text(), QString("Γ"));
+        QCOMPARE(card.counter(), QString("Εμφάνιση Καρτέλας (2/2)"));
+    }
+
+    void aHalfTypedPeriodHidesNoLinks() {
+        Office office;
+        office.addCard("Α", "1");
+        const qint64 second = office.addCard("Β", "2");
+        office.mod.gConn.execute(
+            QString("insert into Links (codecards,ΠΕΡΙΓΡΑΦΗ,ΣΥΝΔΕΣΗ) values (%1,'Σύμβαση','α')").arg(second));
+        CardDriver card(office.mod);
+        card.date("txtFrom")->setText("1/");
+        card.press(3);
+        QCOMPARE(card.rows(2), QStringList{"Σύμβαση|α"});
+        QVERIFY(card.find<QPushButton>("Command8")->isEnabled());
+    }
+
+    void theWindowWorksWhenTheDatabaseIsBack() {
+        Office office;
+        office.addCard("Α", "1");
+        office.addCard("Β", "2");
+        office.mod.gConn.close();
+        CardDriver card(office.mod);
+        card.press(3);
+        QVERIFY(office.desk.prompts.count() >= 2);
+        office.open(office.mod);
+        card.press(3);
+        QCOMPARE(card.text(0)->text(), QString("Β"));
+        QCOMPARE(card.combo("Combo1")->count(), 2);
+    }
+
+    void aRenamedCategoryStaysTheCards() {
+        Office office;
+        office.addCard("Α", "1");
+        CardDriver card(office.mod);
+        QCOMPARE(card.combo("Combo1")->currentText(), QString("ΕΠΑΦΕΣ"));
+        for (const char* name : {"Φίλοι", "Γνωστοί"}) {
+            office.mod.gConn.execute(QString("update CardKategory set Description='%1'").arg(name));
+            card.form.refillLists();
+            QCOMPARE(card.combo("Combo1")->currentText(), QString(name));
+            if (!card.form.isEditing()) card.press(6);
+        }
+        card.press(9);
+        QVERIFY(office.desk.prompts.isEmpty() && !card.form.isEditing());
+    }
+
     void everyColumnComesOnShow() {
         Office office;
         office.mod.gConn.execute("INSERT into CardKategory VALUES (7,'ΠΕΛΑΤΕΣ',1)");

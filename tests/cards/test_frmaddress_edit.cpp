@@ -208,6 +208,10 @@ private slots:
         card.press(3);
         card.press(5);
         card.text(0)->setText("Γ");
+        office.desk.prompts.answer(false);
+        QTest::keyClick(&card.form, Qt::Key_Escape);
+        QCOMPARE(card.text(0)->text(), QString("Γ"));
+        office.desk.prompts.answer(true);
         QTest::keyClick(&card.form, Qt::Key_Escape);
         // A cancelled add lands on the first card.
         QCOMPARE(card.counter(), QString("Εμφάνιση Καρτέλας (1/2)"));

@@ -46,6 +46,7 @@ private slots:
         QTest::newRow("mobile") << "697" << QStringList{"ΠΑΠΑΔΟΠΟΥΛΟΣ"};
         for (const char* number : {"2310 123456", "+30 2310123456", "2310-123456", "0030 (2310) 1234", "2310123456"})
             QTest::newRow(number) << number << QStringList{"Αβραάμ", "Βαγγέλης", "Γαβρίλης"};
+        QTest::newRow("a blank before a number") << " 2310" << QStringList();
         QTest::newRow("middle of a number") << "310 123456" << QStringList();
         QTest::newRow("blanks stay in a name") << "αφ οι" << QStringList();
         QTest::newRow("mail") << "ONEIL@" << QStringList{"O'Neil"};
@@ -79,6 +80,15 @@ private slots:
         FindDriver find(office);
         QCOMPARE(find.searchFor("α").size(), 1);
         QCOMPARE(find.searchFor("").size(), 1);
+    }
+
+    void enterTwiceTakesTheFirst() {
+        Office office;
+        office.addCard("Αα", "1");
+        FindDriver find(office);
+        find.searchFor("α");
+        QTest::keyClick(find.form.focusWidget(), Qt::Key_Return);
+        QCOMPARE(find.chosen, QStringList{"Αα/1"});
     }
 
     void enterOnTheListChooses() {

@@ -137,6 +137,79 @@ private slots:
         QCOMPARE(office.value("select fcb1 from CustomFields").toBool(), false);
     }
 
+    void listsOpenWithARowToWorkOn() {
+        Office office;
+        EditorDriver<cards::frmCategory> editor(office);
+        QCOMPARE(editor.list()->currentRow(), 0);
+        editor.command("mnuNewCategory")->trigger();
+        editor.box("Text1(1)")->setText("Πελάτες");
+        editor.command("mnuSave")->trigger();
+        QCOMPARE(editor.list()->currentRow(), 1);
+        QTest::keyClick(editor.list(), Qt::Key_F2);
+        QCOMPARE(editor.box("Text1(1)")->text(), QString("Πελάτες"));
+    }
+
+    // What was typed stays, and the window works on when the fault is over.
+    void faultsKeepACategoryUnderEdit() {
+        Office office;
+        EditorDriver<cards::frmCategory> editor(office);
+        editor.command("mnuEditCategory")->trigger();
+        editor.box("Text1(1)")->setText("Πελάτες");
+        office.mod.gConn.execute("update CardKategory set Description='Φίλοι'");
+        editor.command("mnuSave")->trigger();
+        QVERIFY(office.desk.prompts.lastText().contains("από άλλον χρήστη"));
+        QVERIFY(editor.form.isEditing());
+        QCOMPARE(editor.box("Text1(1)")->text(), QString("Πελάτες"));
+        QTest::keyClick(editor.box("Text1(1)"), Qt::Key_Escape);
+        office.mod.gConn.close();
+        editor.command("mnuNewCategory")->trigger();
+        QVERIFY(office.desk.prompts.lastText().contains(" Error: "));
+        office.open(office.mod);
+        editor.command("mnuNewCategory")->trigger();
+        editor.box("Text1(1)")->setText("Συνεργάτες");
+        editor.command("mnuSave")->trigger();
+        QCOMPARE(editor.rows(), QStringList({"Συνεργάτες", "Φίλοι"}));
+    }
+
+    void anotherListAsksBeforeItTakesAnEdit() {
+        Office office;
+        EditorDriver<cards::frmCombos> editor(office);
+        editor.form.setList(1);
+        editor.command("mnuNewTimh")->trigger();
+        QTest::keyClick(editor.box("Text1(1)"), Qt::Key_A);
+        office.desk.prompts.answer(false);
+        editor.form.setList(2);
+        QVERIFY(editor.form.isEditing() && editor.form.windowTitle().endsWith("1"));
+        office.desk.prompts.answer(true);
+        editor.form.setList(2);
+        QVERIFY(!editor.form.isEditing() && editor.form.windowTitle().endsWith("2"));
+    }
+
+    void fieldsConfirmOnlyWhatWasChanged() {
+        Office office;
+        EditorDriver<cards::frmFields> fields(office, [](int) {});
+        office.mod.gConn.execute("update CustomFields set FIELdchar2='Άλλης θέσης', fn1=true");
+        fields.box("Text1(0)")->setText("Δικό μας");
+        auto* confirm = fields.form.findChild<QPushButton*>("Command1");
+        confirm->setFocus();
+        QTest::keyClick(confirm, Qt::Key_Return);
+        QCOMPARE(office.value("select FIELdchar1 & '/' & FIELdchar2 from CustomFields").toString(),
+                 QString("Δικό μας/Άλλης θέσης"));
+        QCOMPARE(office.value("select fn1 from CustomFields").toBool(), true);
+    }
+
+    void fieldsThatCouldNotBeReadAreNotErased() {
+        Office office;
+        office.mod.gConn.close();
+        EditorDriver<cards::frmFields> fields(office, [](int) {});
+        QCOMPARE(office.desk.prompts.count(), 1);
+        office.open(office.mod);
+        fields.form.findChild<QPushButton*>("Command1")->click();
+        QCOMPARE(fields.box("Text1(0)")->text(), QString("Αλφαριθμητικό 1"));
+        QCOMPARE(office.value("select FIELdchar1 from CustomFields").toString(), QString("Αλφαριθμητικό 1"));
+        QVERIFY(fields.form.unload(false, {}));
+    }
+
     void fieldsOfTheMovements() {
         Office office;
         EditorDriver<cards::frmFields1> fields(office);

@@ -428,7 +428,7 @@ private slots:
         preview.show();
         studio.desk.printers.failure = "Ο εκτυπωτής «Γραφείο» δεν αποκρίνεται.";
         part<QPushButton>(preview, "cmdPrint")->click();
-        QVERIFY(studio.desk.prompts.lastText().startsWith(studio.desk.printers.failure));
+        QVERIFY(studio.desk.prompts.lastText().startsWith("Dorvalist Error: " + studio.desk.printers.failure));
         QCOMPARE(studio.desk.prompts.shown().last().icon, platform::MessageIcon::Critical);
         QVERIFY(preview.isVisible() && !preview.isDelivered());
         // The list of printers is read again, and another one takes the pages.
@@ -465,7 +465,7 @@ private slots:
             part<QPushButton>(preview, "cmdPdf")->click();
         });
         QVERIFY(core::printOut(studio.mod, &studio.parent, pages(2)));
-        QVERIFY(studio.desk.prompts.shown().first().text.startsWith("Χαλασμένος"));
+        QVERIFY(studio.desk.prompts.shown().first().text.startsWith("Dorvalist Error: Χαλασμένος"));
         QCOMPARE(PrintedPdf(folder.filePath("α.pdf")).pageCount(), 2);
     }
 };

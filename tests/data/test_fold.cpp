@@ -86,7 +86,7 @@ private slots:
         QCOMPARE(nameKey(u"ΤΕΛΕΥΤΑΙΑ_ΚΙΝΗΣΗ"), nameKey(u"τελευταια_κινηση"));
         QVERIFY(nameKey(u"ΗΜΕΡΑ") != nameKey(u"Ημέρα"));
         Catalog catalog;
-        catalog.add({"Cards", {{"code", ColumnType::Autonumber, 0}, {"ΟΡΟΣ", ColumnType::Text, 30}}, "code", 0});
+        catalog.add({"Cards", {{"code", ColumnType::Autonumber, 0}, {"ΟΡΟΣ", ColumnType::Text, 30}}, "code", 0, {}});
         catalog.add({"Dates", {}, "aa", -1, {}});
         QVERIFY(!catalog.find(u"Card"));
         QCOMPARE(catalog.find(u"CARDS")->indexOf(u"όρος"), -1);

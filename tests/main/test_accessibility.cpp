@@ -45,7 +45,9 @@ private slots:
         office.addCard("Α", "Β");
         QStringList flags;
         for (const char* prefix : {"fc1", "fn1", "fd1", "fy1", "fcb1"}) flags << QString("%1=True").arg(prefix);
-        office.mod.gConn.execute("update CustomFields set " + flags.join(',') + " where id=1");
+        // Fields without a name have one when they are spoken.
+        office.mod.gConn.execute("update CustomFields set Memo3='',FIELdchar1='',fy2=True,FieldYes2=''," +
+                                 flags.join(',') + " where id=1");
         users::frmLogon logon(office.mod);
         users::frmOwner owner(office.mod);
         entry::MDIMain window(office.mod);
@@ -54,8 +56,9 @@ private slots:
         for (const char* entry :
              {"mnuCards", "MnuΗμερολόγιο", "mnuCategory", "mnuFieldsCard", "mnuFieldsHistory", "mnuPass", "mnuUsers"})
             window.menu(entry)->trigger();
+        window.windows().front("frmCombos");
         cards::frmFind find(office.mod, nullptr, [](const cards::FoundCard&) {});
-        cards::frmHistory movement(office.mod, nullptr, [] {});
+        cards::frmHistory movement(office.mod, nullptr, [](qint64) {});
         movement.load();
         cards::frmLink link(office.mod, nullptr, [] {});
         link.load();

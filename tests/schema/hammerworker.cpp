@@ -15,7 +15,9 @@ class Worker {
 public:
     Worker(const QString& folder, int number) : number_(number), random_(quint32(number) * 7919 + 1) {
         using schema::Database;
-        schema::open(office_, schema::connectionString(Database::Main, schema::mainDatabasePath(folder)));
+        // No office is ever as busy: a seat may have to wait longer than a person would be let wait.
+        schema::open(office_, schema::connectionString(Database::Main, schema::mainDatabasePath(folder)) +
+                                  u"; Busy Timeout=60000"_s);
         held_.open(office_, u"select code,FIELdnum1 from cards where code=1"_s);
     }
 

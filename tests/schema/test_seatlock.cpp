@@ -7,8 +7,8 @@
 
 #include "data/error.h"
 
-using schema::SeatLock;
 using platform::FileSystemKind;
+using schema::SeatLock;
 
 namespace {
 
