@@ -1,3 +1,5 @@
+#include <cmath>
+
 #include "data/convert.h"
 #include "data/dialect/binder.h"
 #include "data/dialect/functiontable.h"
@@ -246,7 +248,14 @@ QVariant Renderer::convertLiteral(const Expr& literal, ValueKind kind, const Exp
                                              : ColumnType::Double;
     const bool dateAsCondition = kind == ValueKind::YesNo && literal.type.kind == ValueKind::Date;
     try {
-        return dateAsCondition ? QVariant(true) : toColumn(literal.value, column);
+        const QVariant value = dateAsCondition ? QVariant(true) : toColumn(literal.value, column);
+        // Beside a whole number it is one too: a server would turn the other side into a real, past any index on it.
+        const bool whole = kind == ValueKind::Number && partner && isNumber(partner->type.column) &&
+                           partner->type.column != ColumnType::Double && partner->type.column != ColumnType::Single;
+        constexpr double exact = 9e15;
+        if (whole && std::fabs(value.toDouble()) < exact && std::trunc(value.toDouble()) == value.toDouble())
+            return value.toLongLong();
+        return value;
     } catch (const Error&) {
         const char* wanted = kind == ValueKind::Date    ? "ημερομηνία"
                              : kind == ValueKind::YesNo ? "True ή False"
