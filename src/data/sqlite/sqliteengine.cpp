@@ -128,7 +128,7 @@ constexpr char openingPragmas[] =
     "PRAGMA synchronous=FULL;"
     "PRAGMA cell_size_check=ON;"
     "PRAGMA temp_store=MEMORY;"
-    "PRAGMA cache_size=-32768;"
+    "PRAGMA cache_size=-131072;"
     "PRAGMA journal_size_limit=67108864;";
 
 }  // namespace
