@@ -34,7 +34,7 @@ struct Translation {
     // `sql` looks words up first and a period afterwards. When `probe` gives more than `probeLimit` rows there are so
     // many that the other way, `periodFirst`, is the quicker. Both are empty when there is no choice.
     QByteArray probe, periodFirst;
-    static constexpr qint64 probeLimit = 20'000;
+    static constexpr qint64 probeLimit = 5'000;
 };
 
 struct DialectOptions {
