@@ -3,6 +3,7 @@
 #include <QTabWidget>
 
 #include "cards/frmaddress.h"
+#include "cards/frmcategory.h"
 #include "cards/frmfind.h"
 #include "cards/frmhistory.h"
 #include "cards/frmlink.h"
@@ -71,10 +72,15 @@ void shootSettings(Studio& studio, const Album& album) {
         window.windows().unloadAll();
         QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
     }
+    auto* lists = qobject_cast<cards::frmCombos*>(window.windows().front("frmCombos"));
+    lists->setList(1);
+    album.take(*lists, "lists");
+    lists->newRow();
+    album.take(*lists, "lists-edit");
 }
 
 void shootCardDialogs(Studio& studio, const Album& album) {
-    cards::frmHistory movement(studio.mod, nullptr, [] {});
+    cards::frmHistory movement(studio.mod, nullptr, [](qint64) {});
     movement.EditMode = true;
     movement.MovementId = 1;
     movement.load();
