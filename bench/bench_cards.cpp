@@ -7,6 +7,7 @@
 #include <QTemporaryDir>
 
 #include "cards/frmaddress.h"
+#include "cards/frmfind.h"
 #include "cards/frmhmerologio.h"
 #include "controls/theme.h"
 #include "data/format.h"
@@ -163,6 +164,20 @@ void showJournal(benchmark::State& state, const char16_t* reason) {
 }
 BENCHMARK_CAPTURE(showJournal, month, u"")->Unit(benchmark::kMillisecond);
 BENCHMARK_CAPTURE(showJournal, rareWord, u"4999")->Unit(benchmark::kMillisecond);
+
+// Text typed, Enter pressed, the finds on screen.
+void searchWindow(benchmark::State& state, const QString& text) {
+    Office& office = Office::instance();
+    cards::frmFind find(office.mod, nullptr, [](const cards::FoundCard&) {});
+    find.show();
+    for (auto _ : state) {
+        find.search(text);
+        QApplication::processEvents();
+    }
+    state.counters["rows"] = find.findChild<controls::ListView*>(QStringLiteral("ListView1"))->count();
+}
+BENCHMARK_CAPTURE(searchWindow, surname, QStringLiteral("παπαδοπ"))->Unit(benchmark::kMillisecond);
+BENCHMARK_CAPTURE(searchWindow, number, QStringLiteral("+30 6941"))->Unit(benchmark::kMillisecond);
 
 // Window made, key set read, first card shown.
 void openCardWindow(benchmark::State& state) {
