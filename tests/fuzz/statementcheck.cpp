@@ -4,6 +4,7 @@
 
 #include "data/error.h"
 #include "data/postgres/pgdialect.h"
+#include "data/sqlite/wordindex.h"
 
 using namespace data;
 
@@ -23,6 +24,23 @@ Catalog withServerIdentities(const Catalog& catalog) {
     Catalog out;
     for (TableInfo table : catalog.tables()) {
         table.rowIdentity = table.autonumber < 0 ? QStringLiteral("_row") : table.columns[table.autonumber].name;
+        out.add(table);
+    }
+    return out;
+}
+
+// The catalog after a word index was made of all texts of each table that has an autonumber.
+Catalog withWords(DialectDatabase& database) {
+    Catalog out;
+    for (TableInfo table : database.catalog().tables()) {
+        QVector<int> texts;
+        for (int i = 0; i < table.columns.size(); ++i)
+            if (isText(table.columns[i].type)) texts += i;
+        if (table.autonumber >= 0 && !texts.isEmpty()) {
+            table.rowIdentity = table.columns[table.autonumber].name;
+            database.engine(wordIndexScript(table, texts));
+            table.words = {wordIndexName(table), texts};
+        }
         out.add(table);
     }
     return out;
@@ -57,7 +75,10 @@ bool isTranslators(int category) {
 }  // namespace
 
 StatementCheck::StatementCheck()
-    : serverCatalog_(withServerIdentities(database_.catalog())), server_(serverCatalog_, pgDialect()) {}
+    : serverCatalog_(withServerIdentities(database_.catalog())),
+      server_(serverCatalog_, pgDialect()),
+      wordedCatalog_(withWords(database_)),
+      worded_(wordedCatalog_, database_.dialect()) {}
 
 StatementCheck::Outcome StatementCheck::outcome(Translator& translator, const QString& sql,
                                                 const DialectOptions& options) {
@@ -90,7 +111,9 @@ QString StatementCheck::fault(const QByteArray& input) {
         ++translated_;
         if (here.translation->columns.size() != there.translation->columns.size())
             return QStringLiteral("the engines show different columns");
-        return prepareFault(*here.translation);
+        if (const QString wrong = prepareFault(*here.translation); !wrong.isEmpty()) return wrong;
+        const Outcome worded = outcome(worded_, sql, options);
+        return worded.translation ? prepareFault(*worded.translation) : worded.error;
     }
     if (!isTranslators(here.category)) return QStringLiteral("category %1: ").arg(here.category) + here.error;
     if (!placeIsInside(here.error, sql)) return QStringLiteral("no place in the statement: ") + here.error;

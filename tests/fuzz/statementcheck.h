@@ -26,5 +26,7 @@ private:
     DialectDatabase database_{DialectDatabase::Engine::Sqlite};
     data::Catalog serverCatalog_;
     data::Translator server_;
+    data::Catalog wordedCatalog_;  // every text in a word index
+    data::Translator worded_;
     int translated_ = 0;
 };
