@@ -49,9 +49,12 @@ void Binder::bindSelect(Select& select, Scope& scope) {
     bindFrom(select, scope);
     scope.select = &select;
     select.sources = scope.sources;
-    select.grouped = !select.groupBy.empty() || select.having;
+    select.grouped = !select.groupBy.empty();
     for (SelectItem& item : select.items) expandItem(select, item, scope);
     nameOutputs(select);
+    if (select.having && !select.grouped)
+        places_.fail(select.having->position,
+                     QStringLiteral("το HAVING θέλει GROUP BY, ή συνάρτηση συνόλου στο SELECT"));
     scope.noAggregates = "WHERE";
     if (select.where) bindExpr(*select.where, scope);
     scope.noAggregates = "GROUP BY";
