@@ -31,10 +31,9 @@ void Places::fail(qsizetype position, const QString& what, ErrorCategory categor
 QString shown(QStringView text) {
     constexpr qsizetype longest = 40;
     QString out = text.left(longest).toString().simplified();
-    if (text.size() > longest) {
-        if (!out.isEmpty() && out.back().isHighSurrogate()) out.chop(1);
-        out += u'…';
-    }
+    // The text may have been cut before it came here.
+    if (!out.isEmpty() && out.back().isHighSurrogate()) out.chop(1);
+    if (text.size() > longest) out += u'…';
     return u'«' + out + u'»';
 }
 
