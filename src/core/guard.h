@@ -9,10 +9,10 @@
 
 namespace core {
 
-// "Μήνυμα λάθους" with the program's title and the error's text.
 // The window that a box about something in the background lies over: a dialog that is open, else `otherwise`.
 QWidget* frontWindow(QWidget* otherwise);
 
+// "Μήνυμα λάθους" with the program's title and the error's text.
 void showFailure(MainMod& mod, QWidget* parent, const std::exception& error, const QString& lead = {});
 
 // Runs `work`; a failure ends in the general error box and the window lives on. False when it failed.

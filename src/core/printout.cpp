@@ -2,7 +2,7 @@
 
 #include "controls/theme.h"
 #include "core/printpreview.h"
-#include "core/printprogress.h"
+#include "core/workprogress.h"
 #include "core/printsettings.h"
 
 namespace core {
@@ -48,7 +48,7 @@ void storePrinter(platform::Settings& settings, const QString& printer) {
 
 std::shared_ptr<const platform::PrintDocument> drawn(QWidget* parent, const PrintJob& job,
                                                      const platform::PageSetup& setup) {
-    PrintProgress progress(parent, QStringLiteral("Σχεδίαση σελίδων: ") + job.title);
+    WorkProgress progress(parent, QStringLiteral("Σχεδίαση σελίδων: ") + job.title);
     platform::Printer printer(setup, job.title, [](const QString& name) { return controls::font(name, 10); });
     job.draw(printer, [&progress](int done, int total) {
         if (!progress.step(done, total)) throw PrintStopped();
@@ -67,7 +67,7 @@ void tellPrinterFailure(MainMod& mod, QWidget* parent, const platform::PrintErro
 // Without the preview; false when the printer failed, and then it was told.
 static bool sendDirectly(MainMod& mod, QWidget* parent, const PrintJob& job, bool& stopped) {
     const auto document = drawn(parent, job, pageSetup(mod.services.settings, job.landscape));
-    PrintProgress progress(parent, QStringLiteral("Αποστολή στον εκτυπωτή: ") + job.title);
+    WorkProgress progress(parent, QStringLiteral("Αποστολή στον εκτυπωτή: ") + job.title);
     const int pages = document->pageCount();
     try {
         stopped = !mod.services.printers.print(*document, chosenPrinter(mod.services), 1,

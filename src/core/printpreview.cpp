@@ -12,7 +12,7 @@
 #include "controls/names.h"
 #include "controls/theme.h"
 #include "core/guard.h"
-#include "core/printprogress.h"
+#include "core/workprogress.h"
 #include "core/printsettings.h"
 
 namespace core {
@@ -255,7 +255,7 @@ void PrintPreview::changeZoom(bool larger) {
 }
 
 void PrintPreview::deliver(const QString& caption, const std::function<bool(const platform::PageStep&)>& work) {
-    PrintProgress progress(this, caption);
+    WorkProgress progress(this, caption);
     const int pages = document_->pageCount();
     if (!work([&](int page) { return progress.step(page, pages); })) return;
     delivered_ = true;

@@ -6,6 +6,7 @@
 
 #include "core/backupfolder.h"
 #include "core/browsemod.h"
+#include "core/workprogress.h"
 #include "data/fileidentity.h"
 #include "data/format.h"
 #include "platform/folders.h"
@@ -37,11 +38,21 @@ QString upperPath(const core::MainMod& mod) {
     return QLocale(QLocale::Greek, QLocale::Greece).toUpper(QDir::toNativeSeparators(mod.gDataPath));
 }
 
+schema::Progress told(const core::Tell& tell) {
+    return [tell](const QString& what, int percent) {
+        tell(what, percent);
+        return true;
+    };
+}
+
 // Opens one database; the failure, if there is one, is kept for a message after both were tried.
 std::optional<data::Error> openOne(data::Connection& connection, schema::Database database, const QString& file) {
     try {
         connection.close();
-        schema::open(connection, schema::connectionString(database, file));
+        // A server may be far or asleep, and a newer version may have much to do.
+        core::inBackground(nullptr, QStringLiteral("Ανοίγουν τα δεδομένα του γραφείου"), [&](const core::Tell& tell) {
+            schema::open(connection, schema::connectionString(database, file), told(tell));
+        });
         return std::nullopt;
     } catch (const data::Error& error) {
         return error;
@@ -82,7 +93,10 @@ QVector<schema::Database> openAndTell(core::MainMod& mod) {
 
 // Puts the newest good copy in the place of what is damaged, if there is one and the user wants it.
 bool restored(core::MainMod& mod, const QVector<schema::Database>& damaged) {
-    const auto copy = core::newestGoodBackup(core::backupFolder(mod.services.settings), mod.gDataPath);
+    std::optional<core::FoundBackup> copy;
+    core::inBackground(nullptr, QStringLiteral("Ελέγχονται τα αντίγραφα ασφαλείας"), [&](const core::Tell&) {
+        copy = core::newestGoodBackup(core::backupFolder(mod.services.settings), mod.gDataPath);
+    });
     if (!copy) return false;
     const QString made = data::format(copy->made, u"dd/mm/yyyy hh:nn");
     if (!mod.services.prompts.question(
@@ -96,7 +110,10 @@ bool restored(core::MainMod& mod, const QVector<schema::Database>& damaged) {
         options.force = true;
         options.databases = damaged;
         options.now = mod.services.clock.now();
-        schema::restoreOffice(copy->file, mod.gDataPath, options);
+        core::inBackground(nullptr, QStringLiteral("Επαναφορά του αντιγράφου"), [&](const core::Tell& tell) {
+            options.progress = told(tell);
+            schema::restoreOffice(copy->file, mod.gDataPath, options);
+        });
         return true;
     } catch (const data::Error& error) {
         tell(mod, QStringLiteral("Το αντίγραφο δεν επαναφέρθηκε. ") + error.text());

@@ -111,13 +111,19 @@ BackupInfo checkBackup(const QString& file, const Progress& progress) {
     return infoOf(unpackChecked(file, workshop.path(), findServerTools(), progress));
 }
 
-QString copyBeforeUpgrade(data::Connection& connection, Database database, const QString& file, const QDateTime& now) {
+QString copyBeforeUpgrade(data::Connection& connection, Database database, const QString& file, const QDateTime& now,
+                          const Progress& progress, const ServerTools& tools) {
+    const bool onServer = data::identifyFile(file).kind == data::FileKind::ServerDescription;
+    if (onServer && !tools.found()) return {};
     const QFileInfo info(file);
     const QString mark = info.fileName() + u".v"_s;
     const QString target = info.dir().filePath(u"%1%2-%3"_s.arg(mark).arg(storedVersion(connection)).arg(stamp(now)));
     const auto workshop = workshopIn(info.absolutePath());
     const QString copy = databasePath(workshop->path(), database);
-    copyChecked(connection, database, copy, {});
+    if (onServer)
+        dumpChecked(connection, data::readServerDescription(file), database, copy, {.progress = progress, .tools = tools});
+    else
+        copyChecked(connection, database, copy, progress);
     const QString kept = freeName(target);
     moveTo(copy, kept, false);
     const auto copies = info.dir().entryInfoList({mark + u"*-*"_s}, QDir::Files, QDir::Time);

@@ -9,13 +9,11 @@
 
 #include "data/connection.h"
 #include "data/serverdescription.h"
+#include "schema/progress.h"
 #include "schema/servertools.h"
 #include "schema/tables.h"
 
 namespace schema {
-
-// Hears what is being done and how far it is; false breaks it off with data::Error. May be empty.
-using Progress = std::function<bool(const QString& what, int percent)>;
 
 // The file's name is dated by the caller; times are those of the clock on the wall.
 struct BackupOptions {
@@ -55,8 +53,10 @@ struct RestoreOptions {
 // anybody has one of the old ones open; then everything stands as before.
 QStringList restoreOffice(const QString& file, const QString& folder, const RestoreOptions& options = {});
 
-// Before a database is changed by an upgrade: a checked copy beside it, named after it, its version and `now`; the last
-// few are kept. Returns the copy's path.
-QString copyBeforeUpgrade(data::Connection& connection, Database database, const QString& file, const QDateTime& now);
+// Before a database is changed by an upgrade: a checked copy beside it (of one on a server, a dump in the custom format
+// beside the file that describes it), named after it, its version and `now`; the last few are kept. Returns the copy's
+// path; an empty one for a server without its tools here, where the step's transaction is the only safety.
+QString copyBeforeUpgrade(data::Connection& connection, Database database, const QString& file, const QDateTime& now,
+                          const Progress& progress = {}, const ServerTools& tools = findServerTools());
 
 }  // namespace schema

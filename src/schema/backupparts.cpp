@@ -27,10 +27,6 @@ QString stamp(const QDateTime& now) {
     return now.toString(u"yyyyMMdd-HHmmss"_s);
 }
 
-void report(const Progress& progress, const QString& what, int percent) {
-    if (progress && !progress(what, percent)) throw Error(ErrorCategory::Other, u"Η εργασία διακόπηκε."_s);
-}
-
 void refuseIfThere(const QString& file) {
     if (QFileInfo::exists(file))
         throw Error(ErrorCategory::Constraint,

@@ -14,7 +14,6 @@ QString databaseFileName(Database database);
 QString dumpName(Database database);
 
 QString stamp(const QDateTime& now);
-void report(const Progress& progress, const QString& what, int percent);
 void refuseIfThere(const QString& file);
 
 // A folder of its own beside the place where the result goes, so that the last step is a rename.

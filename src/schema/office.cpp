@@ -156,16 +156,15 @@ void openToRead(data::Connection& connection, const QString& connectionString) {
     closeOnFailure(connection, [&] { openKnown(connection, connectionString + u"; mode=read"_s, properties); });
 }
 
-void open(data::Connection& connection, const QString& connectionString) {
+void open(data::Connection& connection, const QString& connectionString, const Progress& progress) {
     const Properties properties = data::parseConnectionString(connectionString);
     closeOnFailure(connection, [&] {
         openKnown(connection, connectionString, properties);
         const Database database = wantedDatabase(properties);
         const QString file = properties.value(fileKey);
-        const bool onServer = data::identifyFile(file).kind == data::FileKind::ServerDescription;
         upgrade(connection, upgradeSteps(database), [&] {
-            // A server's data are copied by the server's own tools; there the step's transaction is the safety.
-            if (!onServer) copyBeforeUpgrade(connection, database, file, QDateTime::currentDateTime());
+            copyBeforeUpgrade(connection, database, file, QDateTime::currentDateTime(), progress);
+            report(progress, u"Προσαρμογή του %1 στη νέα έκδοση"_s.arg(QFileInfo(file).fileName()), -1);
         });
     });
 }

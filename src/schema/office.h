@@ -7,6 +7,7 @@
 
 #include "data/connection.h"
 #include "data/serverdescription.h"
+#include "schema/progress.h"
 #include "schema/tables.h"
 
 namespace schema {
@@ -21,9 +22,9 @@ QString usersDatabasePath(const QString& folder);  // FOLDER/dorvalistu.mdb
 QString connectionString(Database database, const QString& file);
 
 // Opens a database of the program: refuses, without touching anything, a file that isn't one, one of the other kind
-// (main for users) and one of a newer version; brings an older version up to date. Throws data::Error.
-// Database::Main or Users is told by the connection string: one with a password is the users database.
-void open(data::Connection& connection, const QString& connectionString);
+// (main for users) and one of a newer version; brings an older version up to date, which is what `progress` hears of.
+// Throws data::Error. Database::Main or Users is told by the connection string: one with a password is the users'.
+void open(data::Connection& connection, const QString& connectionString, const Progress& progress = {});
 
 // The same refusals, but for reading only, and an older version stays as it is: for tools that look.
 void openToRead(data::Connection& connection, const QString& connectionString);

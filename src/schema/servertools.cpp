@@ -26,6 +26,10 @@ void requireFound(const ServerTools& tools) {
                     u"pg_restore. Εγκαταστήστε τα (πακέτο postgresql-client)."_s);
 }
 
+[[noreturn]] void failWriting(const QFile& file) {
+    throw Error(ErrorCategory::Full, u"Δεν γράφεται το αρχείο «%1»: %2"_s.arg(file.fileName(), file.errorString()));
+}
+
 // The password goes through the environment, since a command line can be read by everybody.
 QProcessEnvironment environmentFor(const data::ServerDescription& server) {
     QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
@@ -129,6 +133,10 @@ ServerTools findServerTools() {
 void dumpSchema(const ServerTools& tools, const data::ServerDescription& server, const QString& snapshot,
                 const QString& file, const GoOn& goOn) {
     requireFound(tools);
+    QFile mine(file);  // pg_dump would let everybody read it
+    if (!mine.open(QIODevice::WriteOnly) || !mine.setPermissions(QFile::ReadOwner | QFile::WriteOwner))
+        failWriting(mine);
+    mine.close();
     const QString pattern = u'"' + server.schemaName().replace(u'"', u"\"\""_s) + u'"';
     run(tools.dump,
         {u"--format=custom"_s, u"--no-password"_s, u"--lock-wait-timeout=10000"_s, u"--schema="_s + pattern,
@@ -153,8 +161,7 @@ void restoreDump(const ServerTools& tools, const data::ServerDescription& server
     for (const QByteArray& line : all.split('\n'))
         if (isRestored(line)) wanted += line + '\n';
     QFile list(file + u".list"_s);
-    if (!list.open(QIODevice::WriteOnly) || list.write(wanted) != wanted.size() || !list.flush())
-        throw Error(ErrorCategory::Full, u"Δεν γράφεται το αρχείο «%1»: %2"_s.arg(list.fileName(), list.errorString()));
+    if (!list.open(QIODevice::WriteOnly) || list.write(wanted) != wanted.size() || !list.flush()) failWriting(list);
     run(tools.restore,
         {u"--exit-on-error"_s, u"--single-transaction"_s, u"--no-owner"_s, u"--no-privileges"_s, u"--no-password"_s,
          u"--use-list="_s + list.fileName(), u"--dbname="_s + data::pgConnectionText(server), file},

@@ -7,7 +7,7 @@
 #include "core/guard.h"
 #include "core/printlist.h"
 #include "core/printpreview.h"
-#include "core/printprogress.h"
+#include "core/workprogress.h"
 #include "core/printsettings.h"
 #include "support/printedpdf.h"
 #include "support/services.h"
@@ -89,7 +89,7 @@ void stopWhenBusy() {
     auto* timer = new QTimer(qApp);
     QObject::connect(timer, &QTimer::timeout, timer, [timer] {
         QWidget* busy = QApplication::activeModalWidget();
-        if (!busy || busy->objectName() != "PrintProgress") return;
+        if (!busy || busy->objectName() != "WorkProgress") return;
         timer->deleteLater();
         timer->stop();
         part<QPushButton>(*busy, "cmdStop")->click();
@@ -237,6 +237,34 @@ private slots:
         QVERIFY(!QApplication::overrideCursor());
     }
 
+    void theBackgroundIsWaitedForBehindAWindow() {
+        QSemaphore seen;
+        QThread* worker = nullptr;
+        bool stopOffered = true, stays = false;
+        QTimer watch;
+        QObject::connect(&watch, &QTimer::timeout, [&] {
+            QWidget* busy = QApplication::activeModalWidget();
+            const QLabel* label = busy ? busy->findChild<QLabel*>() : nullptr;
+            if (!label || label->text() != "Αντιγραφή") return;
+            watch.stop();
+            stopOffered = busy->findChild<QPushButton*>();
+            QTest::keyClick(busy, Qt::Key_Escape);
+            busy->close();
+            stays = busy->isVisible();
+            seen.release();
+        });
+        watch.start(1);
+        const auto work = [&](const core::Tell& tell) {
+            worker = QThread::currentThread();
+            tell("Αντιγραφή", 40);
+            if (seen.tryAcquire(1, 20000)) throw data::Error(data::ErrorCategory::Full, "ο δίσκος γέμισε");
+        };
+        QVERIFY_THROWS_EXCEPTION(data::Error, core::inBackground(nullptr, "Εργασία", work));
+        QVERIFY(worker && worker != thread());
+        QVERIFY(!stopOffered && stays);
+        QVERIFY(!QApplication::activeModalWidget() && !QApplication::overrideCursor());
+    }
+
     void nothingElseHappensMeanwhile() {
         QPushButton outside("Άλλο");
         outside.show();
@@ -245,7 +273,7 @@ private slots:
         QObject::connect(&outside, &QPushButton::clicked, [&] { ++presses; });
         QMetaObject::invokeMethod(
             &outside, [&] { ++events; }, Qt::QueuedConnection);
-        core::PrintProgress progress(nullptr, "Εργασία");
+        core::WorkProgress progress(nullptr, "Εργασία");
         for (int i = 0; i < 100; ++i) QVERIFY(progress.step(i, 1000));
         // Without the bar, which blocks the other windows, no event gets out.
         QVERIFY(!QApplication::activeModalWidget());

@@ -75,6 +75,28 @@ private slots:
         QCOMPARE(texts(engine, "SELECT fold('ΠαπαδόπουλοΣ «Ά» – 5€')"), QStringList("παπαδοπουλοσ «α» – 5€"));
     }
 
+    // An office whose functions are of an older program gets today's at its next opening, with an index on one of them.
+    void olderFunctionsAreReplaced() {
+        {
+            PgEngine engine(server(), {});
+            engine.script(
+                "DROP FUNCTION jet_dateadd; DROP FUNCTION jet_addmonths;"
+                "CREATE FUNCTION jet_addmonths(at timestamp, months bigint) RETURNS timestamp LANGUAGE sql IMMUTABLE "
+                "STRICT AS 'SELECT at';"
+                "CREATE FUNCTION jet_dateadd(interval_name text, number float8, at timestamp) RETURNS timestamp "
+                "LANGUAGE plpgsql IMMUTABLE STRICT SET search_path FROM CURRENT AS 'BEGIN RETURN at; END';"
+                "CREATE TABLE dated (at timestamp); CREATE INDEX ON dated (jet_dateadd('d', 1, at))");
+            engine.setProperty(QStringLiteral("functions"), QStringLiteral("2"));
+        }
+        PgEngine engine(server(), {});
+        QCOMPARE(texts(engine, "SELECT jet_dateadd('m', 1, timestamp '2026-01-31')::date::text"),
+                 QStringList("2026-02-28"));
+        QCOMPARE(texts(engine,
+                       "SELECT count(*) FROM pg_proc WHERE proname = 'jet_addmonths' AND pronamespace = (SELECT oid "
+                       "FROM pg_namespace WHERE nspname = current_schema())"),
+                 QStringList("1"));
+    }
+
     // In any order they come in, names sort by the bytes of their fold, and equal ones by their row.
     void sameOrder() {
         Connection connection;

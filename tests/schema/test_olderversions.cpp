@@ -110,7 +110,9 @@ private slots:
                 QVERIFY(structure(before, oldName) != structure(wanted, newName));
             before.close();
 
-            schema::open(connection, string);
+            QStringList told;
+            schema::open(connection, string, [&](const QString& what, int) { return told << what, true; });
+            QVERIFY(told.value(0).startsWith(u"Αντιγραφή") && told.last().startsWith(u"Προσαρμογή"));
             QCOMPARE(schema::storedVersion(connection), schema::currentVersion);
             QCOMPARE(schema::findings(connection, database), QStringList());
             const QStringList there = structure(connection, oldName), should = structure(wanted, newName);

@@ -179,6 +179,24 @@ private slots:
         QVERIFY(site.restoreFailure(folder, {}).contains(u"--server"));
     }
 
+    // The dump beside the description file; afterwards the connection writes as before.
+    void anUpgradeHasItsCopyToo() {
+        Site site;
+        data::Connection& main = site.office.main;
+        const QString file = site.office.mainFile();
+        const QDateTime now(QDate(2026, 11, 5), QTime(10, 30), Qt::UTC);
+        const schema::RowCounts counts = schema::rowCounts(main);
+        QCOMPARE(schema::copyBeforeUpgrade(main, Database::Main, file, now, {}, {}), QString());
+        const QString copy = schema::copyBeforeUpgrade(main, Database::Main, file, now);
+        QCOMPARE(copy, file + u".v%1-20261105-103000"_s.arg(schema::currentVersion));
+        QCOMPARE(main.execute(u"delete from Cards where code=1"_s), 1);
+        schema::checkDump(copy, Database::Main, counts, schema::findServerTools(), {});
+        QCOMPARE(QFileInfo(copy).permissions() & 0x77, QFile::Permissions());
+        const schema::ServerTools broken{schema::findServerTools().restore, u"x"_s};
+        QVERIFY(!failureOf([&] { schema::copyBeforeUpgrade(main, Database::Main, file, now, {}, broken); }).isEmpty());
+        QCOMPARE(QDir(site.office.folder.path()).entryList(QDir::Files | QDir::Hidden).size(), 3);
+    }
+
     void withoutTheProgramsNothingIsWritten_data() {
         QTest::addColumn<schema::ServerTools>("tools");
         QTest::addColumn<QString>("part");

@@ -1,4 +1,4 @@
-// Copies of the files made before an upgrade; a server's copies are made by the server's own tools.
+// Copies of the files made before an upgrade.
 #include "schema/backup.h"
 #include "schema/upgrade.h"
 #include "scratchoffice.h"

@@ -10,7 +10,7 @@
 #include "cards/historyreport.h"
 #include "controls/theme.h"
 #include "core/printpreview.h"
-#include "core/printprogress.h"
+#include "core/workprogress.h"
 #include "main/mdimain.h"
 #include "schema/demo.h"
 #include "schema/office.h"
@@ -160,7 +160,7 @@ void shootPrints(Studio& studio, const Album& album) {
     window.menu("MnuΗμερολόγιο")->trigger();
     QWidget& journal = *window.windows().find("frmHmerologio");
     shootPreview(album, "print-list", [&] { journal.findChild<QAbstractButton*>("lblClick(1)")->click(); });
-    core::PrintProgress progress(&window, QStringLiteral("Σχεδίαση σελίδων: Ημερολόγιο Κινήσεων"));
+    core::WorkProgress progress(&window, QStringLiteral("Σχεδίαση σελίδων: Ημερολόγιο Κινήσεων"));
     while (!QApplication::activeModalWidget()) progress.step(340, 1000);
     progress.step(340, 1000);
     album.take(*QApplication::activeModalWidget(), "print-progress");
