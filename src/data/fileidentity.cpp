@@ -5,6 +5,7 @@
 #include <QFileInfo>
 #include <QtEndian>
 
+#include "data/serverdescription.h"
 #include "data/types.h"
 
 namespace data {
@@ -31,23 +32,6 @@ FileIdentity identifySqlite(const QByteArray& head) {
     }
 }
 
-// Lines "key = value", at least one of which names a server or a database; "#" starts a comment.
-bool isServerDescription(QByteArray head) {
-    if (head.startsWith("\xEF\xBB\xBF")) head.remove(0, 3);
-    bool names = false;
-    for (const QByteArray& raw : head.split('\n')) {
-        const QByteArray line = raw.trimmed();
-        if (line.isEmpty() || line.startsWith('#') || line.startsWith('[')) continue;
-        for (const char c : line)
-            if (static_cast<unsigned char>(c) < 0x20 && c != '\t') return false;
-        const qsizetype equals = line.indexOf('=');
-        if (equals <= 0) return false;
-        const QByteArray key = line.left(equals).trimmed().toLower();
-        names |= key == "host" || key == "server" || key == "database" || key == "dbname" || key == "service";
-    }
-    return names;
-}
-
 }  // namespace
 
 FileIdentity identifyFile(const QString& file) {
@@ -61,7 +45,7 @@ FileIdentity identifyFile(const QString& file) {
     if (head.isEmpty()) return {source.error() == QFile::NoError ? FileKind::Empty : FileKind::Unreadable, 0};
     if (isJet(head)) return {FileKind::Jet, 0};
     if (head.startsWith(QByteArray("SQLite format 3\0", 16))) return identifySqlite(head);
-    return {isServerDescription(head) ? FileKind::ServerDescription : FileKind::Noise, 0};
+    return {looksLikeDescription(decodeDescription(head)) ? FileKind::ServerDescription : FileKind::Noise, 0};
 }
 
 QString fileKindText(const QString& file, FileKind kind) {

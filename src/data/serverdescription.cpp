@@ -2,6 +2,7 @@
 
 #include <QFile>
 #include <QFileInfo>
+#include <QStringDecoder>
 
 #include "data/error.h"
 
@@ -23,15 +24,21 @@ constexpr Key keys[] = {
 };
 
 constexpr qint64 longestFile = 64 * 1024;
+// Bytes of the server's 63, less those of "_YYYYMMDD-HHMMSS" behind a schema that a restored one takes the place of.
+constexpr qsizetype longestSchema = 63 - 16;
 
 [[noreturn]] void refuse(const QString& what) {
     throw Error(ErrorCategory::Connection, what);
 }
 
-void set(ServerDescription& server, const QString& name, const QString& value, const QString& where) {
+void set(ServerDescription& server, const QString& name, const QString& value, const QString& where,
+         qsizetype schemaBytes = longestSchema) {
     for (const Key& key : keys)
         if (name.compare(QStringView(key.name), Qt::CaseInsensitive) == 0) {
             server.*key.value = value;
+            if (key.value == &ServerDescription::schema && value.toUtf8().size() > schemaBytes)
+                refuse(where + QStringLiteral(" το όνομα του σχήματος είναι πολύ μακρύ (έως %1 ελληνικά γράμματα).")
+                                   .arg(schemaBytes / 2));
             return;
         }
     refuse(QStringLiteral("%1 το «%2» δεν είναι στοιχείο διακομιστή. Δεκτά είναι: host, port, database, user, sslmode, "
@@ -39,19 +46,67 @@ void set(ServerDescription& server, const QString& name, const QString& value, c
                .arg(where, name.left(40)));
 }
 
+// What a value means: between quotes everything, else up to a comment. A password is never cut.
+QString unwrapped(const QString& text, bool password) {
+    const QChar quote = text.isEmpty() ? QChar() : text.front();
+    if (quote == u'"' || quote == u'\'') {
+        const qsizetype end = password ? text.lastIndexOf(quote) : text.indexOf(quote, 1);
+        const QString rest = text.mid(end + 1).trimmed();
+        if (end > 0 && (rest.isEmpty() || (!password && rest.startsWith(u'#')))) return text.mid(1, end - 1);
+    }
+    const qsizetype comment = password ? -1 : text.indexOf(QStringLiteral(" #"));
+    return comment < 0 ? text : text.left(comment).trimmed();
+}
+
+QString wrapped(const QString& value) {
+    const bool plain = !value.contains(QStringLiteral(" #")) && !value.startsWith(u'"') && !value.startsWith(u'\'') &&
+                       value == value.trimmed();
+    const QChar quote = value.contains(u'"') ? u'\'' : u'"';
+    return plain ? value : quote + value + quote;
+}
+
+// "key = value" of a line; an empty key when there is none in it. False for what needn't be read.
+bool split(const QString& raw, QString& key, QString& value) {
+    const QString line = raw.trimmed();
+    if (line.isEmpty() || line.startsWith(u'#') || line.startsWith(u'[')) return false;
+    const qsizetype equals = line.indexOf(u'=');
+    key = line.left(equals).trimmed();
+    value = equals < 0 ? QString()
+                       : unwrapped(line.mid(equals + 1).trimmed(), key.compare(u"password", Qt::CaseInsensitive) == 0);
+    return true;
+}
+
 }  // namespace
+
+QString decodeDescription(const QByteArray& bytes) {
+    const auto encoding = QStringConverter::encodingForData(bytes).value_or(QStringConverter::Utf8);
+    return QStringDecoder(encoding).decode(bytes);
+}
+
+bool looksLikeDescription(const QString& text) {
+    bool names = false;
+    QString key, value;
+    for (const QString& line : text.split(u'\n')) {
+        for (const QChar c : line)
+            if (c < u' ' && c != u'\t' && c != u'\r') return false;
+        if (!split(line, key, value) || !line.contains(u'=')) continue;
+        for (const Key& known : keys)
+            names |= key.compare(QStringView(known.name), Qt::CaseInsensitive) == 0 &&
+                     (known.value == &ServerDescription::host || known.value == &ServerDescription::database ||
+                      known.value == &ServerDescription::service);
+    }
+    return names;
+}
 
 ServerDescription parseServerDescription(const QString& text, const QString& file) {
     ServerDescription server;
     int number = 0;
-    for (const QString& raw : text.split(u'\n')) {
+    QString key, value;
+    for (const QString& line : text.split(u'\n')) {
         ++number;
-        QString line = raw.trimmed();
-        if (number == 1 && line.startsWith(QChar(0xFEFF))) line = line.mid(1).trimmed();
-        if (line.isEmpty() || line.startsWith(u'#') || line.startsWith(u'[')) continue;
-        const QString where = QStringLiteral("Στο αρχείο «%1», γραμμή %2,").arg(QFileInfo(file).fileName()).arg(number);
-        const qsizetype equals = line.indexOf(u'=');
-        set(server, line.left(equals).trimmed(), equals < 0 ? QString() : line.mid(equals + 1).trimmed(), where);
+        if (!split(line, key, value)) continue;
+        set(server, key, value,
+            QStringLiteral("Στο αρχείο «%1», γραμμή %2,").arg(QFileInfo(file).fileName()).arg(number));
     }
     return server;
 }
@@ -60,7 +115,7 @@ ServerDescription readServerDescription(const QString& file) {
     QFile source(file);
     if (!source.open(QIODevice::ReadOnly))
         refuse(QStringLiteral("Το αρχείο «%1» δεν διαβάζεται: %2").arg(file, source.errorString()));
-    return parseServerDescription(QString::fromUtf8(source.read(longestFile)), file);
+    return parseServerDescription(decodeDescription(source.read(longestFile)), file);
 }
 
 ServerDescription serverFromOptions(const QString& text) {
@@ -80,7 +135,8 @@ ServerDescription serverFromOptions(const QString& text) {
         if (quoted && end < 0) refuse(where + QStringLiteral(" λείπει το κλείσιμο εισαγωγικών."));
         if (!quoted)
             while (end < text.size() && !text[end].isSpace()) ++end;
-        set(server, name, quoted ? text.mid(at + 1, end - at - 1) : text.mid(at, end - at), where);
+        set(server, name, quoted ? text.mid(at + 1, end - at - 1) : text.mid(at, end - at), where,
+            longestSchema - 1);  // the users' schema has one letter more
         at = quoted ? end + 1 : end;
     }
     return server;
@@ -92,7 +148,7 @@ void writeServerDescription(const QString& file, const ServerDescription& server
         const QString value = server.*key.value;
         if (value.isEmpty()) continue;
         if (QStringView(key.name) == u"server") break;
-        text += QStringLiteral("%1 = %2\n").arg(QStringView(key.name), value);
+        text += QStringLiteral("%1 = %2\n").arg(QStringView(key.name), wrapped(value));
     }
     QFile target(file);
     const QByteArray bytes = text.toUtf8();

@@ -13,7 +13,7 @@ struct CellFault {
     QString text;  // a Greek half sentence
 };
 
-// What of a row doesn't fit its columns' types, or can't be stored where texts hold no NUL.
+// What of a row doesn't fit its columns, or can't be stored where texts hold no NUL.
 std::optional<CellFault> unfitCell(const data::TableInfo& table, const data::Cell* row, bool nulAllowed);
 
 // The first column in which two rows of the table differ, -1 when they are the same.

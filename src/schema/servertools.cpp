@@ -30,9 +30,11 @@ void requireFound(const ServerTools& tools) {
     throw Error(ErrorCategory::Full, u"Δεν γράφεται το αρχείο «%1»: %2"_s.arg(file.fileName(), file.errorString()));
 }
 
-// The password goes through the environment, since a command line can be read by everybody.
+// The password goes through the environment, since a command line can be read by everybody. What a seat or a role sets
+// for other programs must not decide in which letters a copy is written.
 QProcessEnvironment environmentFor(const data::ServerDescription& server) {
     QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+    environment.insert(u"PGCLIENTENCODING"_s, u"UTF8"_s);
     if (!server.password.isEmpty()) environment.insert(u"PGPASSWORD"_s, server.password);
     return environment;
 }
@@ -139,8 +141,9 @@ void dumpSchema(const ServerTools& tools, const data::ServerDescription& server,
     mine.close();
     const QString pattern = u'"' + server.schemaName().replace(u'"', u"\"\""_s) + u'"';
     run(tools.dump,
-        {u"--format=custom"_s, u"--no-password"_s, u"--lock-wait-timeout=10000"_s, u"--schema="_s + pattern,
-         u"--snapshot="_s + snapshot, u"--file="_s + file, u"--dbname="_s + data::pgConnectionText(server)},
+        {u"--format=custom"_s, u"--encoding=UTF8"_s, u"--no-password"_s, u"--lock-wait-timeout=10000"_s,
+         u"--schema="_s + pattern, u"--snapshot="_s + snapshot, u"--file="_s + file,
+         u"--dbname="_s + data::pgConnectionText(server)},
         server, goOn);
 }
 

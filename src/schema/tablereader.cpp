@@ -44,7 +44,7 @@ QByteArray sizeOf(const data::EngineDialect& dialect, const data::TableInfo& tab
 }  // namespace
 
 TableReader::TableReader(data::Connection& connection, const data::TableInfo& table)
-    : engine_(connection.engine()), columns_(int(table.columns.size())) {
+    : engine_(connection.engine()), table_(table.name), columns_(int(table.columns.size())) {
     const data::EngineDialect& dialect = engine_.dialect();
     const QByteArray from = dialect.identifier(table.name);
     const QByteArray identity = dialect.rowIdentity(from, table);
@@ -69,7 +69,14 @@ bool TableReader::nextPiece() {
     rows_ = data::RowStore(columns_ + 1);
     if (next.rows == 0) return false;
     last_ = next.last;
-    engine_.query(rowsBetween_, {next.first, next.last}, &rows_);
+    try {
+        engine_.query(rowsBetween_, {next.first, next.last}, &rows_);
+    } catch (const data::Error& error) {  // a value that the engine itself won't hand out
+        throw data::Error(error.category(),
+                          QStringLiteral("Πίνακας %1, εγγραφές %2 έως %3: %4")
+                              .arg(table_, QString::number(next.first), QString::number(next.last), error.text()),
+                          {}, error.engineCode());
+    }
     return rows_.count() > 0;
 }
 

@@ -24,6 +24,7 @@ public:
 
 private:
     data::Engine& engine_;
+    QString table_;
     int columns_;
     QByteArray sizesFromStart_, sizesFrom_, rowsBetween_;
     data::RowStore rows_;

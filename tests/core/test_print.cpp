@@ -7,8 +7,8 @@
 #include "core/guard.h"
 #include "core/printlist.h"
 #include "core/printpreview.h"
-#include "core/workprogress.h"
 #include "core/printsettings.h"
+#include "core/workprogress.h"
 #include "support/printedpdf.h"
 #include "support/services.h"
 

@@ -1,8 +1,12 @@
 // What only a server can do to the road: its fold, lost connections, locks, descriptions and long names.
+#include <sys/socket.h>
+
+#include <QStringEncoder>
 #include <future>
 
 #include "data/databasepassword.h"
 #include "data/dialect/enginedialect.h"
+#include "data/fileidentity.h"
 #include "data/fold.h"
 #include "data/postgres/pgdialect.h"
 #include "roadfixture.h"
@@ -37,6 +41,32 @@ void cut(PgEngine& victim, const ServerDescription& server) {
            QStringList("0")) {
     }
 }
+
+// The descriptors of this process that are sockets.
+QStringList sockets() {
+    QStringList all;
+    for (const QString& number : QDir(QStringLiteral("/proc/self/fd")).entryList(QDir::AllEntries | QDir::System))
+        if (QFile::symLinkTarget(QStringLiteral("/proc/self/fd/") + number).contains(u"socket:")) all << number;
+    return all;
+}
+
+// A role of the run's server, gone with this object.
+class Role {
+public:
+    Role(PgEngine& engine, const QByteArray& more) : engine_(engine), name_(testengine::Schema::newName()) {
+        engine_.script("CREATE ROLE " + name_.toLatin1() + " LOGIN " + more);
+    }
+    ~Role() { engine_.script("DROP OWNED BY " + sql() + " CASCADE; DROP ROLE " + sql()); }
+    QByteArray sql() const { return name_.toLatin1(); }
+    ServerDescription in(ServerDescription server) const {
+        server.user = name_;
+        return server;
+    }
+
+private:
+    PgEngine& engine_;
+    QString name_;
+};
 
 }  // namespace
 
@@ -128,6 +158,22 @@ private slots:
         engine.execute("INSERT INTO \"Saves\" (a) VALUES ($1)", {3});
         QCOMPARE(texts(engine, "SELECT a FROM \"Saves\" ORDER BY a"), QStringList({"1", "3"}));
         QCOMPARE(texts(engine, "SELECT fold('Ώ')"), QStringList("ω"));  // the new session is set up as the first was
+    }
+
+    // The server carries out what it got; only its answer is missing, and another try would write it twice.
+    void lostAnswer() {
+        const QStringList before = sockets();
+        PgEngine engine(server(), {});
+        QStringList mine = sockets();
+        mine.removeIf([&](const QString& socket) { return before.contains(socket); });
+        QCOMPARE(mine.size(), 1);
+        const auto insert = [&] { engine.execute("INSERT INTO \"Saves\" (a) VALUES (7)", {}); };
+        insert();
+        ::shutdown(mine[0].toInt(), SHUT_RD);
+        const Error lost = errorOf(insert);
+        QVERIFY2(lost.text().contains(u"πριν δοκιμάσετε ξανά"), lost.what());
+        while (texts(engine, "SELECT count(*) FROM \"Saves\"") != QStringList("2")) {
+        }
     }
 
     // What was written before the loss is gone, so nothing behind it may be kept either.
@@ -242,6 +288,41 @@ private slots:
         PgEngine(users.description(), right);  // and nothing was touched
     }
 
+    // An administrator prepared the schema for one role; another is its member, a third has nothing to do with it.
+    void membersWorkInTheOwnersName() {
+        PgEngine admin(server(), {});
+        const Role owner(admin, "");
+        const Role member(admin, "IN ROLE " + owner.sql()), stranger(admin, "");
+        admin.script("ALTER ROLE " + member.sql() + " SET default_transaction_isolation TO 'repeatable read'");
+        ServerDescription office = server();
+        office.schema = testengine::Schema::newName();
+        admin.script("CREATE SCHEMA " + office.schema.toLatin1() + " AUTHORIZATION " + owner.sql());
+        createPgDatabase(member.in(office), DatabaseKind::Main);
+        {
+            PgEngine theirs(owner.in(office), {}), engine(member.in(office), {});
+            engine.script("CREATE TABLE \"Saves\" (a integer)");
+            theirs.script("ALTER TABLE \"Saves\" ADD b integer");
+            QCOMPARE(texts(engine, "SHOW default_transaction_isolation"), QStringList("read committed"));
+        }
+        const Error foreign = errorOf([&] { PgEngine(stranger.in(office), {}); });
+        QVERIFY2(foreign.text().contains(u"δικαίωμα στο σχήμα"), foreign.what());
+        dropPgDatabase(member.in(office));
+        QCOMPARE(pgSchemaState(office), PgSchemaState::Empty);  // the schema is the administrator's
+    }
+
+    // What lies in a schema beside tables is somebody's work, too.
+    void aFailedCreationTakesNothingThatWasThere() {
+        PgEngine admin(server(), {});
+        ServerDescription office = server();
+        office.schema = testengine::Schema::newName();
+        const QByteArray schema = office.schema.toLatin1();
+        admin.script("CREATE SCHEMA " + schema + "; CREATE FUNCTION " + schema +
+                     ".theirs() RETURNS integer LANGUAGE sql AS 'SELECT 1'");
+        VERIFY_ERROR(Constraint, createPgDatabase(office, DatabaseKind::Main));
+        QCOMPARE(texts(admin, "SELECT " + schema + ".theirs()"), QStringList("1"));
+        admin.script("DROP SCHEMA " + schema + " CASCADE");
+    }
+
     void refusedServers() {
         ServerDescription nowhere = server();
         nowhere.host += QStringLiteral("/none");
@@ -251,7 +332,8 @@ private slots:
         VERIFY_ERROR(Connection, PgEngine(foreign, {}));
         ServerDescription noDatabase = server();
         noDatabase.database = QStringLiteral("there's none");
-        VERIFY_ERROR(Connection, PgEngine(noDatabase, {}));
+        const Error answered = errorOf([&] { PgEngine(noDatabase, {}); });
+        QVERIFY2(answered.text().startsWith(u"Ο διακομιστής της βάσης απάντησε"), answered.what());
     }
 
     void descriptions_data() {
@@ -272,6 +354,17 @@ private slots:
                                       << ""
                                       << ""
                                       << "γραμμή 2";
+        QTest::newRow("comment and quotes") << "host=a # ο παλιός\ndatabase = ' b # \"c\" '  # και αυτή"
+                                            << "a"
+                                            << " b # \"c\" "
+                                            << "";
+        QTest::newRow("no equals sign") << "host=a\nuser maria"
+                                        << ""
+                                        << ""
+                                        << "γραμμή 2";
+        QTest::newRow("schema's name too long") << "host=a\nschema=" + QString(24, u'ω') << ""
+                                                << ""
+                                                << "μακρύ";
         QTest::newRow("no value") << "host"
                                   << ""
                                   << ""
@@ -281,13 +374,30 @@ private slots:
         QFETCH(QString, text);
         QFETCH(QString, refusal);
         if (!refusal.isEmpty()) {
+            QVERIFY(looksLikeDescription(decodeDescription(text.toUtf8())));
             const Error error = errorOf([&] { parseServerDescription(text, "x"); });
             QVERIFY2(error.category() == ErrorCategory::Connection && error.text().contains(refusal), error.what());
             return;
         }
-        const ServerDescription read = parseServerDescription(text);
+        const ServerDescription read = parseServerDescription(decodeDescription(text.toUtf8()));
         QTEST(read.host, "host");
         QTEST(read.database, "database");
+    }
+
+    void descriptionsReadAsTheyWereWritten() {
+        const QTemporaryDir folder;
+        ServerDescription server{"a", "5433", " μία \"βάση\" # ", "maria", "'it # s'", "require", "", "με κενό"};
+        writeServerDescription(folder.filePath("d"), server);
+        const ServerDescription read = readServerDescription(folder.filePath("d"));
+        QCOMPARE(read.database, server.database);
+        QCOMPARE(read.password, server.password);
+        QCOMPARE(read.schema, server.schema);
+        QFile wide(folder.filePath("w"));  // as an editor saves "Unicode"
+        QVERIFY(wide.open(QIODevice::WriteOnly));
+        wide.write(QStringEncoder(QStringConverter::Utf16LE, QStringConverter::Flag::WriteBom).encode("host=a\r\n"));
+        wide.close();
+        QCOMPARE(identifyFile(wide.fileName()).kind, FileKind::ServerDescription);
+        QCOMPARE(readServerDescription(wide.fileName()).host, "a");
     }
 
     void descriptionsOnTheCommandLine() {
@@ -295,6 +405,7 @@ private slots:
         QCOMPARE(read.host + read.port + read.database + read.user, "a5433μία βάσηx");
         VERIFY_ERROR(Connection, serverFromOptions("host=a nonsense"));
         VERIFY_ERROR(Connection, serverFromOptions("host='a"));
+        VERIFY_ERROR(Connection, serverFromOptions("schema=" + QString(47, u's')));  // "s...su" must fit, too
     }
 };
 

@@ -82,15 +82,17 @@ END $$;
 -- An index stands on jet_dateadd. Bodies that are bound when they are made need no search path, which the server's own
 -- housekeeping doesn't have, and the planner writes them out in place.
 DROP FUNCTION IF EXISTS jet_addmonths(timestamp, bigint);  -- of older offices
-CREATE OR REPLACE FUNCTION jet_inyears(at timestamp) RETURNS timestamp LANGUAGE sql IMMUTABLE PARALLEL SAFE
-    RETURN CASE WHEN at >= timestamp '0100-01-01' AND at < timestamp '10000-01-01' THEN at END;
+-- Null beyond the years 100 to 9999; the sum is looked at before it is made, since the server fails at one out of range.
 CREATE OR REPLACE FUNCTION jet_addmonths(at timestamp, unit float8, number float8) RETURNS timestamp
 LANGUAGE sql IMMUTABLE PARALLEL SAFE
-    RETURN CASE WHEN abs(number) < 150000 / unit
-        THEN jet_inyears(at + make_interval(months => (unit * round(number))::integer)) END;
+    RETURN CASE WHEN abs(number) < 150000 / unit THEN
+        CASE WHEN date_part('year', at) * 12 + date_part('month', at) - 1 + unit * round(number) BETWEEN 1200 AND 119999
+            THEN at + make_interval(months => (unit * round(number))::integer) END END;
 CREATE OR REPLACE FUNCTION jet_addseconds(at timestamp, unit float8, number float8) RETURNS timestamp
 LANGUAGE sql IMMUTABLE PARALLEL SAFE
-    RETURN CASE WHEN abs(number) < 4e11 / unit THEN jet_inyears(at + make_interval(secs => unit * round(number))) END;
+    RETURN CASE WHEN abs(number) < 4e11 / unit THEN
+        CASE WHEN date_part('epoch', at) + unit * round(number) BETWEEN -59011459200 AND 253402300799
+            THEN at + make_interval(secs => unit * round(number)) END END;
 
 CREATE OR REPLACE FUNCTION jet_dateadd(interval_name text, number float8, at timestamp) RETURNS timestamp
 LANGUAGE sql IMMUTABLE PARALLEL SAFE

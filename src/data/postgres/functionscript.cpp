@@ -3,12 +3,13 @@
 #include <QLocale>
 
 #include "data/fold.h"
+#include "data/postgres/pgdialect.h"
 
 namespace data::postgres {
 namespace {
 
 QByteArray quoted(const QString& text) {
-    return '\'' + QString(text).replace(u'\'', QStringLiteral("''")).toUtf8() + '\'';
+    return pgDialect().EngineDialect::textLiteral(text);
 }
 
 // The two lists of SQL's translate(): characters, and what each becomes; those without a partner are dropped.

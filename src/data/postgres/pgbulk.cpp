@@ -1,4 +1,5 @@
 // What carrying a whole database asks of the server engine.
+#include <QCryptographicHash>
 #include <QtEndian>
 
 #include "data/postgres/pgdialect.h"
@@ -40,7 +41,10 @@ qsizetype refusedRow(const PGresult* result) {
 }  // namespace
 
 QByteArray seatName(const ServerDescription& server) {
-    return ("dorvalist " + server.schemaName().toUtf8().toPercentEncoding(" ")).left(longestSeatName);
+    const QByteArray schema = server.schemaName().toUtf8(), prefix = "dorvalist ";
+    const QByteArray plain = prefix + schema.toPercentEncoding(" ");
+    if (plain.size() <= longestSeatName) return plain;
+    return prefix + QCryptographicHash::hash(schema, QCryptographicHash::Md5).toHex();
 }
 
 void PgEngine::requireAlone() {
@@ -132,10 +136,9 @@ qint64 PgEngine::lastNumber(const TableInfo& table) {
 }
 
 void PgEngine::setLastNumber(const TableInfo& table, qint64 number) {
-    query("SELECT setval(pg_get_serial_sequence($1, $2)::regclass, greatest($3::bigint, 1), $3 > 0)",
-          {QString::fromUtf8(dialect().identifier(table.name)),
-           QString::fromUtf8(pgName(table.columns[table.autonumber].name)), number},
-          nullptr);
+    execute("SELECT setval(pg_get_serial_sequence($1, $2)::regclass, greatest($3::bigint, 1), $3 > 0)",
+            {QString::fromUtf8(dialect().identifier(table.name)),
+             QString::fromUtf8(pgName(table.columns[table.autonumber].name)), number});
 }
 
 }  // namespace data

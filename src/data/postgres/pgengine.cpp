@@ -1,9 +1,5 @@
 #include "data/postgres/pgengine.h"
 
-#include <QTimeZone>
-
-#include "data/password.h"
-#include "data/postgres/functionscript.h"
 #include "data/postgres/pgcatalog.h"
 #include "data/postgres/pgdialect.h"
 #include "data/postgres/pgerror.h"
@@ -17,144 +13,23 @@ constexpr int mostPrepared = 96;
 constexpr int upgradeLock = 0x444F5256;
 
 using Result = PgResult;
-
 using OneText = PgOneText;
 
-QByteArray literal(const QString& text) {
-    return '\'' + QString(text).replace(u'\'', QStringLiteral("''")).toUtf8() + '\'';
-}
-
-QString kindName(DatabaseKind kind) {
-    return kind == DatabaseKind::Main ? QStringLiteral("main") : QStringLiteral("users");
-}
-
-// What only reads; the road composes nothing else that gives rows.
-bool onlyReads(const QByteArray& sql) {
-    const QByteArray word = sql.left(8).trimmed().toUpper();
-    return word.startsWith("SELECT") || word.startsWith("EXPLAIN") || word.startsWith("SHOW") ||
-           word.startsWith("(SELECT");
-}
-
-[[noreturn]] void refuseForeign(const ServerDescription& server) {
-    throw Error(ErrorCategory::Connection,
-                QStringLiteral("Στη βάση «%1» του διακομιστή, στο σχήμα «%2», δεν υπάρχει βάση αυτού του προγράμματος.")
-                    .arg(server.database, server.schemaName()));
+// As the commands of the schema want it, without a type.
+QByteArray plainLiteral(const QString& text) {
+    return pgDialect().EngineDialect::textLiteral(text);
 }
 
 }  // namespace
 
-PgEngine::PgEngine(const ServerDescription& server, const OpenSettings& settings)
-    : server_(server), settings_(settings) {
-    connect();
-    if (!settings.readOnly) refreshFunctions();
+QString pgKindName(DatabaseKind kind) {
+    return kind == DatabaseKind::Main ? QStringLiteral("main") : QStringLiteral("users");
 }
 
-PgEngine::PgEngine(const ServerDescription& server, const OpenSettings& settings, Bare)
-    : server_(server), settings_(settings) {
-    configure();
-}
-
-PgEngine::~PgEngine() {
-    disconnect();
-}
-
-void PgEngine::disconnect() noexcept {
-    prepared_.clear();
-    byText_.clear();
-    PQfinish(connection_);
-    connection_ = nullptr;
-    inTransaction_ = false;
-}
-
-void PgEngine::connect() {
-    try {
-        configure();
-        requireOurs();
-    } catch (...) {
-        disconnect();
-        throw;
-    }
-}
-
-void PgEngine::configure() {
-    const std::pair<const char*, QString> wanted[] = {
-        {"service", server_.service},
-        {"host", server_.host},
-        {"port", server_.port},
-        {"dbname", server_.database},
-        {"user", server_.user},
-        {"password", server_.password},
-        {"sslmode", server_.sslMode},
-        {"application_name", QString::fromLatin1(seatName(server_))},
-        {"client_encoding", QStringLiteral("UTF8")},
-        {"connect_timeout", QStringLiteral("10")},
-        {"tcp_user_timeout", QStringLiteral("30000")},
-    };
-    QVector<QByteArray> values;
-    std::vector<const char*> names, pointers;
-    for (const auto& [name, value] : wanted) {
-        if (value.isEmpty()) continue;
-        values += value.toUtf8();
-        names.push_back(name);
-        pointers.push_back(values.last().constData());
-    }
-    names.push_back(nullptr);
-    pointers.push_back(nullptr);
-    connection_ = PQconnectdbParams(names.data(), pointers.data(), 0);
-    if (PQstatus(connection_) != CONNECTION_OK) {
-        const Error error = pgConnectError(QString::fromLocal8Bit(PQerrorMessage(connection_)));
-        disconnect();
-        throw error;
-    }
-    PQsetNoticeProcessor(
-        connection_, [](void*, const char*) {}, nullptr);
-    QByteArray sql =
-        "SET search_path TO " + pgDialect().identifier(server_.schemaName()) +
-        ", pg_temp; SET standard_conforming_strings TO on; SET extra_float_digits TO 1; SET DateStyle TO ISO; "
-        "SET synchronous_commit TO on; "
-        // An office fits into memory, and no statement of it runs long enough to be compiled.
-        "SET random_page_cost TO 1.1; SET jit TO off; SET lock_timeout TO " +
-        QByteArray::number(qMax(1, settings_.busyTimeoutMs));
-    if (settings_.readOnly) sql += "; SET default_transaction_read_only TO on";
-    script(sql);
-    // The clock of the statements is the one on the wall here. A server may not know the zone by its name.
-    Result zone(PQexec(connection_,
-                       ("SET TIME ZONE " + literal(QString::fromLatin1(QTimeZone::systemTimeZoneId()))).constData()));
-    if (PQresultStatus(zone.get()) != PGRES_COMMAND_OK) {
-        const int minutes = QDateTime::currentDateTime().offsetFromUtc() / 60;
-        script("SET TIME ZONE INTERVAL '" + QByteArray::number(minutes) + " minutes'");
-    }
-}
-
-void PgEngine::requireOurs() {
-    OneText found;
-    query(
-        "SELECT to_regtype('_variant')::oid, (SELECT count(*) FROM pg_tables WHERE schemaname = current_schema() AND "
-        "tablename = '_dorvalist')::text",
-        {}, &found);
-    if (found.value != u"1" || found.number == 0) refuseForeign(server_);
-    variant_ = Oid(found.number);
-    if (kind() != DatabaseKind::Users) return;
-    const QString verifier = property(QStringLiteral("password"));
-    if (!verifier.isEmpty() && !verifyPassword(verifier, settings_.password))
-        throw Error(ErrorCategory::Password, QStringLiteral("Ο κωδικός της βάσης δεδομένων δεν είναι σωστός."));
-}
-
-void PgEngine::refreshFunctions() {
-    const QString name = QStringLiteral("functions");
-    if (property(name).toInt() >= postgres::functionsVersion) return;
-    begin();
-    try {
-        lockForUpgrade();
-        if (property(name).toInt() < postgres::functionsVersion) {
-            script(postgres::functionsScript());
-            setProperty(name, QString::number(postgres::functionsVersion));
-        }
-        commit();
-    } catch (...) {
-        rollback();
-        throw;
-    }
+bool onlyReads(const QByteArray& sql) {
+    const QByteArray word = sql.left(8).trimmed().toUpper();
+    return word.startsWith("SELECT") || word.startsWith("EXPLAIN") || word.startsWith("SHOW") ||
+           word.startsWith("(SELECT");
 }
 
 const EngineDialect& PgEngine::dialect() const {
@@ -163,19 +38,6 @@ const EngineDialect& PgEngine::dialect() const {
 
 Catalog PgEngine::readCatalog() {
     return readPgCatalog(*this);
-}
-
-void PgEngine::requireConnection(const QByteArray& sql) {
-    if (connection_ && PQstatus(connection_) == CONNECTION_OK) return;
-    if (inTransaction_) throw pgLostError(sql);
-    disconnect();
-    connect();
-}
-
-void PgEngine::fail(PGresult* result, const QByteArray& sql) {
-    const Result owned(result);
-    if (PQstatus(connection_) != CONNECTION_OK) throw pgLostError(sql);
-    throw pgError(result, sql);
 }
 
 void PgEngine::forget(std::list<Prepared>::iterator entry) {
@@ -265,7 +127,7 @@ void PgEngine::begin() {
 }
 
 void PgEngine::commit() {
-    if (!inTransaction_) throw pgLostError("COMMIT");
+    if (!inTransaction_) throw pgLostError(WhatIsLost::Nothing, "COMMIT");
     // Of a transaction that failed on its way COMMIT says without an error that it was rolled back.
     const bool broken = PQtransactionStatus(connection_) == PQTRANS_INERROR;
     script("COMMIT");
@@ -281,7 +143,8 @@ void PgEngine::rollback() noexcept {
 }
 
 DatabaseKind PgEngine::kind() {
-    return property(QStringLiteral("kind")) == kindName(DatabaseKind::Users) ? DatabaseKind::Users : DatabaseKind::Main;
+    return property(QStringLiteral("kind")) == pgKindName(DatabaseKind::Users) ? DatabaseKind::Users
+                                                                               : DatabaseKind::Main;
 }
 
 int PgEngine::version() {
@@ -330,7 +193,7 @@ QHash<QString, QString> PgEngine::indexes() {
 
 // The comment keeps the statement as it was given, which is what a check compares.
 void PgEngine::createIndex(const QString& name, const QByteArray& sql) {
-    script(sql + "; COMMENT ON INDEX " + pgDialect().identifier(name) + " IS " + literal(QString::fromUtf8(sql)));
+    script(sql + "; COMMENT ON INDEX " + pgDialect().identifier(name) + " IS " + plainLiteral(QString::fromUtf8(sql)));
 }
 
 // The operator class lies wherever the server's extension was put. The comment tells the catalog the columns.
@@ -350,50 +213,11 @@ void PgEngine::createWordIndex(const TableInfo& table, const QVector<int>& colum
         names << table.columns[column].name;
     }
     script("CREATE INDEX " + name + " ON " + pgDialect().identifier(table.name) + " USING gin (" + parts.join(", ") +
-           "); COMMENT ON INDEX " + name + " IS " + literal(names.join(u'\n')));
+           "); COMMENT ON INDEX " + name + " IS " + plainLiteral(names.join(u'\n')));
 }
 
 QStringList PgEngine::damages() {
     return {};
-}
-
-void createPgDatabase(const ServerDescription& server, DatabaseKind kind) {
-    PgEngine engine(server, {}, PgEngine::Bare());
-    const QByteArray schema = pgDialect().identifier(server.schemaName());
-    OneText there;
-    engine.query("SELECT count(*) FROM pg_class JOIN pg_namespace n ON n.oid = relnamespace WHERE nspname = $1",
-                 {server.schemaName()}, &there);
-    if (there.number > 0)
-        throw Error(ErrorCategory::Constraint,
-                    QStringLiteral("Το σχήμα «%1» της βάσης «%2» έχει ήδη πίνακες· δεν πειράχτηκε τίποτα.")
-                        .arg(server.schemaName(), QString::fromUtf8(PQdb(engine.connection_))));
-    OneText encoding;
-    engine.query("SELECT getdatabaseencoding()::text", {}, &encoding);
-    if (encoding.value != u"UTF8")
-        throw Error(ErrorCategory::Connection,
-                    QStringLiteral("Η βάση του διακομιστή έχει κωδικοποίηση %1· χρειάζεται UTF8.").arg(encoding.value));
-    engine.begin();
-    try {
-        engine.script(
-            "CREATE SCHEMA IF NOT EXISTS " + schema +
-            "; CREATE TABLE _dorvalist (name text PRIMARY KEY, value text NOT NULL); CREATE DOMAIN _variant AS text;");
-        engine.script("SET LOCAL check_function_bodies TO off;" + postgres::foldScript() + postgres::functionsScript());
-        engine.setProperty(QStringLiteral("kind"), kindName(kind));
-        engine.setProperty(QStringLiteral("functions"), QString::number(postgres::functionsVersion));
-        engine.commit();
-    } catch (...) {
-        engine.rollback();
-        throw;
-    }
-}
-
-void dropPgDatabase(const ServerDescription& server) noexcept {
-    try {
-        PgEngine(server, {}, PgEngine::Bare())
-            .script("DROP SCHEMA " + pgDialect().identifier(server.schemaName()) + " CASCADE");
-    } catch (const Error&) {
-        // What can't be reached can't be cleaned up either; the first failure is the one to tell of.
-    }
 }
 
 }  // namespace data

@@ -63,12 +63,17 @@ private:
         QByteArray sql, name;
         std::vector<Oid> types;
     };
+    struct Unconnected {};
     struct Bare {};  // connects, and asks for nothing of this program's
 
+    PgEngine(const ServerDescription& server, const OpenSettings& settings, Unconnected);
     PgEngine(const ServerDescription& server, const OpenSettings& settings, Bare);
     void connect();
     void configure();
+    void actAsOwner();
     void requireOurs();
+    void requireUtf8();
+    void makeSchema();
     void refreshFunctions();
     void disconnect() noexcept;
     void requireConnection(const QByteArray& sql);
@@ -90,10 +95,13 @@ private:
     quint64 nextName_ = 0;
 };
 
+// What every session is set to, whatever the server, the database or the role say otherwise; for measurements too.
+QByteArray pgSessionSettings();
+
 // Makes the schema that the description names, if it isn't there, and in it an empty database of this program. A schema
-// that holds tables is refused and left alone.
+// that holds anything but what extensions put there is refused and left alone.
 void createPgDatabase(const ServerDescription& server, DatabaseKind kind);
-// Takes it away again.
+// Takes it away again, and the schema with it unless that was prepared by somebody else.
 void dropPgDatabase(const ServerDescription& server) noexcept;
 
 }  // namespace data

@@ -29,7 +29,6 @@ constexpr Meaning meanings[] = {
     {"42501", ErrorCategory::ReadOnly, u"Δεν έχετε δικαίωμα για αυτή την εντολή στον διακομιστή."},
     {"42", ErrorCategory::Syntax, nullptr},
     {"53100", ErrorCategory::Full, u"Ο δίσκος του διακομιστή είναι γεμάτος. Τίποτα δεν αποθηκεύτηκε."},
-    {"53300", ErrorCategory::Connection, u"Ο διακομιστής δεν δέχεται άλλες συνδέσεις. Δοκιμάστε ξανά σε λίγο."},
     {"54", ErrorCategory::Constraint, u"Η τιμή ή η εντολή είναι υπερβολικά μεγάλη."},
     {"57014", ErrorCategory::Other, u"Η εργασία διακόπηκε."},
     {"57P", ErrorCategory::Connection, u"Ο διακομιστής της βάσης σταμάτησε. Δοκιμάστε ξανά σε λίγο."},
@@ -59,24 +58,32 @@ Error pgError(const PGresult* result, const QByteArray& sql) {
         if (meaning.category == ErrorCategory::Syntax) text = QStringLiteral("Η εντολή δεν είναι σωστή: ") + message;
         return Error(meaning.category, text, statement, numberOf(state));
     }
-    return Error(ErrorCategory::Other, QStringLiteral("Σφάλμα της βάσης δεδομένων: ") + message, statement,
+    const QString own = message.isEmpty() ? QString::fromUtf8(PQresultErrorMessage(result)).trimmed() : message;
+    return Error(ErrorCategory::Other, QStringLiteral("Σφάλμα της βάσης δεδομένων: ") + own, statement,
                  numberOf(state));
 }
 
-Error pgConnectError(const QString& message) {
-    return Error(
-        ErrorCategory::Connection,
-        QStringLiteral("Η σύνδεση με τον διακομιστή της βάσης δεν έγινε. Ελέγξτε το δίκτυο και τα στοιχεία στο "
-                       "αρχείο της βάσης.\n%1")
-            .arg(message.trimmed()));
+Error pgConnectError(const QString& message, PGPing server) {
+    const QString advice =
+        server == PQPING_OK ? QStringLiteral(
+                                  "Ο διακομιστής της βάσης απάντησε, αλλά δεν δέχτηκε τη σύνδεση. Ελέγξτε τον χρήστη, "
+                                  "τον κωδικό και το όνομα της βάσης στα στοιχεία του διακομιστή.")
+        : server == PQPING_REJECT
+            ? QStringLiteral("Ο διακομιστής της βάσης ξεκινά ή σταματά. Δοκιμάστε ξανά σε λίγο.")
+            : QStringLiteral(
+                  "Η σύνδεση με τον διακομιστή της βάσης δεν έγινε. Ελέγξτε το δίκτυο και τα στοιχεία στο "
+                  "αρχείο της βάσης.");
+    return Error(ErrorCategory::Connection, advice + u'\n' + message.trimmed());
 }
 
-Error pgLostError(const QByteArray& sql) {
-    return Error(
-        ErrorCategory::Connection,
-        QStringLiteral("Χάθηκε η σύνδεση με τον διακομιστή της βάσης. Η τελευταία εντολή ίσως δεν εκτελέστηκε· "
-                       "δοκιμάστε ξανά."),
-        QString::fromUtf8(sql));
+Error pgLostError(WhatIsLost what, const QByteArray& sql) {
+    const QString lost = QStringLiteral("Χάθηκε η σύνδεση με τον διακομιστή της βάσης. ");
+    return Error(ErrorCategory::Connection,
+                 lost + (what == WhatIsLost::Nothing
+                             ? QStringLiteral("Η τελευταία εντολή δεν εκτελέστηκε· δοκιμάστε ξανά.")
+                             : QStringLiteral("Η τελευταία εντολή μπορεί να εκτελέστηκε, μπορεί και όχι. Δείτε αν "
+                                              "αποθηκεύτηκε, πριν δοκιμάσετε ξανά.")),
+                 QString::fromUtf8(sql));
 }
 
 }  // namespace data

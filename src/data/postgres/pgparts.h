@@ -28,6 +28,15 @@ public:
     void blob(const char*, qsizetype) override {}
 };
 
+// True for a statement that changes nothing; the road composes no other that gives rows.
+bool onlyReads(const QByteArray& sql);
+
+QString pgKindName(DatabaseKind kind);
+
+// The tables, functions and types in a schema, those of extensions aside.
+class PgEngine;
+qint64 pgObjects(PgEngine& engine, const QString& schema);
+
 // What a seat calls itself on the server, one name for each schema; so others can see whether anybody is there.
 QByteArray seatName(const ServerDescription& server);
 

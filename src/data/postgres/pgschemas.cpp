@@ -8,12 +8,10 @@ namespace data {
 
 PgSchemaState pgSchemaState(const ServerDescription& server) {
     PgEngine engine(server, {}, PgEngine::Bare());
-    PgOneText schemas, tables;
+    PgOneText schemas;
     engine.query("SELECT count(*) FROM pg_namespace WHERE nspname = $1", {server.schemaName()}, &schemas);
     if (schemas.number == 0) return PgSchemaState::Absent;
-    engine.query("SELECT count(*) FROM pg_class JOIN pg_namespace n ON n.oid = relnamespace WHERE nspname = $1",
-                 {server.schemaName()}, &tables);
-    return tables.number == 0 ? PgSchemaState::Empty : PgSchemaState::Taken;
+    return pgObjects(engine, server.schemaName()) == 0 ? PgSchemaState::Empty : PgSchemaState::Taken;
 }
 
 void renamePgSchema(const ServerDescription& server, const QString& name) {
@@ -24,8 +22,9 @@ void renamePgSchema(const ServerDescription& server, const QString& name) {
 }
 
 void createPgSchema(const ServerDescription& server) {
-    PgEngine(server, {}, PgEngine::Bare())
-        .script("CREATE SCHEMA IF NOT EXISTS " + pgDialect().identifier(server.schemaName()));
+    PgEngine engine(server, {}, PgEngine::Bare());
+    engine.requireUtf8();
+    engine.makeSchema();
 }
 
 QString pgConnectionText(const ServerDescription& server) {

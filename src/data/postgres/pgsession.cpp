@@ -1,0 +1,237 @@
+// One session on the server: its beginning, its settings, and what is told when it ends by itself.
+#include <QElapsedTimer>
+#include <QTimeZone>
+
+#include "data/password.h"
+#include "data/postgres/functionscript.h"
+#include "data/postgres/pgdialect.h"
+#include "data/postgres/pgengine.h"
+#include "data/postgres/pgerror.h"
+#include "data/postgres/pgparts.h"
+
+namespace data {
+namespace {
+
+const char functionsProperty[] = "functions";
+
+// What the schema holds of this program. A missing right must not look like a missing office.
+struct Found {
+    Oid variant = 0;
+    bool bookkeeping = false, usable = false;
+};
+
+class FoundRow : public RowSink {
+public:
+    Found found;
+    void integer(qint64 value) override {
+        if (cell_++ == 0) found.variant = Oid(value);
+    }
+    void null() override { ++cell_; }
+    void text(const char* utf8, qsizetype) override {
+        bool& target = cell_++ == 1 ? found.bookkeeping : found.usable;
+        target = *utf8 == 't';
+    }
+    void beginRow() override {}
+    void real(double) override {}
+    void blob(const char*, qsizetype) override {}
+
+private:
+    int cell_ = 0;
+};
+
+[[noreturn]] void refuseForeign(const ServerDescription& server) {
+    throw Error(ErrorCategory::Connection,
+                QStringLiteral("Στη βάση «%1» του διακομιστή, στο σχήμα «%2», δεν υπάρχει βάση αυτού του προγράμματος.")
+                    .arg(server.database, server.schemaName()));
+}
+
+[[noreturn]] void refuseRights(const ServerDescription& server, const char* user) {
+    throw Error(ErrorCategory::Connection,
+                QStringLiteral("Ο χρήστης «%1» δεν έχει δικαίωμα στο σχήμα «%2» του διακομιστή. Δώστε του τον ρόλο του "
+                               "ιδιοκτήτη της βάσης.")
+                    .arg(QString::fromUtf8(user), server.schemaName()));
+}
+
+// The connection's keywords and values, as libpq takes them.
+class ConnectionWords {
+public:
+    explicit ConnectionWords(const ServerDescription& server) {
+        const std::pair<const char*, QString> wanted[] = {
+            {"service", server.service},
+            {"host", server.host},
+            {"port", server.port},
+            {"dbname", server.database},
+            {"user", server.user},
+            {"password", server.password},
+            {"sslmode", server.sslMode},
+            {"application_name", QString::fromLatin1(seatName(server))},
+            {"client_encoding", QStringLiteral("UTF8")},
+            {"connect_timeout", QStringLiteral("10")},
+            // A server that vanishes is missed within half a minute, whether bytes were on their way or not.
+            {"tcp_user_timeout", QStringLiteral("30000")},
+            {"keepalives_idle", QStringLiteral("15")},
+            {"keepalives_interval", QStringLiteral("5")},
+            {"keepalives_count", QStringLiteral("3")},
+        };
+        for (const auto& [name, value] : wanted) {
+            if (value.isEmpty()) continue;
+            values_ += value.toUtf8();
+            names_.push_back(name);
+            pointers_.push_back(values_.last().constData());
+        }
+        names_.push_back(nullptr);
+        pointers_.push_back(nullptr);
+    }
+    const char* const* names() const { return names_.data(); }
+    const char* const* values() const { return pointers_.data(); }
+
+private:
+    QVector<QByteArray> values_;
+    std::vector<const char*> names_, pointers_;
+};
+
+// The statement's beginning, for logs; a script of the schema's own work has a thousand lines.
+QByteArray head(const QByteArray& sql) {
+    constexpr qsizetype longest = 2000;
+    return sql.size() <= longest ? sql : sql.left(longest) + " …";
+}
+
+}  // namespace
+
+QByteArray pgSessionSettings() {
+    return "SET standard_conforming_strings TO on; SET extra_float_digits TO 1; SET DateStyle TO ISO; "
+           "SET synchronous_commit TO on; SET default_transaction_isolation TO 'read committed'; "
+           "SET statement_timeout TO 0; SET idle_session_timeout TO 0; SET idle_in_transaction_session_timeout TO 0; "
+           // An office fits into memory, and no statement of it runs long enough to be compiled.
+           "SET random_page_cost TO 1.1; SET jit TO off";
+}
+
+// A constructor that hands on to another is undone by the destructor when it fails.
+PgEngine::PgEngine(const ServerDescription& server, const OpenSettings& settings, Unconnected)
+    : server_(server), settings_(settings) {}
+
+PgEngine::PgEngine(const ServerDescription& server, const OpenSettings& settings)
+    : PgEngine(server, settings, Unconnected()) {
+    connect();
+    if (!settings.readOnly) refreshFunctions();
+}
+
+PgEngine::PgEngine(const ServerDescription& server, const OpenSettings& settings, Bare)
+    : PgEngine(server, settings, Unconnected()) {
+    configure();
+}
+
+PgEngine::~PgEngine() {
+    disconnect();
+}
+
+void PgEngine::disconnect() noexcept {
+    prepared_.clear();
+    byText_.clear();
+    PQfinish(connection_);
+    connection_ = nullptr;
+    inTransaction_ = false;
+}
+
+void PgEngine::connect() {
+    try {
+        configure();
+        requireOurs();
+    } catch (...) {
+        disconnect();
+        throw;
+    }
+}
+
+void PgEngine::configure() {
+    const ConnectionWords words(server_);
+    QElapsedTimer clock;
+    clock.start();
+    connection_ = PQconnectdbParams(words.names(), words.values(), 0);
+    if (PQstatus(connection_) != CONNECTION_OK) {
+        // Why a connection fails the library tells in words alone. One that took long was never answered.
+        const PGPing answer =
+            clock.elapsed() < 2000 ? PQpingParams(words.names(), words.values(), 0) : PQPING_NO_RESPONSE;
+        const Error error = pgConnectError(QString::fromLocal8Bit(PQerrorMessage(connection_)), answer);
+        disconnect();
+        throw error;
+    }
+    PQsetNoticeProcessor(
+        connection_, [](void*, const char*) {}, nullptr);
+    QByteArray sql = "SET search_path TO " + pgDialect().identifier(server_.schemaName()) + ", pg_temp; " +
+                     pgSessionSettings() + "; SET lock_timeout TO " +
+                     QByteArray::number(qMax(1, settings_.busyTimeoutMs));
+    if (settings_.readOnly) sql += "; SET default_transaction_read_only TO on";
+    script(sql);
+    // The clock of the statements is the one on the wall here. A server may not know the zone by its name.
+    const QByteArray zone = pgDialect().EngineDialect::textLiteral(QString::fromLatin1(QTimeZone::systemTimeZoneId()));
+    const PgResult set(PQexec(connection_, ("SET TIME ZONE " + zone).constData()));
+    if (PQresultStatus(set.get()) != PGRES_COMMAND_OK) {
+        const int minutes = QDateTime::currentDateTime().offsetFromUtc() / 60;
+        script("SET TIME ZONE INTERVAL '" + QByteArray::number(minutes) + " minutes'");
+    }
+    actAsOwner();
+}
+
+// What one seat makes, another one must be able to replace: whoever is a member of the owner works in its name.
+void PgEngine::actAsOwner() {
+    PgOneText owner;
+    query(
+        "SELECT r.rolname::text FROM pg_namespace n JOIN pg_roles r ON r.oid = n.nspowner WHERE nspname = $1 AND "
+        "r.rolname <> current_user AND r.rolname NOT LIKE 'pg\\_%' AND pg_has_role(r.oid, 'MEMBER')",
+        {server_.schemaName()}, &owner);
+    if (!owner.value.isEmpty()) script("SET ROLE " + pgDialect().identifier(owner.value));
+}
+
+void PgEngine::requireOurs() {
+    FoundRow row;
+    query(
+        "SELECT CASE WHEN s.usable THEN to_regtype(quote_ident($1::text) || '._variant')::oid END, EXISTS (SELECT FROM "
+        "pg_tables WHERE schemaname = $1::text AND tablename = '_dorvalist')::text, s.usable::text FROM (SELECT "
+        "coalesce((SELECT has_schema_privilege(oid, 'USAGE') FROM pg_namespace WHERE nspname = $1::text), true) AS "
+        "usable) s",
+        {server_.schemaName()}, &row);
+    if (!row.found.usable) refuseRights(server_, PQuser(connection_));
+    if (!row.found.bookkeeping || row.found.variant == 0) refuseForeign(server_);
+    variant_ = row.found.variant;
+    if (kind() != DatabaseKind::Users) return;
+    const QString verifier = property(QStringLiteral("password"));
+    if (!verifier.isEmpty() && !verifyPassword(verifier, settings_.password))
+        throw Error(ErrorCategory::Password, QStringLiteral("Ο κωδικός της βάσης δεδομένων δεν είναι σωστός."));
+}
+
+void PgEngine::refreshFunctions() {
+    const QString name = QString::fromLatin1(functionsProperty);
+    if (property(name).toInt() >= postgres::functionsVersion) return;
+    begin();
+    try {
+        lockForUpgrade();
+        if (property(name).toInt() < postgres::functionsVersion) {
+            script(postgres::functionsScript());
+            setProperty(name, QString::number(postgres::functionsVersion));
+        }
+        commit();
+    } catch (...) {
+        rollback();
+        throw;
+    }
+}
+
+void PgEngine::requireConnection(const QByteArray& sql) {
+    if (connection_ && PQstatus(connection_) == CONNECTION_OK) return;
+    if (inTransaction_) throw pgLostError(WhatIsLost::Nothing, sql);
+    disconnect();
+    connect();
+}
+
+// A statement that only reads loses nothing, nor does one inside a transaction, which ends with its session. A server
+// that says that it stops didn't begin it. Of any other nobody knows here whether it was carried out.
+void PgEngine::fail(PGresult* result, const QByteArray& sql) {
+    const PgResult owned(result);
+    if (PQstatus(connection_) == CONNECTION_OK) throw pgError(result, head(sql));
+    const bool refused = QByteArray(PQresultErrorField(result, PG_DIAG_SQLSTATE)).startsWith("57P0");
+    const bool certain = refused || onlyReads(sql) || (inTransaction_ && sql != "COMMIT");
+    throw pgLostError(certain ? WhatIsLost::Nothing : WhatIsLost::Unknown, head(sql));
+}
+
+}  // namespace data
