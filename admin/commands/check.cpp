@@ -20,7 +20,7 @@ bool checkDatabase(schema::Database database, const QString& file) {
         schema::openToRead(connection, schema::connectionString(database, file));
         for (const schema::TableCount& count : schema::tableCounts(connection, database))
             out() << u"  %1\t%2"_s.arg(count.table).arg(count.rows) << Qt::endl;
-        found = schema::findings(connection, database);
+        found = schema::findings(connection, database) + schema::hindrances(connection, database);
     } catch (const data::Error& error) {
         found += error.text();
     }

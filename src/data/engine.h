@@ -110,6 +110,7 @@ public:
     virtual void createWordIndex(const TableInfo& table, const QVector<int>& columns) = 0;
     virtual QHash<QString, QString> indexes() = 0;  // name and the statement given to createIndex
     virtual QStringList damages() = 0;              // what the engine finds broken in its own storage, a line each
+    virtual QStringList hindrances() { return {}; }  // what makes searches slow that need not be, a Greek line each
 };
 
 }  // namespace data

@@ -64,8 +64,6 @@ void checkIndexes(QStringList& found, data::Connection& connection, Database dat
     for (const Table& table : tables(database)) {
         const data::TableInfo* there = connection.catalog().find(table.name);
         if (!there) continue;
-        if (wordColumns(table, *there) != there->words.columns)
-            found += u"Πίνακας %1: το ευρετήριο των λέξεων λείπει ή δεν είναι αυτό που πρέπει."_s.arg(table.name);
         for (const Index& index : table.indexes) {
             if (!index.in(currentVersion)) continue;
             const QByteArray sql = indexSql(connection, table, index);
@@ -106,6 +104,16 @@ QStringList findings(data::Connection& connection, Database database) {
     checkTables(found, connection, database);
     checkIndexes(found, connection, database);
     return found + fileDamage(connection);
+}
+
+QStringList hindrances(data::Connection& connection, Database database) {
+    QStringList found = connection.engine().hindrances();
+    for (const Table& table : tables(database)) {
+        const data::TableInfo* there = connection.catalog().find(table.name);
+        if (there && wordColumns(table, *there) != there->words.columns)
+            found += u"Πίνακας %1: το ευρετήριο των λέξεων λείπει ή δεν είναι αυτό που πρέπει."_s.arg(table.name);
+    }
+    return found;
 }
 
 QVector<TableCount> tableCounts(data::Connection& connection, Database database) {

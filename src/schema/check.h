@@ -11,7 +11,10 @@ namespace schema {
 // line each, none when all is well.
 QStringList findings(data::Connection& connection, Database database);
 
-// The engine's part of it alone, whatever the version.
+// What only makes searches slower than they should be; nothing to refuse an office for.
+QStringList hindrances(data::Connection& connection, Database database);
+
+// What the engine finds damaged, alone, whatever the version.
 QStringList fileDamage(data::Connection& connection);
 
 struct TableCount {

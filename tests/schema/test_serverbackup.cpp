@@ -36,10 +36,10 @@ struct Site {
 // A database of its own on the run's server, gone with this object.
 class OtherDatabase {
 public:
-    explicit OtherDatabase(data::Connection& connection) : connection_(connection) {
+    explicit OtherDatabase(data::Connection& connection, const QByteArray& more = {}) : connection_(connection) {
         server_ = testengine::server({});
         server_.database = testengine::Schema::newName();
-        connection_.engine().script("CREATE DATABASE " + server_.database.toUtf8() + " TEMPLATE template0");
+        connection_.engine().script("CREATE DATABASE " + server_.database.toUtf8() + " TEMPLATE template0" + more);
     }
     ~OtherDatabase() { connection_.engine().script("DROP DATABASE " + server_.database.toUtf8() + " WITH (FORCE)"); }
     const data::ServerDescription& server() const { return server_; }
@@ -130,6 +130,22 @@ private slots:
                      }),
                      QString());
         }
+    }
+
+    // Slow searches for words are told, but are no damage: such an office can be moved away, and a copy comes in.
+    void withoutWordIndexesAnOfficeIsStillSound() {
+        Site site;
+        site.backup();
+        const OtherDatabase other(site.office.main, " LOCALE_PROVIDER libc LOCALE 'C' ENCODING 'UTF8'");
+        const QString folder = site.scratch.filePath(u"άλλο"_s);
+        schema::restoreOffice(site.file, folder, {.server = other.server()});
+        data::Connection main;
+        schema::open(main, schema::connectionString(Database::Main, schema::mainDatabasePath(folder)));
+        QVERIFY(schema::hindrances(main, Database::Main).value(0).contains(u"γράμματα"));
+        main.engine().script("DROP EXTENSION pg_trgm CASCADE");
+        main.reloadCatalog();
+        QVERIFY(schema::hindrances(main, Database::Main).value(0).contains(u"ευρετήριο των λέξεων"));
+        QCOMPARE(schema::findings(main, Database::Main), QStringList());
     }
 
     void aCopyComesBackInItsOwnPlace() {

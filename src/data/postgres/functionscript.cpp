@@ -51,6 +51,12 @@ QString lower(const QString& letter) {
     return word.size() == letter.size() ? word : letter;
 }
 
+QByteArray lettersFunction(const QByteArray& name, const Exchange& letters, const QByteArray& of) {
+    return "CREATE OR REPLACE FUNCTION " + name +
+           "(value text) RETURNS text LANGUAGE sql IMMUTABLE PARALLEL SAFE AS $case$ SELECT " + letters.of(of) +
+           " $case$;\n";
+}
+
 }  // namespace
 
 // translate() walks its list for every character. Nearly all texts are plain Latin and Greek, for which the list is
@@ -79,11 +85,10 @@ QByteArray functionsScript() {
     QByteArray script = numberFunctions;
     script += dateFunctions;
     script += textFunctions;
-    for (const auto& [name, list] : {std::pair("jet_ucase", exchange(0x61, 0x24FF, upper)),
-                                     std::pair("jet_lowerletters", exchange(0x41, 0x24FF, lower))})
-        script += QByteArray("CREATE OR REPLACE FUNCTION ") + name +
-                  "(value text) RETURNS text LANGUAGE sql IMMUTABLE PARALLEL SAFE AS $case$ SELECT " + list.of("$1") +
-                  " $case$;\n";
+    Exchange capitals = exchange(0x61, 0x24FF, upper);
+    capitals.add(character(0xE000), QStringLiteral("Ή"));
+    script += lettersFunction("jet_ucase", capitals, "jet_uppermarks($1)");
+    script += lettersFunction("jet_lowerletters", exchange(0x41, 0x24FF, lower), "$1");
     script += formatFunctions;
     script += conversionFunctions;
     return script;

@@ -196,15 +196,21 @@ void PgEngine::createIndex(const QString& name, const QByteArray& sql) {
     script(sql + "; COMMENT ON INDEX " + pgDialect().identifier(name) + " IS " + plainLiteral(QString::fromUtf8(sql)));
 }
 
+// Where the server's extension for words lies, empty when there is none.
+QByteArray PgEngine::wordSchema() {
+    OneText schema;
+    query("SELECT extnamespace::regnamespace::text FROM pg_extension WHERE extname = 'pg_trgm'", {}, &schema);
+    return schema.value.toUtf8();
+}
+
 // The operator class lies wherever the server's extension was put. The comment tells the catalog the columns.
 void PgEngine::createWordIndex(const TableInfo& table, const QVector<int>& columns) {
     script(
         "DO $$ BEGIN CREATE EXTENSION IF NOT EXISTS pg_trgm SCHEMA public; EXCEPTION WHEN OTHERS THEN "
         "RAISE NOTICE 'pg_trgm: %', SQLERRM; END $$");
-    OneText schema;
-    query("SELECT extnamespace::regnamespace::text FROM pg_extension WHERE extname = 'pg_trgm'", {}, &schema);
-    if (schema.value.isEmpty()) return;
-    const QByteArray operators = schema.value.toUtf8() + ".gin_trgm_ops";
+    const QByteArray schema = wordSchema();
+    if (schema.isEmpty()) return;
+    const QByteArray operators = schema + ".gin_trgm_ops";
     const QByteArray name = pgDialect().identifier(wordIndexName(table));
     QByteArrayList parts;
     QStringList names;
@@ -218,6 +224,16 @@ void PgEngine::createWordIndex(const TableInfo& table, const QVector<int>& colum
 
 QStringList PgEngine::damages() {
     return {};
+}
+
+QStringList PgEngine::hindrances() {
+    const QByteArray letters = wordSchema();
+    if (letters.isEmpty()) return {};
+    OneText pieces;
+    query("SELECT cardinality(" + letters + ".show_trgm('λέξη'))", {}, &pieces);
+    if (pieces.number > 0) return {};
+    return {QStringLiteral("Η βάση του διακομιστή δεν γνωρίζει ελληνικά γράμματα (LC_CTYPE), και οι αναζητήσεις λέξεων "
+                           "διαβάζουν όλο τον πίνακα. Φτιάξτε την με --locale=C.UTF-8.")};
 }
 
 }  // namespace data

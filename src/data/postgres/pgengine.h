@@ -50,6 +50,7 @@ public:
     void createIndex(const QString& name, const QByteArray& sql) override;
     void createWordIndex(const TableInfo& table, const QVector<int>& columns) override;
     QStringList damages() override;
+    QStringList hindrances() override;
 
     int backendId() const { return connection_ ? PQbackendPID(connection_) : 0; }
 
@@ -74,6 +75,7 @@ private:
     void requireOurs();
     void requireUtf8();
     void makeSchema();
+    QByteArray wordSchema();
     void refreshFunctions();
     void disconnect() noexcept;
     void requireConnection(const QByteArray& sql);

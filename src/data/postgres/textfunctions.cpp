@@ -70,6 +70,16 @@ BEGIN
     RETURN result || value;
 END $$;
 
+-- What an accent means to capitals, which don't carry it: a vowel that it kept apart from the next gets a dialytika
+-- (Μάιος, ΜΑΪΟΣ), and ή alone keeps its own, to be told from Η; U+E000 stands for that one until letters are exchanged.
+CREATE OR REPLACE FUNCTION jet_uppermarks(value text) RETURNS text LANGUAGE sql IMMUTABLE PARALLEL SAFE AS $$
+    SELECT CASE WHEN value COLLATE "C" !~ '[ß\u0386-\u038f\u03ac-\u03af\u03cc-\u03ce]' THEN value ELSE
+        replace(regexp_replace(regexp_replace(regexp_replace(value COLLATE "C",
+            '([άέήίόύώΆΈΉΊΌΎΏ])[ιίΙΊ]', '\1ϊ', 'g'),
+            '([άέήίόύώΆΈΉΊΌΎΏ])[υύΥΎ]', '\1ϋ', 'g'),
+            '(?<![A-Za-z\u0386\u0388-\u03ce])[ήΉ](?![A-Za-z\u0386\u0388-\u03ce])', U&'\E000', 'g'),
+            'ß', 'SS') END $$;
+
 -- The least or greatest text by its fold; of equal ones, by their bytes, so that the order of rows doesn't matter.
 CREATE OR REPLACE FUNCTION jet_lesser(a text, b text) RETURNS text LANGUAGE sql IMMUTABLE STRICT PARALLEL SAFE AS $$
     SELECT CASE WHEN fold(b) COLLATE "C" < fold(a) COLLATE "C" OR (fold(b) = fold(a) AND b COLLATE "C" < a COLLATE "C")

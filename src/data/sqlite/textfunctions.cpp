@@ -119,7 +119,8 @@ const QLocale& greek() {
 }
 
 void ucase(Context context, int, Values values) {
-    result(context, greek().toUpper(text(values[0])));
+    // The one accent that capitals keep comes as a character of its own.
+    result(context, greek().toUpper(text(values[0])).replace(QStringLiteral("Η\u0301"), QStringLiteral("Ή")));
 }
 
 void lcase(Context context, int, Values values) {
