@@ -1,6 +1,7 @@
 #include "schema/check.h"
 
 #include "data/dialect/enginedialect.h"
+#include "data/smallrows.h"
 #include "schema/indexes.h"
 #include "schema/upgrade.h"
 
@@ -8,23 +9,6 @@ namespace schema {
 namespace {
 
 using namespace Qt::Literals::StringLiterals;
-
-// Rows of texts; other values as their digits.
-struct TextRows : data::RowSink {
-    QVector<QStringList> rows;
-    void beginRow() override { rows += QStringList(); }
-    void null() override { rows.last() += QString(); }
-    void integer(qint64 value) override { rows.last() += QString::number(value); }
-    void real(double value) override { rows.last() += QString::number(value); }
-    void text(const char* utf8, qsizetype size) override { rows.last() += QString::fromUtf8(utf8, size); }
-    void blob(const char*, qsizetype) override { rows.last() += QString(); }
-};
-
-QVector<QStringList> queryTexts(data::Connection& connection, const QByteArray& sql) {
-    TextRows sink;
-    connection.engine().query(sql, {}, &sink);
-    return sink.rows;
-}
 
 QString typeName(const data::ColumnInfo& column) {
     static const QHash<data::ColumnType, QString> names = {{data::ColumnType::Autonumber, u"Autonumber"_s},
@@ -121,7 +105,7 @@ QVector<TableCount> tableCounts(data::Connection& connection, Database database)
     for (const Table& table : tables(database)) {
         if (!connection.catalog().find(table.name)) continue;
         const QByteArray from = connection.engine().dialect().identifier(table.name);
-        counts += {table.name, queryTexts(connection, "SELECT count(*) FROM " + from)[0][0].toLongLong()};
+        counts += {table.name, data::textRows(connection.engine(), "SELECT count(*) FROM " + from).firstNumber()};
     }
     return counts;
 }

@@ -4,6 +4,7 @@
 #include <QFile>
 
 #include "data/dialect/enginedialect.h"
+#include "data/smallrows.h"
 
 namespace schema {
 namespace {
@@ -11,16 +12,6 @@ namespace {
 using namespace Qt::Literals::StringLiterals;
 
 const QByteArray firstLine = "dorvalist-backup\t1";
-
-struct OneCount : data::RowSink {
-    qint64 value = 0;
-    void beginRow() override {}
-    void null() override {}
-    void integer(qint64 number) override { value = number; }
-    void real(double) override {}
-    void text(const char*, qsizetype) override {}
-    void blob(const char*, qsizetype) override {}
-};
 
 // A folder's name may hold what separates the cells and lines.
 QByteArray escaped(const QString& text) {
@@ -36,10 +27,8 @@ QString unescaped(const QByteArray& text) {
 RowCounts rowCounts(data::Connection& connection) {
     RowCounts counts;
     for (const data::TableInfo& table : connection.catalog().tables()) {
-        OneCount rows;
         const QByteArray from = connection.engine().dialect().identifier(table.name);
-        connection.engine().query("SELECT count(*) FROM " + from, {}, &rows);
-        counts.insert(table.name, rows.value);
+        counts.insert(table.name, data::textRows(connection.engine(), "SELECT count(*) FROM " + from).firstNumber());
     }
     return counts;
 }

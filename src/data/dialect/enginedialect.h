@@ -98,8 +98,6 @@ public:
     virtual QByteArray rowIdentity(const QByteArray& source, const TableInfo& table) const;
     // How many bytes a text or binary column holds.
     virtual QByteArray byteSize(const QByteArray& column, ValueKind kind) const;
-    // Whether a text may hold the character NUL.
-    virtual bool storesNul() const { return true; }
 };
 
 }  // namespace data

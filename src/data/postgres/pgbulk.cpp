@@ -48,14 +48,15 @@ QByteArray seatName(const ServerDescription& server) {
 }
 
 void PgEngine::requireAlone() {
-    PgOneText others;
-    query(
-        "SELECT count(*) FROM pg_stat_activity WHERE datname = current_database() AND pid <> pg_backend_pid() AND "
-        "application_name = current_setting('application_name')",
-        {}, &others);
-    if (others.number > 0)
+    const qint64 others =
+        textRows(
+            *this,
+            "SELECT count(*) FROM pg_stat_activity WHERE datname = current_database() AND pid <> pg_backend_pid() AND "
+            "application_name = current_setting('application_name')")
+            .firstNumber();
+    if (others > 0)
         throw Error(ErrorCategory::Busy,
-                    QStringLiteral("Κάποιος έχει ανοιχτή τη βάση στον διακομιστή (συνδέσεις: %1).").arg(others.number));
+                    QStringLiteral("Κάποιος έχει ανοιχτή τη βάση στον διακομιστή (συνδέσεις: %1).").arg(others));
 }
 
 void PgEngine::beginReading(const QByteArray& kind) {
@@ -86,9 +87,7 @@ void PgEngine::holdStill() {
 }
 
 QString PgEngine::snapshotName() {
-    PgOneText name;
-    query("SELECT pg_export_snapshot()::text", {}, &name);
-    return name.value;
+    return textRows(*this, "SELECT pg_export_snapshot()::text").first();
 }
 
 void PgEngine::insertRows(const TableInfo& table, const QVector<QVector<QVariant>>& rows, qsizetype& refused) {
@@ -127,12 +126,10 @@ void PgEngine::afterLoading(const Catalog& catalog) {
 
 // The sequence itself says it also to those who may only look.
 qint64 PgEngine::lastNumber(const TableInfo& table) {
-    PgOneText last;
-    query("SELECT coalesce(pg_sequence_last_value(pg_get_serial_sequence($1, $2)::regclass), 0)",
-          {QString::fromUtf8(dialect().identifier(table.name)),
-           QString::fromUtf8(pgName(table.columns[table.autonumber].name))},
-          &last);
-    return last.number;
+    return textRows(*this, "SELECT coalesce(pg_sequence_last_value(pg_get_serial_sequence($1, $2)::regclass), 0)",
+                    {QString::fromUtf8(dialect().identifier(table.name)),
+                     QString::fromUtf8(pgName(table.columns[table.autonumber].name))})
+        .firstNumber();
 }
 
 void PgEngine::setLastNumber(const TableInfo& table, qint64 number) {

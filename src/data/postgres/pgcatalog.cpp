@@ -1,21 +1,10 @@
 #include "data/postgres/pgcatalog.h"
 
 #include "data/postgres/pgdialect.h"
+#include "data/smallrows.h"
 
 namespace data {
 namespace {
-
-class Rows : public RowSink {
-public:
-    QVector<QStringList> rows;
-
-    void beginRow() override { rows.append(QStringList()); }
-    void null() override { rows.last() << QString(); }
-    void integer(qint64 value) override { rows.last() << QString::number(value); }
-    void real(double value) override { rows.last() << QString::number(value); }
-    void text(const char* utf8, qsizetype size) override { rows.last() << QString::fromUtf8(utf8, size); }
-    void blob(const char*, qsizetype) override { rows.last() << QString(); }
-};
 
 ColumnInfo columnOf(const QString& name, const QString& type, int modifier, bool identity) {
     static const QHash<QString, ColumnType> types = {
@@ -37,11 +26,10 @@ ColumnInfo columnOf(const QString& name, const QString& type, int modifier, bool
 
 // The names of the columns of each word index, by the index's name.
 QHash<QString, QStringList> readWordIndexes(Engine& engine) {
-    Rows found;
-    engine.query(
-        "SELECT c.relname::text, obj_description(c.oid, 'pg_class') FROM pg_class c WHERE c.relnamespace = "
-        "quote_ident(current_schema())::regnamespace AND c.relkind = 'i' AND c.relname LIKE '\\_%\\_words'",
-        {}, &found);
+    const TextRows found =
+        textRows(engine,
+                 "SELECT c.relname::text, obj_description(c.oid, 'pg_class') FROM pg_class c WHERE c.relnamespace = "
+                 "quote_ident(current_schema())::regnamespace AND c.relkind = 'i' AND c.relname LIKE '\\_%\\_words'");
     QHash<QString, QStringList> columns;
     for (const QStringList& row : found.rows) columns.insert(row[0], row[1].split(u'\n'));
     return columns;
@@ -50,15 +38,14 @@ QHash<QString, QStringList> readWordIndexes(Engine& engine) {
 }  // namespace
 
 Catalog readPgCatalog(Engine& engine) {
-    Rows found;
-    engine.query(
+    const TextRows found = textRows(
+        engine,
         "SELECT c.relname::text, coalesce(col_description(c.oid, a.attnum), a.attname::text), a.attname::text, "
         "t.typname::text, a.atttypmod, (a.attidentity <> '')::integer "
         "FROM pg_class c JOIN pg_attribute a ON a.attrelid = c.oid JOIN pg_type t ON t.oid = a.atttypid "
         "WHERE c.relnamespace = quote_ident(current_schema())::regnamespace AND c.relkind IN ('r', 'p') AND a.attnum > "
         "0 AND NOT "
-        "a.attisdropped AND c.relname NOT LIKE '\\_%' ORDER BY c.relname COLLATE \"C\", a.attnum",
-        {}, &found);
+        "a.attisdropped AND c.relname NOT LIKE '\\_%' ORDER BY c.relname COLLATE \"C\", a.attnum");
     const QHash<QString, QStringList> words = readWordIndexes(engine);
     Catalog catalog;
     TableInfo table;
@@ -89,14 +76,13 @@ Catalog readPgCatalog(Engine& engine) {
 }
 
 QHash<QString, QString> readPgIndexes(Engine& engine) {
-    Rows found;
-    engine.query(
+    const TextRows found = textRows(
+        engine,
         "SELECT c.relname::text, coalesce(obj_description(c.oid, 'pg_class'), '') FROM pg_class c JOIN pg_index i ON "
         "i.indexrelid = c.oid WHERE c.relnamespace = quote_ident(current_schema())::regnamespace AND c.relname NOT "
         "LIKE '\\_%' AND "
         "NOT "
-        "EXISTS (SELECT * FROM pg_constraint WHERE conindid = c.oid)",
-        {}, &found);
+        "EXISTS (SELECT * FROM pg_constraint WHERE conindid = c.oid)");
     QHash<QString, QString> indexes;
     for (const QStringList& row : found.rows) indexes.insert(row[0], row[1]);
     return indexes;

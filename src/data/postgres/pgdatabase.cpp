@@ -40,30 +40,34 @@ END $$)sql";
 }  // namespace
 
 qint64 pgObjects(PgEngine& engine, const QString& schema) {
-    PgOneText found;
-    engine.query(
-        "SELECT count(*) FROM (SELECT tableoid, oid, relnamespace AS home FROM pg_class UNION ALL SELECT tableoid, "
-        "oid, "
-        "pronamespace FROM pg_proc UNION ALL SELECT tableoid, oid, typnamespace FROM pg_type) o JOIN pg_namespace n ON "
-        "n.oid = o.home WHERE nspname = $1 AND NOT EXISTS (SELECT FROM pg_depend d WHERE d.classid = o.tableoid AND "
-        "d.objid = o.oid AND d.deptype = 'e')",
-        {schema}, &found);
-    return found.number;
+    return textRows(engine,
+                    "SELECT count(*) FROM (SELECT tableoid, oid, relnamespace AS home FROM pg_class UNION ALL SELECT "
+                    "tableoid, "
+                    "oid, "
+                    "pronamespace FROM pg_proc UNION ALL SELECT tableoid, oid, typnamespace FROM pg_type) o JOIN "
+                    "pg_namespace n ON "
+                    "n.oid = o.home WHERE nspname = $1 AND NOT EXISTS (SELECT FROM pg_depend d WHERE d.classid = "
+                    "o.tableoid AND "
+                    "d.objid = o.oid AND d.deptype = 'e')",
+                    {schema})
+        .firstNumber();
+}
+
+bool PgEngine::hasSchema() {
+    return textRows(*this, "SELECT count(*) FROM pg_namespace WHERE nspname = $1", {server_.schemaName()})
+               .firstNumber() > 0;
 }
 
 // "IF NOT EXISTS" would ask for the right to make one also where one is there.
 void PgEngine::makeSchema() {
-    PgOneText there;
-    query("SELECT count(*) FROM pg_namespace WHERE nspname = $1", {server_.schemaName()}, &there);
-    if (there.number == 0) script("CREATE SCHEMA " + pgDialect().identifier(server_.schemaName()));
+    if (!hasSchema()) script("CREATE SCHEMA " + pgDialect().identifier(server_.schemaName()));
 }
 
 void PgEngine::requireUtf8() {
-    PgOneText encoding;
-    query("SELECT getdatabaseencoding()::text", {}, &encoding);
-    if (encoding.value != u"UTF8")
+    const QString encoding = textRows(*this, "SELECT getdatabaseencoding()::text").first();
+    if (encoding != u"UTF8")
         throw Error(ErrorCategory::Connection,
-                    QStringLiteral("Η βάση του διακομιστή έχει κωδικοποίηση %1· χρειάζεται UTF8.").arg(encoding.value));
+                    QStringLiteral("Η βάση του διακομιστή έχει κωδικοποίηση %1· χρειάζεται UTF8.").arg(encoding));
 }
 
 void createPgDatabase(const ServerDescription& server, DatabaseKind kind) {

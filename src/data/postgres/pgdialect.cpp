@@ -256,7 +256,6 @@ public:
     }
 
     bool ordersAggregates() const override { return true; }
-    bool storesNul() const override { return false; }
 
     QByteArray returningIdentity(const TableInfo& table) const override {
         return " RETURNING " + (table.autonumber < 0 ? "\"_row\"" : identifier(table.columns[table.autonumber].name));

@@ -13,7 +13,6 @@ constexpr int mostPrepared = 96;
 constexpr int upgradeLock = 0x444F5256;
 
 using Result = PgResult;
-using OneText = PgOneText;
 
 // As the commands of the schema want it, without a type.
 QByteArray plainLiteral(const QString& text) {
@@ -97,9 +96,9 @@ ExecuteResult PgEngine::execute(const QByteArray& sql, const QVector<QVariant>& 
     ExecuteResult answer;
     answer.affected = QByteArray(PQcmdTuples(result.get())).toLongLong();
     if (const int rows = PQntuples(result.get()); rows > 0 && PQnfields(result.get()) == 1) {
-        OneText identity;
+        TextRows identity;
         sendRows(result.get(), identity);
-        answer.lastIdentity = identity.number;
+        answer.lastIdentity = identity.firstNumber();
     }
     return answer;
 }
@@ -156,9 +155,7 @@ void PgEngine::setVersion(int version) {
 }
 
 QString PgEngine::property(const QString& name) {
-    OneText found;
-    query("SELECT value FROM _dorvalist WHERE name = $1", {name}, &found);
-    return found.value;
+    return textRows(*this, "SELECT value FROM _dorvalist WHERE name = $1", {name}).first();
 }
 
 void PgEngine::setProperty(const QString& name, const QString& value) {
@@ -172,13 +169,10 @@ void PgEngine::setProperty(const QString& name, const QString& value) {
 }
 
 QMap<QString, QString> PgEngine::properties() {
-    OneText names;
-    query(
-        "SELECT coalesce(string_agg(name, chr(10)), '') FROM _dorvalist WHERE name NOT IN ('kind', 'version', "
-        "'functions')",
-        {}, &names);
+    const TextRows found =
+        textRows(*this, "SELECT name, value FROM _dorvalist WHERE name NOT IN ('kind', 'version', 'functions')");
     QMap<QString, QString> all;
-    for (const QString& name : names.value.split(u'\n', Qt::SkipEmptyParts)) all.insert(name, property(name));
+    for (const QStringList& row : found.rows) all.insert(row[0], row[1]);
     return all;
 }
 
@@ -198,9 +192,9 @@ void PgEngine::createIndex(const QString& name, const QByteArray& sql) {
 
 // Where the server's extension for words lies, empty when there is none.
 QByteArray PgEngine::wordSchema() {
-    OneText schema;
-    query("SELECT extnamespace::regnamespace::text FROM pg_extension WHERE extname = 'pg_trgm'", {}, &schema);
-    return schema.value.toUtf8();
+    return textRows(*this, "SELECT extnamespace::regnamespace::text FROM pg_extension WHERE extname = 'pg_trgm'")
+        .first()
+        .toUtf8();
 }
 
 // The operator class lies wherever the server's extension was put. The comment tells the catalog the columns.
@@ -229,11 +223,10 @@ QStringList PgEngine::damages() {
 QStringList PgEngine::hindrances() {
     const QByteArray letters = wordSchema();
     if (letters.isEmpty()) return {};
-    OneText pieces;
-    query("SELECT cardinality(" + letters + ".show_trgm('λέξη'))", {}, &pieces);
-    if (pieces.number > 0) return {};
-    return {QStringLiteral("Η βάση του διακομιστή δεν γνωρίζει ελληνικά γράμματα (LC_CTYPE), και οι αναζητήσεις λέξεων "
-                           "διαβάζουν όλο τον πίνακα. Φτιάξτε την με --locale=C.UTF-8.")};
+    if (textRows(*this, "SELECT cardinality(" + letters + ".show_trgm('λέξη'))").firstNumber() > 0) return {};
+    return {
+        QStringLiteral("Η βάση του διακομιστή δεν γνωρίζει ελληνικά γράμματα (LC_CTYPE), και οι αναζητήσεις λέξεων "
+                       "διαβάζουν όλο τον πίνακα. Φτιάξτε την με --locale=C.UTF-8.")};
 }
 
 }  // namespace data

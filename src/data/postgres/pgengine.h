@@ -74,6 +74,7 @@ private:
     void actAsOwner();
     void requireOurs();
     void requireUtf8();
+    bool hasSchema();
     void makeSchema();
     QByteArray wordSchema();
     void refreshFunctions();

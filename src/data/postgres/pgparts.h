@@ -5,8 +5,8 @@
 
 #include <memory>
 
-#include "data/engine.h"
 #include "data/serverdescription.h"
+#include "data/smallrows.h"
 
 namespace data {
 
@@ -14,19 +14,6 @@ struct PgResultDeleter {
     void operator()(PGresult* result) const { PQclear(result); }
 };
 using PgResult = std::unique_ptr<PGresult, PgResultDeleter>;
-
-// The one value of a statement that asks for one.
-class PgOneText : public RowSink {
-public:
-    QString value;
-    qint64 number = 0;
-    void beginRow() override {}
-    void null() override {}
-    void integer(qint64 integer) override { number = integer; }
-    void real(double) override {}
-    void text(const char* utf8, qsizetype size) override { value = QString::fromUtf8(utf8, size); }
-    void blob(const char*, qsizetype) override {}
-};
 
 // True for a statement that changes nothing; the road composes no other that gives rows.
 bool onlyReads(const QByteArray& sql);

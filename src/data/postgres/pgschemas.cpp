@@ -8,9 +8,7 @@ namespace data {
 
 PgSchemaState pgSchemaState(const ServerDescription& server) {
     PgEngine engine(server, {}, PgEngine::Bare());
-    PgOneText schemas;
-    engine.query("SELECT count(*) FROM pg_namespace WHERE nspname = $1", {server.schemaName()}, &schemas);
-    if (schemas.number == 0) return PgSchemaState::Absent;
+    if (!engine.hasSchema()) return PgSchemaState::Absent;
     return pgObjects(engine, server.schemaName()) == 0 ? PgSchemaState::Empty : PgSchemaState::Taken;
 }
 

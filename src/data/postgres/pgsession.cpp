@@ -14,31 +14,6 @@ namespace {
 
 const char functionsProperty[] = "functions";
 
-// What the schema holds of this program. A missing right must not look like a missing office.
-struct Found {
-    Oid variant = 0;
-    bool bookkeeping = false, usable = false;
-};
-
-class FoundRow : public RowSink {
-public:
-    Found found;
-    void integer(qint64 value) override {
-        if (cell_++ == 0) found.variant = Oid(value);
-    }
-    void null() override { ++cell_; }
-    void text(const char* utf8, qsizetype) override {
-        bool& target = cell_++ == 1 ? found.bookkeeping : found.usable;
-        target = *utf8 == 't';
-    }
-    void beginRow() override {}
-    void real(double) override {}
-    void blob(const char*, qsizetype) override {}
-
-private:
-    int cell_ = 0;
-};
-
 [[noreturn]] void refuseForeign(const ServerDescription& server) {
     throw Error(ErrorCategory::Connection,
                 QStringLiteral("Στη βάση «%1» του διακομιστή, στο σχήμα «%2», δεν υπάρχει βάση αυτού του προγράμματος.")
@@ -175,25 +150,30 @@ void PgEngine::configure() {
 
 // What one seat makes, another one must be able to replace: whoever is a member of the owner works in its name.
 void PgEngine::actAsOwner() {
-    PgOneText owner;
-    query(
-        "SELECT r.rolname::text FROM pg_namespace n JOIN pg_roles r ON r.oid = n.nspowner WHERE nspname = $1 AND "
-        "r.rolname <> current_user AND r.rolname NOT LIKE 'pg\\_%' AND pg_has_role(r.oid, 'MEMBER')",
-        {server_.schemaName()}, &owner);
-    if (!owner.value.isEmpty()) script("SET ROLE " + pgDialect().identifier(owner.value));
+    const QString owner =
+        textRows(
+            *this,
+            "SELECT r.rolname::text FROM pg_namespace n JOIN pg_roles r ON r.oid = n.nspowner WHERE nspname = $1 AND "
+            "r.rolname <> current_user AND r.rolname NOT LIKE 'pg\\_%' AND pg_has_role(r.oid, 'MEMBER')",
+            {server_.schemaName()})
+            .first();
+    if (!owner.isEmpty()) script("SET ROLE " + pgDialect().identifier(owner));
 }
 
+// A missing right must not look like a missing office.
 void PgEngine::requireOurs() {
-    FoundRow row;
-    query(
-        "SELECT CASE WHEN s.usable THEN to_regtype(quote_ident($1::text) || '._variant')::oid END, EXISTS (SELECT FROM "
-        "pg_tables WHERE schemaname = $1::text AND tablename = '_dorvalist')::text, s.usable::text FROM (SELECT "
-        "coalesce((SELECT has_schema_privilege(oid, 'USAGE') FROM pg_namespace WHERE nspname = $1::text), true) AS "
-        "usable) s",
-        {server_.schemaName()}, &row);
-    if (!row.found.usable) refuseRights(server_, PQuser(connection_));
-    if (!row.found.bookkeeping || row.found.variant == 0) refuseForeign(server_);
-    variant_ = row.found.variant;
+    const QVector<QVariant> schema = {server_.schemaName()};
+    if (textRows(*this, "SELECT 1 FROM pg_namespace WHERE nspname = $1 AND NOT has_schema_privilege(oid, 'USAGE')",
+                 schema)
+            .firstNumber() == 1)
+        refuseRights(server_, PQuser(connection_));
+    variant_ = Oid(textRows(*this,
+                            "SELECT t.oid FROM pg_type t JOIN pg_class c ON c.relnamespace = t.typnamespace JOIN "
+                            "pg_namespace n ON n.oid = t.typnamespace WHERE nspname = $1 AND typname = '_variant' AND "
+                            "relname = '_dorvalist'",
+                            schema)
+                       .firstNumber());
+    if (variant_ == 0) refuseForeign(server_);
     if (kind() != DatabaseKind::Users) return;
     const QString verifier = property(QStringLiteral("password"));
     if (!verifier.isEmpty() && !verifyPassword(verifier, settings_.password))

@@ -2,24 +2,9 @@
 #include "data/sqlite/sqliteengine.h"
 
 #include "data/dialect/enginedialect.h"
+#include "data/smallrows.h"
 
 namespace data {
-namespace {
-
-class OneNumber : public RowSink {
-public:
-    qint64 value = 0;
-    bool there = false;
-    void beginRow() override { there = true; }
-    void null() override {}
-    void integer(qint64 number) override { value = number; }
-    void real(double) override {}
-    void text(const char*, qsizetype) override {}
-    void blob(const char*, qsizetype) override {}
-};
-
-}  // namespace
-
 void SqliteEngine::beginSnapshot() {
     script("BEGIN");
     try {
@@ -50,16 +35,13 @@ void SqliteEngine::insertRows(const TableInfo& table, const QVector<QVector<QVar
 }
 
 qint64 SqliteEngine::lastNumber(const TableInfo& table) {
-    OneNumber found;
-    query("SELECT seq FROM sqlite_sequence WHERE name=?1", {table.name}, &found);
-    return found.value;
+    return textRows(*this, "SELECT seq FROM sqlite_sequence WHERE name=?1", {table.name}).firstNumber();
 }
 
 void SqliteEngine::setLastNumber(const TableInfo& table, qint64 number) {
-    OneNumber found;
-    query("SELECT seq FROM sqlite_sequence WHERE name=?1", {table.name}, &found);
-    execute(found.there ? "UPDATE sqlite_sequence SET seq=?2 WHERE name=?1"
-                        : "INSERT INTO sqlite_sequence (name,seq) VALUES (?1,?2)",
+    const bool there = !textRows(*this, "SELECT seq FROM sqlite_sequence WHERE name=?1", {table.name}).rows.isEmpty();
+    execute(there ? "UPDATE sqlite_sequence SET seq=?2 WHERE name=?1"
+                  : "INSERT INTO sqlite_sequence (name,seq) VALUES (?1,?2)",
             {table.name, number});
 }
 

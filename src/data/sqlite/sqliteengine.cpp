@@ -11,6 +11,7 @@
 #include "data/fileidentity.h"
 #include "data/format.h"
 #include "data/password.h"
+#include "data/smallrows.h"
 #include "data/sqlite/functions.h"
 #include "data/sqlite/sqlitecatalog.h"
 #include "data/sqlite/sqlitedialect.h"
@@ -251,41 +252,25 @@ void SqliteEngine::rollback() noexcept {
     if (sqlite3_get_autocommit(database_) == 0) sqlite3_exec(database_, "ROLLBACK", nullptr, nullptr, nullptr);
 }
 
-namespace {
-
-// Rows of texts; other values as their digits.
-class TextRows : public RowSink {
-public:
-    QVector<QStringList> rows;
-
-    void beginRow() override { rows += QStringList(); }
-    void null() override { rows.last() += QString(); }
-    void integer(qint64 value) override { rows.last() += QString::number(value); }
-    void real(double value) override { rows.last() += QString::number(value); }
-    void text(const char* utf8, qsizetype size) override { rows.last() += QString::fromUtf8(utf8, size); }
-    void blob(const char*, qsizetype) override { rows.last() += QString(); }
-};
-
-QVector<QStringList> texts(Engine& engine, const QByteArray& sql, const QVector<QVariant>& parameters = {}) {
-    TextRows sink;
-    engine.query(sql, parameters, &sink);
-    return sink.rows;
-}
-
-}  // namespace
+namespace {}  // namespace
 
 int SqliteEngine::version() {
-    return texts(*this, "PRAGMA user_version")[0][0].toInt();
+    return int(textRows(*this, "PRAGMA user_version").firstNumber());
 }
 
 void SqliteEngine::setVersion(int version) {
     script("PRAGMA user_version = " + QByteArray::number(version));
 }
 
+// The table of the properties comes with the first of them.
+static bool hasProperties(Engine& engine) {
+    return textRows(engine, "SELECT count(*) FROM sqlite_schema WHERE type='table' AND name='_dorvalista'")
+               .firstNumber() > 0;
+}
+
 QString SqliteEngine::property(const QString& name) {
-    if (texts(*this, "SELECT name FROM sqlite_schema WHERE type='table' AND name='_dorvalista'").isEmpty()) return {};
-    const auto found = texts(*this, "SELECT value FROM _dorvalista WHERE name=?1", {name});
-    return found.isEmpty() ? QString() : found[0][0];
+    if (!hasProperties(*this)) return {};
+    return textRows(*this, "SELECT value FROM _dorvalista WHERE name=?1", {name}).first();
 }
 
 void SqliteEngine::setProperty(const QString& name, const QString& value) {
@@ -300,8 +285,9 @@ void SqliteEngine::setProperty(const QString& name, const QString& value) {
 
 QMap<QString, QString> SqliteEngine::properties() {
     QMap<QString, QString> all;
-    if (texts(*this, "SELECT name FROM sqlite_schema WHERE type='table' AND name='_dorvalista'").isEmpty()) return all;
-    for (const QStringList& row : texts(*this, "SELECT name, value FROM _dorvalista")) all.insert(row[0], row[1]);
+    if (!hasProperties(*this)) return all;
+    for (const QStringList& row : textRows(*this, "SELECT name, value FROM _dorvalista").rows)
+        all.insert(row[0], row[1]);
     return all;
 }
 
@@ -316,14 +302,14 @@ void SqliteEngine::createWordIndex(const TableInfo& table, const QVector<int>& c
 QHash<QString, QString> SqliteEngine::indexes() {
     QHash<QString, QString> indexes;
     for (const QStringList& row :
-         texts(*this, "SELECT name, sql FROM sqlite_schema WHERE type='index' AND sql IS NOT NULL"))
+         textRows(*this, "SELECT name, sql FROM sqlite_schema WHERE type='index' AND sql IS NOT NULL").rows)
         indexes.insert(row[0], row[1]);
     return indexes;
 }
 
 QStringList SqliteEngine::damages() {
     QStringList found;
-    for (const QStringList& row : texts(*this, "PRAGMA integrity_check"))
+    for (const QStringList& row : textRows(*this, "PRAGMA integrity_check").rows)
         if (row[0] != u"ok") found += row[0];
     return found;
 }
