@@ -7,7 +7,6 @@
 #include "core/backupfolder.h"
 #include "core/browsemod.h"
 #include "core/workprogress.h"
-#include "data/fileidentity.h"
 #include "data/format.h"
 #include "platform/folders.h"
 #include "schema/backup.h"
@@ -59,12 +58,10 @@ std::optional<data::Error> openOne(data::Connection& connection, schema::Databas
     }
 }
 
-// Only a database file needs the seat; a server has room for all.
 std::optional<data::Error> takeSeat(core::MainMod& mod) {
     mod.gConn.close();
     mod.gConnUsers.close();
     mod.gSeat.giveBack();
-    if (data::identifyFile(mod.gMainDbPath).kind != data::FileKind::Main) return std::nullopt;
     try {
         mod.gSeat.take(mod.gDataPath, mod.fileSystemKind);
         return std::nullopt;
