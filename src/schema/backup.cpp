@@ -3,6 +3,7 @@
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
+#include <QRegularExpression>
 #include <QTemporaryDir>
 
 #include "data/fileidentity.h"
@@ -121,14 +122,17 @@ QString copyBeforeUpgrade(data::Connection& connection, Database database, const
     const auto workshop = workshopIn(info.absolutePath());
     const QString copy = databasePath(workshop->path(), database);
     if (onServer)
-        dumpChecked(connection, data::readServerDescription(file), database, copy, {.progress = progress, .tools = tools});
+        dumpChecked(connection, data::readServerDescription(file), database, copy,
+                    {.progress = progress, .tools = tools});
     else
         copyChecked(connection, database, copy, progress);
     const QString kept = freeName(target);
     moveTo(copy, kept, false);
-    const auto copies = info.dir().entryInfoList({mark + u"*-*"_s}, QDir::Files, QDir::Time);
-    for (const QFileInfo& old : copies.mid(upgradeCopiesKept))
-        if (old.filePath() != kept) QFile::remove(old.filePath());
+    const QRegularExpression ours(
+        QRegularExpression::anchoredPattern(QRegularExpression::escape(mark) + u"\\d+-\\d{8}-\\d{6}(-\\d+)?"_s));
+    const QStringList copies = info.dir().entryList(QDir::Files, QDir::Time).filter(ours);
+    for (const QString& old : copies.mid(upgradeCopiesKept))
+        if (old != QFileInfo(kept).fileName()) info.dir().remove(old);
     return kept;
 }
 
