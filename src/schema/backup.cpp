@@ -80,10 +80,21 @@ void writeText(const QString& file, const QByteArray& text) {
 }
 
 BackupInfo infoOf(const Manifest& manifest) {
-    BackupInfo info{manifest.made, manifest.folder, 0};
+    BackupInfo info{manifest.made, manifest.folder};
+    for (const Database database : both)
+        if (manifest.members.contains(dumpName(database))) info.onServer += database;
     for (const Manifest::Member& member : manifest.members)
         for (const qint64 rows : member.rows) info.rows += rows;
     return info;
+}
+
+// Unpacked, an office may be larger than the system's folder for temporary files.
+std::unique_ptr<QTemporaryDir> workshopFor(const QString& file, const QString& spareFolder) {
+    try {
+        return workshopIn(QFileInfo(file).absolutePath());
+    } catch (const Error&) {
+        return workshopIn(spareFolder.isEmpty() ? QDir::tempPath() : spareFolder);
+    }
 }
 
 }  // namespace
@@ -106,10 +117,12 @@ BackupInfo backupOffice(const QString& folder, const QString& file, const Backup
     return infoOf(manifest);
 }
 
-BackupInfo checkBackup(const QString& file, const Progress& progress) {
-    const QTemporaryDir workshop;
-    if (!workshop.isValid()) throw Error(ErrorCategory::Full, workshop.errorString());
-    return infoOf(unpackChecked(file, workshop.path(), findServerTools(), progress));
+BackupInfo listBackup(const QString& file, const QString& spareFolder) {
+    return infoOf(unpackManifest(file, workshopFor(file, spareFolder)->path()));
+}
+
+BackupInfo checkBackup(const QString& file, const QString& spareFolder, const Progress& progress) {
+    return infoOf(unpackChecked(file, workshopFor(file, spareFolder)->path(), findServerTools(), progress));
 }
 
 QString copyBeforeUpgrade(data::Connection& connection, Database database, const QString& file, const QDateTime& now,
