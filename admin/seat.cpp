@@ -1,13 +1,10 @@
 #include "admin/seat.h"
 
 #include "data/error.h"
-#include "data/fileidentity.h"
-#include "schema/office.h"
 
 namespace admin {
 
 Seat::Seat(const QString& folder) {
-    if (data::identifyFile(schema::mainDatabasePath(folder)).kind == data::FileKind::ServerDescription) return;
     QObject::connect(&lock_, &schema::SeatLock::lost, [this] { lost_ = true; });
     lock_.take(folder, platform::fileSystemKind);
     sinceTouch_.start();

@@ -5,9 +5,12 @@
 #include <QFile>
 #include <QFileInfo>
 #include <QRegularExpression>
+#include <algorithm>
 
+#include "data/fileidentity.h"
 #include "platform/folders.h"
 #include "schema/backup.h"
+#include "schema/office.h"
 
 namespace core {
 
@@ -16,14 +19,41 @@ namespace {
 const QString section = QStringLiteral("Options");
 const QString key = QStringLiteral("BackupFolder");
 
-QStringList filesLike(const QString& folder, const QString& dataPath, const QString& ending) {
+const QString stampFormat = QStringLiteral("yyyyMMdd-HHmmss");
+constexpr int dayLength = 8;
+
+// When a copy was made is in its name, by the clock on the wall; the file's own time changes when it is carried about.
+struct Copy {
+    QString file, stamp;
+    QString day() const { return stamp.left(dayLength); }
+};
+
+const QString anyKind = QStringLiteral("(?:-m)?"), daily;
+
+// Newest first.
+QVector<Copy> copiesOf(const QString& folder, const QString& dataPath, const QString& ending) {
     const QRegularExpression own(QRegularExpression::anchoredPattern(
-        QStringLiteral("dorvalist-%1-\\d{8}-\\d{6}%2\\.tar").arg(officeTag(dataPath), ending)));
+        QStringLiteral("dorvalist-%1-(\\d{8}-\\d{6})%2\\.tar").arg(officeTag(dataPath), ending)));
     const QStringList names = QDir(folder).entryList({QStringLiteral("dorvalist-*.tar")}, QDir::Files, QDir::Name);
-    QStringList files;
+    QVector<Copy> copies;
     for (const QString& name : names)
-        if (own.match(name).hasMatch()) files.prepend(QDir(folder).filePath(name));
-    return files;
+        if (const auto match = own.match(name); match.hasMatch())
+            copies.prepend({QDir(folder).filePath(name), match.captured(1)});
+    return copies;
+}
+
+// A day of grace: the clocks of several seats differ, and so do zones.
+QString lastCredible(const QDateTime& now) {
+    return now.addDays(1).toString(stampFormat);
+}
+
+// Those of an office's databases that are on a server now.
+QVector<schema::Database> databasesOnServer(const QString& dataPath) {
+    QVector<schema::Database> found;
+    for (const schema::Database database : {schema::Database::Main, schema::Database::Users})
+        if (data::identifyFile(schema::databasePath(dataPath, database)).kind == data::FileKind::ServerDescription)
+            found += database;
+    return found;
 }
 
 }  // namespace
@@ -47,35 +77,66 @@ QString officeTag(const QString& dataPath) {
 
 QString backupName(const QString& dataPath, const QDateTime& now, BackupKind kind) {
     return QStringLiteral("dorvalist-%1-%2%3.tar")
-        .arg(officeTag(dataPath), now.toString(QStringLiteral("yyyyMMdd-HHmmss")),
-             QLatin1String(kind == BackupKind::ByHand ? "-m" : ""));
+        .arg(officeTag(dataPath), now.toString(stampFormat), QLatin1String(kind == BackupKind::ByHand ? "-m" : ""));
+}
+
+void requireBackupFolder(const QString& folder) {
+    if (QFileInfo(folder).isDir()) return;
+    throw data::Error(data::ErrorCategory::Connection,
+                      QStringLiteral("Ο φάκελος δεν υπάρχει. Αν είναι σε εξωτερικό δίσκο ή στο δίκτυο, συνδέστε τον· "
+                                     "αλλιώς διαλέξτε άλλον φάκελο για τα αντίγραφα ασφαλείας από τις Ρυθμίσεις."));
 }
 
 QStringList backupsOf(const QString& folder, const QString& dataPath) {
-    return filesLike(folder, dataPath, QStringLiteral("(-m)?"));
+    QStringList files;
+    for (const Copy& copy : copiesOf(folder, dataPath, anyKind)) files += copy.file;
+    return files;
 }
 
-void dropOldBackups(const QString& folder, const QString& dataPath, int kept) {
-    for (const QString& file : filesLike(folder, dataPath, {}).mid(kept)) QFile::remove(file);
+bool hasDailyBackup(const QString& folder, const QString& dataPath, const QDate& day) {
+    const QVector<Copy> copies = copiesOf(folder, dataPath, daily);
+    const QString wanted = day.toString(QStringLiteral("yyyyMMdd"));
+    return std::any_of(copies.begin(), copies.end(), [&](const Copy& copy) { return copy.day() == wanted; });
 }
 
-void dropAbandonedWork(const QString& folder) {
-    const QDateTime yesterday = QDateTime::currentDateTime().addDays(-1);
-    const auto left =
-        QDir(folder).entryInfoList({QStringLiteral(".dorvalist-??????")}, QDir::Dirs | QDir::Hidden | QDir::NoSymLinks);
-    for (const QFileInfo& info : left)
-        if (info.lastModified() < yesterday) QDir(info.filePath()).removeRecursively();
+QStringList backupsOfTheFuture(const QString& folder, const QString& dataPath, const QDateTime& now) {
+    QStringList files;
+    for (const Copy& copy : copiesOf(folder, dataPath, anyKind))
+        if (copy.stamp > lastCredible(now)) files += copy.file;
+    return files;
 }
 
-std::optional<FoundBackup> newestGoodBackup(const QString& folder, const QString& dataPath) {
-    for (const QString& file : backupsOf(folder, dataPath)) {
+// What a wrong clock dated is left alone: under the years of the right one it would push every true copy out.
+void dropOldBackups(const QString& folder, const QString& dataPath, const QDateTime& now, int keptDays) {
+    QStringList days;
+    for (const Copy& copy : copiesOf(folder, dataPath, daily)) {
+        if (copy.stamp > now.toString(stampFormat)) continue;
+        if (days.contains(copy.day()) || days.size() >= keptDays)
+            QFile::remove(copy.file);
+        else
+            days += copy.day();
+    }
+}
+
+std::optional<FoundBackup> newestGoodBackup(const QString& folder, const QString& dataPath, const QDateTime& now) {
+    requireBackupFolder(folder);
+    QVector<Copy> copies = copiesOf(folder, dataPath, anyKind);
+    std::stable_partition(copies.begin(), copies.end(),
+                          [&](const Copy& copy) { return copy.stamp <= lastCredible(now); });
+    const QVector<schema::Database> onServer = databasesOnServer(dataPath);
+    std::optional<data::Error> unchecked;
+    for (const Copy& copy : copies) {
         try {
-            const schema::BackupInfo info = schema::checkBackup(file);
-            if (officeTag(info.folder) == officeTag(dataPath)) return FoundBackup{file, info.made};
+            const schema::BackupInfo listed = schema::listBackup(copy.file, dataPath);
+            if (officeTag(listed.folder) != officeTag(dataPath) || listed.onServer != onServer) continue;
+            schema::checkBackup(copy.file, dataPath);
+            return FoundBackup{copy.file, listed.made, unchecked ? unchecked->text() : QString()};
         } catch (const data::Error& error) {
-            qWarning("%s: %s", qUtf8Printable(file), error.what());
+            qWarning("%s: %s", qUtf8Printable(copy.file), error.what());
+            if (error.category() != data::ErrorCategory::Corrupt && !unchecked) unchecked = error;
         }
     }
+    if (unchecked) throw *unchecked;
     return std::nullopt;
 }
 

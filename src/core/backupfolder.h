@@ -22,20 +22,27 @@ enum class BackupKind { Daily, ByHand };
 // "dorvalist-TAG-20261105-103000.tar"; one made by hand ends in "-m.tar" and is never dropped.
 QString backupName(const QString& dataPath, const QDateTime& now, BackupKind kind);
 
-// Paths of an office's copies of either kind, newest first.
+// Throws data::Error for a folder that isn't there; a chosen one isn't made, since its disk may just be away.
+void requireBackupFolder(const QString& folder);
+
+// Paths of an office's copies of either kind, newest first by their names.
 QStringList backupsOf(const QString& folder, const QString& dataPath);
+bool hasDailyBackup(const QString& folder, const QString& dataPath, const QDate& day);
+// Likewise, those dated after tomorrow: the clock is wrong, or was.
+QStringList backupsOfTheFuture(const QString& folder, const QString& dataPath, const QDateTime& now);
 
-// Deletes the daily copies of this office beyond the newest ones, and no other file.
-void dropOldBackups(const QString& folder, const QString& dataPath, int kept = dailyBackupsKept);
-
-// Deletes what copies that were killed half way left there more than a day ago.
-void dropAbandonedWork(const QString& folder);
+// Deletes the daily copies of this office, dated up to `now`, that aren't the newest of one of the last days that have
+// any, and no other file.
+void dropOldBackups(const QString& folder, const QString& dataPath, const QDateTime& now,
+                    int keptDays = dailyBackupsKept);
 
 struct FoundBackup {
     QString file;
     QDateTime made;
+    QString notChecked;  // why a newer one couldn't be looked into; empty when there is none such
 };
-// The newest copy of this office that passes every check.
-std::optional<FoundBackup> newestGoodBackup(const QString& folder, const QString& dataPath);
+// The newest copy of this office, each database of the kind that it is now, that passes every check; those of the
+// future come last. Throws data::Error when none does and something else than damage kept one from being checked.
+std::optional<FoundBackup> newestGoodBackup(const QString& folder, const QString& dataPath, const QDateTime& now);
 
 }  // namespace core

@@ -13,7 +13,7 @@ namespace core {
 namespace {
 
 const QString section = QStringLiteral("Options");
-const QString dayKey = QStringLiteral("BackupDay");
+const QString futureKey = QStringLiteral("BackupOfTheFuture");  // the last that was told of
 
 bool isOpen(const MainMod& mod) {
     return mod.gConn.isOpen() && mod.gConnUsers.isOpen();
@@ -32,21 +32,21 @@ struct DailyBackup::Work {
     QDateTime now;
     std::atomic<bool> stop = false;
     schema::ServerTools tools;
-    QString failure;
-
-    QString dayText() const { return now.toString(QStringLiteral("yyyy-MM-dd ")) + officeTag(dataPath); }
+    QString failure, ofTheFuture;
 
     void run() {
         try {
-            QDir().mkpath(folder);
-            dropAbandonedWork(folder);
+            requireBackupFolder(folder);
+            const bool isDaily = kind == BackupKind::Daily;
+            if (isDaily) ofTheFuture = backupsOfTheFuture(folder, dataPath, now).value(0);
+            if (isDaily && hasDailyBackup(folder, dataPath, now.date())) return;
             schema::BackupOptions options;
             options.now = now;
             options.replace = true;  // only a copy of this same office and second has this name
             options.tools = tools;
             options.progress = [this](const QString&, int) { return !stop; };
             schema::backupOffice(dataPath, file, options);
-            if (kind == BackupKind::Daily) dropOldBackups(folder, dataPath);
+            if (isDaily) dropOldBackups(folder, dataPath, now);
         } catch (const data::Error& error) {
             failure = error.text();
         } catch (const std::exception& error) {
@@ -60,16 +60,19 @@ DailyBackup::DailyBackup(MainMod& mod) : mod_(mod) {}
 DailyBackup::~DailyBackup() {
     if (!thread_) return;
     thread_->disconnect(this);
-    work_->stop = true;
+    stop();
     thread_->wait();
+}
+
+void DailyBackup::stop() {
+    if (work_) work_->stop = true;
 }
 
 void DailyBackup::startIfDue(QWidget* parent) {
     if (isRunning() || !isOpen(mod_)) return;
     // A seat without the server's programs leaves the copy to one that has them.
     if ((isOnServer(mod_.gMainDbPath) || isOnServer(mod_.gUsersDbPath)) && !findTools().found()) return;
-    const QString today = mod_.services.clock.now().toString(QStringLiteral("yyyy-MM-dd ")) + officeTag(mod_.gDataPath);
-    if (mod_.services.settings.value(section, dayKey) != today) start(BackupKind::Daily, parent);
+    start(BackupKind::Daily, parent);
 }
 
 void DailyBackup::startByHand(QWidget* parent) {
@@ -108,18 +111,28 @@ void DailyBackup::end() {
     thread_->wait();
     thread_.release()->deleteLater();
     const std::shared_ptr<Work> work = std::move(work_);
-    const bool daily = work->kind == BackupKind::Daily, good = work->failure.isEmpty();
-    platform::Prompts& prompts = mod_.services.prompts;
-    if (daily && good) mod_.services.settings.setValue(section, dayKey, work->dayText());
-    if (!good)
-        prompts.message(frontWindow(parent_), platform::MessageIcon::Warning, programTitle(),
-                        QStringLiteral("Το αντίγραφο ασφαλείας δεν έγινε στον φάκελο «%1».\n%2")
-                            .arg(QDir::toNativeSeparators(work->folder), work->failure));
-    else if (!daily)
-        prompts.message(frontWindow(parent_), platform::MessageIcon::Information, programTitle(),
-                        QStringLiteral("Το αντίγραφο ασφαλείας γράφτηκε και ελέγχθηκε:\n%1")
-                            .arg(QDir::toNativeSeparators(work->file)));
+    if (!work->stop) tell(*work);
     emit finished();
+}
+
+void DailyBackup::tell(const Work& work) {
+    const auto message = [this](platform::MessageIcon icon, const QString& text) {
+        mod_.services.prompts.message(frontWindow(parent_), icon, programTitle(), text);
+    };
+    if (!work.failure.isEmpty())
+        message(platform::MessageIcon::Warning, QStringLiteral("Το αντίγραφο ασφαλείας δεν έγινε στον φάκελο «%1».\n%2")
+                                                    .arg(QDir::toNativeSeparators(work.folder), work.failure));
+    else if (work.kind == BackupKind::ByHand)
+        message(platform::MessageIcon::Information, QStringLiteral("Το αντίγραφο ασφαλείας γράφτηκε και ελέγχθηκε:\n%1")
+                                                        .arg(QDir::toNativeSeparators(work.file)));
+    platform::Settings& settings = mod_.services.settings;
+    if (work.ofTheFuture.isEmpty() || settings.value(section, futureKey) == work.ofTheFuture) return;
+    settings.setValue(section, futureKey, work.ofTheFuture);
+    message(platform::MessageIcon::Warning,
+            QStringLiteral("Υπάρχει αντίγραφο ασφαλείας με μελλοντική ημερομηνία:\n%1\nΕλέγξτε την ημερομηνία του "
+                           "υπολογιστή. Αν είναι σωστή, το αντίγραφο έγινε όταν δεν ήταν: δεν θα σβηστεί από το "
+                           "πρόγραμμα και σε ανάγκη θα προταθεί τελευταίο.")
+                .arg(QDir::toNativeSeparators(work.ofTheFuture)));
 }
 
 }  // namespace core

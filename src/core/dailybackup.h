@@ -21,12 +21,15 @@ public:
     explicit DailyBackup(MainMod& mod);
     ~DailyBackup() override;  // breaks a running copy off, which leaves no file, and waits for that
 
-    // The first time of each day and office, but not on a server whose programs aren't installed here; says nothing
-    // unless it fails, and then tries again at the next start.
+    // Copies unless the folder has the office's copy of the day already, by whichever seat, or the data are on a server
+    // whose programs aren't installed here. Says nothing unless it fails, and then tries again at the next start;
+    // copies of the future are told of once.
     void startIfDue(QWidget* parent);
     // Ends in a message.
     void startByHand(QWidget* parent);
     void chooseFolder(QWidget* parent);
+    // Breaks a running copy off without a word, and without waiting for its last step.
+    void stop();
     // Where the programs are that copy a server's databases.
     std::function<schema::ServerTools()> findTools = schema::findServerTools;
     bool isRunning() const { return thread_ != nullptr; }
@@ -38,6 +41,7 @@ private:
     struct Work;
     void start(BackupKind kind, QWidget* parent);
     void end();
+    void tell(const Work& work);
 
     MainMod& mod_;
     std::shared_ptr<Work> work_;

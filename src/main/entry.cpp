@@ -7,7 +7,6 @@
 #include "core/backupfolder.h"
 #include "core/browsemod.h"
 #include "core/workprogress.h"
-#include "data/fileidentity.h"
 #include "data/format.h"
 #include "platform/folders.h"
 #include "schema/backup.h"
@@ -59,12 +58,10 @@ std::optional<data::Error> openOne(data::Connection& connection, schema::Databas
     }
 }
 
-// Only a database file needs the seat; a server has room for all.
 std::optional<data::Error> takeSeat(core::MainMod& mod) {
     mod.gConn.close();
     mod.gConnUsers.close();
     mod.gSeat.giveBack();
-    if (data::identifyFile(mod.gMainDbPath).kind != data::FileKind::Main) return std::nullopt;
     try {
         mod.gSeat.take(mod.gDataPath, mod.fileSystemKind);
         return std::nullopt;
@@ -91,19 +88,37 @@ QVector<schema::Database> openAndTell(core::MainMod& mod) {
     return found;
 }
 
+// None, too, when the copies can't be looked into, which is told.
+std::optional<core::FoundBackup> newestGoodBackup(core::MainMod& mod) {
+    const QString folder = core::backupFolder(mod.services.settings);
+    try {
+        std::optional<core::FoundBackup> copy;
+        const QDateTime now = mod.services.clock.now();
+        core::inBackground(nullptr, QStringLiteral("Ελέγχονται τα αντίγραφα ασφαλείας"),
+                           [&](const core::Tell&) { copy = core::newestGoodBackup(folder, mod.gDataPath, now); });
+        return copy;
+    } catch (const data::Error& error) {
+        tell(mod, QStringLiteral("Τα αντίγραφα ασφαλείας στον φάκελο «%1» δεν ελέγχθηκαν.\n%2")
+                      .arg(QDir::toNativeSeparators(folder), error.text()));
+        return std::nullopt;
+    }
+}
+
 // Puts the newest good copy in the place of what is damaged, if there is one and the user wants it.
 bool restored(core::MainMod& mod, const QVector<schema::Database>& damaged) {
-    std::optional<core::FoundBackup> copy;
-    core::inBackground(nullptr, QStringLiteral("Ελέγχονται τα αντίγραφα ασφαλείας"), [&](const core::Tell&) {
-        copy = core::newestGoodBackup(core::backupFolder(mod.services.settings), mod.gDataPath);
-    });
+    const auto copy = newestGoodBackup(mod);
     if (!copy) return false;
     const QString made = data::format(copy->made, u"dd/mm/yyyy hh:nn");
+    const QString doubt =
+        copy->notChecked.isEmpty()
+            ? QString()
+            : QStringLiteral("\n\nΈνα νεότερο αντίγραφο δεν μπόρεσε να ελεγχθεί: ") + copy->notChecked;
     if (!mod.services.prompts.question(
             nullptr, core::programTitle(),
             QStringLiteral("Υπάρχει ένα καλό αντίγραφο ασφαλείας της %1.\nΝα επαναφερθεί στη θέση του κατεστραμμένου "
                            "αρχείου; Ό,τι γράφτηκε μετά από τότε δεν θα υπάρχει. Το κατεστραμμένο θα κρατηθεί.")
-                .arg(made)))
+                    .arg(made) +
+                doubt))
         return false;
     try {
         schema::RestoreOptions options;

@@ -22,7 +22,11 @@ Program::Program(core::MainMod& mod) : mod_(mod), backup_(mod) {
 Program::~Program() = default;
 
 bool Program::start() {
-    if (run(mod_) == Outcome::End) return false;
+    opening_ = true;
+    const Outcome outcome = run(mod_);
+    opening_ = false;
+    if (lost_) seatLost();
+    if (outcome == Outcome::End) return false;
     showLogon();
     return true;
 }
@@ -52,8 +56,12 @@ void Program::showMain() {
     QTimer::singleShot(0, this, [this] { backup_.startIfDue(main_.get()); });
 }
 
-// Nothing more may reach the files: somebody else works on them without knowing of this seat.
+// Nothing more may reach the files: somebody else works on them without knowing of this seat. While they are being
+// opened they belong to another thread.
 void Program::seatLost() {
+    lost_ = opening_;
+    if (opening_) return;
+    backup_.stop();
     mod_.gConn.close();
     mod_.gConnUsers.close();
     mod_.services.prompts.message(core::frontWindow(main_.get()), platform::MessageIcon::Critical, core::programTitle(),

@@ -36,6 +36,7 @@ private:
     std::unique_ptr<users::frmLogon> logon_;
     std::unique_ptr<MDIMain> main_;
     core::DailyBackup backup_;
+    bool opening_ = false, lost_ = false;
 };
 
 }  // namespace entry

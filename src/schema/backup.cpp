@@ -3,6 +3,7 @@
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
+#include <QRegularExpression>
 #include <QTemporaryDir>
 
 #include "data/fileidentity.h"
@@ -79,10 +80,21 @@ void writeText(const QString& file, const QByteArray& text) {
 }
 
 BackupInfo infoOf(const Manifest& manifest) {
-    BackupInfo info{manifest.made, manifest.folder, 0};
+    BackupInfo info{manifest.made, manifest.folder};
+    for (const Database database : both)
+        if (manifest.members.contains(dumpName(database))) info.onServer += database;
     for (const Manifest::Member& member : manifest.members)
         for (const qint64 rows : member.rows) info.rows += rows;
     return info;
+}
+
+// Unpacked, an office may be larger than the system's folder for temporary files.
+std::unique_ptr<QTemporaryDir> workshopFor(const QString& file, const QString& spareFolder) {
+    try {
+        return workshopIn(QFileInfo(file).absolutePath());
+    } catch (const Error&) {
+        return workshopIn(spareFolder.isEmpty() ? QDir::tempPath() : spareFolder);
+    }
 }
 
 }  // namespace
@@ -105,10 +117,12 @@ BackupInfo backupOffice(const QString& folder, const QString& file, const Backup
     return infoOf(manifest);
 }
 
-BackupInfo checkBackup(const QString& file, const Progress& progress) {
-    const QTemporaryDir workshop;
-    if (!workshop.isValid()) throw Error(ErrorCategory::Full, workshop.errorString());
-    return infoOf(unpackChecked(file, workshop.path(), findServerTools(), progress));
+BackupInfo listBackup(const QString& file, const QString& spareFolder) {
+    return infoOf(unpackManifest(file, workshopFor(file, spareFolder)->path()));
+}
+
+BackupInfo checkBackup(const QString& file, const QString& spareFolder, const Progress& progress) {
+    return infoOf(unpackChecked(file, workshopFor(file, spareFolder)->path(), findServerTools(), progress));
 }
 
 QString copyBeforeUpgrade(data::Connection& connection, Database database, const QString& file, const QDateTime& now,
@@ -121,14 +135,17 @@ QString copyBeforeUpgrade(data::Connection& connection, Database database, const
     const auto workshop = workshopIn(info.absolutePath());
     const QString copy = databasePath(workshop->path(), database);
     if (onServer)
-        dumpChecked(connection, data::readServerDescription(file), database, copy, {.progress = progress, .tools = tools});
+        dumpChecked(connection, data::readServerDescription(file), database, copy,
+                    {.progress = progress, .tools = tools});
     else
         copyChecked(connection, database, copy, progress);
     const QString kept = freeName(target);
     moveTo(copy, kept, false);
-    const auto copies = info.dir().entryInfoList({mark + u"*-*"_s}, QDir::Files, QDir::Time);
-    for (const QFileInfo& old : copies.mid(upgradeCopiesKept))
-        if (old.filePath() != kept) QFile::remove(old.filePath());
+    const QRegularExpression ours(
+        QRegularExpression::anchoredPattern(QRegularExpression::escape(mark) + u"\\d+-\\d{8}-\\d{6}(-\\d+)?"_s));
+    const QStringList copies = info.dir().entryList(QDir::Files, QDir::Time).filter(ours);
+    for (const QString& old : copies.mid(upgradeCopiesKept))
+        if (old != QFileInfo(kept).fileName()) info.dir().remove(old);
     return kept;
 }
 

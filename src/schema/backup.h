@@ -28,6 +28,7 @@ struct BackupInfo {
     QDateTime made;
     QString folder;  // of the office, absolute
     qint64 rows = 0;
+    QVector<Database> onServer = {};  // when it was made; of these there is a dump
 };
 
 // Copies both databases while others work; one on a server by the server's own tools. Each copy is opened, checked
@@ -35,8 +36,12 @@ struct BackupInfo {
 // that name is there. Throws data::Error.
 BackupInfo backupOffice(const QString& folder, const QString& file, const BackupOptions& options = {});
 
-// Unpacks a copy beside nobody's data, checks everything in it and forgets it. Throws data::Error when it isn't good.
-BackupInfo checkBackup(const QString& file, const Progress& progress = {});
+// What a copy's own list says. Throws data::Error, Corrupt when it has none.
+BackupInfo listBackup(const QString& file, const QString& spareFolder = {});
+
+// Unpacks a copy, checks everything in it and forgets it; beside it, or in the spare folder (else the system's) when
+// nothing can be written there. Throws data::Error when it isn't good, and only then Corrupt.
+BackupInfo checkBackup(const QString& file, const QString& spareFolder = {}, const Progress& progress = {});
 
 struct RestoreOptions {
     bool force = false;  // a database that is there is kept aside under a dated name instead of being refused

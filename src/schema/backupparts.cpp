@@ -123,8 +123,7 @@ void checkPacked(const QString& archive, const Manifest& manifest, const QString
     }
 }
 
-Manifest unpackChecked(const QString& file, const QString& folder, const ServerTools& tools, const Progress& progress) {
-    report(progress, u"Άνοιγμα του αντιγράφου"_s, 0);
+Manifest unpackManifest(const QString& file, const QString& folder) {
     if (extractArchive(file, folder, {manifestName}).isEmpty())
         throw Error(ErrorCategory::Corrupt, u"Το αρχείο «%1» δεν είναι αντίγραφο ασφαλείας του προγράμματος."_s.arg(
                                                 QDir::toNativeSeparators(file)));
@@ -132,6 +131,12 @@ Manifest unpackChecked(const QString& file, const QString& folder, const ServerT
     dropForeign(manifest);
     if (!hasBoth(manifest))
         throw Error(ErrorCategory::Corrupt, u"Το αντίγραφο δεν έχει και τις δύο βάσεις δεδομένων."_s);
+    return manifest;
+}
+
+Manifest unpackChecked(const QString& file, const QString& folder, const ServerTools& tools, const Progress& progress) {
+    report(progress, u"Άνοιγμα του αντιγράφου"_s, 0);
+    const Manifest manifest = unpackManifest(file, folder);
     checkPacked(file, manifest, folder);
     for (const Database database : {Database::Main, Database::Users}) {
         report(progress, u"Έλεγχος του "_s + databaseFileName(database), 0);

@@ -1,70 +1,157 @@
 #include "schema/seatlock.h"
 
 #include <QCoreApplication>
-#include <QDateTime>
 #include <QDir>
 #include <QFile>
+#include <QTemporaryFile>
+#include <QUuid>
+#include <optional>
 
 #include "data/error.h"
+#include "data/fileidentity.h"
+#include "platform/processes.h"
+#include "schema/office.h"
 
 namespace schema {
 
 namespace {
 
-QString holderText(const QLockFile& lock) {
-    qint64 pid = 0;
-    QString host, program;
-    if (!lock.getLockInfo(&pid, &host, &program)) return QStringLiteral("άλλη θέση");
-    return QStringLiteral("η θέση «%1»").arg(host);
+// A machine that slept finds out soon after that its seat was taken.
+constexpr int lookSeconds = 5;
+
+// The lines of a lock file; the last one tells two takings of one process apart.
+enum Line { Host, Boot, Process, Taking };
+
+QByteArray newMark() {
+    const QByteArrayList lines = {QSysInfo::machineHostName().toUtf8(), QSysInfo::bootUniqueId(),
+                                  QByteArray::number(QCoreApplication::applicationPid()),
+                                  QUuid::createUuid().toByteArray(QUuid::WithoutBraces)};
+    return lines.join('\n') + '\n';
 }
 
-[[noreturn]] void refuse(const QLockFile& lock) {
-    if (lock.error() != QLockFile::LockFailedError)
-        throw data::Error(data::ErrorCategory::ReadOnly,
-                          QStringLiteral("Ο φάκελος των δεδομένων βρίσκεται στο δίκτυο και δεν γράφεται."));
+struct Holder {
+    QByteArray mark;
+    QDateTime touched;
+
+    QByteArray line(Line which) const { return mark.split('\n').value(which); }
+};
+
+std::optional<Holder> holderOf(const QString& file) {
+    constexpr qint64 most = 4096;
+    QFile source(file);
+    if (!source.open(QIODevice::ReadOnly)) return std::nullopt;
+    const QByteArray mark = source.read(most);
+    return Holder{mark, source.fileTime(QFileDevice::FileModificationTime)};
+}
+
+// Its process is gone from this very run of this machine. The machine's name alone wouldn't do: disks are copied with
+// it.
+bool isDead(const Holder& holder) {
+    const QByteArray boot = QSysInfo::bootUniqueId();
+    const bool here =
+        !boot.isEmpty() && holder.line(Boot) == boot && holder.line(Host) == QSysInfo::machineHostName().toUtf8();
+    return here && !platform::processRuns(holder.line(Process).toLongLong());
+}
+
+// Removes the file if it holds this text; it goes out of the others' way first, since one of them may just be putting
+// his own in its place.
+void removeMarked(const QString& file, const QByteArray& mark) {
+    const auto found = holderOf(file);
+    if (!found || found->mark != mark) return;
+    const QString aside = file + u'.' + QUuid::createUuid().toString(QUuid::WithoutBraces);
+    if (!QFile::rename(file, aside)) return;
+    const auto moved = holderOf(aside);
+    if (moved && moved->mark == mark)
+        QFile::remove(aside);
+    else
+        QFile::rename(aside, file);
+}
+
+// False when the file is there already.
+bool makeMarked(const QString& file, const QByteArray& mark) {
+    QFile target(file);
+    if (target.open(QIODevice::WriteOnly | QIODevice::NewOnly | QIODevice::Unbuffered)) {
+        if (target.write(mark) == mark.size()) return true;
+        target.remove();
+    } else if (QFile::exists(file)) {
+        return false;
+    }
+    throw data::Error(data::ErrorCategory::ReadOnly,
+                      QStringLiteral("Ο φάκελος των δεδομένων βρίσκεται στο δίκτυο και δεν γράφεται."));
+}
+
+[[noreturn]] void refuse(const QString& file) {
+    const auto holder = holderOf(file);
+    const QString host = QString::fromUtf8(holder ? holder->line(Host) : QByteArray());
     throw data::Error(
         data::ErrorCategory::Busy,
         QStringLiteral("Ο φάκελος των δεδομένων βρίσκεται στο δίκτυο και τον χρησιμοποιεί %1. Μια βάση σε αρχείο του "
-                       "δικτύου την ανοίγει μία θέση κάθε φορά, αλλιώς θα καταστρεφόταν. Κλείστε το πρόγραμμα εκεί, ή "
-                       "ζητήστε από τον διαχειριστή να μεταφέρει τα δεδομένα σε διακομιστή βάσεων δεδομένων, όπου "
+                       "δικτύου την ανοίγει μία θέση κάθε φορά, αλλιώς θα καταστρεφόταν. Κλείστε το πρόγραμμα εκεί (αν "
+                       "διακόπηκε απότομα, δοκιμάστε ξανά σε %2 λεπτά), ή ζητήστε από τον διαχειριστή να μεταφέρει τα "
+                       "δεδομένα σε διακομιστή βάσεων δεδομένων, όπου "
                        "δουλεύουν όλες οι θέσεις μαζί.")
-            .arg(holderText(lock)));
+            .arg(host.isEmpty() ? QStringLiteral("άλλη θέση") : QStringLiteral("η θέση «%1»").arg(host))
+            .arg(SeatLock::staleSeconds / 60));
+}
+
+QDateTime timeOfNewFile(const QString& folder) {
+    QTemporaryFile file(QDir(folder).filePath(QStringLiteral("dorvalist.seat.XXXXXX")));
+    if (!file.open() || file.write("\n") != 1 || !file.flush()) return {};
+    return file.fileTime(QFileDevice::FileModificationTime);
+}
+
+bool isOnServer(const QString& folder) {
+    const auto onServer = [&](Database database) {
+        return data::identifyFile(databasePath(folder, database)).kind == data::FileKind::ServerDescription;
+    };
+    return onServer(Database::Main) && onServer(Database::Users);
 }
 
 }  // namespace
 
-SeatLock::SeatLock() {
-    connect(&timer_, &QTimer::timeout, this, &SeatLock::touch);
+SeatLock::SeatLock() : folderTime(timeOfNewFile) {
+    connect(&timer_, &QTimer::timeout, this, &SeatLock::touchIfDue);
 }
 
-SeatLock::~SeatLock() = default;
+SeatLock::~SeatLock() {
+    giveBack();
+}
 
 void SeatLock::take(const QString& folder, const Probe& probe) {
     giveBack();
-    if (probe(folder) == platform::FileSystemKind::Local) return;
+    if (probe(folder) == platform::FileSystemKind::Local || isOnServer(folder)) return;
     file_ = QDir(folder).filePath(QStringLiteral("dorvalist.seat"));
-    auto lock = std::make_unique<QLockFile>(file_);
-    lock->setStaleLockTime(staleSeconds * 1000);
-    if (!lock->tryLock(0)) refuse(*lock);
-    lock_ = std::move(lock);
-    timer_.start(touchSeconds * 1000);
+    const QByteArray mark = newMark();
+    if (!makeMarked(file_, mark)) {
+        const auto holder = holderOf(file_);
+        const QDateTime now = folderTime(folder);
+        const bool old = holder && now.isValid() && qAbs(holder->touched.secsTo(now)) > staleSeconds;
+        if (!holder || !(old || isDead(*holder))) refuse(file_);
+        removeMarked(file_, holder->mark);
+        if (!makeMarked(file_, mark)) refuse(file_);
+    }
+    mark_ = mark;
+    touched_ = QDateTime::currentDateTimeUtc();
+    timer_.start(lookSeconds * 1000);
 }
 
 void SeatLock::giveBack() {
     timer_.stop();
-    lock_.reset();
+    if (isHeld()) removeMarked(file_, mark_);
+    mark_.clear();
 }
 
+void SeatLock::touchIfDue() {
+    if (qAbs(touched_.secsTo(QDateTime::currentDateTimeUtc())) >= touchSeconds) touch();
+}
+
+// Written, because then the file server stamps it by its own clock.
 void SeatLock::touch() {
-    if (!lock_) return;
-    qint64 pid = 0;
-    QString host, program;
-    const bool ours = lock_->getLockInfo(&pid, &host, &program) && pid == QCoreApplication::applicationPid() &&
-                      host == QSysInfo::machineHostName();
+    if (!isHeld()) return;
+    touched_ = QDateTime::currentDateTimeUtc();
     QFile file(file_);
-    if (ours && file.open(QIODevice::ReadWrite | QIODevice::ExistingOnly) &&
-        file.setFileTime(QDateTime::currentDateTime(), QFileDevice::FileModificationTime))
-        return;
+    const auto flags = QIODevice::ReadWrite | QIODevice::ExistingOnly | QIODevice::Unbuffered;
+    if (file.open(flags) && file.readAll() == mark_ && file.seek(0) && file.write(mark_) == mark_.size()) return;
     timer_.stop();
     emit lost();
 }

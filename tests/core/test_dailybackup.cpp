@@ -1,6 +1,9 @@
 #include "core/dailybackup.h"
 
+#include <sys/resource.h>
+
 #include <QSignalSpy>
+#include <csignal>
 
 #include "schema/backup.h"
 #include "support/office.h"
@@ -15,15 +18,20 @@ struct Site {
         office.mod.gMainDbPath = schema::mainDatabasePath(office.folder());
         office.mod.gUsersDbPath = schema::usersDatabasePath(office.folder());
         core::setBackupFolder(office.desk.settings, folder);
+        QDir().mkpath(folder);
     }
-    // Runs what is due to its end; false when nothing was.
-    bool runDue() {
+    // Runs what a start does to its end; false when that is nothing.
+    bool run() { return run(backup); }
+    static bool run(DailyBackup& backup) {
         QSignalSpy finished(&backup, &DailyBackup::finished);
         backup.startIfDue(nullptr);
         return backup.isRunning() && finished.wait(60000);
     }
     QStringList copies() { return QDir(folder).entryList(QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot); }
-    QString day() { return office.desk.settings.value("Options", "BackupDay", ""); }
+    // Of this office, so many days before.
+    QString name(int day, BackupKind kind = BackupKind::Daily, int secondsLess = 0) {
+        return core::backupName(office.folder(), office.desk.clock.now().addDays(-day).addSecs(-secondsLess), kind);
+    }
 
     support::Office office;
     QString folder = office.directory_.filePath("αντίγραφα");
@@ -42,21 +50,47 @@ class TestDailyBackup : public QObject {
 private slots:
     void onceADayWithoutAWord() {
         Site site;
-        QVERIFY(site.runDue());
-        QVERIFY(!site.runDue());
-        QCOMPARE(site.copies(),
-                 QStringList(core::backupName(site.office.folder(), site.office.desk.clock.now(), BackupKind::Daily)));
-        schema::checkBackup(QDir(site.folder).filePath(site.copies().first()));
+        QVERIFY(site.run());
+        const QStringList first = site.copies();
+        QCOMPARE(first, QStringList(site.name(0)));
+        schema::checkBackup(QDir(site.folder).filePath(first[0]));
+        site.office.desk.clock.advance(3600);
+        QVERIFY(site.run());
+        QCOMPARE(site.copies(), first);
         site.office.desk.clock.advance(86400);
-        QVERIFY(site.runDue());
+        QVERIFY(site.run());
         QCOMPARE(site.copies().size(), 2);
         QVERIFY(site.office.desk.prompts.isEmpty());
+    }
+
+    // Another user's settings know nothing of the copy, and those who start at once all make one.
+    void oneForAllSeats() {
+        Site site;
+        support::Desk desk;
+        core::setBackupFolder(desk.settings, site.folder);
+        core::MainMod mod{desk.services};
+        site.office.open(mod);
+        mod.gDataPath = site.office.folder();
+        mod.gMainDbPath = site.office.mod.gMainDbPath;
+        mod.gUsersDbPath = site.office.mod.gUsersDbPath;
+        DailyBackup seat(mod);
+        desk.clock.advance(60);
+
+        QSignalSpy finished(&site.backup, &DailyBackup::finished);
+        site.backup.startIfDue(nullptr);
+        QVERIFY(Site::run(seat));
+        QVERIFY(!site.backup.isRunning() || finished.wait(60000));
+        QVERIFY(Site::run(seat));
+        desk.clock.advance(86400);
+        QVERIFY(Site::run(seat));
+        QCOMPARE(site.copies().size(), 2);
+        QVERIFY(desk.prompts.isEmpty() && site.office.desk.prompts.isEmpty());
     }
 
     void withoutTheServersProgramsNothingIsDoneAndNothingSaid() {
         Site site;
         site.backup.findTools = [] { return schema::ServerTools(); };
-        QCOMPARE(site.runDue(), !testengine::isPostgres());
+        QCOMPARE(site.run(), !testengine::isPostgres());
         QVERIFY(site.office.desk.prompts.isEmpty());
         if (!testengine::isPostgres()) return;
         QSignalSpy finished(&site.backup, &DailyBackup::finished);
@@ -72,36 +106,27 @@ private slots:
         QTimer timer;
         QObject::connect(&timer, &QTimer::timeout, [&] { ++turns; });
         timer.start(0);
-        QVERIFY(site.runDue());
+        QVERIFY(site.run());
         QVERIFY(turns > 10);
     }
 
     void onlyItsOwnOldFilesGoAndOnlyForAGoodOne() {
         Site site;
-        QDir().mkpath(site.folder);
-        const QDateTime now = site.office.desk.clock.now();
-        const auto name = [&](const QString& office, int day, BackupKind kind) {
-            return core::backupName(office, now.addDays(-day), kind);
-        };
-        QStringList kept;
-        for (int day = 1; day <= 20; ++day)
-            leave(site.folder + '/' + name(site.office.folder(), day, BackupKind::Daily));
-        for (const QString& other :
-             {name("/άλλο", 30, BackupKind::Daily), name(site.office.folder(), 40, BackupKind::ByHand),
-              QString("dorvalist-mine.tar"), QString("x") + name(site.office.folder(), 50, BackupKind::Daily)}) {
-            leave(site.folder + '/' + other);
-            kept << other;
-        }
+        QStringList kept = {site.name(40, BackupKind::ByHand), "dorvalist-mine.tar", "x" + site.name(50),
+                            core::backupName("/άλλο", site.office.desk.clock.now().addDays(-30), BackupKind::Daily)};
+        QStringList left = kept;
+        for (int day = 1; day <= 20; ++day) left << site.name(day);
+        left << site.name(3, BackupKind::Daily, 60);  // an earlier one of a day that has another
+        for (const QString& name : left) leave(site.folder + '/' + name);
         // No room for a copy: everything stays, the failure is told, and the day isn't done.
         site.office.mod.gDataPath = site.folder;
-        QVERIFY(site.runDue());
-        QCOMPARE(site.copies().size(), 24);
+        QVERIFY(site.run());
+        QCOMPARE(site.copies().size(), left.size());
         QVERIFY(site.office.desk.prompts.lastText().startsWith("Το αντίγραφο ασφαλείας δεν έγινε"));
-        QCOMPARE(site.day(), QString());
 
         site.office.mod.gDataPath = site.office.folder();
-        QVERIFY(site.runDue());
-        for (int day = 0; day <= 13; ++day) kept << name(site.office.folder(), day, BackupKind::Daily);
+        QVERIFY(site.run());
+        for (int day = 0; day <= 13; ++day) kept << site.name(day);
         QStringList there = site.copies();
         std::sort(kept.begin(), kept.end());
         std::sort(there.begin(), there.end());
@@ -109,42 +134,80 @@ private slots:
         QCOMPARE(site.office.desk.prompts.count(), 1);
     }
 
-    void whatAKilledCopyLeftGoesAfterADay() {
+    void aWrongClockCostsNoCopy() {
         Site site;
-        const QString old = site.folder + "/.dorvalist-AbCdEf", young = site.folder + "/.dorvalist-GhIjKl";
-        for (const QString& folder : {old, young}) {
-            QDir().mkpath(folder);
-            leave(folder + "/dorvalist.mdb");
+        support::RecordingPrompts& prompts = site.office.desk.prompts;
+        const QDate today = site.office.desk.clock.now().date();
+        for (int day = 1; day <= 14; ++day) leave(site.folder + '/' + site.name(day));
+        QStringList all = site.copies();
+        for (const QDate& day : {QDate(2000, 1, 1), QDate(2000, 1, 2)}) {
+            site.office.desk.clock.set(day);
+            QVERIFY(site.run());
+            all += site.name(0);
+            std::sort(all.begin(), all.end());
+            QCOMPARE(site.copies(), all);
+            QCOMPARE(prompts.count(), 1);  // once for both
+            QVERIFY2(prompts.lastText().contains("μελλοντική"), qPrintable(prompts.lastText()));
         }
-        QVERIFY(QProcess::execute("touch", {"-d", "2 days ago", old}) == 0);
-        QVERIFY(site.runDue());
-        QVERIFY(!QFileInfo::exists(old) && QFileInfo::exists(young + "/dorvalist.mdb"));
+        site.office.desk.clock.set(today);
+        const QString late =
+            core::backupName(site.office.folder(), QDateTime(QDate(2099, 1, 1), QTime()), BackupKind::Daily);
+        leave(site.folder + '/' + late);
+        QVERIFY(site.run());
+        all = QStringList(late);
+        for (int day = 0; day <= 13; ++day) all << site.name(day);
+        std::sort(all.begin(), all.end());
+        QCOMPARE(site.copies(), all);
+        QCOMPARE(prompts.count(), 2);
+        QVERIFY2(prompts.lastText().contains(late), qPrintable(prompts.lastText()));
     }
 
-    void aFolderThatIsAFileIsTold() {
+    // The disk that it is on may be away: nothing is filled in its place.
+    void aFolderThatIsNoneIsToldAndNotMade_data() {
+        QTest::addColumn<bool>("file");
+        QTest::newRow("missing") << false;
+        QTest::newRow("a file") << true;
+    }
+    void aFolderThatIsNoneIsToldAndNotMade() {
+        QFETCH(bool, file);
         Site site;
-        leave(site.folder);
-        QVERIFY(site.runDue());
+        QVERIFY(QDir(site.folder).removeRecursively());
+        if (file) leave(site.folder);
+        QVERIFY(site.run());
         QVERIFY(site.office.desk.prompts.lastText().contains(site.folder));
         QVERIFY(!QFileInfo(site.folder).isDir());
+        const QDateTime now = site.office.desk.clock.now();
+        QVERIFY_THROWS_EXCEPTION(data::Error, core::newestGoodBackup(site.folder, site.office.folder(), now));
     }
 
-    void leavingBreaksItOff() {
+    void leavingOrALostSeatBreaksItOff_data() {
+        QTest::addColumn<bool>("leaving");
+        QTest::newRow("leaving") << true;
+        QTest::newRow("a lost seat") << false;
+    }
+    void leavingOrALostSeatBreaksItOff() {
+        QFETCH(bool, leaving);
         Site site;
         {
-            DailyBackup leaving(site.office.mod);
-            leaving.startIfDue(nullptr);
-            QVERIFY(leaving.isRunning());
+            DailyBackup backup(site.office.mod);
+            QSignalSpy finished(&backup, &DailyBackup::finished);
+            backup.startIfDue(nullptr);
+            QVERIFY(backup.isRunning());
+            if (!leaving) {
+                backup.stop();
+                QVERIFY(finished.wait(60000));
+                QVERIFY(!backup.isRunning());
+            }
         }
         QVERIFY(site.copies().isEmpty() || site.copies().size() == 1);
         for (const QString& name : site.copies()) schema::checkBackup(QDir(site.folder).filePath(name));
         QVERIFY(site.office.desk.prompts.isEmpty());
-        QCOMPARE(site.day(), QString());
     }
 
     void byHandEndsInAMessageAndFollowsTheChosenFolder() {
         Site site;
         const QString other = site.office.directory_.filePath("δίσκος");
+        QDir().mkpath(other);
         site.office.desk.prompts.answerFolder("");
         site.backup.chooseFolder(nullptr);
         QCOMPARE(core::backupFolder(site.office.desk.settings), site.folder);
@@ -158,23 +221,70 @@ private slots:
         const QStringList found = core::backupsOf(other, site.office.folder());
         QCOMPARE(found.size(), 1);
         QCOMPARE(site.office.desk.prompts.lastText(), "Το αντίγραφο ασφαλείας γράφτηκε και ελέγχθηκε:\n" + found[0]);
-        QVERIFY(site.runDue());  // the day's own is still to come
+        QVERIFY(site.run());  // the day's own is still to come
+        QCOMPARE(core::backupsOf(other, site.office.folder()).size(), 2);
     }
 
     void theNewestGoodCopyIsFoundPastBadOnes() {
         Site site;
-        QVERIFY(site.runDue());
-        const QDateTime good = site.office.desk.clock.now();
-        leave(site.folder + '/' + core::backupName(site.office.folder(), good.addDays(1), BackupKind::Daily));
-        // Another office's copy under this office's name.
+        QVERIFY(site.run());
+        const QString good = site.folder + '/' + site.name(0);
+        leave(site.folder + '/' + site.name(-1));
+        // Another office's copy under this office's name, and one that a wrong clock dated.
         const QString foreign = site.office.directory_.filePath("άλλο");
         schema::createOffice(foreign, {QStringLiteral("x"), {}});
-        schema::backupOffice(
-            foreign, site.folder + '/' + core::backupName(site.office.folder(), good.addDays(2), BackupKind::Daily));
-        const auto found = core::newestGoodBackup(site.folder, site.office.folder());
-        QVERIFY(found.has_value());
-        QCOMPARE(found->made.date(), good.date());
-        QVERIFY(!core::newestGoodBackup(site.folder, foreign));
+        schema::backupOffice(foreign, site.folder + '/' + site.name(-2));
+        const QString late = site.folder + '/' + site.name(-1000);
+        QVERIFY(QFile::copy(good, late));
+        const QDateTime now = site.office.desk.clock.now().addDays(3);
+        const auto found = [&] { return core::newestGoodBackup(site.folder, site.office.folder(), now); };
+        QVERIFY(found() && found()->notChecked.isEmpty());
+        QCOMPARE(found()->file, good);
+        QCOMPARE(found()->made.date(), site.office.desk.clock.now().date());
+        QVERIFY(!core::newestGoodBackup(site.folder, foreign, now));
+        QVERIFY(QFile::remove(good));
+        QCOMPARE(found()->file, late);
+    }
+
+    void onlyACopyOfItsKindIsGood() {
+        Site site;
+        QVERIFY(site.run());
+        site.office.mod.gConn.close();
+        QFile file(site.office.mod.gMainDbPath);
+        QVERIFY(file.open(QIODevice::ReadOnly));
+        const QByteArray before = file.readAll();
+        file.close();
+        const auto put = [&](const QByteArray& bytes) {
+            if (!file.open(QIODevice::WriteOnly) || file.write(bytes) != bytes.size()) qFatal("scratch");
+            file.close();
+        };
+        const auto found = [&] {
+            return core::newestGoodBackup(site.folder, site.office.folder(), site.office.desk.clock.now());
+        };
+        put(testengine::isPostgres() ? "x" : "host=a\ndatabase=b\n");
+        QVERIFY(!found());
+        put(before);
+        QVERIFY(found());
+    }
+
+    // A copy that couldn't be looked into isn't a bad one.
+    void aFullDiskIsToldOf() {
+        Site site;
+        QVERIFY(site.run());
+        rlimit before{};
+        QCOMPARE(getrlimit(RLIMIT_FSIZE, &before), 0);
+        const rlimit small{rlim_t(5000), before.rlim_max};
+        const auto handler = std::signal(SIGXFSZ, SIG_IGN);
+        QCOMPARE(setrlimit(RLIMIT_FSIZE, &small), 0);
+        auto category = data::ErrorCategory::Other;
+        try {
+            core::newestGoodBackup(site.folder, site.office.folder(), site.office.desk.clock.now());
+        } catch (const data::Error& error) {
+            category = error.category();
+        }
+        setrlimit(RLIMIT_FSIZE, &before);
+        std::signal(SIGXFSZ, handler);
+        QCOMPARE(category, data::ErrorCategory::Full);
     }
 };
 

@@ -193,6 +193,17 @@ private slots:
         QCOMPARE(site.desk.prompts.count(), 1);
     }
 
+    // The disk with the copies is away: that isn't the same as having none.
+    void copiesThatAreAwayAreToldOf() {
+        Site site;
+        site.stored(site.office);
+        core::setBackupFolder(site.desk.settings, site.directory.filePath("δίσκος"));
+        write(site.main(), QByteArray(70000, '\x5A'));
+        QCOMPARE(site.run(), Outcome::Logon);
+        QCOMPARE(site.desk.prompts.count(), 2);
+        QVERIFY(site.desk.prompts.lastText().contains("δίσκος"));
+    }
+
     void aSecondSeatOnTheNetworkIsRefused() {
         Site site;
         site.stored(site.office);
@@ -210,6 +221,25 @@ private slots:
         entry::Program program(site.mod);
         emit site.mod.gSeat.lost();
         QVERIFY(!site.mod.gConn.isOpen() && !site.mod.gConnUsers.isOpen());
+    }
+
+    // Whoever holds the seat may be at work: nobody restores over him.
+    void aDamagedOfficeIsForOneSeatToo() {
+        Site site;
+        site.stored(site.office);
+        core::setBackupFolder(site.desk.settings, site.directory.path());
+        write(site.main(), QByteArray(70000, '\x5A'));
+        const auto network = [](const QString&) { return platform::FileSystemKind::Network; };
+        site.mod.fileSystemKind = network;
+        QCOMPARE(site.run(), Outcome::Logon);
+        QVERIFY(site.mod.gSeat.isHeld());
+        site.desk.prompts.clear();
+        core::MainMod second{site.desk.services};
+        second.fileSystemKind = network;
+        QCOMPARE(entry::run(second), Outcome::Logon);
+        QVERIFY(!second.gConnUsers.isOpen());
+        QCOMPARE(site.desk.prompts.count(), 1);
+        QVERIFY(site.desk.prompts.lastText().contains("διακομιστή"));
     }
 
     void exchangedFilesAndNewerVersionsAreRefused() {
@@ -240,6 +270,7 @@ private slots:
         site.stored(site.office);
         site.desk.settings.setValue("Settings", "Name", "Γραφείο");
         const QString copies = site.directory.filePath("αντίγραφα");
+        QDir().mkpath(copies);
         core::setBackupFolder(site.desk.settings, copies);
         entry::Program program(site.mod);
         QVERIFY(program.start());

@@ -44,11 +44,14 @@ private slots:
 
     void onlyTheLastCopiesStay() {
         ScratchOffice office;
+        const QString foreign = office.mainFile() + u".vasilis-kratise.zip"_s;
+        QVERIFY(QFile::copy(office.usersFile(), foreign));
         QString last;
         for (int day = 1; day <= 6; ++day)
             last = schema::copyBeforeUpgrade(office.main, schema::Database::Main, office.mainFile(),
                                              QDateTime(QDate(2026, 11, day), QTime(9, 0), Qt::UTC));
-        QCOMPARE(QDir(office.folder.path()).entryList({u"dorvalist.mdb.v*"_s}).size(), 3);
+        QCOMPARE(QDir(office.folder.path()).entryList({u"dorvalist.mdb.v*"_s}).size(), 3 + 1);
+        QVERIFY(QFileInfo::exists(foreign));
         QVERIFY(QFileInfo::exists(last));
     }
 };
