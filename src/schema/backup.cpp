@@ -75,7 +75,7 @@ ArchiveMember copyInto(const QString& workshop, const QString& file, Database da
 void writeText(const QString& file, const QByteArray& text) {
     QFile target(file);
     if (!target.open(QIODevice::WriteOnly) || target.write(text) != text.size() || !target.flush())
-        throw Error(ErrorCategory::Full, u"Δεν γράφεται το αρχείο «%1»: %2"_s.arg(file, target.errorString()));
+        data::failWriting(target);
 }
 
 BackupInfo infoOf(const Manifest& manifest) {
@@ -121,7 +121,8 @@ QString copyBeforeUpgrade(data::Connection& connection, Database database, const
     const auto workshop = workshopIn(info.absolutePath());
     const QString copy = databasePath(workshop->path(), database);
     if (onServer)
-        dumpChecked(connection, data::readServerDescription(file), database, copy, {.progress = progress, .tools = tools});
+        dumpChecked(connection, data::readServerDescription(file), database, copy,
+                    {.progress = progress, .tools = tools});
     else
         copyChecked(connection, database, copy, progress);
     const QString kept = freeName(target);

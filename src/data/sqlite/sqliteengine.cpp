@@ -151,6 +151,7 @@ SqliteEngine::~SqliteEngine() {
 
 void SqliteEngine::closeDatabase() noexcept {
     statements_.clear();
+    if (plainJournal_) rollback();
     sqlite3_close(database_);
     database_ = nullptr;
 }
@@ -249,6 +250,7 @@ void SqliteEngine::commit() {
 
 void SqliteEngine::rollback() noexcept {
     if (sqlite3_get_autocommit(database_) == 0) sqlite3_exec(database_, "ROLLBACK", nullptr, nullptr, nullptr);
+    leavePlainJournal();
 }
 
 namespace {
