@@ -40,6 +40,8 @@ BackupInfo checkBackup(const QString& file, const Progress& progress = {});
 
 struct RestoreOptions {
     bool force = false;  // a database that is there is kept aside under a dated name instead of being refused
+    // Databases in files may take the place of a server's, whose description is then kept aside.
+    bool asFiles = false;
     QVector<Database> databases = {Database::Main, Database::Users};
     QDateTime now = QDateTime::currentDateTime();
     Progress progress = {};
