@@ -78,6 +78,29 @@ void writeText(const QString& file, const QByteArray& text) {
         data::failWriting(target);
 }
 
+// The place of the file, whether it is there or not, by whatever way it was named.
+QString realPath(const QString& file) {
+    const QFileInfo info(file);
+    const QString there = info.canonicalFilePath();
+    return there.isEmpty() ? QDir(QFileInfo(info.absolutePath()).canonicalFilePath()).filePath(info.fileName()) : there;
+}
+
+// Not even when told to replace what is there.
+void refuseTarget(const QString& folder, const QString& file) {
+    const QString target = realPath(file), shown = QDir::toNativeSeparators(file);
+    for (const Database database : both)
+        for (const QString& ending : {u""_s, u"-wal"_s, u"-shm"_s, u"-journal"_s})
+            if (target == realPath(databasePath(folder, database) + ending))
+                throw Error(
+                    ErrorCategory::Constraint,
+                    u"Το «%1» είναι αρχείο του ίδιου του γραφείου. Δώστε άλλο όνομα στο αντίγραφο."_s.arg(shown));
+    const QFileInfo info(file);
+    if (info.isSymLink() || (info.exists() && !info.isFile()))
+        throw Error(
+            ErrorCategory::Constraint,
+            u"Το «%1» δεν είναι απλό αρχείο και δεν αντικαθίσταται. Δώστε άλλο όνομα στο αντίγραφο."_s.arg(shown));
+}
+
 BackupInfo infoOf(const Manifest& manifest) {
     BackupInfo info{manifest.made, manifest.folder, 0};
     for (const Manifest::Member& member : manifest.members)
@@ -88,6 +111,7 @@ BackupInfo infoOf(const Manifest& manifest) {
 }  // namespace
 
 BackupInfo backupOffice(const QString& folder, const QString& file, const BackupOptions& options) {
+    refuseTarget(folder, file);
     if (!options.replace) refuseIfThere(file);
     const auto workshop = workshopIn(QFileInfo(file).absolutePath());
     Manifest manifest{options.now, QFileInfo(folder).absoluteFilePath(), {}};
