@@ -2,6 +2,8 @@
 #include <sqlite3.h>
 
 #include "data/databasepassword.h"
+#include "data/fileidentity.h"
+#include "platform/filestate.h"
 #include "schema/backup.h"
 #include "schema/backupparts.h"
 #include "scratchoffice.h"
@@ -126,6 +128,14 @@ private slots:
         const QStringList aside = QDir(site.folder()).entryList({u"dorvalist.mdb.*-wal"_s});
         QCOMPARE(aside.size(), 1);
         QVERIFY(create || aside[0] == u"dorvalist.mdb"_s + dated + u"-wal"_s);
+    }
+
+    // A process that closes a file gives up all its locks on it; without them a restoring would find nobody there.
+    void lookingAtAnOpenFileKeepsItsLocks() {
+        Site site;
+        site.office.openBoth();
+        for (int i = 0; i < 3; ++i) QCOMPARE(data::identifyFile(site.main()).kind, data::FileKind::Main);
+        QVERIFY(platform::isLocked(site.main()));
     }
 
     void aSeatAtWorkIsNoticed_data() {
