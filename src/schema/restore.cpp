@@ -32,7 +32,7 @@ void requireNoLocks(const QString& file) {
 }
 
 // Nobody else may be at work on a file that is about to be moved, nor come in as long as the connection is open. A
-// damaged one can't tell who is.
+// damaged one, or one on a damaged disk, can't tell who is.
 void keepOthersOut(data::Connection& connection, Database database, const QString& file) {
     if (!QFileInfo::exists(file)) return requireNoLocks(file);
     try {
@@ -41,7 +41,7 @@ void keepOthersOut(data::Connection& connection, Database database, const QStrin
     } catch (const Error& error) {
         connection.close();
         if (error.category() == ErrorCategory::Busy) refuseBusy(file);
-        if (error.category() != ErrorCategory::Corrupt) throw;
+        if (error.category() != ErrorCategory::Corrupt && error.category() != ErrorCategory::Full) throw;
         requireNoLocks(file);
     }
 }
