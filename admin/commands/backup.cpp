@@ -29,6 +29,7 @@ ExitCode restore(const Arguments& arguments) {
     const QString file = arguments.positional()[0], folder = arguments.positional()[1];
     schema::RestoreOptions options;
     options.force = arguments.has(u"--force"_s);
+    options.asFiles = arguments.has(u"--as-files"_s);
     options.server = serverGiven(arguments);
     Seat seat(folder);
     options.progress = seat.watched(progressLines());
@@ -63,7 +64,9 @@ Command restoreCommand() {
             u"αρχεία του ΦΑΚΕΛΟΥ ή η επιλογή --server."_s,
             2,
             2,
-            {{u"--force"_s, {}, u"στη θέση βάσεων που υπάρχουν, κρατώντας τις παλιές"_s}, serverOption()},
+            {{u"--force"_s, {}, u"στη θέση βάσεων που υπάρχουν, κρατώντας τις παλιές"_s},
+             {u"--as-files"_s, {}, u"γραφείο σε διακομιστή ξαναγίνεται γραφείο σε αρχεία (με --force)"_s},
+             serverOption()},
             restore};
 }
 

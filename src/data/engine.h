@@ -76,7 +76,7 @@ public:
                     QStringLiteral("Το αντίγραφο μιας βάσης σε διακομιστή γίνεται με τα εργαλεία του διακομιστή."));
     }
     // Throws Error(Busy) while anybody else has the database open. Brings an embedded one into its one file, so that it
-    // can be moved.
+    // can be moved, and lets nobody in before rollback() or the connection's end.
     virtual void requireAlone() = 0;
 
     // For carrying a whole database. Until rollback() everything is read as of one moment.

@@ -1,5 +1,8 @@
 #include "data/error.h"
 
+#include <QDir>
+#include <QFileDevice>
+
 namespace data {
 
 qint32 adoErrorNumber(ErrorCategory category) {
@@ -40,5 +43,16 @@ Error::Error(ErrorCategory category, QString text, QString statement, int engine
       statement_(std::move(statement)),
       engineCode_(engineCode),
       utf8_(text_.toUtf8()) {}
+
+void failWriting(const QString& file, const QString& why) {
+    throw Error(ErrorCategory::Full,
+                QStringLiteral("Δεν γράφεται το αρχείο «%1»: %2").arg(QDir::toNativeSeparators(file), why));
+}
+
+// Of a disk that took only the first part of a write nothing is known but that.
+void failWriting(const QFileDevice& file) {
+    const bool full = file.error() == QFileDevice::ResourceError || file.error() == QFileDevice::NoError;
+    failWriting(file.fileName(), full ? QStringLiteral("Ο δίσκος είναι γεμάτος.") : file.errorString());
+}
 
 }  // namespace data

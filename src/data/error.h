@@ -4,6 +4,8 @@
 #include <QString>
 #include <exception>
 
+class QFileDevice;
+
 namespace data {
 
 enum class ErrorCategory {
@@ -45,5 +47,9 @@ private:
     int engineCode_;
     QByteArray utf8_;
 };
+
+// Throw Error(Full), which tells of a file that can't be written. A device tells the reason itself.
+[[noreturn]] void failWriting(const QString& file, const QString& why);
+[[noreturn]] void failWriting(const QFileDevice& file);
 
 }  // namespace data

@@ -1,17 +1,17 @@
 #include "data/fileidentity.h"
 
 #include <QDir>
-#include <QFile>
 #include <QFileInfo>
 #include <QtEndian>
 
 #include "data/serverdescription.h"
+#include "data/sqlite/filehead.h"
 #include "data/types.h"
 
 namespace data {
 namespace {
 
-constexpr qint64 headBytes = 4096;
+constexpr int headBytes = 4096;
 constexpr qsizetype sqliteHeader = 100;
 
 bool isJet(const QByteArray& head) {
@@ -39,10 +39,10 @@ FileIdentity identifyFile(const QString& file) {
     if (!info.exists()) return {FileKind::Missing, 0};
     // A pipe or a device would wait for ever; only a plain file is read.
     if (!info.isFile()) return {FileKind::Unreadable, 0};
-    QFile source(file);
-    if (!source.open(QIODevice::ReadOnly)) return {FileKind::Unreadable, 0};
-    const QByteArray head = source.read(headBytes);
-    if (head.isEmpty()) return {source.error() == QFile::NoError ? FileKind::Empty : FileKind::Unreadable, 0};
+    const auto found = readFileHead(file, headBytes);
+    if (!found) return {FileKind::Unreadable, 0};
+    const QByteArray& head = *found;
+    if (head.isEmpty()) return {FileKind::Empty, 0};
     if (isJet(head)) return {FileKind::Jet, 0};
     if (head.startsWith(QByteArray("SQLite format 3\0", 16))) return identifySqlite(head);
     return {looksLikeDescription(decodeDescription(head)) ? FileKind::ServerDescription : FileKind::Noise, 0};

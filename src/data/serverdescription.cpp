@@ -154,8 +154,7 @@ void writeServerDescription(const QString& file, const ServerDescription& server
     const QByteArray bytes = text.toUtf8();
     if (!target.open(QIODevice::WriteOnly | QIODevice::NewOnly) || target.write(bytes) != bytes.size() ||
         !target.flush())
-        throw Error(ErrorCategory::Full,
-                    QStringLiteral("Δεν γράφεται το αρχείο «%1»: %2").arg(file, target.errorString()));
+        failWriting(target);
 }
 
 }  // namespace data

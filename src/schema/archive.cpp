@@ -16,17 +16,13 @@ namespace {
 using namespace Qt::Literals::StringLiterals;
 using data::Error;
 using data::ErrorCategory;
+using data::failWriting;
 
 constexpr qint64 chunk = 1 << 18;
 
 using Reader = std::unique_ptr<archive, decltype(&archive_read_free)>;
 using Writer = std::unique_ptr<archive, decltype(&archive_write_free)>;
 using Entry = std::unique_ptr<archive_entry, decltype(&archive_entry_free)>;
-
-[[noreturn]] void failWriting(const QFileDevice& file) {
-    throw Error(ErrorCategory::Full, u"Δεν γράφεται το αρχείο «%1»: %2"_s.arg(QDir::toNativeSeparators(file.fileName()),
-                                                                              file.errorString()));
-}
 
 [[noreturn]] void failReading(const QFileDevice& file) {
     throw Error(ErrorCategory::Connection, u"Το αρχείο «%1» δεν διαβάζεται: %2"_s.arg(
@@ -90,7 +86,7 @@ void extractMember(archive* tar, archive_entry* entry, const QString& target, co
 void writeArchive(const QString& archive, const QVector<ArchiveMember>& members) {
     QSaveFile target(archive);
     if (!target.open(QIODevice::WriteOnly)) failWriting(target);
-    if (!target.setPermissions(QFile::ReadOwner | QFile::WriteOwner)) failWriting(target);
+    target.setPermissions(QFile::ReadOwner | QFile::WriteOwner);  // fails only where a file system has no rights
     {
         const Writer tar(archive_write_new(), archive_write_free);
         archive_write_set_format_pax_restricted(tar.get());

@@ -76,7 +76,30 @@ ArchiveMember copyInto(const QString& workshop, const QString& file, Database da
 void writeText(const QString& file, const QByteArray& text) {
     QFile target(file);
     if (!target.open(QIODevice::WriteOnly) || target.write(text) != text.size() || !target.flush())
-        throw Error(ErrorCategory::Full, u"Δεν γράφεται το αρχείο «%1»: %2"_s.arg(file, target.errorString()));
+        data::failWriting(target);
+}
+
+// The place of the file, whether it is there or not, by whatever way it was named.
+QString realPath(const QString& file) {
+    const QFileInfo info(file);
+    const QString there = info.canonicalFilePath();
+    return there.isEmpty() ? QDir(QFileInfo(info.absolutePath()).canonicalFilePath()).filePath(info.fileName()) : there;
+}
+
+// Not even when told to replace what is there.
+void refuseTarget(const QString& folder, const QString& file) {
+    const QString target = realPath(file), shown = QDir::toNativeSeparators(file);
+    for (const Database database : both)
+        for (const QString& ending : {u""_s, u"-wal"_s, u"-shm"_s, u"-journal"_s})
+            if (target == realPath(databasePath(folder, database) + ending))
+                throw Error(
+                    ErrorCategory::Constraint,
+                    u"Το «%1» είναι αρχείο του ίδιου του γραφείου. Δώστε άλλο όνομα στο αντίγραφο."_s.arg(shown));
+    const QFileInfo info(file);
+    if (info.isSymLink() || (info.exists() && !info.isFile()))
+        throw Error(
+            ErrorCategory::Constraint,
+            u"Το «%1» δεν είναι απλό αρχείο και δεν αντικαθίσταται. Δώστε άλλο όνομα στο αντίγραφο."_s.arg(shown));
 }
 
 BackupInfo infoOf(const Manifest& manifest) {
@@ -100,6 +123,7 @@ std::unique_ptr<QTemporaryDir> workshopFor(const QString& file, const QString& s
 }  // namespace
 
 BackupInfo backupOffice(const QString& folder, const QString& file, const BackupOptions& options) {
+    refuseTarget(folder, file);
     if (!options.replace) refuseIfThere(file);
     const auto workshop = workshopIn(QFileInfo(file).absolutePath());
     Manifest manifest{options.now, QFileInfo(folder).absoluteFilePath(), {}};

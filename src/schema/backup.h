@@ -45,6 +45,8 @@ BackupInfo checkBackup(const QString& file, const QString& spareFolder = {}, con
 
 struct RestoreOptions {
     bool force = false;  // a database that is there is kept aside under a dated name instead of being refused
+    // Databases in files may take the place of a server's, whose description is then kept aside.
+    bool asFiles = false;
     QVector<Database> databases = {Database::Main, Database::Users};
     QDateTime now = QDateTime::currentDateTime();
     Progress progress = {};
@@ -55,7 +57,8 @@ struct RestoreOptions {
 
 // Puts the databases of a checked copy into `folder`, which is made if it isn't there, or into the schemas of a server;
 // an old schema is kept under a dated name, too. Returns where the old ones are kept. Throws data::Error, Busy while
-// anybody has one of the old ones open; then everything stands as before.
+// anybody has one of the old ones open; then everything stands as before, as it does when the process is killed: what
+// is there is exchanged last, each file in one step and the schemas of a server database together.
 QStringList restoreOffice(const QString& file, const QString& folder, const RestoreOptions& options = {});
 
 // Before a database is changed by an upgrade: a checked copy beside it (of one on a server, a dump in the custom format

@@ -15,6 +15,8 @@ using namespace Qt::Literals::StringLiterals;
 using data::Error;
 using data::ErrorCategory;
 
+static const QString workshopName = u".dorvalist-work-"_s;
+
 QString databaseFileName(Database database) {
     return QFileInfo(databasePath({}, database)).fileName();
 }
@@ -33,9 +35,30 @@ void refuseIfThere(const QString& file) {
                     u"Υπάρχει ήδη το αρχείο «%1»· δεν πειράχτηκε τίποτα."_s.arg(QDir::toNativeSeparators(file)));
 }
 
-// A folder of its own beside the place where the result goes, so that the last step is a rename.
+QStringList journalsOf(const QString& file) {
+    QStringList found;
+    for (const QString& ending : {u"-wal"_s, u"-shm"_s, u"-journal"_s})
+        if (QFileInfo::exists(file + ending)) found += file + ending;
+    return found;
+}
+
+void dropAbandonedWork(const QString& folder, const QDateTime& now) {
+    QStringList ours = {u"contents.tsv*"_s, u"packed.tar*"_s};
+    for (const Database database : {Database::Main, Database::Users})
+        ours << databaseFileName(database) + u'*' << dumpName(database) + u'*';
+    const auto shops = QDir::Dirs | QDir::Hidden | QDir::NoSymLinks;
+    for (const QFileInfo& shop : QDir(folder).entryInfoList({workshopName + u"??????"_s}, shops)) {
+        if (shop.lastModified() >= now.addDays(-1)) continue;
+        const QDir left(shop.filePath());
+        for (const QFileInfo& file : left.entryInfoList(ours, QDir::Files | QDir::NoSymLinks))
+            QFile::remove(file.filePath());
+        QDir().rmdir(shop.filePath());  // fails when anything else is in it
+    }
+}
+
 std::unique_ptr<QTemporaryDir> workshopIn(const QString& folder) {
-    auto workshop = std::make_unique<QTemporaryDir>(QDir(folder).filePath(u".dorvalist-XXXXXX"_s));
+    dropAbandonedWork(folder);
+    auto workshop = std::make_unique<QTemporaryDir>(QDir(folder).filePath(workshopName + u"XXXXXX"_s));
     if (!workshop->isValid())
         throw Error(ErrorCategory::Full, u"Δεν γράφεται ο φάκελος «%1»: %2"_s.arg(QDir::toNativeSeparators(folder),
                                                                                   workshop->errorString()));
@@ -43,18 +66,14 @@ std::unique_ptr<QTemporaryDir> workshopIn(const QString& folder) {
 }
 
 void moveTo(const QString& from, const QString& to, bool replace) {
-    QString why;
     if (replace) {
         std::error_code failure;
         std::filesystem::rename(from.toStdU16String(), to.toStdU16String(), failure);
-        if (!failure) return;
-        why = QString::fromLocal8Bit(failure.message().c_str());
+        if (failure) data::failWriting(to, QString::fromLocal8Bit(failure.message().c_str()));
     } else {
         QFile file(from);
-        if (file.rename(to)) return;
-        why = file.errorString();
+        if (!file.rename(to)) data::failWriting(to, file.errorString());
     }
-    throw Error(ErrorCategory::Full, u"Δεν γράφεται το αρχείο «%1»: %2"_s.arg(QDir::toNativeSeparators(to), why));
 }
 
 QString freeName(const QString& wanted) {

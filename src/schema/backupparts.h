@@ -16,8 +16,14 @@ QString dumpName(Database database);
 QString stamp(const QDateTime& now);
 void refuseIfThere(const QString& file);
 
-// A folder of its own beside the place where the result goes, so that the last step is a rename.
+// What the embedded engine may have left beside a database file.
+QStringList journalsOf(const QString& file);
+
+// A folder of its own inside the one where the result goes, so that the last step is a rename. Those that were left
+// there by work that was killed go away first.
 std::unique_ptr<QTemporaryDir> workshopIn(const QString& folder);
+// Deletes workshops that nobody has touched for a day, and in them only what this program puts there.
+void dropAbandonedWork(const QString& folder, const QDateTime& now = QDateTime::currentDateTime());
 void moveTo(const QString& from, const QString& to, bool replace);
 QString freeName(const QString& wanted);
 

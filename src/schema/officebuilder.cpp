@@ -9,6 +9,8 @@
 #include "data/fileidentity.h"
 #include "data/postgres/pgengine.h"
 #include "data/sqlite/sqliteengine.h"
+#include "schema/backupparts.h"
+#include "schema/exchange.h"
 #include "schema/indexes.h"
 #include "schema/office.h"
 
@@ -19,17 +21,10 @@ using namespace Qt::Literals::StringLiterals;
 using data::Error;
 using data::ErrorCategory;
 
-void refuseExisting(const QString& folder) {
-    for (const Database database : {Database::Main, Database::Users})
-        if (const QString file = databasePath(folder, database); QFileInfo::exists(file))
-            throw Error(ErrorCategory::Constraint,
-                        u"Υπάρχει ήδη το αρχείο «%1»· δεν πειράχτηκε τίποτα."_s.arg(QDir::toNativeSeparators(file)));
-}
+constexpr Database both[] = {Database::Main, Database::Users};
 
-void moveInto(const QString& from, const QString& to) {
-    QFile file(from);
-    if (!file.rename(to))
-        throw Error(ErrorCategory::Full, u"Δεν γράφεται το αρχείο «%1»: %2"_s.arg(to, file.errorString()));
+void refuseExisting(const QString& folder) {
+    for (const Database database : both) refuseIfThere(databasePath(folder, database));
 }
 
 // What a version had of a table's columns; its indexes know their versions themselves.
@@ -51,12 +46,12 @@ OfficeBuilder::OfficeBuilder(const QString& folder, const std::optional<data::Se
     : folder_(folder), server_(server), folderWasThere_(QFileInfo::exists(folder)) {
     refuseExisting(folder);
     if (!QDir().mkpath(folder)) throw Error(ErrorCategory::Full, u"Δεν δημιουργείται ο φάκελος «%1»."_s.arg(folder));
-    // Inside the folder, so that the last step is a rename and never a copy; what is left of it goes with its name.
-    workshop_ = std::make_unique<QTemporaryDir>(QDir(folder).filePath(u".dorvalist-XXXXXX"_s));
-    if (workshop_->isValid()) return;
-    const QString why = workshop_->errorString();
-    if (!folderWasThere_) QDir().rmdir(folder);
-    throw Error(ErrorCategory::Full, u"Δεν γράφεται ο φάκελος «%1»: %2"_s.arg(QDir::toNativeSeparators(folder), why));
+    try {
+        workshop_ = workshopIn(folder);
+    } catch (...) {
+        if (!folderWasThere_) QDir().rmdir(folder);
+        throw;
+    }
 }
 
 OfficeBuilder::~OfficeBuilder() {
@@ -88,13 +83,11 @@ QString OfficeBuilder::file(Database database) const {
 }
 
 void OfficeBuilder::finish() {
-    moveInto(file(Database::Users), usersDatabasePath(folder_));
-    try {
-        moveInto(file(Database::Main), mainDatabasePath(folder_));
-    } catch (...) {
-        QFile::remove(usersDatabasePath(folder_));
-        throw;
-    }
+    refuseExisting(folder_);
+    Exchange exchange;
+    for (const Database database : both)
+        exchange.put(file(database), databasePath(folder_, database), QDateTime::currentDateTime());
+    exchange.keep();
     finished_ = true;
 }
 

@@ -4,9 +4,12 @@
 
 #include "data/fileidentity.h"
 #include "data/postgres/pgengine.h"
+#include "platform/filestate.h"
 #include "schema/backupparts.h"
+#include "schema/exchange.h"
 #include "schema/office.h"
 #include "schema/officebuilder.h"
+#include "schema/schemarestore.h"
 #include "schema/upgrade.h"
 
 namespace schema {
@@ -17,114 +20,58 @@ using data::ErrorCategory;
 
 namespace {
 
-// Nobody else may be at work on a file that is about to be moved. A damaged one can't tell, and is moved all the same.
-void requireNobodyIn(Database database, const QString& file) {
+[[noreturn]] void refuseBusy(const QString& file) {
+    throw Error(ErrorCategory::Busy,
+                u"Κάποιος δουλεύει με το «%1». Κλείστε το πρόγραμμα σε όλες τις θέσεις και δοκιμάστε ξανά."_s.arg(
+                    QFileInfo(file).fileName()));
+}
+
+// As far as the operating system knows: seats lock the file itself or, as long as they are open, its index.
+void requireNoLocks(const QString& file) {
+    if (platform::isLocked(file) || platform::isLocked(file + u"-shm"_s)) refuseBusy(file);
+}
+
+// Nobody else may be at work on a file that is about to be moved, nor come in as long as the connection is open. A
+// damaged one, or one on a damaged disk, can't tell who is.
+void keepOthersOut(data::Connection& connection, Database database, const QString& file) {
+    if (!QFileInfo::exists(file)) return requireNoLocks(file);
     try {
-        data::Connection connection;
         connection.open(connectionString(database, file) + u"; busy timeout=500"_s);
         connection.engine().requireAlone();
     } catch (const Error& error) {
-        if (error.category() == ErrorCategory::Busy)
-            throw Error(
-                ErrorCategory::Busy,
-                u"Κάποιος δουλεύει με το «%1». Κλείστε το πρόγραμμα σε όλες τις θέσεις και δοκιμάστε ξανά."_s.arg(
-                    QFileInfo(file).fileName()));
+        connection.close();
+        if (error.category() == ErrorCategory::Busy) refuseBusy(file);
+        if (error.category() != ErrorCategory::Corrupt && error.category() != ErrorCategory::Full) throw;
+        requireNoLocks(file);
     }
 }
 
-// Moves files and, unless all went well, moves them back.
-class Moves {
-public:
-    ~Moves() {
-        if (done_) return;
-        for (auto move = moves_.crbegin(); move != moves_.crend(); ++move) QFile::rename(move->second, move->first);
-    }
-    void move(const QString& from, const QString& to) {
-        moveTo(from, to, false);
-        moves_.append({from, to});
-    }
-    void keep() { done_ = true; }
-
-private:
-    QVector<std::pair<QString, QString>> moves_;
-    bool done_ = false;
-};
-
-// The journal goes with its file: part of the data may be in it.
-QString moveAside(Moves& moves, const QString& file, const QDateTime& now) {
-    const QString aside = freeName(file + u'.' + stamp(now));
-    moves.move(file, aside);
-    for (const QString& ending : {u"-wal"_s, u"-shm"_s, u"-journal"_s})
-        if (QFileInfo::exists(file + ending)) moves.move(file + ending, aside + ending);
-    return aside;
+bool isOnServer(const QString& file) {
+    return data::identifyFile(file).kind == data::FileKind::ServerDescription;
 }
-
-// A dump on its way into a schema of a server; unless it is kept, the schema goes away and the old one comes back.
-class SchemaRestore {
-public:
-    SchemaRestore(data::ServerDescription server, const RestoreOptions& options)
-        : server_(std::move(server)), options_(options) {}
-    ~SchemaRestore() {
-        if (kept_) return;
-        if (!filled_.schema.isEmpty()) data::dropPgDatabase(filled_);
-        if (aside_.isEmpty()) return;
-        try {
-            data::ServerDescription old = server_;
-            old.schema = aside_;
-            data::renamePgSchema(old, server_.schemaName());
-        } catch (const Error&) {
-            // The old data stand under the dated name; the first failure is the one to tell of.
-        }
-    }
-    SchemaRestore(const SchemaRestore&) = delete;
-    SchemaRestore& operator=(const SchemaRestore&) = delete;
-
-    void run(const QString& dump, const QString& schemaOfDump) {
-        makeRoom();
-        data::ServerDescription place = server_;
-        place.schema = schemaOfDump;
-        const bool otherName = schemaOfDump != server_.schemaName();
-        if (otherName && data::pgSchemaState(place) != data::PgSchemaState::Absent)
-            throw Error(ErrorCategory::Constraint,
-                        u"Το αντίγραφο θέλει για λίγο το σχήμα «%1», που υπάρχει ήδη στη βάση του διακομιστή. Δώστε με "
-                        u"--server άλλη βάση."_s.arg(schemaOfDump));
-        data::createPgSchema(place);
-        filled_ = place;
-        const QString restoring = u"Επαναφορά του "_s + QFileInfo(dump).fileName();
-        restoreDump(options_.tools, place, dump, [&] { return !options_.progress || options_.progress(restoring, 0); });
-        if (!otherName) return;
-        if (data::pgSchemaState(server_) == data::PgSchemaState::Empty) data::dropPgDatabase(server_);
-        data::renamePgSchema(place, server_.schemaName());
-        filled_ = server_;
-    }
-    const QString& aside() const { return aside_; }
-    void keep() { kept_ = true; }
-
-private:
-    void makeRoom() {
-        if (data::pgSchemaState(server_) != data::PgSchemaState::Taken) return;
-        const QString name = server_.schemaName();
-        if (!options_.force)
-            throw Error(ErrorCategory::Constraint,
-                        u"Το σχήμα «%1» του διακομιστή έχει ήδη πίνακες· δεν πειράχτηκε τίποτα."_s.arg(name));
-        const QString aside = name + u'_' + stamp(options_.now);
-        data::renamePgSchema(server_, aside);
-        aside_ = aside;
-    }
-
-    data::ServerDescription server_, filled_;
-    const RestoreOptions& options_;
-    QString aside_;
-    bool kept_ = false;
-};
 
 // Where a database of a dump goes: what the command says, or the description that is there.
 data::ServerDescription placeOnServer(const RestoreOptions& options, const QString& target, Database database) {
     if (options.server) return serverFor(*options.server, database);
-    if (data::identifyFile(target).kind == data::FileKind::ServerDescription)
-        return data::readServerDescription(target);
+    if (isOnServer(target)) return data::readServerDescription(target);
     throw Error(ErrorCategory::Constraint,
-                u"Το αντίγραφο είναι βάσης σε διακομιστή. Δώστε με --server πού θα επανέλθει."_s);
+                u"Το αντίγραφο είναι γραφείου σε διακομιστή και ο φάκελος δεν λέει σε ποιον να επανέλθει. Δώστε με "
+                u"--server μια βάση του διακομιστή, π.χ. --server \"host=pc1 database=grafeio user=maria\". Για να "
+                u"το έχετε σε αρχεία, επαναφέρετέ το έτσι σε άλλον φάκελο και μεταφέρετέ το με την εντολή move."_s);
+}
+
+// Someone who takes an old copy in a hurry must not find the seats parted: some in the files, some on the server.
+void requireFilesWanted(const RestoreOptions& options, const QString& target) {
+    if (options.server)
+        throw Error(ErrorCategory::Constraint,
+                    u"Το αντίγραφο είναι γραφείου σε αρχεία. Επαναφέρετέ το σε άλλον φάκελο χωρίς --server και μετά "
+                    u"μεταφέρετέ το με την εντολή move."_s);
+    if (!options.force) refuseIfThere(target);
+    if (!options.asFiles && isOnServer(target))
+        throw Error(ErrorCategory::Constraint,
+                    u"Το αντίγραφο είναι γραφείου σε αρχεία, ενώ τα δεδομένα του φακέλου είναι τώρα σε διακομιστή. "
+                    u"Επαναφέρετέ το σε άλλον φάκελο, ή δώστε --as-files για να ξαναγίνει το γραφείο σε αρχεία: ό,τι "
+                    u"γράφτηκε στον διακομιστή δεν θα φαίνεται."_s);
 }
 
 void finishDump(const QString& file, Database database, const RowCounts& wanted) {
@@ -136,7 +83,7 @@ void finishDump(const QString& file, Database database, const RowCounts& wanted)
             ErrorCategory::Connection,
             u"Το αντίγραφο είναι νεότερης έκδοσης (%1) από όσες γνωρίζει αυτό το πρόγραμμα (έως %2)."_s.arg(version)
                 .arg(currentVersion));
-    // A function may know its schema by the name that it had; the next opening makes them all again.
+    // A function may know its schema by the name that it had; the opening makes them all again.
     connection.engine().setProperty(u"functions"_s, {});
     connection.open(connectionString(database, file));
     data::Transaction transaction(connection);
@@ -148,45 +95,64 @@ void finishDump(const QString& file, Database database, const RowCounts& wanted)
     connection.engine().afterLoading(connection.catalog());
 }
 
-// The steps of one restoring; what isn't kept at the end is undone.
+// The steps of one restoring. Everything is got ready beside what is there, and only then exchanged; what isn't kept at
+// the end is undone.
 class Restoring {
 public:
     Restoring(const QString& workshop, const QString& folder, const RestoreOptions& options)
         : workshop_(workshop), folder_(folder), options_(options) {}
 
-    void fromFile(Database database) {
-        const QString target = databasePath(folder_, database), fresh = databasePath(workshop_, database);
-        if (QFileInfo::exists(target)) {
-            requireNobodyIn(database, target);
-            QFile::setPermissions(fresh, QFile::permissions(target));  // others may share this office
-            aside_ += moveAside(moves_, target, options_.now);
-        }
-        moves_.move(fresh, target);
+    void prepareFile(Database database) {
+        requireFilesWanted(options_, databasePath(folder_, database));
+        takeOver(database);
     }
-    void fromDump(Database database, const Manifest::Member& member) {
-        const QString target = databasePath(folder_, database), fresh = databasePath(workshop_, database);
-        const data::ServerDescription place = placeOnServer(options_, target, database);
+    void prepareDump(Database database, const Manifest::Member& member) {
+        const data::ServerDescription place = placeOnServer(options_, databasePath(folder_, database), database);
+        const QString file = databasePath(workshop_, database);
         schemas_.push_back(std::make_unique<SchemaRestore>(place, options_));
-        schemas_.back()->run(QDir(workshop_).filePath(dumpName(database)), member.schema);
-        data::writeServerDescription(fresh, place);
-        finishDump(fresh, database, member.rows);
-        if (!schemas_.back()->aside().isEmpty()) aside_ += u"σχήμα "_s + schemas_.back()->aside();
+        schemas_.back()->fill(QDir(workshop_).filePath(dumpName(database)), member.schema);
+        data::writeServerDescription(file, schemas_.back()->filled());
+        report(options_.progress, u"Ευρετήρια του "_s + databaseFileName(database), 0);
+        finishDump(file, database, member.rows);
+        QFile::remove(file);
         if (!options_.server) return;
-        if (QFileInfo::exists(target)) aside_ += moveAside(moves_, target, options_.now);
-        moves_.move(fresh, target);
+        data::writeServerDescription(file, place);
+        takeOver(database);
     }
-    QStringList keep() {
-        moves_.keep();
+    // Returns where the old ones are kept.
+    QStringList exchange() {
+        QStringList aside;
+        std::map<QString, std::unique_ptr<data::PgSchemaWork>> servers;
+        for (const auto& schema : schemas_) {
+            auto& work = servers[data::pgConnectionText(schema->place())];
+            if (!work) work = std::make_unique<data::PgSchemaWork>(schema->place());
+            if (const QString old = schema->exchange(*work); !old.isEmpty()) aside += u"σχήμα "_s + old;
+        }
+        for (const Database database : files_)
+            aside += exchange_.put(databasePath(workshop_, database), databasePath(folder_, database), options_.now);
+        for (const auto& [name, work] : servers) work->commit();
         for (const auto& schema : schemas_) schema->keep();
-        return aside_;
+        exchange_.keep();
+        aside.removeAll({});
+        return aside;
     }
 
 private:
+    // The folder gets a new file.
+    void takeOver(Database database) {
+        const QString target = databasePath(folder_, database);
+        files_ += database;
+        if (isOnServer(target)) return;
+        old_.push_back(std::make_unique<data::Connection>());
+        keepOthersOut(*old_.back(), database, target);
+    }
+
     QString workshop_, folder_;
     const RestoreOptions& options_;
-    Moves moves_;
+    std::vector<std::unique_ptr<data::Connection>> old_;  // kept to the end, lest somebody opens what is being moved
     std::vector<std::unique_ptr<SchemaRestore>> schemas_;
-    QStringList aside_;
+    QVector<Database> files_;
+    Exchange exchange_;
 };
 
 // A description that a dump goes by is no database to be spared; the schema that it names is.
@@ -194,7 +160,7 @@ void refuseDatabasesThere(const QString& folder, const RestoreOptions& options) 
     if (options.force) return;
     for (const Database database : {Database::Main, Database::Users}) {
         const QString file = databasePath(folder, database);
-        if (options.server || data::identifyFile(file).kind != data::FileKind::ServerDescription) refuseIfThere(file);
+        if (options.server || !isOnServer(file)) refuseIfThere(file);
     }
 }
 
@@ -211,19 +177,12 @@ QStringList restoreOffice(const QString& file, const QString& folder, const Rest
         const Manifest manifest = unpackChecked(file, workshop->path(), options.tools, options.progress);
         Restoring restoring(workshop->path(), folder, options);
         for (const Database database : options.databases) {
-            const QString dump = dumpName(database);
-            if (manifest.members.contains(dump)) {
-                restoring.fromDump(database, manifest.members[dump]);
-                continue;
-            }
-            if (options.server)
-                throw Error(ErrorCategory::Constraint,
-                            u"Το αντίγραφο είναι βάσης σε αρχείο. Επαναφέρετέ το σε φάκελο "
-                            u"και μετά μεταφέρετέ το με την εντολή move."_s);
-            if (!options.force) refuseIfThere(databasePath(folder, database));
-            restoring.fromFile(database);
+            if (const QString dump = dumpName(database); manifest.members.contains(dump))
+                restoring.prepareDump(database, manifest.members[dump]);
+            else
+                restoring.prepareFile(database);
         }
-        return restoring.keep();
+        return restoring.exchange();
     } catch (...) {
         if (!folderWasThere) QDir().rmdir(folder);
         throw;

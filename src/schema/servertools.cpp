@@ -13,21 +13,16 @@ namespace {
 using namespace Qt::Literals::StringLiterals;
 using data::Error;
 using data::ErrorCategory;
+using data::failWriting;
 
 constexpr int glanceMs = 100;
 constexpr qsizetype longestComplaint = 2000;
-
-using Hear = std::function<void(const QByteArray& output)>;
 
 void requireFound(const ServerTools& tools) {
     if (!tools.found())
         throw Error(ErrorCategory::Other,
                     u"Το αντίγραφο μιας βάσης σε διακομιστή χρειάζεται τα προγράμματα pg_dump και "
                     u"pg_restore. Εγκαταστήστε τα (πακέτο postgresql-client)."_s);
-}
-
-[[noreturn]] void failWriting(const QFile& file) {
-    throw Error(ErrorCategory::Full, u"Δεν γράφεται το αρχείο «%1»: %2"_s.arg(file.fileName(), file.errorString()));
 }
 
 // The password goes through the environment, since a command line can be read by everybody. What a seat or a role sets
@@ -39,11 +34,8 @@ QProcessEnvironment environmentFor(const data::ServerDescription& server) {
     return environment;
 }
 
-void run(const QString& program, const QStringList& arguments, const data::ServerDescription& server, const GoOn& goOn,
-         const Hear& hear = {}) {
-    QProcess process;
-    process.setProcessEnvironment(environmentFor(server));
-    process.start(program, arguments, QIODevice::ReadOnly);
+// Until the program ends; returns what it complained of.
+QByteArray watch(QProcess& process, const GoOn& goOn, const Hear& hear) {
     QByteArray complaint;
     bool ended = !process.waitForStarted();
     while (!ended) {
@@ -51,11 +43,23 @@ void run(const QString& program, const QStringList& arguments, const data::Serve
         if (hear && !ended) process.waitForReadyRead(glanceMs);
         if (hear) hear(process.readAllStandardOutput());
         complaint = (complaint + process.readAllStandardError()).left(longestComplaint);
-        if (goOn && !goOn()) {
-            process.kill();
-            process.waitForFinished();
-            throw Error(ErrorCategory::Other, u"Η εργασία διακόπηκε."_s);
-        }
+        if (goOn && !goOn()) throw Error(ErrorCategory::Other, u"Η εργασία διακόπηκε."_s);
+    }
+    return complaint;
+}
+
+void run(const QString& program, const QStringList& arguments, const data::ServerDescription& server, const GoOn& goOn,
+         const Hear& hear = {}) {
+    QProcess process;
+    process.setProcessEnvironment(environmentFor(server));
+    process.start(program, arguments, QIODevice::ReadOnly);
+    QByteArray complaint;
+    try {
+        complaint = watch(process, goOn, hear);
+    } catch (...) {
+        process.kill();
+        process.waitForFinished();
+        throw;
     }
     if (process.error() == QProcess::FailedToStart) complaint = process.errorString().toLocal8Bit();
     if (process.error() == QProcess::FailedToStart || process.exitStatus() != QProcess::NormalExit ||
@@ -136,8 +140,8 @@ void dumpSchema(const ServerTools& tools, const data::ServerDescription& server,
                 const QString& file, const GoOn& goOn) {
     requireFound(tools);
     QFile mine(file);  // pg_dump would let everybody read it
-    if (!mine.open(QIODevice::WriteOnly) || !mine.setPermissions(QFile::ReadOwner | QFile::WriteOwner))
-        failWriting(mine);
+    if (!mine.open(QIODevice::WriteOnly)) failWriting(mine);
+    mine.setPermissions(QFile::ReadOwner | QFile::WriteOwner);  // fails only where a file system has no rights
     mine.close();
     const QString pattern = u'"' + server.schemaName().replace(u'"', u"\"\""_s) + u'"';
     run(tools.dump,
@@ -155,8 +159,8 @@ RowCounts rowsInDump(const ServerTools& tools, const QString& file, const GoOn& 
     return counter.counts();
 }
 
-void restoreDump(const ServerTools& tools, const data::ServerDescription& server, const QString& file,
-                 const GoOn& goOn) {
+void readDump(const ServerTools& tools, const QString& file, const QString& section, const Hear& hear,
+              const GoOn& goOn) {
     requireFound(tools);
     QByteArray all;
     run(tools.restore, {u"--list"_s, file}, {}, goOn, [&](const QByteArray& output) { all += output; });
@@ -166,9 +170,9 @@ void restoreDump(const ServerTools& tools, const data::ServerDescription& server
     QFile list(file + u".list"_s);
     if (!list.open(QIODevice::WriteOnly) || list.write(wanted) != wanted.size() || !list.flush()) failWriting(list);
     run(tools.restore,
-        {u"--exit-on-error"_s, u"--single-transaction"_s, u"--no-owner"_s, u"--no-privileges"_s, u"--no-password"_s,
-         u"--use-list="_s + list.fileName(), u"--dbname="_s + data::pgConnectionText(server), file},
-        server, goOn);
+        {u"--no-owner"_s, u"--no-privileges"_s, u"--section="_s + section, u"--use-list="_s + list.fileName(),
+         u"--file=-"_s, file},
+        {}, goOn, hear);
 }
 
 }  // namespace schema

@@ -28,9 +28,10 @@ void dumpSchema(const ServerTools& tools, const data::ServerDescription& server,
 // The rows of each table in a dump, counted one by one as they would be restored; no server is asked.
 RowCounts rowsInDump(const ServerTools& tools, const QString& file, const GoOn& goOn);
 
-// Fills an empty schema, which must have the name that it had when it was dumped, in one transaction. The indexes are
-// left to makeIndexes().
-void restoreDump(const ServerTools& tools, const data::ServerDescription& server, const QString& file,
-                 const GoOn& goOn);
+// Hears what a dump restores, in pieces of any size, as SQL text that names everything with the schema it was dumped
+// from: the sections "pre-data" (tables), "data" and "post-data". The schema itself and the indexes are left out.
+using Hear = std::function<void(const QByteArray& text)>;
+void readDump(const ServerTools& tools, const QString& file, const QString& section, const Hear& hear,
+              const GoOn& goOn);
 
 }  // namespace schema

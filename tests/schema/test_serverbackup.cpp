@@ -1,4 +1,9 @@
 // Copies of an office on a server, by the server's own programs.
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <csignal>
+
 #include "schema/backupparts.h"
 #include "schema/check.h"
 #include "schema/officebuilder.h"
@@ -48,6 +53,8 @@ private:
     data::Connection& connection_;
     data::ServerDescription server_;
 };
+
+const QDateTime moment(QDate(2026, 11, 5), QTime(10, 30), Qt::UTC);
 
 QString count(data::Connection& connection) {
     return firstText(connection, u"select count(*) from Cards"_s);
@@ -189,10 +196,59 @@ private slots:
         data::ServerDescription beside = data::readServerDescription(site.office.mainFile());
         beside.schema = testengine::Schema::newName();
         const QString folder = site.scratch.filePath(u"δίπλα"_s);
-        QVERIFY(site.restoreFailure(folder, {.server = beside}).contains(u"άλλη βάση"));
-        QVERIFY(!QFileInfo::exists(folder));
-        QCOMPARE(data::pgSchemaState(beside), data::PgSchemaState::Absent);
         QVERIFY(site.restoreFailure(folder, {}).contains(u"--server"));
+        QVERIFY(!QFileInfo::exists(folder));
+        // The living office has the name that stands in the dump.
+        QVERIFY(schema::restoreOffice(site.file, folder, {.server = beside}).isEmpty());
+        QCOMPARE(count(site.office.main), u"0"_s);
+        data::Connection copy;
+        schema::open(copy, schema::connectionString(Database::Main, schema::mainDatabasePath(folder)));
+        QCOMPARE(count(copy), u"299"_s);
+        copy.close();
+        for (const Database database : {Database::Main, Database::Users})
+            data::dropPgDatabase(schema::serverFor(beside, database));
+    }
+
+    // Killed at any step, a restoring leaves the office as it was, and the next one isn't in its way.
+    void aKilledRestoringLeavesTheOffice() {
+        Site site;
+        site.backup();
+        site.office.main.execute(u"delete from Cards"_s);
+        site.office.closeBoth();
+        const QString folder = site.office.folder.path();
+        for (const QString& where :
+             {u"Επαναφορά του dorvalist.dump"_s, u"Ευρετήρια του dorvalist.mdb"_s, u"Ευρετήρια του dorvalistu.mdb"_s}) {
+            const pid_t child = fork();
+            if (child == 0) {
+                const auto die = [&](const QString& what, int) {
+                    if (what == where) raise(SIGKILL);
+                    return true;
+                };
+                schema::restoreOffice(site.file, folder, {.force = true, .progress = die});
+                _exit(0);
+            }
+            int status = 0;
+            QCOMPARE(waitpid(child, &status, 0), child);
+            QVERIFY2(WIFSIGNALED(status) && WTERMSIG(status) == SIGKILL, qPrintable(where));
+            site.office.openBoth();
+            QCOMPARE(count(site.office.main), u"0"_s);
+            QCOMPARE(schema::findings(site.office.main, Database::Main) +
+                         schema::findings(site.office.users, Database::Users),
+                     QStringList());
+            site.office.closeBoth();
+        }
+        const QStringList aside = schema::restoreOffice(site.file, folder, {.force = true, .now = moment});
+        QCOMPARE(aside.size(), 2);
+        site.office.openBoth();
+        QCOMPARE(count(site.office.main), u"299"_s);
+        data::ServerDescription other = data::readServerDescription(site.office.mainFile());
+        const QString name = other.schema;
+        other.schema = name + u"_restoring"_s;
+        QCOMPARE(data::pgSchemaState(other), data::PgSchemaState::Absent);
+        for (const QString& old : {name + u"_20261105-103000"_s, name + u"u_20261105-103000"_s}) {
+            other.schema = old;
+            data::dropPgDatabase(other);
+        }
     }
 
     // The dump beside the description file; afterwards the connection writes as before.

@@ -57,9 +57,7 @@ public:
 private:
     friend void createPgDatabase(const ServerDescription&, DatabaseKind);
     friend void dropPgDatabase(const ServerDescription&) noexcept;
-    friend PgSchemaState pgSchemaState(const ServerDescription&);
-    friend void renamePgSchema(const ServerDescription&, const QString&);
-    friend void createPgSchema(const ServerDescription&);
+    friend class PgSchemaWork;
     struct Prepared {
         QByteArray sql, name;
         std::vector<Oid> types;

@@ -18,8 +18,8 @@ public:
     explicit Target(const QString& file) : file_(file) {
         QFile fresh(file);
         if (!fresh.open(QIODevice::WriteOnly | QIODevice::NewOnly)) {
-            throw Error(QFileInfo::exists(file) ? ErrorCategory::Constraint : ErrorCategory::Full,
-                        QStringLiteral("Δεν γράφεται το αρχείο «%1»: %2").arg(file, fresh.errorString()));
+            if (!QFileInfo::exists(file)) failWriting(fresh);
+            throw Error(ErrorCategory::Constraint, QStringLiteral("Υπάρχει ήδη το αρχείο «%1».").arg(file));
         }
         fresh.setPermissions(QFile::ReadOwner | QFile::WriteOwner);
         fresh.close();
@@ -85,11 +85,6 @@ void SqliteEngine::backupTo(const QString& file, const std::function<void()>& at
     }
     rollback();
     target.keep();
-}
-
-void SqliteEngine::requireAlone() {
-    statements_.clear();
-    script("PRAGMA journal_mode=DELETE");
 }
 
 }  // namespace data

@@ -1,8 +1,9 @@
 // What carrying a whole database asks of the embedded engine.
-#include "data/sqlite/sqliteengine.h"
+#include <sqlite3.h>
 
 #include "data/dialect/enginedialect.h"
 #include "data/smallrows.h"
+#include "data/sqlite/sqliteengine.h"
 
 namespace data {
 void SqliteEngine::beginSnapshot() {
@@ -16,9 +17,29 @@ void SqliteEngine::beginSnapshot() {
 }
 
 // With the journal written ahead an idle seat can't be noticed; with the plain one, which nobody else can change back
-// while this lock is held, nobody can write either.
+// while a lock is held, nobody can write either.
+void SqliteEngine::usePlainJournal() {
+    statements_.clear();
+    script("PRAGMA journal_mode=DELETE");
+    plainJournal_ = true;
+}
+
+// Only a file that still has its name: another one may stand there already, and the journal would be taken for its own.
+void SqliteEngine::leavePlainJournal() noexcept {
+    if (!plainJournal_) return;
+    plainJournal_ = false;
+    int moved = 0;
+    sqlite3_file_control(database_, "main", SQLITE_FCNTL_HAS_MOVED, &moved);
+    if (!moved) sqlite3_exec(database_, "PRAGMA journal_mode=WAL", nullptr, nullptr, nullptr);
+}
+
+void SqliteEngine::requireAlone() {
+    usePlainJournal();
+    script("BEGIN EXCLUSIVE");
+}
+
 void SqliteEngine::holdStill() {
-    requireAlone();
+    usePlainJournal();
     script("BEGIN IMMEDIATE");
 }
 

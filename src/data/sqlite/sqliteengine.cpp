@@ -152,6 +152,7 @@ SqliteEngine::~SqliteEngine() {
 
 void SqliteEngine::closeDatabase() noexcept {
     statements_.clear();
+    if (plainJournal_) rollback();
     sqlite3_close(database_);
     database_ = nullptr;
 }
@@ -250,6 +251,7 @@ void SqliteEngine::commit() {
 
 void SqliteEngine::rollback() noexcept {
     if (sqlite3_get_autocommit(database_) == 0) sqlite3_exec(database_, "ROLLBACK", nullptr, nullptr, nullptr);
+    leavePlainJournal();
 }
 
 namespace {}  // namespace

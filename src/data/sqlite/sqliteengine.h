@@ -52,10 +52,13 @@ private:
     void configure(const OpenSettings& settings);
     void checkPassword(const OpenSettings& settings);
     void closeDatabase() noexcept;
+    void usePlainJournal();
+    void leavePlainJournal() noexcept;
 
     sqlite3* database_ = nullptr;
     DatabaseKind kind_ = DatabaseKind::Main;
     StatementCache statements_;
+    bool plainJournal_ = false;
 };
 
 // Makes a new, empty database file of this program; `applicationId` is one of fileidentity.h. A file that
