@@ -9,10 +9,18 @@
 
 namespace bench {
 
-// Returns how many rows came.
+// Returns how many rows came, -1 for a statement that failed.
 using RawQuery = std::function<qint64(const QByteArray& sql)>;
 
 // On a connection of its own to the office's main database, whichever engine that is; prepared anew each time.
 RawQuery rawQuery(const QString& mainFile);
+
+// The statement as the road would send it, with the choice that it makes.
+inline QByteArray engineStatement(data::Connection& connection, const QString& sql) {
+    const auto translation = connection.translate(sql);
+    const bool choice = !translation->periodFirst.isEmpty();
+    return choice && connection.searchOrder(sql) == data::SearchOrder::PeriodFirst ? translation->periodFirst
+                                                                                   : translation->sql;
+}
 
 }  // namespace bench
