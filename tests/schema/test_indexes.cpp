@@ -33,10 +33,14 @@ private slots:
         QTest::newRow("caller") << u"Select code,photo from cards where τηλεφωνο1 ='2101' or τηλεφωνο2 ='2101' or "
                                    u"τηλεφωνο3 ='2101' or τηλεφωνο4 ='2101' or κινητο ='2101'"_s
                                 << u"MULTI-INDEX OR"_s;
-        const QString due = u"dateadd('d',ΣΥΧΝΟΤΗΤΑ_ΚΙΝΗΣΗΣ,ΤΕΛΕΥΤΑΙΑ_ΚΙΝΗΣΗ)"_s;
-        QTest::newRow("visits that fall due") << u"Select [code],"_s + due + u" as Teleytaia from CARDS where ("_s +
-                                                     due + u" between #2026/11/23# and #2026/11/30# ) ORDER BY "_s + due
-                                              << u"INDEX Cards_due (<expr>>? AND <expr><?)"_s;
+        const auto due = [](const QString& first, const QString& more) {
+            const QString day = u"dateadd('d',ΣΥΧΝΟΤΗΤΑ_ΚΙΝΗΣΗΣ,ΤΕΛΕΥΤΑΙΑ_ΚΙΝΗΣΗ)"_s;
+            return u"Select [code],[ΕΠΩΝΥΜΟ],[ΟΝΟΜΑ],[ΕΤΑΙΡΙΑ],%1 as Teleytaia,[ΠΟΣΟ_ΚΙΝΗΣΗΣ],[ΣΥΧΝΟΤΗΤΑ_ΚΙΝΗΣΗΣ] from "
+                   "CARDS where (%1 between #%2# and #2026/11/30# )%3 ORDER BY %1"_s.arg(day, first, more);
+        };
+        const QString dueIndex = u"COVERING INDEX Cards_due (<expr>>? AND <expr><?)"_s;
+        QTest::newRow("visits that fall due in a week") << due(u"2026/11/23"_s, QString()) << dueIndex;
+        QTest::newRow("visits that are due") << due(u"2000/01/01"_s, u" AND [ΣΥΧΝΟΤΗΤΑ_ΚΙΝΗΣΗΣ]<>0"_s) << dueIndex;
         QTest::newRow("birthdays and name days")
             << u"Select CODE,ΟΝΟΜΑ from Cards where (day(ΗΜ_ΓΕΝΗΣΗΣ)=\"23\" and month(ΗΜ_ΓΕΝΗΣΗΣ)=\"11\") or "
                "(day(ΗΜ_ΕΟΡΤΗΣ)=\"23\" and month(ΗΜ_ΕΟΡΤΗΣ)=\"11\")  order by ΕΠΩΝΥΜΟ"_s
@@ -54,10 +58,6 @@ private slots:
         QTest::newRow("medical terms") << u"Select * from MEDRA WHERE ["_s + terms.join(u"] LIKE '%νεφρ%' or ["_s) +
                                               u"] LIKE '%νεφρ%' order by ["_s + terms[0] + u']'
                                        << u"SCAN _MEDRA_words VIRTUAL TABLE"_s;
-        QTest::newRow("visits that are due today")
-            << u"Select CODE,"_s + due + u" as Teleytaia from CARDS where ("_s + due +
-                   u" between #2000/01/01# and #2026/11/23# ) AND [ΣΥΧΝΟΤΗΤΑ_ΚΙΝΗΣΗΣ]<>0 ORDER BY "_s + due
-            << u"INDEX Cards_due (<expr>>? AND <expr><?)"_s;
         QTest::newRow("appointments of a week and a user")
             << u"Select [user],[contact],[subject],[location],[day],[start],[end],[notes],[entoleas] from dates where "
                "(day between #2026/11/23# and #2026/11/30# ) and user='maria'"_s
@@ -98,8 +98,9 @@ private slots:
             return;
         }
         QVERIFY2(plan.contains(wanted), qPrintable(plan + u'\n' + QString::fromUtf8(office.main.translate(sql)->sql)));
-        const bool whole = wanted.startsWith(u"COVERING");
+        const bool whole = wanted.startsWith(u"COVERING") && !wanted.contains(u'?');
         QVERIFY2(whole || plan.count(u"SCAN") == wanted.count(u"SCAN"), qPrintable(plan));
+        if (wanted.startsWith(u"COVERING")) QVERIFY2(!plan.contains(u"TEMP B-TREE FOR ORDER"), qPrintable(plan));
     }
 
     void historyComesInOrderWithoutSorting() {
