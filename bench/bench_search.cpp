@@ -123,9 +123,9 @@ void road(benchmark::State& state, Office& office, const QString& sql) {
 }
 
 void alone(benchmark::State& state, Office& office, const QString& sql) {
-    const QByteArray engineSql = bench::engineStatement(office.connection, sql);
+    const bench::RawRows rows = office.raw(bench::engineStatement(office.connection, sql));
     for (auto _ : state)
-        if (office.raw(engineSql) < 0) state.SkipWithError("the engine refuses the statement");
+        if (rows() < 0) state.SkipWithError("the engine refuses the statement");
 }
 
 // Four columns, each with a value that no card had before.
@@ -181,7 +181,8 @@ std::unique_ptr<Office> openOffice(const QString& folder) {
 void registerFor(Office& office) {
     const auto add = [&](const char* name, auto measure) {
         return benchmark::RegisterBenchmark((office.label.toStdString() + '/' + name).c_str(), measure)
-            ->Unit(benchmark::kMillisecond);
+            ->Unit(benchmark::kMillisecond)
+            ->UseRealTime();
     };
     for (const Statement& statement : office.statements) {
         add((std::string(statement.name) + "/engine").c_str(),

@@ -21,7 +21,9 @@ RawQuery onSqlite(const QString& file) {
     const std::shared_ptr<sqlite3> database(opened, sqlite3_close);
     data::registerFunctions(opened);
     sqlite3_exec(opened, data::sqliteOpeningPragmas(), nullptr, nullptr, nullptr);
-    return [database](const QByteArray& sql) { return copyRows(database.get(), sql); };
+    return [database](const QByteArray& sql) -> RawRows {
+        return [database, rows = prepareRows(database.get(), sql)] { return copyRows(rows.get()); };
+    };
 }
 
 RawQuery onServer(const QString& file) {
@@ -33,17 +35,21 @@ RawQuery onServer(const QString& file) {
                             user.constData(), password.constData(), nullptr};
     const std::shared_ptr<PGconn> connection(PQconnectdbParams(keys, values, 0), PQfinish);
     PQclear(PQexec(connection.get(), data::pgSessionSettings(server, {}).constData()));
-    return [connection](const QByteArray& sql) {
-        constexpr int binary = 1;
-        PGresult* rows = PQexecParams(connection.get(), sql.constData(), 0, nullptr, nullptr, nullptr, nullptr, binary);
-        static std::string copy;
-        copy.clear();
-        const bool good = PQresultStatus(rows) == PGRES_TUPLES_OK;
-        const int count = PQntuples(rows), columns = PQnfields(rows);
-        for (int row = 0; row < count; ++row)
-            for (int i = 0; i < columns; ++i) copy.append(PQgetvalue(rows, row, i), size_t(PQgetlength(rows, row, i)));
-        PQclear(rows);
-        return good ? qint64(count) : -1;
+    return [connection](const QByteArray& sql) -> RawRows {
+        PQclear(PQprepare(connection.get(), "", sql.constData(), 0, nullptr));
+        return [connection] {
+            constexpr int binary = 1;
+            PGresult* rows = PQexecPrepared(connection.get(), "", 0, nullptr, nullptr, nullptr, binary);
+            static std::string copy;
+            copy.clear();
+            const bool good = PQresultStatus(rows) == PGRES_TUPLES_OK;
+            const int count = PQntuples(rows), columns = PQnfields(rows);
+            for (int row = 0; row < count; ++row)
+                for (int i = 0; i < columns; ++i)
+                    copy.append(PQgetvalue(rows, row, i), size_t(PQgetlength(rows, row, i)));
+            PQclear(rows);
+            return good ? qint64(count) : -1;
+        };
     };
 }
 

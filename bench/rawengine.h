@@ -9,10 +9,12 @@
 
 namespace bench {
 
-// Returns how many rows came, -1 for a statement that failed.
-using RawQuery = std::function<qint64(const QByteArray& sql)>;
+// Runs its statement and returns how many rows came, -1 when it failed.
+using RawRows = std::function<qint64()>;
+// Prepares a statement, as the road does, once.
+using RawQuery = std::function<RawRows(const QByteArray& sql)>;
 
-// On a connection of its own to the office's main database, whichever engine that is; prepared anew each time.
+// On a connection of its own to the office's main database, whichever engine that is.
 RawQuery rawQuery(const QString& mainFile);
 
 // The statement as the road would send it, with the choice that it makes.
