@@ -17,7 +17,7 @@ namespace {
 
 RawQuery onSqlite(const QString& file) {
     sqlite3* opened = nullptr;
-    sqlite3_open_v2(file.toUtf8().constData(), &opened, SQLITE_OPEN_READONLY, nullptr);
+    sqlite3_open_v2(file.toUtf8().constData(), &opened, SQLITE_OPEN_READONLY | SQLITE_OPEN_NOMUTEX, nullptr);
     const std::shared_ptr<sqlite3> database(opened, sqlite3_close);
     data::registerFunctions(opened);
     sqlite3_exec(opened, data::sqliteOpeningPragmas(), nullptr, nullptr, nullptr);
