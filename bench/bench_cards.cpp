@@ -1,7 +1,6 @@
 // The card window and the office's own statements on a demonstration office of 100,000 cards, beside the engine's C
 // interface.
 #include <benchmark/benchmark.h>
-#include <sqlite3.h>
 
 #include <QApplication>
 #include <QTemporaryDir>
@@ -10,8 +9,10 @@
 #include "cards/frmfind.h"
 #include "cards/frmhmerologio.h"
 #include "controls/theme.h"
+#include "copyrows.h"
 #include "data/format.h"
 #include "data/sqlite/sqliteengine.h"
+#include "rawengine.h"
 #include "schema/demo.h"
 #include "schema/office.h"
 #include "schema/tablewriter.h"
@@ -70,21 +71,11 @@ struct Office {
     core::MainMod mod{desk.services};
 };
 
-// Every cell of a statement copied once, by the engine alone.
 void engineAlone(benchmark::State& state, const QString& statement) {
     Office& office = Office::instance();
-    const QByteArray sql = office.mod.gConn.translate(statement)->sql;
-    for (auto _ : state) {
-        sqlite3_stmt* rows = nullptr;
-        sqlite3_prepare_v2(office.handle(), sql.constData(), -1, &rows, nullptr);
-        std::string copy;
-        while (sqlite3_step(rows) == SQLITE_ROW)
-            for (int i = 0; i < sqlite3_column_count(rows); ++i)
-                if (const auto* text = sqlite3_column_text(rows, i))
-                    copy.append(reinterpret_cast<const char*>(text), sqlite3_column_bytes(rows, i));
-        sqlite3_finalize(rows);
-        benchmark::DoNotOptimize(copy.data());
-    }
+    const QByteArray sql = bench::engineStatement(office.mod.gConn, statement);
+    const auto rows = bench::prepareRows(office.handle(), sql);
+    for (auto _ : state) benchmark::DoNotOptimize(bench::copyRows(rows.get()));
 }
 
 void recordset(benchmark::State& state, const QString& statement) {
@@ -164,6 +155,36 @@ void showJournal(benchmark::State& state, const char16_t* reason) {
 }
 BENCHMARK_CAPTURE(showJournal, month, u"")->Unit(benchmark::kMillisecond);
 BENCHMARK_CAPTURE(showJournal, rareWord, u"4999")->Unit(benchmark::kMillisecond);
+
+// Ten years of everybody's movements through the reader, as the journal's window reads them; `pieces` is how often the
+// window was free between. Beside it the same rows as one statement.
+cards::JournalFilter tenYears(const char16_t* reason) {
+    const QDate today = Office::instance().desk.clock.today();
+    return {today.addYears(-10), today, QString::fromUtf16(reason), {}};
+}
+void readTenYears(benchmark::State& state, const char16_t* reason) {
+    Office& office = Office::instance();
+    const cards::JournalFilter filter = tenYears(reason);
+    qint64 rows = 0, pieces = 0;
+    for (auto _ : state) {
+        cards::JournalReader reader(office.mod.gConn, filter);
+        for (pieces = 1; reader.step();) ++pieces;
+        rows = reader.takeRows().size();
+    }
+    state.counters["rows"] = double(rows);
+    state.counters["pieces"] = double(pieces);
+}
+void tenYearsAlone(benchmark::State& state, const char16_t* reason) {
+    const cards::JournalFilter filter = tenYears(reason);
+    engineAlone(state, cards::journalStatement(filter, filter.from, filter.to));
+}
+#define TEN_YEARS(name, reason)                                                    \
+    BENCHMARK_CAPTURE(tenYearsAlone, name, reason)->Unit(benchmark::kMillisecond); \
+    BENCHMARK_CAPTURE(readTenYears, name, reason)->Unit(benchmark::kMillisecond)
+TEN_YEARS(all, u"");
+TEN_YEARS(someThousandFinds, u"Έκτακτη πληρωμή");
+TEN_YEARS(commonWord, u"τιμολόγιο");
+#undef TEN_YEARS
 
 // Text typed, Enter pressed, the finds on screen.
 void searchWindow(benchmark::State& state, const QString& text) {

@@ -1,10 +1,10 @@
 // The data road against the same work done straight on the engine's C interface.
 #include <benchmark/benchmark.h>
-#include <sqlite3.h>
 
 #include <QRandomGenerator>
 #include <QTemporaryDir>
 
+#include "copyrows.h"
 #include "data/fileidentity.h"
 #include "data/fold.h"
 #include "data/recordset.h"
@@ -78,22 +78,11 @@ private:
     Connection connection_;
 };
 
-// The engine alone: every text of every row copied once.
 void rawRead(benchmark::State& state) {
     Office& office = Office::instance();
     const QByteArray sql = office.connection().translate(listSql)->sql;
-    for (auto _ : state) {
-        sqlite3_stmt* statement = nullptr;
-        sqlite3_prepare_v2(office.handle(), sql.constData(), -1, &statement, nullptr);
-        std::string copy;
-        while (sqlite3_step(statement) == SQLITE_ROW) {
-            for (int i = 0; i < 9; ++i)
-                copy.append(reinterpret_cast<const char*>(sqlite3_column_text(statement, i)),
-                            sqlite3_column_bytes(statement, i));
-        }
-        sqlite3_finalize(statement);
-        benchmark::DoNotOptimize(copy.data());
-    }
+    const auto rows = bench::prepareRows(office.handle(), sql);
+    for (auto _ : state) benchmark::DoNotOptimize(bench::copyRows(rows.get()));
 }
 BENCHMARK(rawRead)->Unit(benchmark::kMillisecond);
 

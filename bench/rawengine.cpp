@@ -1,45 +1,28 @@
 #include "rawengine.h"
 
 #include <libpq-fe.h>
-#include <sqlite3.h>
 
 #include <string>
 
+#include "copyrows.h"
 #include "data/fileidentity.h"
-#include "data/postgres/pgdialect.h"
+#include "data/postgres/pgparts.h"
 #include "data/serverdescription.h"
 #include "data/sqlite/functions.h"
+#include "data/sqlite/sqliteengine.h"
 
+// Both sessions are set as the road sets its own: the ratio is of the road, not of a cache or a planner.
 namespace bench {
 namespace {
 
-void copyCell(std::string& copy, const void* bytes, int size) {
-    if (bytes && size > 0) copy.append(static_cast<const char*>(bytes), size_t(size));
-}
-
 RawQuery onSqlite(const QString& file) {
     sqlite3* opened = nullptr;
-    sqlite3_open_v2(file.toUtf8().constData(), &opened, SQLITE_OPEN_READONLY, nullptr);
+    sqlite3_open_v2(file.toUtf8().constData(), &opened, SQLITE_OPEN_READONLY | SQLITE_OPEN_NOMUTEX, nullptr);
     const std::shared_ptr<sqlite3> database(opened, sqlite3_close);
     data::registerFunctions(opened);
-    // As the road sets them: the ratio is of the road, not of a cache.
-    sqlite3_exec(opened, "PRAGMA temp_store=MEMORY; PRAGMA cache_size=-32768;", nullptr, nullptr, nullptr);
-    return [database](const QByteArray& sql) {
-        sqlite3_stmt* rows = nullptr;
-        sqlite3_prepare_v2(database.get(), sql.constData(), -1, &rows, nullptr);
-        std::string copy;
-        qint64 count = 0;
-        for (; sqlite3_step(rows) == SQLITE_ROW; ++count)
-            for (int i = 0; i < sqlite3_column_count(rows); ++i) {
-                const int type = sqlite3_column_type(rows, i);
-                const sqlite3_int64 number = sqlite3_column_int64(rows, i);
-                if (type == SQLITE_INTEGER || type == SQLITE_FLOAT)
-                    copyCell(copy, &number, sizeof number);
-                else
-                    copyCell(copy, sqlite3_column_blob(rows, i), sqlite3_column_bytes(rows, i));
-            }
-        sqlite3_finalize(rows);
-        return count;
+    sqlite3_exec(opened, data::sqliteOpeningPragmas(), nullptr, nullptr, nullptr);
+    return [database](const QByteArray& sql) -> RawRows {
+        return [database, rows = prepareRows(database.get(), sql)] { return copyRows(rows.get()); };
     };
 }
 
@@ -51,17 +34,22 @@ RawQuery onServer(const QString& file) {
     const char* values[] = {host.constData(), port.constData(),     name.constData(),
                             user.constData(), password.constData(), nullptr};
     const std::shared_ptr<PGconn> connection(PQconnectdbParams(keys, values, 0), PQfinish);
-    const QByteArray path = "SET search_path TO " + data::pgDialect().identifier(server.schemaName());
-    PQclear(PQexec(connection.get(), path.constData()));
-    return [connection](const QByteArray& sql) {
-        constexpr int binary = 1;
-        PGresult* rows = PQexecParams(connection.get(), sql.constData(), 0, nullptr, nullptr, nullptr, nullptr, binary);
-        std::string copy;
-        const int count = PQntuples(rows), columns = PQnfields(rows);
-        for (int row = 0; row < count; ++row)
-            for (int i = 0; i < columns; ++i) copyCell(copy, PQgetvalue(rows, row, i), PQgetlength(rows, row, i));
-        PQclear(rows);
-        return qint64(count);
+    PQclear(PQexec(connection.get(), data::pgSessionSettings(server, {}).constData()));
+    return [connection](const QByteArray& sql) -> RawRows {
+        PQclear(PQprepare(connection.get(), "", sql.constData(), 0, nullptr));
+        return [connection] {
+            constexpr int binary = 1;
+            PGresult* rows = PQexecPrepared(connection.get(), "", 0, nullptr, nullptr, nullptr, binary);
+            static std::string copy;
+            copy.clear();
+            const bool good = PQresultStatus(rows) == PGRES_TUPLES_OK;
+            const int count = PQntuples(rows), columns = PQnfields(rows);
+            for (int row = 0; row < count; ++row)
+                for (int i = 0; i < columns; ++i)
+                    copy.append(PQgetvalue(rows, row, i), size_t(PQgetlength(rows, row, i)));
+            PQclear(rows);
+            return good ? qint64(count) : -1;
+        };
     };
 }
 

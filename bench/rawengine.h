@@ -9,10 +9,20 @@
 
 namespace bench {
 
-// Returns how many rows came.
-using RawQuery = std::function<qint64(const QByteArray& sql)>;
+// Runs its statement and returns how many rows came, -1 when it failed.
+using RawRows = std::function<qint64()>;
+// Prepares a statement, as the road does, once.
+using RawQuery = std::function<RawRows(const QByteArray& sql)>;
 
-// On a connection of its own to the office's main database, whichever engine that is; prepared anew each time.
+// On a connection of its own to the office's main database, whichever engine that is.
 RawQuery rawQuery(const QString& mainFile);
+
+// The statement as the road would send it, with the choice that it makes.
+inline QByteArray engineStatement(data::Connection& connection, const QString& sql) {
+    const auto translation = connection.translate(sql);
+    const bool choice = !translation->periodFirst.isEmpty();
+    return choice && connection.searchOrder(sql) == data::SearchOrder::PeriodFirst ? translation->periodFirst
+                                                                                   : translation->sql;
+}
 
 }  // namespace bench

@@ -9,8 +9,10 @@ namespace cards {
 namespace {
 
 // A piece is to take about this long.
-constexpr int shortPieceMs = 5, longPieceMs = 12;
+constexpr double shortPieceMs = 5, longPieceMs = 12;
 constexpr int mostDays = 400'000;
+// When the days of the longer of two pieces cost less than this of those of the shorter, the cost isn't the days'.
+constexpr double muchCheaper = 0.75;
 
 QString dayLiteral(QDate day) {
     return data::format(data::wallClock(day), u"yyyy/mm/dd");
@@ -31,26 +33,42 @@ QString journalStatement(const JournalFilter& filter, QDate from, QDate to) {
     return sql + QStringLiteral(" ORDER BY ΗΜΕΡΟΜΗΝΙΑ");
 }
 
+void PieceLength::took(double milliseconds) {
+    const double day = milliseconds / days_;
+    const bool unknown = daysBefore_ == 0;
+    const bool longerPays = (days_ > daysBefore_ && day < dayBefore_ * muchCheaper) ||
+                            (days_ < daysBefore_ && dayBefore_ < day * muchCheaper);
+    daysBefore_ = days_;
+    dayBefore_ = day;
+    if (milliseconds < shortPieceMs || unknown || longerPays)
+        days_ = std::min(days_ * 2, mostDays);
+    else if (milliseconds > longPieceMs)
+        days_ = std::max(days_ / 2, 1);
+}
+
 JournalReader::JournalReader(data::Connection& connection, const JournalFilter& filter)
-    : connection_(connection), filter_(filter), next_(filter.from) {}
+    : connection_(connection), filter_(filter), next_(filter.from) {
+    options_.searchOrder = connection.searchOrder(journalStatement(filter, filter.from, filter.to));
+}
 
 bool JournalReader::step() {
     if (next_ > filter_.to) return false;
+    // A piece would look up the same words in the whole table as all of them together.
+    const bool atOnce = options_.searchOrder == data::SearchOrder::WordsFirst;
     QElapsedTimer clock;
     clock.start();
-    const QDate last = std::min(next_.addDays(days_ - 1), filter_.to);
+    const QDate last = atOnce ? filter_.to : std::min(next_.addDays(piece_.days() - 1), filter_.to);
     read(next_, last);
     next_ = last.addDays(1);
-    const qint64 spent = clock.elapsed();
-    if (spent < shortPieceMs) days_ = std::min(days_ * 2, mostDays);
-    if (spent > longPieceMs) days_ = std::max(days_ / 2, 1);
+    piece_.took(double(clock.nsecsElapsed()) / 1e6);
     return next_ <= filter_.to;
 }
 
 void JournalReader::read(QDate from, QDate to) {
     QDateTime day;
     QString shownDay;
-    for (data::Recordset rows(connection_, journalStatement(filter_, from, to)); !rows.eof(); rows.moveNext()) {
+    for (data::Recordset rows(connection_, journalStatement(filter_, from, to), options_); !rows.eof();
+         rows.moveNext()) {
         const QDateTime ofRow = rows.field(0).toDate();
         if (ofRow != day) {
             day = ofRow;

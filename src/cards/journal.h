@@ -22,10 +22,24 @@ struct JournalRow {
     qint64 card = 0;
 };
 
-// Goes through the period by as many days at a time as take a few milliseconds. The order of rows is the one of their
-// days. Each piece is read as it stands at that moment.
+// How many days the next piece of a period has: as many as take a few milliseconds, and more when a piece costs the
+// same however few it has.
+class PieceLength {
+public:
+    int days() const { return days_; }
+    void took(double milliseconds);
+
+private:
+    int days_ = 1;
+    int daysBefore_ = 0;    // of the piece before; 0 at first
+    double dayBefore_ = 0;  // what a day of it took
+};
+
+// Goes through the period piece by piece, or reads it at once when only few movements have the words of the reason. The
+// order of rows is the one of their days. Each piece is read as it stands at that moment.
 class JournalReader {
 public:
+    // Throws data::Error.
     JournalReader(data::Connection& connection, const JournalFilter& filter);
 
     // The next piece; false when the period is through. Throws data::Error.
@@ -41,7 +55,8 @@ private:
     data::Connection& connection_;
     JournalFilter filter_;
     QDate next_;
-    int days_ = 1;
+    data::OpenOptions options_;
+    PieceLength piece_;
     QVector<JournalRow> rows_;
     Money debit_, credit_;
 };

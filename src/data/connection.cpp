@@ -112,6 +112,17 @@ std::shared_ptr<const Translation> Connection::translate(const QString& sql, con
     }
 }
 
+SearchOrder Connection::searchOrder(const QString& sql, const OpenOptions& options) {
+    const auto translation = translate(sql, options);
+    if (translation->probe.isEmpty()) return SearchOrder::PeriodFirst;
+    try {
+        const bool few = engine().query(translation->probe, {}, nullptr) <= Translation::probeLimit;
+        return few ? SearchOrder::WordsFirst : SearchOrder::PeriodFirst;
+    } catch (const Error& error) {
+        throw Error(error.category(), error.text(), sql, error.engineCode());
+    }
+}
+
 QByteArray Connection::indexedExpression(const QString& table, const QString& expression) {
     engine();
     return d->translator->expression(table, expression);

@@ -4,6 +4,7 @@
 #include <QString>
 #include <QVariantMap>
 #include <memory>
+#include <optional>
 
 #include "data/dialect/translation.h"
 #include "data/engine.h"
@@ -15,10 +16,15 @@ class Recordset;
 // Values of named parameters of a statement, in the forms of types.h; names without regard to case.
 using Parameters = QVariantMap;
 
+// What a statement that asks for words inside a text and for a period reads first (Translation::periodFirst).
+enum class SearchOrder { WordsFirst, PeriodFirst };
+
 struct OpenOptions {
     Parameters parameters;
     // The text was composed or typed by a user: dates day first, decimal commas, nothing but one SELECT.
     bool userComposed = false;
+    // Without one the connection finds out (searchOrder).
+    std::optional<SearchOrder> searchOrder{};
 };
 
 // Opens, executes, translates. Each statement commits by itself unless a Transaction is open.
@@ -51,6 +57,10 @@ public:
 
     // The statement as the engine gets it; for tools, tests and the curious.
     std::shared_ptr<const Translation> translate(const QString& sql, const OpenOptions& options = {});
+
+    // Whether few rows have the words that a statement asks for, which costs the engine a look into its word index. Who
+    // opens one search for many periods asks once. PeriodFirst too when there is nothing to choose.
+    SearchOrder searchOrder(const QString& sql, const OpenOptions& options = {});
 
     // An expression of the dialect over one table, as EngineDialect::createIndex wants it.
     QByteArray indexedExpression(const QString& table, const QString& expression);

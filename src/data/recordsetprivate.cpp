@@ -16,11 +16,15 @@ void Recordset::Private::fetch() {
         throw Error(ErrorCategory::State, QStringLiteral("Η εντολή δεν επιστρέφει εγγραφές."), sql);
     const TableInfo* const base =
         translation->baseTable.isEmpty() ? nullptr : connection->catalog().find(translation->baseTable);
+    const auto periodFirst = [&] {
+        if (translation->periodFirst.isEmpty()) return false;
+        const SearchOrder order = options.searchOrder ? *options.searchOrder : connection->searchOrder(sql, options);
+        return order == SearchOrder::PeriodFirst;
+    };
+    const QByteArray& engineSql = periodFirst() ? translation->periodFirst : translation->sql;
     RowStore fetched(int(translation->columns.size()) + (translation->baseTable.isEmpty() ? 0 : 1));
     try {
-        const bool many = !translation->probe.isEmpty() &&
-                          connection->engine().query(translation->probe, {}, nullptr) > Translation::probeLimit;
-        connection->engine().query(many ? translation->periodFirst : translation->sql, parameterValues(*translation, options.parameters), &fetched);
+        connection->engine().query(engineSql, parameterValues(*translation, options.parameters), &fetched);
     } catch (const Error& error) {
         throw Error(error.category(), error.text(), sql, error.engineCode());
     }

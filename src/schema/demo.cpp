@@ -142,6 +142,7 @@ void fillDemo(data::Connection& main, data::Connection& users, const DemoOptions
     const QDate today = options.referenceDate.isValid() ? options.referenceDate : QDate::currentDate();
     const World world{options.seed, today, readNameDays(main)};
     data::Transaction transaction(main);
+    main.engine().setProperty(demoProperty, QString::number(options.seed));
     writeSettings(main);
     writeDiary(main, world, writeCards(main, world, options));
     transaction.commit();

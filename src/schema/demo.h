@@ -10,6 +10,10 @@
 
 namespace schema {
 
+// The property of a main database that was filled here, with the seed; whoever wants to write to an office without
+// leave asks for it first.
+inline const QString demoProperty = QStringLiteral("demo");
+
 struct DemoOptions {
     int cards = 200;
     quint64 seed = 1;

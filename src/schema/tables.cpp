@@ -114,8 +114,12 @@ Table cards() {
              {u"επωνυμο"_s, u"ονομα"_s, u"εταιρια"_s, u"διευθυνση"_s, u"τηλεφωνο1"_s, u"ΚΙΝΗΤΟ"_s, u"email"_s,
               u"category"_s, u"πολη"_s, u"περιοχη"_s, u"επαγγελμα"_s, u"total"_s},
              2},
-            // When a card's next visit falls due; who has a birthday or a name day.
-            {u"Cards_due"_s, {u"dateadd('d',ΣΥΧΝΟΤΗΤΑ_ΚΙΝΗΣΗΣ,ΤΕΛΕΥΤΑΙΑ_ΚΙΝΗΣΗ)"_s}, {}, 2},
+            // When a card's next visit falls due, with all that its lists show; who has a birthday or a name day.
+            {u"Cards_due"_s, {u"dateadd('d',ΣΥΧΝΟΤΗΤΑ_ΚΙΝΗΣΗΣ,ΤΕΛΕΥΤΑΙΑ_ΚΙΝΗΣΗ)"_s}, {}, 2, 2},
+            {u"Cards_due"_s,
+             {u"dateadd('d',ΣΥΧΝΟΤΗΤΑ_ΚΙΝΗΣΗΣ,ΤΕΛΕΥΤΑΙΑ_ΚΙΝΗΣΗ)"_s, u"code"_s},
+             {u"ΣΥΧΝΟΤΗΤΑ_ΚΙΝΗΣΗΣ"_s, u"ΤΕΛΕΥΤΑΙΑ_ΚΙΝΗΣΗ"_s, u"επωνυμο"_s, u"ονομα"_s, u"εταιρια"_s, u"ΠΟΣΟ_ΚΙΝΗΣΗΣ"_s},
+             3},
             {u"Cards_birthday"_s, {u"month(ΗΜ_ΓΕΝΗΣΗΣ)"_s, u"day(ΗΜ_ΓΕΝΗΣΗΣ)"_s}, {}, 2},
             // A number is found however it was written.
             {u"Cards_number1"_s, {u"phonekey(τηλεφωνο1)"_s}, {}, 2},

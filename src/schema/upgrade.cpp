@@ -12,8 +12,8 @@ static UpgradeStep indexStep(Database database, int version) {
 }
 
 const QVector<UpgradeStep>& upgradeSteps(Database database) {
-    static const QVector<UpgradeStep> main = {indexStep(Database::Main, 2)};
-    static const QVector<UpgradeStep> users = {indexStep(Database::Users, 2)};
+    static const QVector<UpgradeStep> main = {indexStep(Database::Main, 2), indexStep(Database::Main, 3)};
+    static const QVector<UpgradeStep> users = {indexStep(Database::Users, 2), indexStep(Database::Users, 3)};
     return database == Database::Main ? main : users;
 }
 

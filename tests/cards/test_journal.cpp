@@ -3,6 +3,8 @@
 #include "cards/journal.h"
 #include "main/mdimain.h"
 #include "support/office.h"
+#include "support/sqlitetrace.h"
+#include "support/testengine.h"
 
 using cards::JournalFilter;
 using cards::JournalReader;
@@ -84,6 +86,70 @@ private slots:
         for (int i = 0; i < rows.size(); ++i) QCOMPARE(rows[i].cells[3], QString::number(i));
         QCOMPARE(reader.debit().text(), QString("30,00"));
         QCOMPARE(reader.credit().text(), QString("3,00"));
+    }
+
+    // What is asked of the engine doesn't grow with the period: one look for the words, then either all the finds at
+    // once or the days without the words.
+    void wordsAreLookedUpOncePerSearch_data() {
+        QTest::addColumn<QString>("reason");
+        QTest::addColumn<int>("finds");
+        QTest::newRow("rare") << "σπάνια" << 30;
+        QTest::newRow("common") << "πληρωμή" << int(data::Translation::probeLimit) + 1;
+    }
+    void wordsAreLookedUpOncePerSearch() {
+        QFETCH(QString, reason);
+        QFETCH(int, finds);
+        const QDate from(2016, 1, 1), to(2025, 12, 31);
+        Journal office;
+        {
+            data::Transaction transaction(office.mod.gConn);
+            for (int i = 0; i < finds; ++i)
+                office.add(office.a, from.addDays(i % 3653).toString("yyyy/MM/dd"), "Έκτακτη " + reason, 1, 0);
+            transaction.commit();
+        }
+        const JournalFilter filter{from, to, reason, {}};
+        const auto translation = office.mod.gConn.translate(cards::journalStatement(filter, from, to));
+        std::unique_ptr<support::SqliteTrace> trace;
+        if (!testengine::isPostgres()) trace = std::make_unique<support::SqliteTrace>(office.mod.gConn);
+        JournalReader reader(office.mod.gConn, filter);
+        int pieces = 1;
+        while (reader.step()) ++pieces;
+        QCOMPARE(reader.takeRows().size(), finds);
+        if (!trace) return;  // a server's planner chooses by itself
+        const bool few = finds <= data::Translation::probeLimit;
+        QCOMPARE(trace->count(translation->probe), 1);
+        QCOMPARE(trace->containing("_History_words"), few ? 2 : 1);
+        QCOMPARE(few, pieces == 1);
+    }
+
+    void piecesGrowUntilTheirDaysCount_data() {
+        QTest::addColumn<double>("fixed");
+        QTest::addColumn<double>("perDay");
+        QTest::addColumn<int>("most");        // pieces
+        QTest::addColumn<double>("longest");  // milliseconds
+        QTest::newRow("nothing there") << 0.1 << 0.0 << 15 << 1.0;
+        QTest::newRow("a few milliseconds whatever the days") << 7.0 << 0.0 << 15 << 7.0;
+        QTest::newRow("twenty of them") << 20.0 << 0.0 << 15 << 20.0;
+        QTest::newRow("twenty and some for each day") << 20.0 << 0.1 << 40 << 75.0;
+        QTest::newRow("some for each day") << 0.1 << 0.1 << 80 << 14.0;
+        QTest::newRow("busy days") << 0.1 << 7.0 << 3653 << 15.0;
+        QTest::newRow("very busy days") << 0.1 << 40.0 << 3653 << 81.0;
+    }
+    void piecesGrowUntilTheirDaysCount() {
+        QFETCH(double, fixed);
+        QFETCH(double, perDay);
+        cards::PieceLength length;
+        QFETCH(int, most);
+        QFETCH(double, longest);
+        int pieces = 0;
+        for (int left = 3653; left > 0; ++pieces) {
+            const int days = std::min(length.days(), left);
+            const double took = fixed + perDay * days;
+            QVERIFY2(took <= longest, qPrintable(QString::number(took)));
+            left -= days;
+            length.took(took);
+        }
+        QVERIFY2(pieces <= most, qPrintable(QString::number(pieces)));
     }
 
     void itOpensOnTheMonthToDate() {

@@ -3,6 +3,7 @@
 #include "data/dialect/enginedialect.h"
 #include "data/fold.h"
 #include "scratchoffice.h"
+#include "support/sqlitetrace.h"
 
 using namespace Qt::Literals::StringLiterals;
 
@@ -139,14 +140,22 @@ private slots:
             office.main.execute(u"update History set ΗΜΕΡΟΜΗΝΙΑ='23/11/2026' where aa<30"_s);
             transaction.commit();
         }
-        const auto count = [&](const QString& word) {
-            return data::Recordset(office.main,
-                                   u"select aa from History where ΗΜΕΡΟΜΗΝΙΑ between #2026/11/01# and "
-                                   "#2026/11/30# and ΑΙΤΙΟΛΟΓΙΑ like '%%1%' order by ΗΜΕΡΟΜΗΝΙΑ"_s.arg(word))
-                .recordCount();
+        std::unique_ptr<support::SqliteTrace> trace;
+        if (!testengine::isPostgres()) trace = std::make_unique<support::SqliteTrace>(office.main);
+        const auto found = [&](const QString& word, bool common) {
+            const QString sql =
+                u"select aa from History where ΗΜΕΡΟΜΗΝΙΑ between #2026/11/01# and #2026/11/30# and "
+                "ΑΙΤΙΟΛΟΓΙΑ like '%%1%' order by ΗΜΕΡΟΜΗΝΙΑ"_s.arg(word);
+            const qint64 count = data::Recordset(office.main, sql).recordCount();
+            const auto ways = office.main.translate(sql);
+            if (trace) {
+                QTest::qCompare(trace->count(ways->periodFirst), int(common), "period", "", __FILE__, __LINE__);
+                QTest::qCompare(trace->count(ways->sql), int(!common), "words", "", __FILE__, __LINE__);
+            }
+            return count;
         };
-        QCOMPARE(count(u"πώληση"_s), 29);
-        QCOMPARE(count(u"σπάνια"_s), 1);
+        QCOMPARE(found(u"πώληση"_s, true), 29);
+        QCOMPARE(found(u"σπάνια"_s, false), 1);
     }
 };
 

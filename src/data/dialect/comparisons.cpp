@@ -131,7 +131,7 @@ static QString behindPrefix(const QString& prefix) {
     return {};
 }
 
-// A pattern that only starts with something becomes a range, which an index on the fold serves.
+// What a pattern starts with becomes a range, which an index on the fold serves; the rest is asked of what lies in it.
 Renderer::Piece Renderer::like(const Expr& expr) {
     const Expr& value = *expr.arguments[0];
     const Expr& wanted = *expr.arguments[1];
@@ -143,14 +143,16 @@ Renderer::Piece Renderer::like(const Expr& expr) {
     while (prefix < pattern.size() && pattern[prefix] != u'%' && pattern[prefix] != u'_') ++prefix;
     if (prefix == pattern.size()) return {folded(value) + " = " + dialect_.textLiteral(pattern), Comparison};
     const bool restIsPercent = std::all_of(pattern.begin() + prefix, pattern.end(), [](QChar c) { return c == u'%'; });
-    if (!restIsPercent)
-        return {dialect_.like(as(value, ValueKind::Text, Whole), dialect_.textLiteral(pattern)), Comparison};
+    QByteArray whole;
+    if (!restIsPercent) whole = dialect_.like(as(value, ValueKind::Text, Whole), dialect_.textLiteral(pattern));
+    if (prefix == 0 && !restIsPercent) return {whole, Comparison};
     const QString from = pattern.left(prefix);
     const QString behind = behindPrefix(from);
     const QByteArray text = folded(value);
     QByteArray out = text + " >= " + dialect_.textLiteral(from);
-    if (behind.isEmpty()) return {out, Comparison};
-    return {out + " AND " + text + " < " + dialect_.textLiteral(behind), And};
+    if (!behind.isEmpty()) out += " AND " + text + " < " + dialect_.textLiteral(behind);
+    if (!restIsPercent) out += " AND " + whole;
+    return {out, And};
 }
 
 }  // namespace data::dialect

@@ -96,9 +96,6 @@ private:
     quint64 nextName_ = 0;
 };
 
-// What every session is set to, whatever the server, the database or the role say otherwise; for measurements too.
-QByteArray pgSessionSettings();
-
 // Makes the schema that the description names, if it isn't there, and in it an empty database of this program. A schema
 // that holds anything but what extensions put there is refused and left alone.
 void createPgDatabase(const ServerDescription& server, DatabaseKind kind);

@@ -73,12 +73,17 @@ QByteArray head(const QByteArray& sql) {
 
 }  // namespace
 
-QByteArray pgSessionSettings() {
-    return "SET standard_conforming_strings TO on; SET extra_float_digits TO 1; SET DateStyle TO ISO; "
-           "SET synchronous_commit TO on; SET default_transaction_isolation TO 'read committed'; "
-           "SET statement_timeout TO 0; SET idle_session_timeout TO 0; SET idle_in_transaction_session_timeout TO 0; "
-           // An office fits into memory, and no statement of it runs long enough to be compiled.
-           "SET random_page_cost TO 1.1; SET jit TO off";
+QByteArray pgSessionSettings(const ServerDescription& server, const OpenSettings& settings) {
+    QByteArray sql =
+        "SET search_path TO " + pgDialect().identifier(server.schemaName()) +
+        ", pg_temp; SET standard_conforming_strings TO on; SET extra_float_digits TO 1; SET DateStyle TO ISO; "
+        "SET synchronous_commit TO on; SET default_transaction_isolation TO 'read committed'; "
+        "SET statement_timeout TO 0; SET idle_session_timeout TO 0; SET idle_in_transaction_session_timeout TO 0; "
+        // An office fits into memory, and no statement of it runs long enough to be compiled.
+        "SET random_page_cost TO 1.1; SET jit TO off; SET lock_timeout TO " +
+        QByteArray::number(qMax(1, settings.busyTimeoutMs));
+    if (settings.readOnly) sql += "; SET default_transaction_read_only TO on";
+    return sql;
 }
 
 // A constructor that hands on to another is undone by the destructor when it fails.
@@ -133,11 +138,7 @@ void PgEngine::configure() {
     }
     PQsetNoticeProcessor(
         connection_, [](void*, const char*) {}, nullptr);
-    QByteArray sql = "SET search_path TO " + pgDialect().identifier(server_.schemaName()) + ", pg_temp; " +
-                     pgSessionSettings() + "; SET lock_timeout TO " +
-                     QByteArray::number(qMax(1, settings_.busyTimeoutMs));
-    if (settings_.readOnly) sql += "; SET default_transaction_read_only TO on";
-    script(sql);
+    script(pgSessionSettings(server_, settings_));
     // The clock of the statements is the one on the wall here. A server may not know the zone by its name.
     const QByteArray zone = pgDialect().EngineDialect::textLiteral(QString::fromLatin1(QTimeZone::systemTimeZoneId()));
     const PgResult set(PQexec(connection_, ("SET TIME ZONE " + zone).constData()));

@@ -124,15 +124,16 @@ void sendRow(sqlite3_stmt* statement, int columns, RowSink& sink) {
     }
 }
 
-constexpr char openingPragmas[] =
-    "PRAGMA foreign_keys=OFF;"
-    "PRAGMA synchronous=FULL;"
-    "PRAGMA cell_size_check=ON;"
-    "PRAGMA temp_store=MEMORY;"
-    "PRAGMA cache_size=-131072;"
-    "PRAGMA journal_size_limit=67108864;";
-
 }  // namespace
+
+const char* sqliteOpeningPragmas() {
+    return "PRAGMA foreign_keys=OFF;"
+           "PRAGMA synchronous=FULL;"
+           "PRAGMA cell_size_check=ON;"
+           "PRAGMA temp_store=MEMORY;"
+           "PRAGMA cache_size=-131072;"
+           "PRAGMA journal_size_limit=67108864;";
+}
 
 SqliteEngine::SqliteEngine(const OpenSettings& settings) {
     const FileIdentity identity = requireOurs(settings.file);
@@ -181,7 +182,7 @@ void SqliteEngine::configure(const OpenSettings& settings) {
     sqlite3_db_config(database_, SQLITE_DBCONFIG_DQS_DDL, 0, nullptr);
     sqlite3_limit(database_, SQLITE_LIMIT_ATTACHED, 1);  // VACUUM needs one
     registerFunctions(database_);
-    script(openingPragmas);
+    script(sqliteOpeningPragmas());
     // SQLite opens a file it can't write for reading only, without a word.
     if (!settings.readOnly && sqlite3_db_readonly(database_, "main") == 1)
         refuseReadOnly(QStringLiteral("στο αρχείο «%1»").arg(info.fileName()));

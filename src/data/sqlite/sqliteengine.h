@@ -65,4 +65,7 @@ private:
 // exists is refused and left alone; on a failure no file stays behind.
 void createSqliteFile(const QString& file, quint32 applicationId);
 
+// What every connection is set to as it opens; for measuring beside it.
+const char* sqliteOpeningPragmas();
+
 }  // namespace data
