@@ -10,15 +10,19 @@ Seat::Seat(const QString& folder) {
     sinceTouch_.start();
 }
 
+void Seat::keep() {
+    if (lock_.isHeld() && sinceTouch_.hasExpired(schema::SeatLock::touchSeconds * 1000LL)) {
+        lock_.touch();
+        sinceTouch_.start();
+    }
+    if (lost_)
+        throw data::Error(data::ErrorCategory::Busy,
+                          QStringLiteral("Μια άλλη θέση πήρε τον φάκελο των δεδομένων. Η εργασία διακόπηκε."));
+}
+
 schema::Progress Seat::watched(const schema::Progress& progress) {
     return [this, progress](const QString& what, int percent) {
-        if (lock_.isHeld() && sinceTouch_.hasExpired(schema::SeatLock::touchSeconds * 1000LL)) {
-            lock_.touch();
-            sinceTouch_.start();
-        }
-        if (lost_)
-            throw data::Error(data::ErrorCategory::Busy,
-                              QStringLiteral("Μια άλλη θέση πήρε τον φάκελο των δεδομένων. Η εργασία διακόπηκε."));
+        keep();
         return progress(what, percent);
     };
 }

@@ -15,7 +15,8 @@ class Seat {
 public:
     explicit Seat(const QString& folder);
 
-    // Long work shows now and then that the seat is in use, and ends when it was lost.
+    // Long work shows now and then that the seat is in use, and ends with data::Error(Busy) when it was lost.
+    void keep();
     schema::Progress watched(const schema::Progress& progress);
 
 private:

@@ -24,17 +24,20 @@ schema::DemoOptions demoOptions(const Arguments& arguments) {
         if (!options.referenceDate.isValid() || options.referenceDate.year() < 1950)
             throw UsageError{u"Η επιλογή «--date» θέλει ημερομηνία της μορφής εεεε-μμ-ηη."_s};
     }
-    options.progress = [](int done, int total) { err() << u"%1 από %2 καρτέλες"_s.arg(done).arg(total) << Qt::endl; };
     return options;
 }
 
 ExitCode demo(const Arguments& arguments) {
-    const schema::DemoOptions options = demoOptions(arguments);
+    schema::DemoOptions options = demoOptions(arguments);
     const QString folder = arguments.positional().first();
     const QString adminPassword =
         arguments.has(u"--admin-password"_s) ? arguments.value(u"--admin-password"_s) : u"admin"_s;
     createOffice(arguments, adminPassword);
-    const Seat seat(folder);
+    Seat seat(folder);
+    options.progress = [&seat](int done, int total) {
+        seat.keep();
+        err() << u"%1 από %2 καρτέλες"_s.arg(done).arg(total) << Qt::endl;
+    };
     data::Connection main, users;
     schema::open(main, schema::connectionString(schema::Database::Main, schema::mainDatabasePath(folder)));
     schema::open(users, schema::connectionString(schema::Database::Users, schema::usersDatabasePath(folder)));
