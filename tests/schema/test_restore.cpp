@@ -219,6 +219,17 @@ private slots:
         QCOMPARE(site.cards(), u"1"_s);
     }
 
+    // A move holds the old office still, and may end on its way.
+    void holdingStillLeavesTheJournalAhead() {
+        Site site;
+        data::Connection source;
+        schema::openAsItIs(source, schema::connectionString(Database::Main, site.main()));
+        source.engine().holdStill();
+        QVERIFY(!isJournalAhead(site.main()));
+        source.close();
+        QVERIFY(isJournalAhead(site.main()));
+    }
+
     void aServersPlaceIsNotTakenUnasked() {
         Site site;
         data::ServerDescription server;
