@@ -106,7 +106,7 @@ std::vector<Statement> statementsFor(data::Connection& connection) {
          u"Select [user],[subject],[Priority],[aa],[notes],[entoleas] from ThinksToDo where "
          "user='maria'"_s},
         {"medicines with a word", u"Select name,company,use,ousia from farmaka WHERE "_s +
-                                      anyOf({u"name"_s, u"Company"_s, u"USE"_s, u"Ousia"_s}, u" LIKE '%depon%'"_s) +
+                                      anyOf({u"name"_s, u"Company"_s, u"USE"_s, u"Ousia"_s}, u" LIKE '%παρακετ%'"_s) +
                                       u" order by name"_s},
         {"medical terms with a word",
          u"Select * from MEDRA WHERE "_s + anyOf(terms, u" LIKE '%νεφρ%'"_s) + u" order by "_s + terms[0]},

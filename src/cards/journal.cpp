@@ -10,12 +10,18 @@ namespace {
 
 // A piece is to take about this long.
 constexpr double shortPieceMs = 5, longPieceMs = 12;
-constexpr int mostDays = 400'000;
+constexpr int mostDays = 92;  // behind a quiet year a busy one may begin
 // When the days of the longer of two pieces cost less than this of those of the shorter, the cost isn't the days'.
 constexpr double muchCheaper = 0.75;
 
 QString dayLiteral(QDate day) {
     return data::format(data::wallClock(day), u"yyyy/mm/dd");
+}
+
+// The day of the first or the last movement, not valid when there is none.
+QDate outermostDay(data::Connection& connection, const QString& function) {
+    data::Recordset found(connection, QStringLiteral("select %1(ΗΜΕΡΟΜΗΝΙΑ) from History").arg(function));
+    return found.field(0).toDate().date();
 }
 
 }  // namespace
@@ -43,12 +49,16 @@ void PieceLength::took(double milliseconds) {
     if (milliseconds < shortPieceMs || unknown || longerPays)
         days_ = std::min(days_ * 2, mostDays);
     else if (milliseconds > longPieceMs)
-        days_ = std::max(days_ / 2, 1);
+        days_ = std::max(int(days_ * longPieceMs / milliseconds), 1);
 }
 
 JournalReader::JournalReader(data::Connection& connection, const JournalFilter& filter)
     : connection_(connection), filter_(filter), next_(filter.from) {
     options_.searchOrder = connection.searchOrder(journalStatement(filter, filter.from, filter.to));
+    if (options_.searchOrder == data::SearchOrder::WordsFirst) return;
+    // Centuries without a movement aren't walked through.
+    next_ = std::max(filter.from, outermostDay(connection, QStringLiteral("min")));
+    filter_.to = std::min(filter.to, outermostDay(connection, QStringLiteral("max")));
 }
 
 bool JournalReader::step() {

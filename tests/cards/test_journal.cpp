@@ -127,10 +127,10 @@ private slots:
         QTest::addColumn<double>("perDay");
         QTest::addColumn<int>("most");        // pieces
         QTest::addColumn<double>("longest");  // milliseconds
-        QTest::newRow("nothing there") << 0.1 << 0.0 << 15 << 1.0;
-        QTest::newRow("a few milliseconds whatever the days") << 7.0 << 0.0 << 15 << 7.0;
-        QTest::newRow("twenty of them") << 20.0 << 0.0 << 15 << 20.0;
-        QTest::newRow("twenty and some for each day") << 20.0 << 0.1 << 40 << 75.0;
+        QTest::newRow("nothing there") << 0.1 << 0.0 << 60 << 1.0;
+        QTest::newRow("a few milliseconds whatever the days") << 7.0 << 0.0 << 60 << 7.0;
+        QTest::newRow("twenty of them") << 20.0 << 0.0 << 60 << 20.0;
+        QTest::newRow("twenty and some for each day") << 20.0 << 0.1 << 60 << 30.0;
         QTest::newRow("some for each day") << 0.1 << 0.1 << 80 << 14.0;
         QTest::newRow("busy days") << 0.1 << 7.0 << 3653 << 15.0;
         QTest::newRow("very busy days") << 0.1 << 40.0 << 3653 << 81.0;
@@ -150,6 +150,16 @@ private slots:
             length.took(took);
         }
         QVERIFY2(pieces <= most, qPrintable(QString::number(pieces)));
+    }
+
+    // A busy year behind quiet ones is met with a short piece, and left with shorter ones at once.
+    void aPieceThatWasTooLongIsFollowedByShortOnes() {
+        cards::PieceLength length;
+        for (int i = 0; i < 20; ++i) length.took(0.1);
+        const int quiet = length.days();
+        QVERIFY(quiet <= 100);
+        length.took(quiet * 4.0);
+        QVERIFY2(length.days() <= 3, qPrintable(QString::number(length.days())));
     }
 
     void itOpensOnTheMonthToDate() {
