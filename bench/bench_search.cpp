@@ -168,10 +168,15 @@ std::unique_ptr<Office> openOffice(const QString& folder) {
     auto office = std::make_unique<Office>();
     office->label = QFileInfo(folder).fileName();
     const QString file = schema::mainDatabasePath(folder);
-    schema::open(office->connection, schema::connectionString(schema::Database::Main, file));
-    if (office->connection.engine().property(schema::demoProperty).isEmpty())
-        throw data::Error(data::ErrorCategory::State,
-                          u"Το «%1» δεν είναι γραφείο επίδειξης, και οι μετρήσεις το αλλάζουν."_s.arg(folder));
+    const QString database = schema::connectionString(schema::Database::Main, file);
+    {
+        data::Connection looked;  // opening to write may already bring the schema up to date
+        schema::openToRead(looked, database);
+        if (looked.engine().property(schema::demoProperty).isEmpty())
+            throw data::Error(data::ErrorCategory::State,
+                              u"Το «%1» δεν είναι γραφείο επίδειξης, και οι μετρήσεις το αλλάζουν."_s.arg(folder));
+    }
+    schema::open(office->connection, database);
     office->connection.execute(u"update cards set ΚΕΙΜΕΝΟ3='Το %1 έργο' where code in (17, 4711)"_s.arg(rareWord));
     office->raw = bench::rawQuery(file);
     office->statements = statementsFor(office->connection);
