@@ -34,6 +34,10 @@ FileIdentity identifySqlite(const QByteArray& head) {
 
 }  // namespace
 
+QStringList sqliteSideFiles(const QString& file) {
+    return {file + QStringLiteral("-wal"), file + QStringLiteral("-shm"), file + QStringLiteral("-journal")};
+}
+
 FileIdentity identifyFile(const QString& file) {
     const QFileInfo info(file);
     if (!info.exists()) return {FileKind::Missing, 0};

@@ -1,7 +1,7 @@
 // What a file is, told from its first bytes alone; nothing is opened for writing, nothing appears beside it.
 #pragma once
 
-#include <QString>
+#include <QStringList>
 
 namespace data {
 
@@ -15,6 +15,9 @@ struct FileIdentity {
     FileKind kind = FileKind::Missing;
     int version = 0;  // schema version of Main and Users (SQLite's user_version), else 0
 };
+
+// What SQLite keeps beside a database file while it works and after a crash, there or not: part of the data is in them.
+QStringList sqliteSideFiles(const QString& file);
 
 FileIdentity identifyFile(const QString& file);
 

@@ -19,7 +19,6 @@ using namespace Qt::Literals::StringLiterals;
 using data::Error;
 using data::ErrorCategory;
 
-constexpr Database both[] = {Database::Main, Database::Users};
 constexpr int upgradeCopiesKept = 3;
 
 // Returns what was counted at the moment of the copy.
@@ -89,12 +88,15 @@ QString realPath(const QString& file) {
 // Not even when told to replace what is there.
 void refuseTarget(const QString& folder, const QString& file) {
     const QString target = realPath(file), shown = QDir::toNativeSeparators(file);
-    for (const Database database : both)
-        for (const QString& ending : {u""_s, u"-wal"_s, u"-shm"_s, u"-journal"_s})
-            if (target == realPath(databasePath(folder, database) + ending))
+    for (const Database database : allDatabases) {
+        QStringList ours = data::sqliteSideFiles(databasePath(folder, database));
+        ours += databasePath(folder, database);
+        for (const QString& own : ours)
+            if (target == realPath(own))
                 throw Error(
                     ErrorCategory::Constraint,
                     u"Το «%1» είναι αρχείο του ίδιου του γραφείου. Δώστε άλλο όνομα στο αντίγραφο."_s.arg(shown));
+    }
     const QFileInfo info(file);
     if (info.isSymLink() || (info.exists() && !info.isFile()))
         throw Error(
@@ -104,7 +106,7 @@ void refuseTarget(const QString& folder, const QString& file) {
 
 BackupInfo infoOf(const Manifest& manifest) {
     BackupInfo info{manifest.made, manifest.folder};
-    for (const Database database : both)
+    for (const Database database : allDatabases)
         if (manifest.members.contains(dumpName(database))) info.onServer += database;
     for (const Manifest::Member& member : manifest.members)
         for (const qint64 rows : member.rows) info.rows += rows;
@@ -127,8 +129,8 @@ BackupInfo backupOffice(const QString& folder, const QString& file, const Backup
     if (!options.replace) refuseIfThere(file);
     const auto workshop = workshopIn(QFileInfo(file).absolutePath());
     Manifest manifest{options.now, QFileInfo(folder).absoluteFilePath(), {}};
-    QVector<ArchiveMember> members = {{u"contents.tsv"_s, workshop->filePath(u"contents.tsv"_s)}};
-    for (const Database database : both)
+    QVector<ArchiveMember> members = {{Manifest::fileName(), workshop->filePath(Manifest::fileName())}};
+    for (const Database database : allDatabases)
         members += copyInto(workshop->path(), databasePath(folder, database), database, options, manifest);
     report(options.progress, u"Συσκευασία"_s, 0);
     writeText(members.first().file, manifest.toText());

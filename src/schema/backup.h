@@ -47,7 +47,7 @@ struct RestoreOptions {
     bool force = false;  // a database that is there is kept aside under a dated name instead of being refused
     // Databases in files may take the place of a server's, whose description is then kept aside.
     bool asFiles = false;
-    QVector<Database> databases = {Database::Main, Database::Users};
+    QVector<Database> databases = {std::begin(allDatabases), std::end(allDatabases)};
     QDateTime now = QDateTime::currentDateTime();
     Progress progress = {};
     // Where the dumps of a server's databases go, as in NewOffice; without it, where the files in the folder say.

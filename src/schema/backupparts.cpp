@@ -5,6 +5,7 @@
 #include <QFileInfo>
 #include <filesystem>
 
+#include "data/fileidentity.h"
 #include "schema/archive.h"
 #include "schema/check.h"
 #include "schema/office.h"
@@ -16,10 +17,6 @@ using data::Error;
 using data::ErrorCategory;
 
 static const QString workshopName = u".dorvalist-work-"_s;
-
-QString databaseFileName(Database database) {
-    return QFileInfo(databasePath({}, database)).fileName();
-}
 
 QString dumpName(Database database) {
     return QFileInfo(databaseFileName(database)).completeBaseName() + u".dump"_s;
@@ -36,16 +33,14 @@ void refuseIfThere(const QString& file) {
 }
 
 QStringList journalsOf(const QString& file) {
-    QStringList found;
-    for (const QString& ending : {u"-wal"_s, u"-shm"_s, u"-journal"_s})
-        if (QFileInfo::exists(file + ending)) found += file + ending;
+    QStringList found = data::sqliteSideFiles(file);
+    found.removeIf([](const QString& side) { return !QFileInfo::exists(side); });
     return found;
 }
 
 void dropAbandonedWork(const QString& folder, const QDateTime& now) {
-    QStringList ours = {u"contents.tsv*"_s, u"packed.tar*"_s};
-    for (const Database database : {Database::Main, Database::Users})
-        ours << databaseFileName(database) + u'*' << dumpName(database) + u'*';
+    QStringList ours = {Manifest::fileName() + u'*', u"packed.tar*"_s};
+    for (const Database database : allDatabases) ours << databaseFileName(database) + u'*' << dumpName(database) + u'*';
     const auto shops = QDir::Dirs | QDir::Hidden | QDir::NoSymLinks;
     for (const QFileInfo& shop : QDir(folder).entryInfoList({workshopName + u"??????"_s}, shops)) {
         if (shop.lastModified() >= now.addDays(-1)) continue;
@@ -106,8 +101,6 @@ void checkDump(const QString& file, Database database, const RowCounts& wanted, 
 
 namespace {
 
-const QString manifestName = u"contents.tsv"_s;
-
 Manifest readManifest(const QString& file) {
     QFile source(file);
     if (!source.open(QIODevice::ReadOnly)) throw Error(ErrorCategory::Connection, source.errorString());
@@ -117,7 +110,7 @@ Manifest readManifest(const QString& file) {
 
 // Each database is in the copy once, as a file or as a dump.
 bool hasBoth(const Manifest& manifest) {
-    for (const Database database : {Database::Main, Database::Users})
+    for (const Database database : allDatabases)
         if (manifest.members.contains(databaseFileName(database)) == manifest.members.contains(dumpName(database)))
             return false;
     return true;
@@ -125,8 +118,7 @@ bool hasBoth(const Manifest& manifest) {
 
 void dropForeign(Manifest& manifest) {
     QStringList ours;
-    for (const Database database : {Database::Main, Database::Users})
-        ours << databaseFileName(database) << dumpName(database);
+    for (const Database database : allDatabases) ours << databaseFileName(database) << dumpName(database);
     manifest.members.removeIf([&](auto member) { return !ours.contains(member.key()); });
 }
 
@@ -143,10 +135,10 @@ void checkPacked(const QString& archive, const Manifest& manifest, const QString
 }
 
 Manifest unpackManifest(const QString& file, const QString& folder) {
-    if (extractArchive(file, folder, {manifestName}).isEmpty())
+    if (extractArchive(file, folder, {Manifest::fileName()}).isEmpty())
         throw Error(ErrorCategory::Corrupt, u"Το αρχείο «%1» δεν είναι αντίγραφο ασφαλείας του προγράμματος."_s.arg(
                                                 QDir::toNativeSeparators(file)));
-    Manifest manifest = readManifest(QDir(folder).filePath(manifestName));
+    Manifest manifest = readManifest(QDir(folder).filePath(Manifest::fileName()));
     dropForeign(manifest);
     if (!hasBoth(manifest))
         throw Error(ErrorCategory::Corrupt, u"Το αντίγραφο δεν έχει και τις δύο βάσεις δεδομένων."_s);
@@ -157,7 +149,7 @@ Manifest unpackChecked(const QString& file, const QString& folder, const ServerT
     report(progress, u"Άνοιγμα του αντιγράφου"_s, 0);
     const Manifest manifest = unpackManifest(file, folder);
     checkPacked(file, manifest, folder);
-    for (const Database database : {Database::Main, Database::Users}) {
+    for (const Database database : allDatabases) {
         report(progress, u"Έλεγχος του "_s + databaseFileName(database), 0);
         if (const QString dump = dumpName(database); manifest.members.contains(dump))
             checkDump(QDir(folder).filePath(dump), database, manifest.members[dump].rows, tools, progress);

@@ -9,7 +9,6 @@
 
 namespace schema {
 
-QString databaseFileName(Database database);
 // The member of a copy that is a server database's dump.
 QString dumpName(Database database);
 

@@ -24,6 +24,7 @@ struct Manifest {
     QString folder;
     QMap<QString, Member> members;  // by file name
 
+    static QString fileName() { return QStringLiteral("contents.tsv"); }
     QByteArray toText() const;
     // Throws data::Error(Corrupt) for a text that is none.
     static Manifest fromText(const QByteArray& text);

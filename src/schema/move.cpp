@@ -22,12 +22,7 @@ using data::Error;
 using data::ErrorCategory;
 using data::TableInfo;
 
-constexpr std::array both = {Database::Main, Database::Users};
 constexpr qsizetype mostFaultsTold = 20;
-
-QString nameOf(Database database) {
-    return QFileInfo(databasePath({}, database)).fileName();
-}
 
 [[noreturn]] void refuse(const QString& text) {
     throw Error(ErrorCategory::Constraint, text);
@@ -75,7 +70,7 @@ public:
             if (error.category() != ErrorCategory::Busy) throw;
             throw Error(ErrorCategory::Busy,
                         u"Το «%1» είναι ανοιχτό. Κλείστε το πρόγραμμα σε όλες τις θέσεις και "
-                        u"δοκιμάστε ξανά. (%2)"_s.arg(nameOf(database), error.text()));
+                        u"δοκιμάστε ξανά. (%2)"_s.arg(databaseFileName(database), error.text()));
         }
         requireSound();
         for (const qint64 rows : rowCounts(connection_)) rows_ += rows;
@@ -94,14 +89,14 @@ private:
         if (version < currentVersion)
             refuse(
                 u"Η βάση «%1» είναι παλιότερης έκδοσης (%2 αντί για %3). Ανοίξτε την πρώτα μία φορά με το "
-                u"πρόγραμμα."_s.arg(nameOf(database_))
+                u"πρόγραμμα."_s.arg(databaseFileName(database_))
                     .arg(version)
                     .arg(currentVersion));
         const QStringList found = findings(connection_, database_);
         if (!found.isEmpty())
             throw Error(ErrorCategory::Corrupt,
                         u"Η βάση «%1» δεν είναι όπως πρέπει και δεν μεταφέρθηκε τίποτα:\n%2"_s.arg(
-                            nameOf(database_), found.mid(0, mostFaultsTold).join(u'\n')));
+                            databaseFileName(database_), found.mid(0, mostFaultsTold).join(u'\n')));
     }
 
     Connection connection_;
@@ -111,7 +106,7 @@ private:
 
 // Before anything is made: what the new engine would refuse half way.
 void requireStorable(Source& source, bool nulAllowed, const Progress& progress) {
-    Pass pass(progress, u"Έλεγχος του "_s + nameOf(source.database()), source.rows());
+    Pass pass(progress, u"Έλεγχος του "_s + databaseFileName(source.database()), source.rows());
     QStringList faults;
     for (const TableInfo& table : source.tables()) {
         TableReader reader(source.connection(), table);
@@ -168,7 +163,7 @@ void copyDatabase(Source& source, const QString& file, const Progress& progress)
     target.open(connectionString(source.database(), file));
     data::Transaction transaction(target);
     makeTables(target, source.database());
-    Pass pass(progress, u"Μεταφορά του "_s + nameOf(source.database()), source.rows());
+    Pass pass(progress, u"Μεταφορά του "_s + databaseFileName(source.database()), source.rows());
     for (const TableInfo& table : source.tables()) copyTable(source, target, table, pass);
     makeIndexes(target, source.database());
     const auto properties = source.connection().engine().properties();
@@ -220,7 +215,8 @@ void compareRest(Source& source, Connection& target) {
         if (table.autonumber >= 0 && from.lastNumber(table) != to.lastNumber(table))
             refuse(u"Ο επόμενος αριθμός του πίνακα %1 δεν είναι ο ίδιος στον προορισμό."_s.arg(table.name));
     if (from.properties() != to.properties())
-        refuse(u"Ο κωδικός ή άλλη ιδιότητα του «%1» δεν είναι ίδια στον προορισμό."_s.arg(nameOf(source.database())));
+        refuse(u"Ο κωδικός ή άλλη ιδιότητα του «%1» δεν είναι ίδια στον προορισμό."_s.arg(
+            databaseFileName(source.database())));
     const QStringList found = findings(target, source.database());
     if (!found.isEmpty()) throw Error(ErrorCategory::Corrupt, found.mid(0, mostFaultsTold).join(u'\n'));
 }
@@ -228,7 +224,7 @@ void compareRest(Source& source, Connection& target) {
 // Read anew, through a connection that hasn't written any of it.
 void compareDatabase(Source& source, const QString& file, const Progress& progress, MoveInfo& info) {
     Connection target;
-    Pass pass(progress, u"Σύγκριση του "_s + nameOf(source.database()), source.rows());
+    Pass pass(progress, u"Σύγκριση του "_s + databaseFileName(source.database()), source.rows());
     openToRead(target, connectionString(source.database(), file));
     target.engine().beginSnapshot();
     for (const TableInfo& table : source.tables()) compareTable(source, target, table, pass, info);
@@ -239,11 +235,11 @@ void compareDatabase(Source& source, const QString& file, const Progress& progre
 }  // namespace
 
 MoveInfo moveOffice(const QString& from, const QString& to, const MoveOptions& options) {
-    std::array<std::unique_ptr<Source>, both.size()> sources;
+    std::array<std::unique_ptr<Source>, std::size(allDatabases)> sources;
     OfficeBuilder builder(to, options.server);
-    for (size_t i = 0; i < both.size(); ++i) sources[i] = std::make_unique<Source>(from, both[i]);
+    for (size_t i = 0; i < sources.size(); ++i) sources[i] = std::make_unique<Source>(from, allDatabases[i]);
     for (const auto& source : sources) requireStorable(*source, !options.server, options.progress);
-    for (const Database database : both) builder.make(database);
+    for (const Database database : allDatabases) builder.make(database);
     for (const auto& source : sources) copyDatabase(*source, builder.file(source->database()), options.progress);
     MoveInfo info;
     for (const auto& source : sources)

@@ -124,8 +124,11 @@ void fillUsers(data::Connection& users, const QString& adminPassword) {
 QString usersDatabasePassword() {
     return u"tbwvhq7"_s;
 }
+QString databaseFileName(Database database) {
+    return database == Database::Main ? u"dorvalist.mdb"_s : u"dorvalistu.mdb"_s;
+}
 QString databasePath(const QString& folder, Database database) {
-    return QDir(folder).filePath(database == Database::Main ? u"dorvalist.mdb"_s : u"dorvalistu.mdb"_s);
+    return QDir(folder).filePath(databaseFileName(database));
 }
 QString mainDatabasePath(const QString& folder) {
     return databasePath(folder, Database::Main);

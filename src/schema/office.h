@@ -15,6 +15,7 @@ namespace schema {
 // Password of the users database, as the connection strings carry it.
 QString usersDatabasePassword();
 
+QString databaseFileName(Database database);
 QString databasePath(const QString& folder, Database database);
 QString mainDatabasePath(const QString& folder);   // FOLDER/dorvalist.mdb
 QString usersDatabasePath(const QString& folder);  // FOLDER/dorvalistu.mdb

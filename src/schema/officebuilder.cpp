@@ -21,10 +21,8 @@ using namespace Qt::Literals::StringLiterals;
 using data::Error;
 using data::ErrorCategory;
 
-constexpr Database both[] = {Database::Main, Database::Users};
-
 void refuseExisting(const QString& folder) {
-    for (const Database database : both) refuseIfThere(databasePath(folder, database));
+    for (const Database database : allDatabases) refuseIfThere(databasePath(folder, database));
 }
 
 // What a version had of a table's columns; its indexes know their versions themselves.
@@ -85,7 +83,7 @@ QString OfficeBuilder::file(Database database) const {
 void OfficeBuilder::finish() {
     refuseExisting(folder_);
     Exchange exchange;
-    for (const Database database : both)
+    for (const Database database : allDatabases)
         exchange.put(file(database), databasePath(folder_, database), QDateTime::currentDateTime());
     exchange.keep();
     finished_ = true;

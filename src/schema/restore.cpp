@@ -158,7 +158,7 @@ private:
 // A description that a dump goes by is no database to be spared; the schema that it names is.
 void refuseDatabasesThere(const QString& folder, const RestoreOptions& options) {
     if (options.force) return;
-    for (const Database database : {Database::Main, Database::Users}) {
+    for (const Database database : allDatabases) {
         const QString file = databasePath(folder, database);
         if (options.server || !isOnServer(file)) refuseIfThere(file);
     }

@@ -45,6 +45,7 @@ struct Table {
 };
 
 enum class Database { Main, Users };
+constexpr Database allDatabases[] = {Database::Main, Database::Users};
 
 const QVector<Table>& tables(Database database);
 // Statements of the dialect that fill a new database, in order.

@@ -10,24 +10,13 @@
 #include "schema/office.h"
 #include "schema/tablewriter.h"
 #include "schema/upgrade.h"
+#include "support/failure.h"
 #include "support/testengine.h"
 
 using namespace Qt::Literals::StringLiterals;
 using schema::Database;
 
 namespace {
-
-constexpr Database both[] = {Database::Main, Database::Users};
-
-template <typename Work>
-QString failureOf(Work work) {
-    try {
-        work();
-    } catch (const data::Error& error) {
-        return error.text();
-    }
-    return {};
-}
 
 QString everyCharacter() {
     QString text;
@@ -39,7 +28,7 @@ QString everyCharacter() {
 // All that the windows could read, table by table, through the road that they read by.
 QByteArray contents(const QString& folder) {
     QByteArray text;
-    for (const Database database : both) {
+    for (const Database database : schema::allDatabases) {
         data::Connection connection;
         schema::openToRead(connection, schema::connectionString(database, schema::databasePath(folder, database)));
         for (const schema::Table& table : schema::tables(database)) {
@@ -326,7 +315,7 @@ private slots:
         QFETCH(bool, fromServer);
         const QString from = newFolder();
         schema::createOffice(from, {u"x"_s, {}, fromServer ? std::optional(newServer()) : std::nullopt});
-        for (const Database database : both) {
+        for (const Database database : schema::allDatabases) {
             const auto seat = open(from, database);
             const QString to = newFolder();
             const QString failure = failureOf([&] { schema::moveOffice(from, to); });

@@ -4,9 +4,9 @@
 #include <QTemporaryDir>
 #include <QtTest>
 
-#include "data/error.h"
 #include "data/recordset.h"
 #include "schema/office.h"
+#include "support/failure.h"
 #include "support/testengine.h"
 
 class ScratchOffice {
@@ -43,15 +43,4 @@ public:
 inline QString firstText(data::Connection& connection, const QString& sql) {
     data::Recordset rows(connection, sql);
     return rows.isEmpty() ? QString() : rows.field(0).text();
-}
-
-// The text of the failure, "" when there was none.
-template <typename Work>
-QString failureOf(Work work) {
-    try {
-        work();
-    } catch (const data::Error& error) {
-        return error.text();
-    }
-    return {};
 }

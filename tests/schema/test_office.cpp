@@ -130,7 +130,7 @@ private slots:
         QTemporaryDir parent;
         const QString folder = parent.filePath(name);
         schema::createOffice(folder, {u"x"_s, {}});
-        for (const Database database : {Database::Main, Database::Users}) {
+        for (const Database database : schema::allDatabases) {
             const bool main = database == Database::Main;
             const QString file = main ? schema::mainDatabasePath(folder) : schema::usersDatabasePath(folder);
             data::Connection connection;
@@ -168,7 +168,7 @@ private slots:
         schema::createOffice(parent.filePath(u"a"_s), wanted);  // the schemas of the failure are free again
         const QString again = failureOf([&] { schema::createOffice(parent.filePath(u"b"_s), wanted); });
         QVERIFY2(again.contains(u"έχει ήδη πίνακες"), qPrintable(again));
-        for (const Database database : {Database::Main, Database::Users}) {
+        for (const Database database : schema::allDatabases) {
             const bool main = database == Database::Main;
             const QString folder = parent.filePath(u"a"_s);
             const QString file = main ? schema::mainDatabasePath(folder) : schema::usersDatabasePath(folder);

@@ -58,7 +58,7 @@ public:
         std::optional<data::ServerDescription> server;
         if (testengine::isPostgres()) server = testengine::server(testengine::Schema::newName());
         schema::OfficeBuilder builder(folder.path(), server);
-        for (const Database database : {Database::Main, Database::Users}) {
+        for (const Database database : schema::allDatabases) {
             builder.make(database);
             data::Connection connection;
             connection.open(schema::connectionString(database, builder.file(database)));
@@ -76,7 +76,7 @@ public:
     }
     ~OldOffice() {
         if (!testengine::isPostgres()) return;
-        for (const Database database : {Database::Main, Database::Users})
+        for (const Database database : schema::allDatabases)
             data::dropPgDatabase(data::readServerDescription(file(database)));
     }
     QString file(Database database) const { return schema::databasePath(folder.path(), database); }
@@ -98,7 +98,7 @@ private slots:
         QFETCH(int, version);
         const OldOffice old(version);
         ScratchOffice fresh;
-        for (const Database database : {Database::Main, Database::Users}) {
+        for (const Database database : schema::allDatabases) {
             data::Connection before, connection;
             const QString string = schema::connectionString(database, old.file(database));
             schema::openToRead(before, string);

@@ -205,7 +205,7 @@ private slots:
         schema::open(copy, schema::connectionString(Database::Main, schema::mainDatabasePath(folder)));
         QCOMPARE(count(copy), u"299"_s);
         copy.close();
-        for (const Database database : {Database::Main, Database::Users})
+        for (const Database database : schema::allDatabases)
             data::dropPgDatabase(schema::serverFor(beside, database));
     }
 

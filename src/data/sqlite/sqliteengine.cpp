@@ -335,7 +335,8 @@ void createSqliteFile(const QString& file, quint32 applicationId) {
     if (code == SQLITE_OK) code = sqlite3_exec(database, sql.constData(), nullptr, nullptr, nullptr);
     sqlite3_close(database);
     if (code == SQLITE_OK) return;
-    for (const char* ending : {"", "-wal", "-shm"}) QFile::remove(file + QLatin1String(ending));
+    QFile::remove(file);
+    for (const QString& made : sqliteSideFiles(file)) QFile::remove(made);
     throw sqliteOpenError(code, file);
 }
 
