@@ -334,7 +334,9 @@ void Renderer::renderInsert(const Statement& statement, Translation& translation
     out += ") VALUES (";
     for (size_t i = 0; i < statement.assignments.size(); ++i) {
         const Assignment& assignment = statement.assignments[i];
-        out += (i > 0 ? ", " : "") + assigned(*assignment.value, table.columns[assignment.index]);
+        const ColumnInfo& column = table.columns[assignment.index];
+        const bool drawn = column.type == ColumnType::Autonumber && assignment.value->type.kind == ValueKind::Null;
+        out += (i > 0 ? ", " : "") + (drawn ? dialect_.nextNumber() : assigned(*assignment.value, column));
     }
     translation.sql = out + ')';
 }

@@ -255,6 +255,8 @@ public:
         return key + (descending ? " DESC NULLS LAST" : " NULLS FIRST");
     }
 
+    QByteArray nextNumber() const override { return "DEFAULT"; }
+
     bool ordersAggregates() const override { return true; }
 
     QByteArray returningIdentity(const TableInfo& table) const override {
