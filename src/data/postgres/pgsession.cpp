@@ -158,7 +158,12 @@ void PgEngine::actAsOwner() {
             "r.rolname <> current_user AND r.rolname NOT LIKE 'pg\\_%' AND pg_has_role(r.oid, 'MEMBER')",
             {server_.schemaName()})
             .first();
-    if (!owner.isEmpty()) script("SET ROLE " + pgDialect().identifier(owner));
+    if (owner.isEmpty()) return;
+    try {
+        script("SET ROLE " + pgDialect().identifier(owner));
+    } catch (const Error&) {
+        // Newer servers know members that may not act as the role; such a one works in its own name.
+    }
 }
 
 // A missing right must not look like a missing office.
