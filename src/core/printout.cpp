@@ -2,8 +2,8 @@
 
 #include "controls/theme.h"
 #include "core/printpreview.h"
-#include "core/workprogress.h"
 #include "core/printsettings.h"
+#include "core/workprogress.h"
 
 namespace core {
 

@@ -12,8 +12,8 @@
 #include "controls/names.h"
 #include "controls/theme.h"
 #include "core/guard.h"
-#include "core/workprogress.h"
 #include "core/printsettings.h"
+#include "core/workprogress.h"
 
 namespace core {
 

@@ -108,8 +108,8 @@ public:
     // Makes the word index of these columns of a table and fills it; from then on the engine keeps it. Where an engine
     // can't have one, nothing happens and such searches read the table.
     virtual void createWordIndex(const TableInfo& table, const QVector<int>& columns) = 0;
-    virtual QHash<QString, QString> indexes() = 0;  // name and the statement given to createIndex
-    virtual QStringList damages() = 0;              // what the engine finds broken in its own storage, a line each
+    virtual QHash<QString, QString> indexes() = 0;   // name and the statement given to createIndex
+    virtual QStringList damages() = 0;               // what the engine finds broken in its own storage, a line each
     virtual QStringList hindrances() { return {}; }  // what makes searches slow that need not be, a Greek line each
 };
 

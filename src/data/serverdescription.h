@@ -22,8 +22,8 @@ QString decodeDescription(const QByteArray& bytes);
 // told by their numbers then.
 bool looksLikeDescription(const QString& text);
 
-// Throws Error(Connection) for a file that can't be read, for a line that isn't understood, and for a schema's name that
-// the server would shorten.
+// Throws Error(Connection) for a file that can't be read, for a line that isn't understood, and for a schema's name
+// that the server would shorten.
 ServerDescription readServerDescription(const QString& file);
 ServerDescription parseServerDescription(const QString& text, const QString& file = {});
 

@@ -205,8 +205,7 @@ private slots:
         schema::open(copy, schema::connectionString(Database::Main, schema::mainDatabasePath(folder)));
         QCOMPARE(count(copy), u"299"_s);
         copy.close();
-        for (const Database database : schema::allDatabases)
-            data::dropPgDatabase(schema::serverFor(beside, database));
+        for (const Database database : schema::allDatabases) data::dropPgDatabase(schema::serverFor(beside, database));
     }
 
     // Killed at any step, a restoring leaves the office as it was, and the next one isn't in its way.

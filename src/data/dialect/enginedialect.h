@@ -51,7 +51,7 @@ public:
     virtual QByteArray literal(const QVariant& value) const;
     virtual QByteArray dateLiteral(const QDateTime& value) const = 0;
     virtual QByteArray yesNoLiteral(bool value) const = 0;
-    virtual QByteArray null(ValueKind kind) const;       // in a place that takes this kind
+    virtual QByteArray null(ValueKind kind) const;  // in a place that takes this kind
     // Among the values of a new row, what lets an autonumber take its next one, as a Null does.
     virtual QByteArray nextNumber() const { return "NULL"; }
     virtual QByteArray parameter(int number) const = 0;  // from 1; its type is that of the column it stands beside
