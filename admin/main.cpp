@@ -19,7 +19,7 @@ int run(QStringList words) {
     if (words.isEmpty()) return usageFailure(u"Λείπει η εντολή."_s, nullptr);
     QString name = words.takeFirst();
     if (name == u"--version") {
-        admin::out() << u"dorvalist-admin "_s << QStringLiteral(DORV_VERSION) << Qt::endl;
+        admin::out() << u"dorvalist-admin "_s << QString::fromUtf8(DORV_VERSION) << Qt::endl;
         return admin::Fine;
     }
     if (name == u"--help" || name == u"-h") name = u"help"_s;

@@ -2,6 +2,8 @@
 
 #include "data/error.h"
 
+using namespace Qt::Literals::StringLiterals;
+
 namespace admin {
 
 Seat::Seat(const QString& folder) {
@@ -17,7 +19,7 @@ void Seat::keep() {
     }
     if (lost_)
         throw data::Error(data::ErrorCategory::Busy,
-                          QStringLiteral("Μια άλλη θέση πήρε τον φάκελο των δεδομένων. Η εργασία διακόπηκε."));
+                          u"Μια άλλη θέση πήρε τον φάκελο των δεδομένων. Η εργασία διακόπηκε."_s);
 }
 
 schema::Progress Seat::watched(const schema::Progress& progress) {

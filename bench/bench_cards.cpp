@@ -18,6 +18,8 @@
 #include "schema/tablewriter.h"
 #include "support/services.h"
 
+using namespace Qt::Literals::StringLiterals;
+
 namespace {
 
 constexpr int cardCount = 100'000;
@@ -26,18 +28,18 @@ constexpr int busyCard = 50'000, busyCardMovements = 10'000;
 constexpr int busyMonthMovements = 50'000;
 const QDate busyMonth(2015, 3, 1);
 
-const QString ledgerSql = QStringLiteral(
-    "Select aa,ΗΜΕΡΟΜΗΝΙΑ,ΑΙΤΙΟΛΟΓΙΑ,ΧΡΕΩΣΗ,ΠΙΣΤΩΣΗ from History where codecards=50000 order by ημερομηνια,aa");
+const QString ledgerSql =
+    u"Select aa,ΗΜΕΡΟΜΗΝΙΑ,ΑΙΤΙΟΛΟΓΙΑ,ΧΡΕΩΣΗ,ΠΙΣΤΩΣΗ from History where codecards=50000 order by ημερομηνια,aa"_s;
 const QString journalSql = cards::journalStatement({busyMonth, busyMonth, {}, {}}, busyMonth, busyMonth.addDays(30));
 
-const QString navigationSql = QStringLiteral("select code,OutlookEntryID from cards order by ΕΠΩΝΥΜΟ");
-const QString nineColumnsSql = QStringLiteral(
-    "select επωνυμο,ονομα,εταιρια,διευθυνση,πολη,τηλεφωνο1,ΚΙΝΗΤΟ,email,επαγγελμα from cards order by επωνυμο");
+const QString navigationSql = u"select code,OutlookEntryID from cards order by ΕΠΩΝΥΜΟ"_s;
+const QString nineColumnsSql =
+    u"select επωνυμο,ονομα,εταιρια,διευθυνση,πολη,τηλεφωνο1,ΚΙΝΗΤΟ,email,επαγγελμα from cards order by επωνυμο"_s;
 
 struct Office {
     Office() {
-        const QString folder = directory.filePath(QStringLiteral("office"));
-        schema::createOffice(folder, {QStringLiteral("admin"), QStringLiteral(DORV_REFERENCE)});
+        const QString folder = directory.filePath(u"office"_s);
+        schema::createOffice(folder, {u"admin"_s, QString::fromUtf8(DORV_REFERENCE)});
         using schema::Database;
         schema::open(mod.gConn, schema::connectionString(Database::Main, schema::mainDatabasePath(folder)));
         schema::open(mod.gConnUsers, schema::connectionString(Database::Users, schema::usersDatabasePath(folder)));
@@ -52,7 +54,7 @@ struct Office {
         schema::TableWriter movements(mod.gConn, *schema::findTable(schema::Database::Main, u"History"),
                                       {"codecards", "ΗΜΕΡΟΜΗΝΙΑ", "ΑΙΤΙΟΛΟΓΙΑ", "ΧΡΕΩΣΗ", "ΠΙΣΤΩΣΗ"});
         const auto write = [&](int card, QDate day, int number) {
-            movements.write({card, data::wallClock(day), QStringLiteral("Τιμολόγιο Νο %1").arg(number), 12.34, 0.1});
+            movements.write({card, data::wallClock(day), u"Τιμολόγιο Νο %1"_s.arg(number), 12.34, 0.1});
         };
         for (int i = 0; i < busyCardMovements; ++i) write(busyCard, QDate(2016, 1, 1).addDays(i / 3), i);
         // Any card may come, in the order of the days.
@@ -195,10 +197,10 @@ void searchWindow(benchmark::State& state, const QString& text) {
         find.search(text);
         QApplication::processEvents();
     }
-    state.counters["rows"] = find.findChild<controls::ListView*>(QStringLiteral("ListView1"))->count();
+    state.counters["rows"] = find.findChild<controls::ListView*>(u"ListView1"_s)->count();
 }
-BENCHMARK_CAPTURE(searchWindow, surname, QStringLiteral("παπαδοπ"))->Unit(benchmark::kMillisecond);
-BENCHMARK_CAPTURE(searchWindow, number, QStringLiteral("+30 6941"))->Unit(benchmark::kMillisecond);
+BENCHMARK_CAPTURE(searchWindow, surname, u"παπαδοπ"_s)->Unit(benchmark::kMillisecond);
+BENCHMARK_CAPTURE(searchWindow, number, u"+30 6941"_s)->Unit(benchmark::kMillisecond);
 
 // Window made, key set read, first card shown.
 void openCardWindow(benchmark::State& state) {
@@ -216,8 +218,8 @@ void saveCard(benchmark::State& state) {
     Office& office = Office::instance();
     int number = 0;
     for (auto _ : state) {
-        data::Recordset row(office.mod.gConn, QStringLiteral("Select * from cards where code=%1").arg(1 + number++));
-        row[u"επωνυμο"].setValue(QStringLiteral("Νέο %1").arg(number));
+        data::Recordset row(office.mod.gConn, u"Select * from cards where code=%1"_s.arg(1 + number++));
+        row[u"επωνυμο"].setValue(u"Νέο %1"_s.arg(number));
         row.update();
     }
 }

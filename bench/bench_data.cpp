@@ -11,19 +11,21 @@
 #include "data/sqlite/sqlitedialect.h"
 #include "data/sqlite/sqliteengine.h"
 
+using namespace Qt::Literals::StringLiterals;
+
 using namespace data;
 
 namespace {
 
 constexpr int cards = 100'000;
 
-const QString listSql = QStringLiteral(
-    "select επωνυμο,ονομα,εταιρια,διευθυνση,πολη,τηλεφωνο1,ΚΙΝΗΤΟ,email,επαγγελμα from Cards order by επωνυμο");
+const QString listSql =
+    u"select επωνυμο,ονομα,εταιρια,διευθυνση,πολη,τηλεφωνο1,ΚΙΝΗΤΟ,email,επαγγελμα from Cards order by επωνυμο"_s;
 
 TableInfo cardsTable() {
     TableInfo table;
-    table.name = QStringLiteral("Cards");
-    table.columns.append({QStringLiteral("code"), ColumnType::Autonumber, 0});
+    table.name = u"Cards"_s;
+    table.columns.append({u"code"_s, ColumnType::Autonumber, 0});
     for (const char* name :
          {"επωνυμο", "ονομα", "εταιρια", "διευθυνση", "πολη", "τηλεφωνο1", "ΚΙΝΗΤΟ", "email", "επαγγελμα"})
         table.columns.append({QString::fromUtf8(name), ColumnType::Text, 40});
@@ -33,7 +35,7 @@ TableInfo cardsTable() {
 
 // A Greek word of some length, the same for the same generator.
 QString word(QRandomGenerator& random) {
-    static const QString letters = QStringLiteral("αβγδεζηθικλμνξοπρστυφχψωάέήίόύώΑΒΓΔΕ");
+    static const QString letters = u"αβγδεζηθικλμνξοπρστυφχψωάέήίόύώΑΒΓΔΕ"_s;
     QString result;
     for (int left = 5 + int(random.bounded(9)); left > 0; --left)
         result += letters[random.bounded(int(letters.size()))];
@@ -52,14 +54,13 @@ public:
 
 private:
     Office() {
-        const QString file = folder_.filePath(QStringLiteral("dorvalist.mdb"));
+        const QString file = folder_.filePath(u"dorvalist.mdb"_s);
         createSqliteFile(file, mainApplicationId);
-        connection_.open(QStringLiteral("data source=") + file);
+        connection_.open(u"data source="_s + file);
         Engine& engine = connection_.engine();
         const TableInfo table = cardsTable();
-        engine.script(engine.dialect().createTable(table, QStringLiteral("code")));
-        engine.script(
-            engine.dialect().createIndex(QStringLiteral("CardsBySurname"), table, {QStringLiteral("επωνυμο")}));
+        engine.script(engine.dialect().createTable(table, u"code"_s));
+        engine.script(engine.dialect().createIndex(u"CardsBySurname"_s, table, {u"επωνυμο"_s}));
         QRandomGenerator random(1);
         Transaction transaction(connection_);
         for (int i = 0; i < cards; ++i) {
@@ -117,27 +118,27 @@ void translateNew(benchmark::State& state) {
     Connection& connection = Office::instance().connection();
     int number = 0;
     for (auto _ : state) {
-        const QString sql = QStringLiteral("select * from Cards where code=%1 and επωνυμο like 'Παπ%'").arg(++number);
+        const QString sql = u"select * from Cards where code=%1 and επωνυμο like 'Παπ%'"_s.arg(++number);
         benchmark::DoNotOptimize(connection.translate(sql));
     }
 }
 BENCHMARK(translateNew)->Unit(benchmark::kMicrosecond);
 
 void findCode(benchmark::State& state) {
-    Recordset rows(Office::instance().connection(), QStringLiteral("select code from Cards"));
+    Recordset rows(Office::instance().connection(), u"select code from Cards"_s);
     for (auto _ : state) {
         rows.moveFirst();
-        rows.find(QStringLiteral("code=%1").arg(cards));
+        rows.find(u"code=%1"_s.arg(cards));
         if (rows.eof()) state.SkipWithError("not found");
     }
 }
 BENCHMARK(findCode)->Unit(benchmark::kMicrosecond);
 
 void findText(benchmark::State& state) {
-    Recordset rows(Office::instance().connection(), QStringLiteral("select επωνυμο from Cards"));
+    Recordset rows(Office::instance().connection(), u"select επωνυμο from Cards"_s);
     for (auto _ : state) {
         rows.moveFirst();
-        rows.find(QStringLiteral("επωνυμο='Κανένας'"));
+        rows.find(u"επωνυμο='Κανένας'"_s);
     }
 }
 BENCHMARK(findText)->Unit(benchmark::kMicrosecond);
@@ -147,7 +148,7 @@ void openAndUpdate(benchmark::State& state) {
     Connection& connection = Office::instance().connection();
     int number = 0;
     for (auto _ : state) {
-        Recordset rows(connection, QStringLiteral("select * from Cards where code=%1").arg(1 + number++ % cards));
+        Recordset rows(connection, u"select * from Cards where code=%1"_s.arg(1 + number++ % cards));
         rows[u"ονομα"].setValue(QString::number(number));
         rows.update();
     }
@@ -162,9 +163,9 @@ void foldText(benchmark::State& state, const QString& pattern) {
     state.counters["time/char"] = benchmark::Counter(
         double(text.size()), benchmark::Counter::kIsIterationInvariantRate | benchmark::Counter::kInvert);
 }
-BENCHMARK_CAPTURE(foldText, greek, QStringLiteral("Παπαδόπουλος Γεώργιος "));
-BENCHMARK_CAPTURE(foldText, ascii, QStringLiteral("Papadopoulos Georgios "));
-BENCHMARK_CAPTURE(foldText, han, QStringLiteral("漢字"));
+BENCHMARK_CAPTURE(foldText, greek, u"Παπαδόπουλος Γεώργιος "_s);
+BENCHMARK_CAPTURE(foldText, ascii, u"Papadopoulos Georgios "_s);
+BENCHMARK_CAPTURE(foldText, han, u"漢字"_s);
 
 }  // namespace
 

@@ -9,13 +9,14 @@
 #include "core/printlist.h"
 #include "platform/printers.h"
 
+using namespace Qt::Literals::StringLiterals;
+
 namespace {
 
 core::PrintedList printedList(int rows) {
-    core::PrintedList list{QStringLiteral("Ημερολόγιο από 01/01/2026 έως 31/12/2026"),
+    core::PrintedList list{u"Ημερολόγιο από 01/01/2026 έως 31/12/2026"_s,
                            QDate(2026, 11, 5),
-                           core::OwnerDetails{QStringLiteral("Γραφείο"), QStringLiteral("Ερμού 12"),
-                                              QStringLiteral("210 1234567"), QStringLiteral("info@example.gr")},
+                           core::OwnerDetails{u"Γραφείο"_s, u"Ερμού 12"_s, u"210 1234567"_s, u"info@example.gr"_s},
                            {},
                            {},
                            {}};
@@ -24,9 +25,8 @@ core::PrintedList printedList(int rows) {
             {QString::fromUtf16(header), 1000, list.columns.size() < 4 ? Qt::AlignLeft : Qt::AlignRight});
     for (int i = 0; i < rows; ++i)
         list.rows.append(
-            {{QStringLiteral("05/11/2026"), QStringLiteral("Παπαδόπουλος %1").arg(i), QStringLiteral("Κωνσταντίνος"),
-              QStringLiteral("Τακτική επίσκεψη και έλεγχος εγκατάστασης με αλλαγή ανταλλακτικών"),
-              QStringLiteral("%1,50").arg(i), QStringLiteral("0,00")},
+            {{u"05/11/2026"_s, u"Παπαδόπουλος %1"_s.arg(i), u"Κωνσταντίνος"_s,
+              u"Τακτική επίσκεψη και έλεγχος εγκατάστασης με αλλαγή ανταλλακτικών"_s, u"%1,50"_s.arg(i), u"0,00"_s},
              {},
              {}});
     return list;
@@ -45,7 +45,7 @@ void DrawList(benchmark::State& state) {
 
 void WriteListAsPdf(benchmark::State& state) {
     QTemporaryDir folder;
-    const QString file = folder.filePath(QStringLiteral("list.pdf"));
+    const QString file = folder.filePath(u"list.pdf"_s);
     const core::PrintedList list = printedList(int(state.range(0)));
     for (auto _ : state) {
         const auto document = drawn(list);

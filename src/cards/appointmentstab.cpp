@@ -11,6 +11,8 @@
 #include "data/format.h"
 #include "data/recordset.h"
 
+using namespace Qt::Literals::StringLiterals;
+
 namespace cards {
 
 using controls::named;
@@ -18,12 +20,8 @@ using controls::named;
 namespace {
 
 QVector<controls::ListColumn> columns() {
-    return {{QStringLiteral("Subject"), QStringLiteral("Θέμα"), 1000},
-            {QStringLiteral("Location"), QStringLiteral("Τόπος"), 1000},
-            {QStringLiteral("Day"), QStringLiteral("Ημέρα"), 1000},
-            {QStringLiteral("Start"), QStringLiteral("Έναρξη"), 1200},
-            {QStringLiteral("End"), QStringLiteral("Τέλος"), 1200},
-            {QStringLiteral("Σχόλια"), QStringLiteral("Σχόλια"), 2200}};
+    return {{u"Subject"_s, u"Θέμα"_s, 1000}, {u"Location"_s, u"Τόπος"_s, 1000}, {u"Day"_s, u"Ημέρα"_s, 1000},
+            {u"Start"_s, u"Έναρξη"_s, 1200}, {u"End"_s, u"Τέλος"_s, 1200},      {u"Σχόλια"_s, u"Σχόλια"_s, 2200}};
 }
 
 QString timeText(const QVariant& time) {
@@ -33,11 +31,10 @@ QString timeText(const QVariant& time) {
 }  // namespace
 
 AppointmentsTab::AppointmentsTab(core::MainMod& mod) : mod_(mod) {
-    ListView3 = named(new controls::ListView, QStringLiteral("ListView3"));
-    ListView3->setAccessibleName(QStringLiteral("Συναντήσεις"));
+    ListView3 = named(new controls::ListView, u"ListView3"_s);
+    ListView3->setAccessibleName(u"Συναντήσεις"_s);
     cmdDelAppoiment =
-        named(new QPushButton(controls::icon(QStringLiteral("delete")), QStringLiteral("Διαγραφή Συνάντησης")),
-              QStringLiteral("cmdDelAppoiment"));
+        named(new QPushButton(controls::icon(u"delete"_s), u"Διαγραφή Συνάντησης"_s), u"cmdDelAppoiment"_s);
     core::onSignal(mod_, this, cmdDelAppoiment, &QPushButton::clicked, [this] { deleteAppointment(); });
     auto* commands = new QHBoxLayout;
     commands->addWidget(cmdDelAppoiment);
@@ -50,7 +47,7 @@ AppointmentsTab::AppointmentsTab(core::MainMod& mod) : mod_(mod) {
 }
 
 void AppointmentsTab::load() {
-    core::loadColumns(mod_.services.settings, QStringLiteral("lvDates"), *ListView3, columns());
+    core::loadColumns(mod_.services.settings, u"lvDates"_s, *ListView3, columns());
     clear();
 }
 
@@ -58,19 +55,17 @@ void AppointmentsTab::fill(const QString& code) {
     code_ = code;
     QVector<controls::ListRow> rows;
     try {
-        for (data::Recordset dates(
-                 mod_.gConn, QStringLiteral("Select aa,[contact],[subject],[location],[day],[start],[end],[notes] "
-                                            "from dates where codecard=%1")
-                                 .arg(code));
+        for (data::Recordset dates(mod_.gConn,
+                                   u"Select aa,[contact],[subject],[location],[day],[start],[end],[notes] "
+                                   "from dates where codecard=%1"_s.arg(code));
              !dates.eof(); dates.moveNext())
             rows.append({{dates[u"subject"].text(), dates[u"location"].text(), dayText(dates[u"day"].toDate()),
                           timeText(dates[u"start"].value()), timeText(dates[u"end"].value()), dates[u"notes"].text()},
                          dates[u"aa"].value(),
                          {}});
     } catch (const data::Error& error) {
-        core::showFailure(
-            mod_, this, error,
-            QStringLiteral("Πρόβλημα κατά την επεξεργασία των δεμένων! \nΕλέγχετε τα πεδία της ημερομηνίας! \n"));
+        core::showFailure(mod_, this, error,
+                          u"Πρόβλημα κατά την επεξεργασία των δεμένων! \nΕλέγχετε τα πεδία της ημερομηνίας! \n"_s);
     }
     ListView3->setRows(std::move(rows));
     if (ListView3->count() > 0) ListView3->selectRow(0);
@@ -85,10 +80,10 @@ void AppointmentsTab::clear() {
 
 void AppointmentsTab::deleteAppointment() {
     const int row = ListView3->currentRow();
-    if (row < 0 || !mod_.services.prompts.question(this, core::programTitle(),
-                                                   QStringLiteral("Να συνεχίσω με διαγραφή της Συνάντησης;")))
+    if (row < 0 ||
+        !mod_.services.prompts.question(this, core::programTitle(), u"Να συνεχίσω με διαγραφή της Συνάντησης;"_s))
         return;
-    mod_.gConn.execute(QStringLiteral("Delete from dates where aa=%1").arg(ListView3->row(row).tag.toLongLong()));
+    mod_.gConn.execute(u"Delete from dates where aa=%1"_s.arg(ListView3->row(row).tag.toLongLong()));
     fill(code_);
 }
 

@@ -4,6 +4,8 @@
 
 #include "controls/names.h"
 
+using namespace Qt::Literals::StringLiterals;
+
 namespace cards {
 
 namespace {
@@ -37,13 +39,10 @@ ButtonRow::ButtonRow(core::MainMod& mod, QWidget* parent) : QWidget(parent), mod
     for (const ButtonDef& def : buttonDefs) {
         const QString caption = QString::fromUtf16(def.caption);
         auto* button = controls::named(new controls::PictureButton(caption, QString::fromUtf16(def.icon)),
-                                       controls::arrayName(QStringLiteral("lblClick"), def.id));
-        button->setToolTip(
-            QStringLiteral("%1 (%2)").arg(caption, QString::fromUtf16(def.keys).section(QStringLiteral(", "), -1)));
-        connect(button, &controls::PictureButton::hovered, this,
-                [this] { mod_.playButtonSound(QStringLiteral("NIMOver.wav")); });
-        connect(button, &controls::PictureButton::pressed, this,
-                [this] { mod_.playButtonSound(QStringLiteral("NIMClick.wav")); });
+                                       controls::arrayName(u"lblClick"_s, def.id));
+        button->setToolTip(u"%1 (%2)"_s.arg(caption, QString::fromUtf16(def.keys).section(u", "_s, -1)));
+        connect(button, &controls::PictureButton::hovered, this, [this] { mod_.playButtonSound(u"NIMOver.wav"_s); });
+        connect(button, &controls::PictureButton::pressed, this, [this] { mod_.playButtonSound(u"NIMClick.wav"_s); });
         connect(button, &controls::PictureButton::clicked, this, [this, id = def.id] { emit pressed(id); });
         if (def.id == Exit) layout->addStretch(1);
         layout->addWidget(button);

@@ -3,21 +3,22 @@
 #include "controls/choicebox.h"
 #include "data/format.h"
 
+using namespace Qt::Literals::StringLiterals;
+
 namespace cards {
 
 namespace {
 
-const QString datePattern = QStringLiteral("dd/mm/yyyy");
-const QString amountPattern = QStringLiteral("#,##0.00");
-const QString man = QStringLiteral("Άνδρας");
-const QString woman = QStringLiteral("Γυναίκα");
+const QString datePattern = u"dd/mm/yyyy"_s;
+const QString amountPattern = u"#,##0.00"_s;
+const QString man = u"Άνδρας"_s;
+const QString woman = u"Γυναίκα"_s;
 const QDate noBirthDate(1900, 1, 1);
 
 // Boxes show line ends their own way and drop control characters.
 bool sameOnScreen(const QString& shown, const QString& stored) {
     if (shown == stored) return true;
-    if (shown.contains(u'\n') && shown == QString(stored).replace(QStringLiteral("\r\n"), QStringLiteral("\n")))
-        return true;
+    if (shown.contains(u'\n') && shown == QString(stored).replace(u"\r\n"_s, u"\n"_s)) return true;
     controls::TextBox probe;
     probe.setText(stored);
     return probe.text() == shown;
@@ -41,7 +42,7 @@ void setListText(QComboBox* combo, const QString& text) {
 
 double numberOf(const QString& text) {
     if (const auto number = data::parseNumber(text)) return *number;
-    throw data::Error(data::ErrorCategory::Type, QStringLiteral("Το «%1» δεν είναι αριθμός.").arg(text.left(40)));
+    throw data::Error(data::ErrorCategory::Type, u"Το «%1» δεν είναι αριθμός."_s.arg(text.left(40)));
 }
 
 QVariant dateOf(const controls::DateBox* box) {
@@ -64,11 +65,11 @@ void writeText(data::Field column, const QString& text) {
 }
 
 QString nameDayDate(const QString& line, int year) {
-    return QStringLiteral("%1/%2").arg(line.right(5)).arg(year, 4, 10, QLatin1Char('0'));
+    return u"%1/%2"_s.arg(line.right(5)).arg(year, 4, 10, u'0');
 }
 
 QString nameDayLine(const QString& name, const QDateTime& feast) {
-    return name + QStringLiteral("   ") + data::format(feast, u"dd/mm/yyyy").left(5);
+    return name + u"   "_s + data::format(feast, u"dd/mm/yyyy").left(5);
 }
 
 void clearControls(CardView& view, QDate today) {
@@ -85,7 +86,7 @@ void clearControls(CardView& view, QDate today) {
             case CardKind::ParamNumber:
             case CardKind::Frequency:
             case CardKind::Amount:
-                view.text(field)->setText(QStringLiteral("0"));
+                view.text(field)->setText(u"0"_s);
                 break;
             case CardKind::ParamDate:
             case CardKind::LastMovement:
@@ -193,7 +194,7 @@ void writeField(const CardView& view, const CardField& field, data::Recordset& r
 }
 
 void setLastVisit(CardView& view, QDate date) {
-    setDate(view, *cardField(QStringLiteral("txtΤελευταία")), date);
+    setDate(view, *cardField(u"txtΤελευταία"_s), date);
 }
 
 void setEditable(CardView& view, bool editable) {

@@ -12,6 +12,8 @@
 #include "controls/names.h"
 #include "controls/theme.h"
 
+using namespace Qt::Literals::StringLiterals;
+
 namespace cards {
 
 using controls::arrayName;
@@ -78,8 +80,8 @@ QWidget* scrolled(QWidget* page) {
 CardView::CardView(const CardPanels& panels) : panels_(panels) {
     for (const CardField& field : cardFields()) widgets_.insert(field.controlName(), create(field));
 
-    tabs_ = named(new QTabWidget, QStringLiteral("TabStrip1"));
-    tabs_->setAccessibleName(QStringLiteral("Στοιχεία καρτέλας"));
+    tabs_ = named(new QTabWidget, u"TabStrip1"_s);
+    tabs_->setAccessibleName(u"Στοιχεία καρτέλας"_s);
     tabs_->setDocumentMode(true);
     using Builder = QWidget* (CardView::*)();
     const QHash<CardTab, Builder> builders = {{CardTab::Basic, &CardView::basicTab},
@@ -116,7 +118,7 @@ QWidget* CardView::create(const CardField& field) {
         case CardKind::Frequency:
         case CardKind::Amount: {
             auto* box = new controls::NumberBox;
-            box->setWhenEmpty(QStringLiteral("0"));
+            box->setWhenEmpty(u"0"_s);
             widget = box;
             break;
         }
@@ -141,8 +143,7 @@ QWidget* CardView::create(const CardField& field) {
             widget = new controls::ChoiceBox(true);
             break;
     }
-    if (field.kind == CardKind::Sex)
-        qobject_cast<QComboBox*>(widget)->addItems({QStringLiteral("Άνδρας"), QStringLiteral("Γυναίκα")});
+    if (field.kind == CardKind::Sex) qobject_cast<QComboBox*>(widget)->addItems({u"Άνδρας"_s, u"Γυναίκα"_s});
     controls::setAccessibleCaption(widget, field.caption);
     return named(widget, field.controlName());
 }
@@ -157,10 +158,9 @@ QLabel* CardView::caption(const CardField& field) {
 
 QWidget* CardView::datePairOf(const CardField& field) {
     static const QHash<QString, QString> pickerNames = {{"txtDate", "DTPicker1"}, {"txtΤελευταία", "DTPΤελευταία"}};
-    auto* picker =
-        named(new controls::DatePicker,
-              field.index < 0 ? pickerNames.value(field.array) : arrayName(QStringLiteral("DTPcustDate"), field.index));
-    controls::setAccessibleCaption(picker, QStringLiteral("Ημερολόγιο: ") + field.caption);
+    auto* picker = named(new controls::DatePicker,
+                         field.index < 0 ? pickerNames.value(field.array) : arrayName(u"DTPcustDate"_s, field.index));
+    controls::setAccessibleCaption(picker, u"Ημερολόγιο: "_s + field.caption);
     pickers_.insert(field.controlName(), picker);
     controls::pairUp(date(field), picker);
     auto* pair = new QWidget;
@@ -170,7 +170,7 @@ QWidget* CardView::datePairOf(const CardField& field) {
     layout->addWidget(date(field));
     layout->addWidget(picker);
     if (field.kind == CardKind::LastMovement) {
-        today_ = named(new QPushButton(QStringLiteral("Σήμερα")), QStringLiteral("cmdΣήμερα"));
+        today_ = named(new QPushButton(u"Σήμερα"_s), u"cmdΣήμερα"_s);
         layout->addWidget(today_);
     }
     layout->addStretch(1);
@@ -213,12 +213,10 @@ QWidget* CardView::besideRow(const CardField& field) {
         QString control, name, icon, caption;
         QToolButton*& button;
     };
-    for (const Beside& beside : {Beside{QStringLiteral("Combo1"), QStringLiteral("Command2"),
-                                        QStringLiteral("category"), QStringLiteral("Κατηγορίες Καρτέλας"), categories_},
-                                 Beside{QStringLiteral("Text7(13)"), QStringLiteral("Command5"), QStringLiteral("mail"),
-                                        QStringLiteral("Συνταξή και αποστολή e-mail"), mail_},
-                                 Beside{QStringLiteral("Text7(14)"), QStringLiteral("Command6"), QStringLiteral("web"),
-                                        QStringLiteral("Μετάβαση στη σελίδα"), web_}}) {
+    for (const Beside& beside :
+         {Beside{u"Combo1"_s, u"Command2"_s, u"category"_s, u"Κατηγορίες Καρτέλας"_s, categories_},
+          Beside{u"Text7(13)"_s, u"Command5"_s, u"mail"_s, u"Συνταξή και αποστολή e-mail"_s, mail_},
+          Beside{u"Text7(14)"_s, u"Command6"_s, u"web"_s, u"Μετάβαση στη σελίδα"_s, web_}}) {
         if (field.controlName() != beside.control) continue;
         beside.button = besideButton(beside.name, beside.icon, beside.caption);
         return withButton(field, beside.button);
@@ -227,14 +225,14 @@ QWidget* CardView::besideRow(const CardField& field) {
 }
 
 QWidget* CardView::header() {
-    surname_ = named(new QLabel, arrayName(QStringLiteral("Label1"), 0));
-    firstName_ = named(new QLabel, arrayName(QStringLiteral("Label1"), 1));
-    telephone_ = named(new QLabel, arrayName(QStringLiteral("Label1"), 2));
-    counter_ = named(new QLabel, QStringLiteral("Label4"));
-    saveHint_ = named(new QLabel(QStringLiteral("[F5] Επικύρωση")), QStringLiteral("Label31"));
+    surname_ = named(new QLabel, arrayName(u"Label1"_s, 0));
+    firstName_ = named(new QLabel, arrayName(u"Label1"_s, 1));
+    telephone_ = named(new QLabel, arrayName(u"Label1"_s, 2));
+    counter_ = named(new QLabel, u"Label4"_s);
+    saveHint_ = named(new QLabel(u"[F5] Επικύρωση"_s), u"Label31"_s);
     for (QLabel* label : {surname_, firstName_, telephone_}) {
         label->setTextFormat(Qt::PlainText);
-        label->setFont(controls::font(QStringLiteral("Tahoma"), 14, label == surname_));
+        label->setFont(controls::font(u"Tahoma"_s, 14, label == surname_));
         // A name of any length must not push the window wider than the screen.
         label->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
     }
@@ -260,7 +258,7 @@ QWidget* CardView::basicTab() {
     QFormLayout *left = formLayout(), *right = formLayout(), *bottom = formLayout();
     for (const QString& name : basicLeft) addRow(left, fieldNamed(name));
     for (const QString& name : basicRight) addRow(right, fieldNamed(name));
-    addRow(bottom, fieldNamed(QStringLiteral("Text7(16)")));
+    addRow(bottom, fieldNamed(u"Text7(16)"_s));
     grid->addLayout(left, 0, 0);
     grid->addLayout(right, 0, 1);
     grid->addLayout(bottom, 1, 0, 1, 2);
@@ -286,7 +284,7 @@ QWidget* CardView::specialTab() {
         for (const CardField& field : cardFields())
             if (column.contains(field.kind) && (field.kind == CardKind::ParamFlag) == flags)
                 addRow(column.value(field.kind), field);
-    specialHint_ = new QLabel(QStringLiteral("Το γραφείο δεν έχει ορίσει ακόμη ειδικά πεδία."));
+    specialHint_ = new QLabel(u"Το γραφείο δεν έχει ορίσει ακόμη ειδικά πεδία."_s);
     specialHint_->setProperty("role", "muted");
     specialHint_->hide();
     int index = 0;
@@ -304,14 +302,10 @@ QWidget* CardView::notesTab() {
     auto* grid = new QGridLayout(page);
     grid->setContentsMargins(14, 14, 14, 14);
     grid->setHorizontalSpacing(16);
-    photo_ = named(new PhotoView, QStringLiteral("Image1"));
-    loadPhoto_ =
-        named(new QPushButton(controls::icon(QStringLiteral("photo-add")), QStringLiteral("Εισαγωγή Φωτογραφίας")),
-              QStringLiteral("Command1"));
-    clearPhoto_ =
-        named(new QPushButton(controls::icon(QStringLiteral("photo-remove")), QStringLiteral("Διαγραφή Φωτογραφίας")),
-              QStringLiteral("Command3"));
-    const CardField& notes = fieldNamed(QStringLiteral("Text7(17)"));
+    photo_ = named(new PhotoView, u"Image1"_s);
+    loadPhoto_ = named(new QPushButton(controls::icon(u"photo-add"_s), u"Εισαγωγή Φωτογραφίας"_s), u"Command1"_s);
+    clearPhoto_ = named(new QPushButton(controls::icon(u"photo-remove"_s), u"Διαγραφή Φωτογραφίας"_s), u"Command3"_s);
+    const CardField& notes = fieldNamed(u"Text7(17)"_s);
     grid->addWidget(caption(notes), 0, 0, Qt::AlignLeft);
     grid->addWidget(memo(notes), 1, 0, 3, 1);
     grid->addWidget(photo_, 1, 1);
@@ -328,22 +322,21 @@ QWidget* CardView::textsTab() {
     auto* grid = new QGridLayout(page);
     grid->setContentsMargins(14, 14, 14, 14);
     grid->setHorizontalSpacing(16);
-    textHeader_ = named(new QLabel, QStringLiteral("lblMemeHeader"));
+    textHeader_ = named(new QLabel, u"lblMemeHeader"_s);
     textHeader_->setTextFormat(Qt::PlainText);
-    textHeader_->setFont(controls::font(QStringLiteral("Tahoma"), 11, true));
+    textHeader_->setFont(controls::font(u"Tahoma"_s, 11, true));
     grid->addWidget(textHeader_, 0, 1);
     auto* buttons = new QVBoxLayout;
     buttons->setSpacing(8);
     texts_ = new QStackedWidget;
     for (int i = 0; i < 6; ++i) {
-        auto* button =
-            named(new QPushButton(QStringLiteral("Κειμενο %1").arg(i + 1)), arrayName(QStringLiteral("cmdMemo"), i));
+        auto* button = named(new QPushButton(u"Κειμενο %1"_s.arg(i + 1)), arrayName(u"cmdMemo"_s, i));
         button->setCheckable(true);
         button->setAutoExclusive(true);
         connect(button, &QPushButton::clicked, this, [this, i] { showText(i); });
         textButtons_.append(button);
         buttons->addWidget(button);
-        texts_->addWidget(control(arrayName(QStringLiteral("txtMemo"), i)));
+        texts_->addWidget(control(arrayName(u"txtMemo"_s, i)));
     }
     buttons->addStretch(1);
     grid->addLayout(buttons, 1, 0);
@@ -375,15 +368,13 @@ void CardView::dress(const CardField& field, const QString& caption, bool visibl
     QWidget* widget = control(field);
     // A field that the office left without a name is still told from the next one.
     const bool text = field.kind == CardKind::LongText;
-    const QString spoken =
-        QStringLiteral("%1 %2").arg(text ? QStringLiteral("Κειμενο") : QStringLiteral("Πεδίο")).arg(field.index + 1);
+    const QString spoken = u"%1 %2"_s.arg(text ? u"Κειμενο"_s : u"Πεδίο"_s).arg(field.index + 1);
     widget->setAccessibleName(caption.isEmpty() ? spoken : caption);
     if (text) textButtons_[field.index]->setAccessibleName(widget->accessibleName());
     if (QLabel* label = captions_.value(field.controlName())) label->setText(caption);
-    if (auto* box = qobject_cast<QCheckBox*>(widget))
-        box->setText(QString(caption).replace(QLatin1Char('&'), QStringLiteral("&&")));
+    if (auto* box = qobject_cast<QCheckBox*>(widget)) box->setText(QString(caption).replace(u'&', u"&&"_s));
     if (field.kind == CardKind::LongText) {
-        textButtons_[field.index]->setText(QString(caption).replace(QLatin1Char('&'), QStringLiteral("&&")));
+        textButtons_[field.index]->setText(QString(caption).replace(u'&', u"&&"_s));
         return;
     }
     if (QFormLayout* form = forms_.value(field.controlName()))
@@ -414,8 +405,7 @@ bool CardView::isShowing(CardTab tab) const {
 void CardView::showText(int index) {
     texts_->setCurrentIndex(index);
     textButtons_[index]->setChecked(true);
-    textHeader_->setText(QStringLiteral(" ") +
-                         textButtons_[index]->text().replace(QStringLiteral("&&"), QStringLiteral("&")));
+    textHeader_->setText(u" "_s + textButtons_[index]->text().replace(u"&&"_s, u"&"_s));
 }
 
 }  // namespace cards

@@ -11,6 +11,8 @@
 #include "cards/linkopen.h"
 #include "controls/names.h"
 
+using namespace Qt::Literals::StringLiterals;
+
 namespace cards {
 
 namespace {
@@ -28,7 +30,7 @@ constexpr int mailBox = 13, webBox = 14;  // of Text7
 }  // namespace
 
 frmAddress::frmAddress(core::MainMod& mod)
-    : Form(mod, QStringLiteral("frmAddress"), QStringLiteral("Καρτέλα"), {QStringLiteral("Address"), 0, 0}),
+    : Form(mod, u"frmAddress"_s, u"Καρτέλα"_s, {u"Address"_s, 0, 0}),
       history_(new HistoryTab(mod)),
       links_(new LinksTab(mod)),
       appointments_(new AppointmentsTab(mod)),
@@ -45,7 +47,7 @@ frmAddress::frmAddress(core::MainMod& mod)
 void frmAddress::wire() {
     on(buttons_, &ButtonRow::pressed, [this](CardButton id) { dispatch(id); });
     on(view_->loadPhoto(), &QPushButton::clicked, [this] { loadPhoto(); });
-    on(view_->categories(), &QToolButton::clicked, [this] { emit openRequested(QStringLiteral("frmCategory")); });
+    on(view_->categories(), &QToolButton::clicked, [this] { emit openRequested(u"frmCategory"_s); });
     on(view_->clearPhoto(), &QPushButton::clicked, [this] { clearPhoto(); });
     on(view_->today(), &QPushButton::clicked, [this] { setLastVisit(*view_, mod_.services.clock.today()); });
     on(history_, &HistoryTab::written, [this] { ShowCard(true); });
@@ -59,8 +61,8 @@ void frmAddress::wire() {
     });
     // The boxes that F3 searches from: surname, first name, first telephone, e-mail.
     for (int index : {0, 1, 9, 13}) {
-        auto* shortcut = new QShortcut(Qt::Key_F3, view_->control(controls::arrayName(QStringLiteral("Text7"), index)),
-                                       nullptr, nullptr, Qt::WidgetShortcut);
+        auto* shortcut = new QShortcut(Qt::Key_F3, view_->control(controls::arrayName(u"Text7"_s, index)), nullptr,
+                                       nullptr, Qt::WidgetShortcut);
         on(shortcut, &QShortcut::activated, [this] {
             if (!isEditing()) openFind();
         });
@@ -81,7 +83,7 @@ void frmAddress::wire() {
         });
     // One key alone takes nothing back that was typed.
     addShortcut(Qt::Key_Escape, [this] {
-        if (isEditing() && mayDiscard(QStringLiteral("Να ακυρωθούν;"))) CancelCard();
+        if (isEditing() && mayDiscard(u"Να ακυρωθούν;"_s)) CancelCard();
     });
 }
 
@@ -96,7 +98,7 @@ void frmAddress::wireAddresses() {
     for (const Address& address :
          {Address{mailBox, shortestMail, view_->mail()}, Address{webBox, shortestWeb, view_->web()}}) {
         address.button->setEnabled(false);
-        connect(view_->text(*cardField(QStringLiteral("Text7"), address.box)), &QLineEdit::textChanged, this,
+        connect(view_->text(*cardField(u"Text7"_s, address.box)), &QLineEdit::textChanged, this,
                 [address](const QString& text) { address.button->setEnabled(text.size() >= address.shortest); });
     }
 }
@@ -155,7 +157,7 @@ void frmAddress::onLoad() {
 
 void frmAddress::openKeySet() {
     FillCombo();
-    mRsCards.open(mod_.gConn, QStringLiteral("select code,OutlookEntryID from cards order by ΕΠΩΝΥΜΟ"));
+    mRsCards.open(mod_.gConn, u"select code,OutlookEntryID from cards order by ΕΠΩΝΥΜΟ"_s);
     dress();
 }
 
@@ -172,7 +174,7 @@ void frmAddress::showFirst() {
 }
 
 void frmAddress::dress() {
-    data::Recordset custom(mod_.gConn, QStringLiteral("Select * from customfields where id=1"));
+    data::Recordset custom(mod_.gConn, u"Select * from customfields where id=1"_s);
     if (custom.isEmpty()) return;
     for (const CardField& field : cardFields())
         if (!field.captionColumn.isEmpty())
@@ -184,15 +186,14 @@ void frmAddress::dress() {
 
 // A renamed category is still the card's own.
 void frmAddress::refillLists() {
-    auto* const categories = qobject_cast<QComboBox*>(view_->control(QStringLiteral("Combo1")));
+    auto* const categories = qobject_cast<QComboBox*>(view_->control(u"Combo1"_s));
     const QString shown = categories->currentText();
     FillCombo();
     if (categories->currentText() == shown) return;
     const QVariant code =
         isEditing() && mRsCard.isOpen() && !mAdding
             ? mRsCard[u"category"].value()
-            : data::Recordset(mod_.gConn,
-                              QStringLiteral("select category from cards where code=%1").arg(CurrentCode.toLongLong()))
+            : data::Recordset(mod_.gConn, u"select category from cards where code=%1"_s.arg(CurrentCode.toLongLong()))
                   .field(0)
                   .value();
     if (!mAdding) categories->setCurrentIndex(std::max(0, categories->findText(categoryName(code))));
@@ -212,13 +213,12 @@ void frmAddress::FillCombo() {
         if (combo->isEditable()) combo->setEditText(shown);
     };
     const auto description = [](data::Recordset& row) { return row[u"Description"].text(); };
-    fill(QStringLiteral("Combo1"),
-         QStringLiteral("select description,code,PAYABLE from cardKategory order by description"), description);
-    fill(QStringLiteral("Combo3"), QStringLiteral("select ONOMA,HMERA from NameDay order by onoma"),
+    fill(u"Combo1"_s, u"select description,code,PAYABLE from cardKategory order by description"_s, description);
+    fill(u"Combo3"_s, u"select ONOMA,HMERA from NameDay order by onoma"_s,
          [](data::Recordset& row) { return nameDayLine(row[u"ONOMA"].text(), row[u"HMERA"].toDate()); });
     for (int n = 1; n <= 4; ++n)
-        fill(controls::arrayName(QStringLiteral("Combo4"), n - 1),
-             QStringLiteral("select Description from combo%1 order by Description").arg(n), description);
+        fill(controls::arrayName(u"Combo4"_s, n - 1), u"select Description from combo%1 order by Description"_s.arg(n),
+             description);
 }
 
 void frmAddress::ClearCard() {
@@ -250,7 +250,7 @@ void frmAddress::ShowCard(bool Reload) {
     ClearCard();
     try {
         const BusyCursor busy;  // gone before any box
-        data::Recordset row(mod_.gConn, QStringLiteral("Select * from cards where code=%1 ").arg(CurrentCode));
+        data::Recordset row(mod_.gConn, u"Select * from cards where code=%1 "_s.arg(CurrentCode));
         if (row.isEmpty()) {
             mod_.beep();
             return;
@@ -267,7 +267,7 @@ void frmAddress::ShowCard(bool Reload) {
         showCounter();
         fillLists();
     } catch (const data::Error& error) {
-        core::showFailure(mod_, this, error, QStringLiteral("Πρόβλημα κατά την ανάκτηση των δεμένων! \n"));
+        core::showFailure(mod_, this, error, u"Πρόβλημα κατά την ανάκτηση των δεμένων! \n"_s);
     }
 }
 
@@ -315,9 +315,8 @@ void frmAddress::SendMail(const QString& to) {
 
 QString frmAddress::categoryName(const QVariant& code) {
     if (!code.isValid()) return {};
-    data::Recordset category(
-        mod_.gConn,
-        QStringLiteral("select description,Payable from cardKategory where code=%1").arg(code.toLongLong()));
+    data::Recordset category(mod_.gConn,
+                             u"select description,Payable from cardKategory where code=%1"_s.arg(code.toLongLong()));
     return category.isEmpty() ? QString() : category[u"description"].text();
 }
 
@@ -332,7 +331,7 @@ void frmAddress::showBrowsing() {
 }
 
 QString frmAddress::shownText(int box) const {
-    return view_->text(*cardField(QStringLiteral("Text7"), box))->text();
+    return view_->text(*cardField(u"Text7"_s, box))->text();
 }
 
 void frmAddress::showHeader() {
@@ -343,10 +342,10 @@ void frmAddress::showHeader() {
 
 void frmAddress::showCounter() {
     if (!mRsCards.isOpen() || mRsCards.isEmpty() || mRsCards.eof())
-        view_->counter()->setText(QStringLiteral("Καρτέλα (0/0)"));
+        view_->counter()->setText(u"Καρτέλα (0/0)"_s);
     else
         view_->counter()->setText(
-            QStringLiteral("Εμφάνιση Καρτέλας (%1/%2)").arg(mRsCards.absolutePosition()).arg(mRsCards.recordCount()));
+            u"Εμφάνιση Καρτέλας (%1/%2)"_s.arg(mRsCards.absolutePosition()).arg(mRsCards.recordCount()));
 }
 
 void frmAddress::NextCard() {
@@ -366,7 +365,7 @@ void frmAddress::PreviousCard() {
 }
 
 void frmAddress::GoToRec(double Code) {
-    mRsCards.find(QStringLiteral("code=%1").arg(static_cast<qint64>(Code)));
+    mRsCards.find(u"code=%1"_s.arg(static_cast<qint64>(Code)));
     CurrentCode = mRsCards[u"code"].text();
     ShowCard(true);
 }
@@ -385,9 +384,9 @@ void frmAddress::goToFound(qint64 code) {
 void frmAddress::goTo(qint64 code) {
     if (isEditing())
         return core::complain(mod_, this,
-                              QStringLiteral("Η καρτέλα που φαίνεται είναι σε διόρθωση.\nΑποθηκεύστε ή "
-                                             "ακυρώστε πρώτα τις αλλαγές."));
-    const QString criterion = QStringLiteral("code=%1").arg(code);
+                              u"Η καρτέλα που φαίνεται είναι σε διόρθωση.\nΑποθηκεύστε ή "
+                              "ακυρώστε πρώτα τις αλλαγές."_s);
+    const QString criterion = u"code=%1"_s.arg(code);
     if (hasCards()) mRsCards.moveFirst();
     mRsCards.find(criterion);
     if (mRsCards.eof()) {
@@ -410,11 +409,11 @@ void frmAddress::FindUnLock() {
 
 bool frmAddress::mayDiscard(const QString& question) {
     return mod_.services.prompts.question(this, core::programTitle(),
-                                          QStringLiteral("Η καρτέλα έχει αλλαγές που δεν αποθηκεύτηκαν.\n") + question);
+                                          u"Η καρτέλα έχει αλλαγές που δεν αποθηκεύτηκαν.\n"_s + question);
 }
 
 bool frmAddress::queryUnload() {
-    return !isEditing() || mayDiscard(QStringLiteral("Να κλείσει χωρίς αποθήκευση;"));
+    return !isEditing() || mayDiscard(u"Να κλείσει χωρίς αποθήκευση;"_s);
 }
 
 void frmAddress::onUnload() {

@@ -11,13 +11,15 @@
 
 namespace cards {
 
+using namespace Qt::Literals::StringLiterals;
+
 class frmAddress : public core::Form {
     Q_OBJECT
 public:
     explicit frmAddress(core::MainMod& mod);
 
     // The code of the card on show, "0" when there is none; assign it before ShowCard.
-    QString CurrentCode = QStringLiteral("0");
+    QString CurrentCode = u"0"_s;
 
     // Shows the card CurrentCode, read afresh; with Reload its photo too. Never moves the key set.
     void ShowCard(bool Reload);

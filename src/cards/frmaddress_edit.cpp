@@ -4,10 +4,12 @@
 #include "cards/photofile.h"
 #include "core/sqltext.h"
 
+using namespace Qt::Literals::StringLiterals;
+
 namespace cards {
 
 void frmAddress::openCarrier() {
-    mRsCard.open(mod_.gConn, QStringLiteral("Select * from cards where code=%1 ").arg(CurrentCode));
+    mRsCard.open(mod_.gConn, u"Select * from cards where code=%1 "_s.arg(CurrentCode));
 }
 
 void frmAddress::startEditing(const QString& title) {
@@ -15,7 +17,7 @@ void frmAddress::startEditing(const QString& title) {
     buttons_->setEditing();
     view_->counter()->setText(title);
     if (!view_->isShowing(CardTab::Basic)) return;
-    view_->control(QStringLiteral("Text7(0)"))->setFocus(Qt::TabFocusReason);
+    view_->control(u"Text7(0)"_s)->setFocus(Qt::TabFocusReason);
 }
 
 void frmAddress::CardAddNew() {
@@ -25,7 +27,7 @@ void frmAddress::CardAddNew() {
     mRsCard.addNew();
     mAdding = true;
     ClearCard();
-    startEditing(QStringLiteral("Προσθήκη νέας καρτέλας"));
+    startEditing(u"Προσθήκη νέας καρτέλας"_s);
 }
 
 void frmAddress::CardEdit() {
@@ -33,7 +35,7 @@ void frmAddress::CardEdit() {
     openCarrier();
     if (!refreshFromCarrier()) return;
     mEditing = true;
-    startEditing(QStringLiteral("Διόρθωση της καρτέλας"));
+    startEditing(u"Διόρθωση της καρτέλας"_s);
 }
 
 // Back to the browsing layout, whatever the next read of the card brings.
@@ -47,7 +49,7 @@ void frmAddress::leaveEditing() {
 // show first: otherwise the save would put the older ones back over them without anybody noticing.
 bool frmAddress::refreshFromCarrier() {
     if (mRsCard.isEmpty()) {
-        core::complain(mod_, this, QStringLiteral("Η καρτέλα έχει διαγραφεί από άλλον χρήστη."));
+        core::complain(mod_, this, u"Η καρτέλα έχει διαγραφεί από άλλον χρήστη."_s);
         return false;
     }
     if (savedValues(mRsCard) != shownValues_) {
@@ -88,8 +90,7 @@ void frmAddress::SaveCard() {
     } catch (const data::Error& error) {
         core::showFailure(
             mod_, this, error,
-            QStringLiteral(
-                "Πρόβλημα κατά την αποθήκευση των δεμένων! \nΕλέγχετε τα αριθμητικά πεδία οτι είναι αριθμοι! \n"));
+            u"Πρόβλημα κατά την αποθήκευση των δεμένων! \nΕλέγχετε τα αριθμητικά πεδία οτι είναι αριθμοι! \n"_s);
         // The typed values stay on screen and can be mended and saved again.
         if (mRsCard.isOpen()) mRsCard.cancelUpdate();
         return;
@@ -99,13 +100,11 @@ void frmAddress::SaveCard() {
 
 void frmAddress::writeCard() {
     if (!mRsCard.isOpen()) openCarrier();
-    const QString name = qobject_cast<QComboBox*>(view_->control(QStringLiteral("Combo1")))->currentText();
+    const QString name = qobject_cast<QComboBox*>(view_->control(u"Combo1"_s))->currentText();
     data::Recordset category(
-        mod_.gConn,
-        QStringLiteral("select description,code from cardKategory where description='%1'").arg(core::sqlText(name)));
+        mod_.gConn, u"select description,code from cardKategory where description='%1'"_s.arg(core::sqlText(name)));
     if (category.isEmpty())
-        throw data::Error(data::ErrorCategory::Constraint,
-                          QStringLiteral("Η κατηγορία «%1» δεν υπάρχει πια.").arg(name));
+        throw data::Error(data::ErrorCategory::Constraint, u"Η κατηγορία «%1» δεν υπάρχει πια."_s.arg(name));
     if (mAdding && mRsCard.editMode() != data::EditMode::Add) mRsCard.addNew();
     const int year = mod_.services.clock.today().year();
     for (const CardField& field : cardFields()) writeField(*view_, field, mRsCard, category[u"code"].toLong(), year);
@@ -122,7 +121,7 @@ void frmAddress::afterSave() {
     view_->selectTab(CardTab::Basic);
     mRsCard.close();
     mRsCards.requery();
-    mRsCards.find(QStringLiteral("code=") + CurrentCode);
+    mRsCards.find(u"code="_s + CurrentCode);
     if (mRsCards.eof() && !mRsCards.isEmpty()) mRsCards.moveFirst();  // deleted again meanwhile
     ShowCard(true);
 }
@@ -149,25 +148,24 @@ void frmAddress::CancelCard() {
 void frmAddress::alignKeySet() {
     if (!mRsCards.eof() && !mRsCards.bof() && mRsCards[u"code"].text() == CurrentCode) return;
     mRsCards.moveFirst();
-    mRsCards.find(QStringLiteral("code=") + CurrentCode);
+    mRsCards.find(u"code="_s + CurrentCode);
     if (!mRsCards.eof()) return;
     mRsCards.moveFirst();
-    throw data::Error(data::ErrorCategory::Conflict, QStringLiteral("Η καρτέλα διαγράφηκε στο μεταξύ."));
+    throw data::Error(data::ErrorCategory::Conflict, u"Η καρτέλα διαγράφηκε στο μεταξύ."_s);
 }
 
 void frmAddress::DeleteCard() {
     if (isEditing() || mod_.gUserGroup == core::groupRestricted) return;
-    if (!mod_.services.prompts.question(this, core::programTitle(), QStringLiteral("Είστε σίγουρος για διαγραφή;")))
-        return;
+    if (!mod_.services.prompts.question(this, core::programTitle(), u"Είστε σίγουρος για διαγραφή;"_s)) return;
     if (!hasCards()) return ClearCard();
     alignKeySet();
     data::Transaction transaction(mod_.gConn);
     const QString entry = core::sqlText(mRsCards[u"OutlookEntryID"].text());
-    mod_.gConn.execute(QStringLiteral("Insert Into ToBeDeleted (EntryID) Values ('%1')").arg(entry));
+    mod_.gConn.execute(u"Insert Into ToBeDeleted (EntryID) Values ('%1')"_s.arg(entry));
     mRsCards.remove();
     transaction.commit();
     if (!mRsCards.isEmpty()) return showFirst();
-    CurrentCode = QStringLiteral("0");
+    CurrentCode = u"0"_s;
     ClearCard();
     showCounter();
 }

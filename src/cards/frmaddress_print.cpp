@@ -3,6 +3,8 @@
 #include "cards/kartela.h"
 #include "core/printlist.h"
 
+using namespace Qt::Literals::StringLiterals;
+
 namespace cards {
 
 namespace {
@@ -60,7 +62,7 @@ bool frmAddress::gPrintKartela(const QString& Title) {
     // Sharp enough for half a page, whatever the camera delivered.
     if (!mPhotoBytes.isEmpty()) card.photo = PhotoView::read(mPhotoBytes, {1500, 1500});
     card.surname = shownText(0);
-    card.notes = shown(view_->control(QStringLiteral("Text7(17)")));
+    card.notes = shown(view_->control(u"Text7(17)"_s));
     try {
         return core::printOut(mod_, this, {Title, [card](platform::Printer& printer, const core::PrintStep&) {
                                                drawKartela(printer, card);
@@ -73,14 +75,13 @@ bool frmAddress::gPrintKartela(const QString& Title) {
 }
 
 void frmAddress::printCard() {
-    if (gPrintKartela(QStringLiteral("ΣΤΟΙΧΕΙΑ ΚΑΡΤΕΛΑΣ")))
-        tellPrinted(QStringLiteral("Η εκτύπωση της καρτέλας ολοκληρώθηκε !"));
+    if (gPrintKartela(u"ΣΤΟΙΧΕΙΑ ΚΑΡΤΕΛΑΣ"_s)) tellPrinted(u"Η εκτύπωση της καρτέλας ολοκληρώθηκε !"_s);
 }
 
 void frmAddress::printMovements() {
-    if (core::gPrintListView(mod_, this, history_->list(), QStringLiteral("ΙΣΤΟΡΙΚΟ ΕΠΑΦΗΣ ") + history_->period(),
-                             shownText(0), shownText(1), shownText(9), shownText(11)))
-        tellPrinted(QStringLiteral("Η εκτύπωση ολοκληρώθηκε"));
+    if (core::gPrintListView(mod_, this, history_->list(), u"ΙΣΤΟΡΙΚΟ ΕΠΑΦΗΣ "_s + history_->period(), shownText(0),
+                             shownText(1), shownText(9), shownText(11)))
+        tellPrinted(u"Η εκτύπωση ολοκληρώθηκε"_s);
 }
 
 void frmAddress::tellPrinted(const QString& text) {

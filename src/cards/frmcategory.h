@@ -4,6 +4,8 @@
 
 namespace cards {
 
+using namespace Qt::Literals::StringLiterals;
+
 // The categories of the cards; one that is payable shows in red.
 class frmCategory : public ListEditor {
     Q_OBJECT
@@ -11,7 +13,7 @@ public:
     explicit frmCategory(core::MainMod& mod);
 
 protected:
-    QString table() const override { return QStringLiteral("CardKategory"); }
+    QString table() const override { return u"CardKategory"_s; }
 };
 
 // The values of one of the four lists, Combo1 to Combo4.
@@ -24,7 +26,7 @@ public:
     void setList(int number);
 
 protected:
-    QString table() const override { return QStringLiteral("Combo%1").arg(number_); }
+    QString table() const override { return u"Combo%1"_s.arg(number_); }
 
 private:
     int number_ = 1;

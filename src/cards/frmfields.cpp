@@ -9,6 +9,8 @@
 #include "controls/names.h"
 #include "data/recordset.h"
 
+using namespace Qt::Literals::StringLiterals;
+
 namespace cards {
 
 using controls::arrayName;
@@ -16,7 +18,7 @@ using controls::named;
 
 namespace {
 
-const QString rowSql = QStringLiteral("Select * from customfields where id=1");
+const QString rowSql = u"Select * from customfields where id=1"_s;
 
 const QVector<FieldGroup> cardGroups = {
     {u"Αλφαριθμητικά", u"Πεδίο", 10, u"FIELdchar", u"Text1", 0, 1, u"fc", u"Check1"},
@@ -36,7 +38,7 @@ const QVector<FieldGroup> historyGroups = {
 
 FieldsEditor::FieldsEditor(core::MainMod& mod, const QString& name, const QString& caption,
                            const QVector<FieldGroup>& groups, int columns, std::function<void(int)> openList)
-    : Form(mod, name, caption, {QStringLiteral("Fields"), 1000, 0}), openList_(std::move(openList)) {
+    : Form(mod, name, caption, {u"Fields"_s, 1000, 0}), openList_(std::move(openList)) {
     auto* layout = new QVBoxLayout(this);
     layout->setContentsMargins(12, 10, 12, 10);
     layout->setSpacing(10);
@@ -50,7 +52,7 @@ FieldsEditor::FieldsEditor(core::MainMod& mod, const QString& name, const QStrin
     for (int i = 0; i < groups.size(); ++i) stack[i * columns / int(groups.size())]->addWidget(buildGroup(groups[i]));
     for (QVBoxLayout* column : stack) column->addStretch(1);
     layout->addLayout(stacks);
-    auto* confirm = named(new QPushButton(QStringLiteral("Επικύρωση")), QStringLiteral("Command1"));
+    auto* confirm = named(new QPushButton(u"Επικύρωση"_s), u"Command1"_s);
     on(confirm, &QPushButton::clicked, [this] { this->confirm(); });
     layout->addWidget(confirm, 0, Qt::AlignRight);
 }
@@ -62,10 +64,10 @@ QGroupBox* FieldsEditor::buildGroup(const FieldGroup& group) {
     grid->setContentsMargins(12, 8, 12, 10);
     grid->setVerticalSpacing(4);
     const bool lists = group.step < 0 && group.flagColumn;
-    if (group.flagColumn) grid->addWidget(new QLabel(QStringLiteral("ΕΝ")), 0, 1, Qt::AlignCenter);
-    grid->addWidget(new QLabel(QStringLiteral("Περιγραφή")), 0, 2);
+    if (group.flagColumn) grid->addWidget(new QLabel(u"ΕΝ"_s), 0, 1, Qt::AlignCenter);
+    grid->addWidget(new QLabel(u"Περιγραφή"_s), 0, 2);
     for (int i = 0; i < group.count; ++i) {
-        const QString caption = QStringLiteral("%1 %2").arg(QString::fromUtf16(group.field)).arg(i + 1);
+        const QString caption = u"%1 %2"_s.arg(QString::fromUtf16(group.field)).arg(i + 1);
         const int index = group.textIndex + group.step * i;
         Row row{QString::fromUtf16(group.captionColumn) + QString::number(i + 1), QString(),
                 named(new controls::TextBox, arrayName(QString::fromUtf16(group.textArray), index)), nullptr};
@@ -73,18 +75,18 @@ QGroupBox* FieldsEditor::buildGroup(const FieldGroup& group) {
         row.text->setMinimumWidth(150);
         auto* label = new QLabel(caption);
         controls::tie(label, row.text);
-        row.text->setAccessibleName(frame + QStringLiteral(", ") + caption);
+        row.text->setAccessibleName(frame + u", "_s + caption);
         grid->addWidget(label, i + 1, 0);
         if (group.flagColumn) {
             row.flagColumn = QString::fromUtf16(group.flagColumn) + QString::number(i + 1);
             row.check = named(new QCheckBox, arrayName(QString::fromUtf16(group.checkArray), index));
-            row.check->setAccessibleName(frame + QStringLiteral(", ") + caption + QStringLiteral(", εμφάνιση"));
+            row.check->setAccessibleName(frame + u", "_s + caption + u", εμφάνιση"_s);
             grid->addWidget(row.check, i + 1, 1, Qt::AlignCenter);
         }
         grid->addWidget(row.text, i + 1, 2);
         if (lists && openList_) {
-            auto* values = named(new QPushButton(QStringLiteral("Τιμές...")), arrayName(QStringLiteral("cmdCombo"), i));
-            values->setAccessibleName(QStringLiteral("Τιμές λίστας %1").arg(i + 1));
+            auto* values = named(new QPushButton(u"Τιμές..."_s), arrayName(u"cmdCombo"_s, i));
+            values->setAccessibleName(u"Τιμές λίστας %1"_s.arg(i + 1));
             on(values, &QPushButton::clicked, [this, i] { openList_(i + 1); });
             grid->addWidget(values, i + 1, 3);
         }
@@ -105,7 +107,7 @@ void FieldsEditor::onLoad() {
 QStringList FieldsEditor::shown() const {
     QStringList values;
     for (const Row& row : rows_)
-        values << row.text->text() << (row.check && row.check->isChecked() ? QStringLiteral("1") : QString());
+        values << row.text->text() << (row.check && row.check->isChecked() ? u"1"_s : QString());
     return values;
 }
 
@@ -126,16 +128,14 @@ void FieldsEditor::confirm() {
 
 bool FieldsEditor::queryUnload() {
     if (confirmed_ || loaded_.isEmpty() || shown() == loaded_) return true;
-    return mod_.services.prompts.question(
-        this, core::programTitle(), QStringLiteral("Οι αλλαγές των πεδίων δεν επικυρώθηκαν.\nΝα κλείσει χωρίς αυτές;"));
+    return mod_.services.prompts.question(this, core::programTitle(),
+                                          u"Οι αλλαγές των πεδίων δεν επικυρώθηκαν.\nΝα κλείσει χωρίς αυτές;"_s);
 }
 
 frmFields::frmFields(core::MainMod& mod, std::function<void(int)> openList)
-    : FieldsEditor(mod, QStringLiteral("frmFields"), QStringLiteral("Παραμετρικά Πεδία Καρτέλας"), cardGroups, 3,
-                   std::move(openList)) {}
+    : FieldsEditor(mod, u"frmFields"_s, u"Παραμετρικά Πεδία Καρτέλας"_s, cardGroups, 3, std::move(openList)) {}
 
 frmFields1::frmFields1(core::MainMod& mod)
-    : FieldsEditor(mod, QStringLiteral("frmFields1"), QStringLiteral("Παραμετρικά Πεδία Ιστορικού"), historyGroups, 1) {
-}
+    : FieldsEditor(mod, u"frmFields1"_s, u"Παραμετρικά Πεδία Ιστορικού"_s, historyGroups, 1) {}
 
 }  // namespace cards

@@ -14,13 +14,15 @@
 #include "data/phonekey.h"
 #include "data/recordset.h"
 
+using namespace Qt::Literals::StringLiterals;
+
 namespace cards {
 
 using controls::named;
 
 namespace {
 
-const QString section = QStringLiteral("lvFind");
+const QString section = u"lvFind"_s;
 
 // The columns in the order of the condition; the order of the rows is their own.
 constexpr const char16_t* searched[] = {u"επωνυμο",   u"ονομα",     u"εταιρια", u"τηλεφωνο1", u"τηλεφωνο2",
@@ -31,11 +33,11 @@ bool isNumber(QStringView column) {
 }
 
 QVector<controls::ListColumn> columns() {
-    return {{QStringLiteral("Name"), QStringLiteral("Επώνυμο")},
-            {QStringLiteral("Code"), QStringLiteral("Όνομα")},
-            {QStringLiteral("ΕΤΑΙΡΙΑ"), QStringLiteral("ΕΤΑΙΡΙΑ")},
-            {QStringLiteral("TelJob"), QStringLiteral("Τηλέφωνο 1")},
-            {QStringLiteral("TelGym"), QStringLiteral("Διεύθυνση")}};
+    return {{u"Name"_s, u"Επώνυμο"_s},
+            {u"Code"_s, u"Όνομα"_s},
+            {u"ΕΤΑΙΡΙΑ"_s, u"ΕΤΑΙΡΙΑ"_s},
+            {u"TelJob"_s, u"Τηλέφωνο 1"_s},
+            {u"TelGym"_s, u"Διεύθυνση"_s}};
 }
 
 }  // namespace
@@ -43,23 +45,20 @@ QVector<controls::ListColumn> columns() {
 QString findStatement(const QString& text) {
     const QString pattern = core::sqlText(text);
     QStringList conditions;
-    for (const char16_t* column : searched)
-        conditions << QStringLiteral("%1 like '%2%'").arg(QString::fromUtf16(column), pattern);
+    for (const char16_t* column : searched) conditions << u"%1 like '%2%'"_s.arg(QString::fromUtf16(column), pattern);
     // A telephone number is the same one however it was written, and however the search writes it.
     if (!text.startsWith(u' ') && data::looksLikePhone(text))
         for (const char16_t* column : searched)
             if (isNumber(column))
-                conditions
-                    << QStringLiteral("phonekey(%1) like '%2%'").arg(QString::fromUtf16(column), data::phoneKey(text));
-    return QStringLiteral(
-               "Select [επωνυμο],[ονομα],[εταιρια],[διευθυνση],[τηλεφωνο1],[email],[code] from cards where ") +
-           conditions.join(QStringLiteral(" or ")) + QStringLiteral(" ORDER BY επωνυμο,ονομα,email");
+                conditions << u"phonekey(%1) like '%2%'"_s.arg(QString::fromUtf16(column), data::phoneKey(text));
+    return u"Select [επωνυμο],[ονομα],[εταιρια],[διευθυνση],[τηλεφωνο1],[email],[code] from cards where "_s +
+           conditions.join(u" or "_s) + u" ORDER BY επωνυμο,ονομα,email"_s;
 }
 
 frmFind::frmFind(core::MainMod& mod, QWidget* parent, std::function<void(const FoundCard&)> chosen)
     : QDialog(parent), mod_(mod), chosen_(std::move(chosen)) {
-    setObjectName(QStringLiteral("frmFind"));
-    setWindowTitle(QStringLiteral("Έξυπνη Εύρεση"));
+    setObjectName(u"frmFind"_s);
+    setWindowTitle(u"Έξυπνη Εύρεση"_s);
     build();
     core::loadColumns(mod_.services.settings, section, *list_, columns());
     core::onSignal(mod_, this, list_, &controls::ListView::rowActivated, [this](int row) { choose(row); });
@@ -68,14 +67,13 @@ frmFind::frmFind(core::MainMod& mod, QWidget* parent, std::function<void(const F
 }
 
 void frmFind::build() {
-    text_ = named(new controls::TextBox, controls::arrayName(QStringLiteral("Text1"), 0));
+    text_ = named(new controls::TextBox, controls::arrayName(u"Text1"_s, 0));
     text_->setHighlighting(true);
-    auto* caption =
-        named(new QLabel(QStringLiteral(" Αναζήτηση για")), controls::arrayName(QStringLiteral("Label1"), 0));
+    auto* caption = named(new QLabel(u" Αναζήτηση για"_s), controls::arrayName(u"Label1"_s, 0));
     controls::tie(caption, text_);
-    list_ = named(new controls::ListView, QStringLiteral("ListView1"));
-    list_->setAccessibleName(QStringLiteral("Καρτέλες που βρέθηκαν"));
-    auto* exit = named(new QPushButton(QStringLiteral("Έξοδος")), QStringLiteral("cmdexit"));
+    list_ = named(new controls::ListView, u"ListView1"_s);
+    list_->setAccessibleName(u"Καρτέλες που βρέθηκαν"_s);
+    auto* exit = named(new QPushButton(u"Έξοδος"_s), u"cmdexit"_s);
     exit->setAutoDefault(false);
     connect(exit, &QPushButton::clicked, this, &QDialog::reject);
 
@@ -133,7 +131,7 @@ void frmFind::choose(int row) {
 
 void frmFind::done(int result) {
     core::storeColumns(mod_.services.settings, section, *list_);
-    const core::Placement placement{QStringLiteral("Find")};
+    const core::Placement placement{u"Find"_s};
     if (!isMinimized()) core::storePosition(mod_.services.settings, placement, pos());
     QDialog::done(result);
 }

@@ -15,6 +15,8 @@
 #include "core/guard.h"
 #include "data/format.h"
 
+using namespace Qt::Literals::StringLiterals;
+
 namespace cards {
 
 using controls::arrayName;
@@ -49,8 +51,8 @@ const QVector<Parametric>& parametric() {
 
 frmHistory::frmHistory(core::MainMod& mod, QWidget* parent, std::function<void(qint64)> saved)
     : QDialog(parent), mod_(mod), saved_(std::move(saved)) {
-    setObjectName(QStringLiteral("frmHistory"));
-    setWindowTitle(QStringLiteral("ΝΕΑ ΚΑΤΑΧΩΡΗΣΗ"));
+    setObjectName(u"frmHistory"_s);
+    setWindowTitle(u"ΝΕΑ ΚΑΤΑΧΩΡΗΣΗ"_s);
     build();
     auto* saveKey = new QShortcut(Qt::Key_F5, this);
     core::onSignal(mod_, this, saveKey, &QShortcut::activated, [this] { save(); });
@@ -76,9 +78,9 @@ QWidget* frmHistory::fields() {
     form_->setLabelAlignment(Qt::AlignRight | Qt::AlignVCenter);
     form_->setFieldGrowthPolicy(QFormLayout::AllNonFixedFieldsGrow);
 
-    txtDate = named(new controls::DateBox, QStringLiteral("txtDate"));
-    DTPicker1 = named(new controls::DatePicker, QStringLiteral("DTPicker1"));
-    controls::setAccessibleCaption(DTPicker1, QStringLiteral("Ημερολόγιο: Ημ. Κίνησης"));
+    txtDate = named(new controls::DateBox, u"txtDate"_s);
+    DTPicker1 = named(new controls::DatePicker, u"DTPicker1"_s);
+    controls::setAccessibleCaption(DTPicker1, u"Ημερολόγιο: Ημ. Κίνησης"_s);
     controls::pairUp(txtDate, DTPicker1);
     core::onSignal(mod_, this, txtDate, &controls::DateBox::refused, [this] { mod_.beep(); });
     auto* pair = new QWidget;
@@ -87,22 +89,22 @@ QWidget* frmHistory::fields() {
     pairLayout->addWidget(txtDate);
     pairLayout->addWidget(DTPicker1);
     pairLayout->addStretch(1);
-    auto* dateCaption = new QLabel(QStringLiteral("Ημ. Κίνησης"));
+    auto* dateCaption = new QLabel(u"Ημ. Κίνησης"_s);
     controls::tie(dateCaption, txtDate);
     form_->addRow(dateCaption, pair);
 
     static const char16_t* captions[] = {u"Αιτιολογία", u"S1", u"S2", u"N1", u"N2", u"N3", u"N4"};
     for (int i = 0; i <= parametricTexts + parametricNumbers; ++i) {
         controls::TextBox* box = i > parametricTexts ? new controls::NumberBox : new controls::TextBox;
-        Text7.append(named(box, arrayName(QStringLiteral("Text7"), i)));
+        Text7.append(named(box, arrayName(u"Text7"_s, i)));
         addRow(form_, QString::fromUtf16(captions[i]), box);
     }
-    txtXreosh = named(new controls::NumberBox, QStringLiteral("txtXreosh"));
-    txtPistosi = named(new controls::NumberBox, QStringLiteral("txtPistosi"));
-    Text1 = named(new controls::MemoBox, QStringLiteral("Text1"));
-    addRow(form_, QStringLiteral("ΧΡΕΩΣΗ"), txtXreosh);
-    addRow(form_, QStringLiteral("ΠΙΣΤΩΣΗ"), txtPistosi);
-    addRow(form_, QStringLiteral("Σημείωσεις"), Text1);
+    txtXreosh = named(new controls::NumberBox, u"txtXreosh"_s);
+    txtPistosi = named(new controls::NumberBox, u"txtPistosi"_s);
+    Text1 = named(new controls::MemoBox, u"Text1"_s);
+    addRow(form_, u"ΧΡΕΩΣΗ"_s, txtXreosh);
+    addRow(form_, u"ΠΙΣΤΩΣΗ"_s, txtPistosi);
+    addRow(form_, u"Σημείωσεις"_s, Text1);
     txtDate->setHighlighting(true);
     for (controls::TextBox* box : Text7 + QVector<controls::TextBox*>{txtXreosh, txtPistosi})
         box->setHighlighting(true);
@@ -116,15 +118,14 @@ void frmHistory::addRow(QFormLayout* form, const QString& caption, QWidget* box)
     label->setTextFormat(Qt::PlainText);
     controls::tie(label, box);
     form->addRow(label, box);
-    if (Label1.size() < Text7.size())
-        Label1.append(named(label, arrayName(QStringLiteral("Label1"), int(Label1.size()))));
+    if (Label1.size() < Text7.size()) Label1.append(named(label, arrayName(u"Label1"_s, int(Label1.size()))));
 }
 
 QWidget* frmHistory::photoColumn() {
     auto* page = new QWidget;
     auto* layout = new QVBoxLayout(page);
     layout->setContentsMargins(0, 0, 0, 0);
-    Image1 = named(new PhotoView, QStringLiteral("Image1"));
+    Image1 = named(new PhotoView, u"Image1"_s);
     layout->addWidget(Image1, 1);
     struct Row {
         const char* name;
@@ -155,7 +156,7 @@ QWidget* frmHistory::buttons() {
     auto* row = new QWidget;
     auto* layout = new QHBoxLayout(row);
     layout->setContentsMargins(0, 0, 0, 0);
-    auto* hint = new QLabel(QStringLiteral("[F5] Αποθήκευση"));
+    auto* hint = new QLabel(u"[F5] Αποθήκευση"_s);
     hint->setProperty("role", "accent");
     layout->addWidget(hint);
     layout->addStretch(1);
@@ -174,25 +175,25 @@ QWidget* frmHistory::buttons() {
                               Button{u"Έξοδος", "exit", [this] { reject(); }}}) {
         auto* button =
             named(new controls::PictureButton(QString::fromUtf16(def.caption), QString::fromLatin1(def.icon)),
-                  arrayName(QStringLiteral("lblClick"), index++));
+                  arrayName(u"lblClick"_s, index++));
         core::onSignal(mod_, this, button, &QAbstractButton::clicked, [run = def.run] { run(); });
         layout->addWidget(button);
     }
     // Too long to stand under a picture.
-    auto* exit = row->findChild<controls::PictureButton*>(arrayName(QStringLiteral("lblClick"), 2));
-    exit->setToolTip(QStringLiteral("Έξοδος από την καταχώρηση συνάντησης"));
+    auto* exit = row->findChild<controls::PictureButton*>(arrayName(u"lblClick"_s, 2));
+    exit->setToolTip(u"Έξοδος από την καταχώρηση συνάντησης"_s);
     exit->setAccessibleName(exit->toolTip());
     return row;
 }
 
 void frmHistory::load() {
     clearForm();
-    setWindowTitle(EditMode ? QStringLiteral(" Διόρθωση Κίνησης!") : QStringLiteral(" Καταχώρηση Νέας Κίνησης !"));
+    setWindowTitle(EditMode ? u" Διόρθωση Κίνησης!"_s : u" Καταχώρηση Νέας Κίνησης !"_s);
     core::attempt(mod_, this, [this] {
         if (EditMode) {
             openCarrier();
             if (mRsHistory.isEmpty()) {
-                core::complain(mod_, this, QStringLiteral("Η συγκεκριμένη κίνηση έχει ακυρωθεί !"));
+                core::complain(mod_, this, u"Η συγκεκριμένη κίνηση έχει ακυρωθεί !"_s);
                 return;
             }
             readMovement();
@@ -205,8 +206,8 @@ void frmHistory::load() {
 }
 
 void frmHistory::openCarrier() {
-    mRsHistory.open(mod_.gConn, EditMode ? QStringLiteral("select * from HISTORY where aa=%1").arg(MovementId)
-                                         : QStringLiteral("select * from history where aa=0"));
+    mRsHistory.open(mod_.gConn, EditMode ? u"select * from HISTORY where aa=%1"_s.arg(MovementId)
+                                         : u"select * from history where aa=0"_s);
 }
 
 void frmHistory::readMovement() {
@@ -226,13 +227,12 @@ void frmHistory::readMovement() {
 }
 
 void frmHistory::dress() {
-    data::Recordset custom(mod_.gConn, QStringLiteral("Select * from customfields where id=1"));
+    data::Recordset custom(mod_.gConn, u"Select * from customfields where id=1"_s);
     if (custom.isEmpty()) return;
     for (int i = 0; i < parametric().size(); ++i) {
         const QString caption = custom[parametric()[i].caption].text();
         Label1[i + 1]->setText(caption);
-        controls::setAccessibleCaption(Text7[i + 1],
-                                       caption.isEmpty() ? QStringLiteral("Πεδίο %1").arg(i + 1) : caption);
+        controls::setAccessibleCaption(Text7[i + 1], caption.isEmpty() ? u"Πεδίο %1"_s.arg(i + 1) : caption);
         form_->setRowVisible(Text7[i + 1], custom[parametric()[i].flag].toBool());
     }
 }
@@ -241,28 +241,26 @@ void frmHistory::clearForm() {
     const QDate today = mod_.services.clock.today();
     txtDate->setDate(today);
     DTPicker1->setValue(today);
-    for (int i = 0; i < Text7.size(); ++i) Text7[i]->setText(i > parametricTexts ? QStringLiteral("0") : QString());
+    for (int i = 0; i < Text7.size(); ++i) Text7[i]->setText(i > parametricTexts ? u"0"_s : QString());
     Text1->setText({});
-    txtXreosh->setText(QStringLiteral("0"));
-    txtPistosi->setText(QStringLiteral("0"));
+    txtXreosh->setText(u"0"_s);
+    txtPistosi->setText(u"0"_s);
     mPhotoBytes.clear();
     Image1->setBytes({});
 }
 
 bool frmHistory::isComplete() {
-    const QString badNumber = QStringLiteral("Δεν έχετε συμπληρώσει σωστά το αριθμιτικό πεδίο!");
+    const QString badNumber = u"Δεν έχετε συμπληρώσει σωστά το αριθμιτικό πεδίο!"_s;
     struct Test {
         bool passed;
         QString text;
         QWidget* box;
     };
     QVector<Test> tests = {
-        {!Text7[0]->text().isEmpty(), QStringLiteral("Δεν έχετε συμπληρώσει την Αιτιολογία!"), Text7[0]},
-        {txtDate->date().has_value(), QStringLiteral("Δεν έχετε συμπληρώσει σωστά την Ημερομηνία!"), txtDate},
-        {typedAmount(txtPistosi->text()).has_value(), QStringLiteral("Δεν έχετε συμπληρώσει σωστά την ΠΙΣΤΩΣΗ!"),
-         txtPistosi},
-        {typedAmount(txtXreosh->text()).has_value(), QStringLiteral("Δεν έχετε συμπληρώσει σωστά την ΧΡΕΩΣΗ!"),
-         txtXreosh}};
+        {!Text7[0]->text().isEmpty(), u"Δεν έχετε συμπληρώσει την Αιτιολογία!"_s, Text7[0]},
+        {txtDate->date().has_value(), u"Δεν έχετε συμπληρώσει σωστά την Ημερομηνία!"_s, txtDate},
+        {typedAmount(txtPistosi->text()).has_value(), u"Δεν έχετε συμπληρώσει σωστά την ΠΙΣΤΩΣΗ!"_s, txtPistosi},
+        {typedAmount(txtXreosh->text()).has_value(), u"Δεν έχετε συμπληρώσει σωστά την ΧΡΕΩΣΗ!"_s, txtXreosh}};
     for (int i = parametricTexts + 1; i < Text7.size(); ++i)
         tests.append({data::isNumeric(Text7[i]->text()), badNumber, Text7[i]});
     for (const Test& test : tests) {
@@ -277,7 +275,7 @@ void frmHistory::save() {
     if (!isComplete()) return;
     if (!mRsHistory.isOpen()) openCarrier();
     if (EditMode && mRsHistory.isEmpty())
-        throw data::Error(data::ErrorCategory::Conflict, QStringLiteral("Η κίνηση έχει διαγραφεί από άλλον χρήστη."));
+        throw data::Error(data::ErrorCategory::Conflict, u"Η κίνηση έχει διαγραφεί από άλλον χρήστη."_s);
     if (!EditMode && mRsHistory.editMode() != data::EditMode::Add) mRsHistory.addNew();
     write(mRsHistory);
     mRsHistory.update();
@@ -311,7 +309,7 @@ void frmHistory::reject() {
     const bool changed = typed() != untouched_ || mPhotoBytes != untouchedPhoto_;
     if (changed && !mod_.services.prompts.question(
                        this, core::programTitle(),
-                       QStringLiteral("Η κίνηση έχει αλλαγές που δεν αποθηκεύτηκαν.\nΝα κλείσει χωρίς αποθήκευση;")))
+                       u"Η κίνηση έχει αλλαγές που δεν αποθηκεύτηκαν.\nΝα κλείσει χωρίς αποθήκευση;"_s))
         return;
     mRsHistory.close();
     QDialog::reject();

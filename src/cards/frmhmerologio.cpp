@@ -15,6 +15,8 @@
 #include "data/format.h"
 #include "data/recordset.h"
 
+using namespace Qt::Literals::StringLiterals;
+
 namespace cards {
 
 using controls::arrayName;
@@ -22,8 +24,8 @@ using controls::named;
 
 namespace {
 
-const QString section = QStringLiteral("lvHmerologio");
-const QString orderSection = QStringLiteral("DateQuery");
+const QString section = u"lvHmerologio"_s;
+const QString orderSection = u"DateQuery"_s;
 
 QVector<controls::ListColumn> columns() {
     QVector<controls::ListColumn> all;
@@ -36,8 +38,7 @@ QVector<controls::ListColumn> columns() {
 }  // namespace
 
 frmHmerologio::frmHmerologio(core::MainMod& mod, std::function<void(qint64)> showCard)
-    : Form(mod, QStringLiteral("frmHmerologio"), QStringLiteral("Ημερολόγιο Κινήσεων"),
-           {QStringLiteral("Hmerologio"), 1000, 0}),
+    : Form(mod, u"frmHmerologio"_s, u"Ημερολόγιο Κινήσεων"_s, {u"Hmerologio"_s, 1000, 0}),
       showCard_(std::move(showCard)) {
     build();
     on(ListView1, &controls::ListView::columnClicked, [this](int column) { columnClicked(column); });
@@ -47,7 +48,7 @@ frmHmerologio::frmHmerologio(core::MainMod& mod, std::function<void(qint64)> sho
 }
 
 void frmHmerologio::build() {
-    ListView1 = named(new controls::ListView, QStringLiteral("ListView1"));
+    ListView1 = named(new controls::ListView, u"ListView1"_s);
     ListView1->setAccessibleName(windowTitle());
     auto* layout = new QVBoxLayout(this);
     layout->setContentsMargins(14, 12, 14, 10);
@@ -60,8 +61,8 @@ void frmHmerologio::build() {
 
 controls::DateBox* frmHmerologio::dateBox(const QString& name, int picker, const QString& caption, QLayout* into) {
     auto* box = named(new controls::DateBox, name);
-    auto* calendar = named(new controls::DatePicker, arrayName(QStringLiteral("DTPcustDate"), picker));
-    controls::setAccessibleCaption(calendar, QStringLiteral("Ημερολόγιο: ") + caption);
+    auto* calendar = named(new controls::DatePicker, arrayName(u"DTPcustDate"_s, picker));
+    controls::setAccessibleCaption(calendar, u"Ημερολόγιο: "_s + caption);
     controls::pairUp(box, calendar);
     on(box, &controls::DateBox::refused, [this] { mod_.beep(); });
     auto* label = new QLabel(caption);
@@ -80,12 +81,12 @@ QWidget* frmHmerologio::filterRow() {
         row->setSpacing(5);
         grid->addLayout(row);
     }
-    txtFrom = dateBox(QStringLiteral("txtFrom"), 0, QStringLiteral("Από:"), first);
+    txtFrom = dateBox(u"txtFrom"_s, 0, u"Από:"_s, first);
     first->addSpacing(8);
-    txtTo = dateBox(QStringLiteral("txtTo"), 1, QStringLiteral("Έως:"), first);
+    txtTo = dateBox(u"txtTo"_s, 1, u"Έως:"_s, first);
     first->addSpacing(8);
-    Combo1 = named(new controls::ChoiceBox(false), QStringLiteral("Combo1"));
-    txtAitia = named(new controls::TextBox, QStringLiteral("txtAitia"));
+    Combo1 = named(new controls::ChoiceBox(false), u"Combo1"_s);
+    txtAitia = named(new controls::TextBox, u"txtAitia"_s);
     struct Field {
         const char16_t* caption;
         QWidget* box;
@@ -111,10 +112,10 @@ QWidget* frmHmerologio::footRow() {
     auto* row = new QWidget;
     auto* layout = new QHBoxLayout(row);
     layout->setContentsMargins(0, 0, 0, 0);
-    debit_ = named(new QLabel(QStringLiteral(" Χρέωση: 0,00")), arrayName(QStringLiteral("Label1"), 3));
-    lblYpoloipo = named(new QLabel(QStringLiteral("Πίστωση: 0,00 ")), QStringLiteral("lblYpoloipo"));
+    debit_ = named(new QLabel(u" Χρέωση: 0,00"_s), arrayName(u"Label1"_s, 3));
+    lblYpoloipo = named(new QLabel(u"Πίστωση: 0,00 "_s), u"lblYpoloipo"_s);
     for (QLabel* label : {debit_, lblYpoloipo}) {
-        label->setFont(controls::font(QStringLiteral("Tahoma"), 11, true));
+        label->setFont(controls::font(u"Tahoma"_s, 11, true));
         layout->addWidget(label);
         layout->addSpacing(16);
     }
@@ -130,7 +131,7 @@ QWidget* frmHmerologio::footRow() {
                               Button{u"Έξοδος", "exit", [this] { emit closeRequested(); }}}) {
         auto* button =
             named(new controls::PictureButton(QString::fromUtf16(def.caption), QString::fromLatin1(def.icon)),
-                  arrayName(QStringLiteral("lblClick"), index++));
+                  arrayName(u"lblClick"_s, index++));
         on(button, &QAbstractButton::clicked, [run = def.run] { run(); });
         layout->addWidget(button);
     }
@@ -143,17 +144,16 @@ void frmHmerologio::onLoad() {
     txtTo->setDate(today);
     core::loadColumns(mod_.services.settings, section, *ListView1, columns());
     const auto& settings = mod_.services.settings;
-    mod_.gSqlOrdr = settings.value(orderSection, QStringLiteral("SqlOrdr"), QStringLiteral("Day"));
-    mod_.gSqlOrdr1 = settings.value(orderSection, QStringLiteral("SqlOrdr1"), QStringLiteral("Start"));
-    mod_.gSqlOrdr2 = settings.value(orderSection, QStringLiteral("SqlOrdr2"), QStringLiteral("End"));
+    mod_.gSqlOrdr = settings.value(orderSection, u"SqlOrdr"_s, u"Day"_s);
+    mod_.gSqlOrdr1 = settings.value(orderSection, u"SqlOrdr1"_s, u"Start"_s);
+    mod_.gSqlOrdr2 = settings.value(orderSection, u"SqlOrdr2"_s, u"End"_s);
     FillCombo();
     FillList();
 }
 
 void frmHmerologio::FillCombo() {
     QStringList lines{QString()};
-    for (data::Recordset rows(mod_.gConn,
-                              QStringLiteral("select description,code,PAYABLE from cardKategory order by description"));
+    for (data::Recordset rows(mod_.gConn, u"select description,code,PAYABLE from cardKategory order by description"_s);
          !rows.eof(); rows.moveNext())
         lines << rows[u"description"].text();
     Combo1->clear();
@@ -162,16 +162,14 @@ void frmHmerologio::FillCombo() {
 
 JournalFilter frmHmerologio::filter() {
     const auto from = txtFrom->date(), to = txtTo->date();
-    if (!from || !to)
-        throw data::Error(data::ErrorCategory::Type, QStringLiteral("Η περίοδος των κινήσεων δεν είναι σωστή."));
+    if (!from || !to) throw data::Error(data::ErrorCategory::Type, u"Η περίοδος των κινήσεων δεν είναι σωστή."_s);
     JournalFilter filter{*from, *to, txtAitia->text(), {}};
     const QString category = Combo1->currentText();
     if (category.isEmpty()) return filter;
-    data::Recordset found(mod_.gConn, QStringLiteral("select description,code from cardKategory where description='%1'")
-                                          .arg(core::sqlText(category)));
+    data::Recordset found(
+        mod_.gConn, u"select description,code from cardKategory where description='%1'"_s.arg(core::sqlText(category)));
     if (found.isEmpty())
-        throw data::Error(data::ErrorCategory::Constraint,
-                          QStringLiteral("Η κατηγορία «%1» δεν υπάρχει πια.").arg(category));
+        throw data::Error(data::ErrorCategory::Constraint, u"Η κατηγορία «%1» δεν υπάρχει πια."_s.arg(category));
     filter.category = found[u"code"].toLong();
     return filter;
 }
@@ -216,12 +214,12 @@ void frmHmerologio::finish() {
     const auto reader = std::move(reader_);
     QVector<controls::ListRow> rows;
     for (JournalRow& row : reader->takeRows()) rows.append({std::move(row.cells), row.card, {}});
-    const QString debit = reader->debit().text(), credit = reader->credit().text(), blank = QStringLiteral(" ");
+    const QString debit = reader->debit().text(), credit = reader->credit().text(), blank = u" "_s;
     rows.append({{blank}, {}, {}});
-    rows.append({{blank, {}, {}, QStringLiteral("ΣΥΝΟΛΑ"), debit, credit}, {}, {}});
+    rows.append({{blank, {}, {}, u"ΣΥΝΟΛΑ"_s, debit, credit}, {}, {}});
     ListView1->setRows(std::move(rows));
-    debit_->setText(QStringLiteral("Χρέωση: ") + debit);
-    lblYpoloipo->setText(QStringLiteral("Πίστωση: ") + credit);
+    debit_->setText(u"Χρέωση: "_s + debit);
+    lblYpoloipo->setText(u"Πίστωση: "_s + credit);
 }
 
 // The list shows how far it had come.
@@ -232,15 +230,13 @@ void frmHmerologio::fail(const data::Error& error) {
     if (const auto reader = std::move(reader_))
         for (JournalRow& row : reader->takeRows()) rows.append({std::move(row.cells), row.card, {}});
     ListView1->setRows(std::move(rows));
-    core::showFailure(
-        mod_, this, error,
-        QStringLiteral("Πρόβλημα κατά την επεξεργασία των δεμένων! \nΕλέγχετε τα πεδία της ημερομηνίας! \n"));
+    core::showFailure(mod_, this, error,
+                      u"Πρόβλημα κατά την επεξεργασία των δεμένων! \nΕλέγχετε τα πεδία της ημερομηνίας! \n"_s);
 }
 
 // The three keys belong to the lists of appointments, whose order a click here has always moved too.
 void frmHmerologio::columnClicked(int column) {
-    static const QStringList orders = {QStringLiteral("Subject"), QStringLiteral("Location"), QStringLiteral("Day"),
-                                       QStringLiteral("Start"), QStringLiteral("end")};
+    static const QStringList orders = {u"Subject"_s, u"Location"_s, u"Day"_s, u"Start"_s, u"end"_s};
     if (column < orders.size()) {
         mod_.gSqlOrdr2 = mod_.gSqlOrdr1;
         mod_.gSqlOrdr1 = mod_.gSqlOrdr;
@@ -258,11 +254,10 @@ void frmHmerologio::print() {
     // All of the period goes on paper, also what is still being read.
     while (isReading())
         if (!readOn(1000)) return;
-    const QString title =
-        QStringLiteral("Ημερολόγιο από %1 έως %2").arg(txtFrom->formattedText(), txtTo->formattedText());
+    const QString title = u"Ημερολόγιο από %1 έως %2"_s.arg(txtFrom->formattedText(), txtTo->formattedText());
     if (core::gPrintListView(mod_, this, *ListView1, title, core::ListHeading::Owner))
         mod_.services.prompts.message(this, platform::MessageIcon::Plain, core::programTitle(),
-                                      QStringLiteral("Η εκτύπωση ολοκληρώθηκε"));
+                                      u"Η εκτύπωση ολοκληρώθηκε"_s);
 }
 
 void frmHmerologio::onUnload() {
@@ -270,9 +265,9 @@ void frmHmerologio::onUnload() {
     reader_.reset();
     auto& settings = mod_.services.settings;
     core::storeColumns(settings, section, *ListView1);
-    settings.setValue(orderSection, QStringLiteral("SqlOrdr"), mod_.gSqlOrdr);
-    settings.setValue(orderSection, QStringLiteral("SqlOrdr1"), mod_.gSqlOrdr1);
-    settings.setValue(orderSection, QStringLiteral("SqlOrdr2"), mod_.gSqlOrdr2);
+    settings.setValue(orderSection, u"SqlOrdr"_s, mod_.gSqlOrdr);
+    settings.setValue(orderSection, u"SqlOrdr1"_s, mod_.gSqlOrdr1);
+    settings.setValue(orderSection, u"SqlOrdr2"_s, mod_.gSqlOrdr2);
 }
 
 }  // namespace cards

@@ -13,14 +13,16 @@
 #include "controls/theme.h"
 #include "core/guard.h"
 
+using namespace Qt::Literals::StringLiterals;
+
 namespace cards {
 
 using controls::named;
 
 frmLink::frmLink(core::MainMod& mod, QWidget* parent, std::function<void()> saved)
     : QDialog(parent), mod_(mod), saved_(std::move(saved)) {
-    setObjectName(QStringLiteral("frmLink"));
-    setWindowTitle(QStringLiteral("Δημιουργία Σύνδεσης"));
+    setObjectName(u"frmLink"_s);
+    setWindowTitle(u"Δημιουργία Σύνδεσης"_s);
     build();
 }
 
@@ -32,14 +34,14 @@ QPushButton* frmLink::button(const char* name, const char* icon, const QString& 
 }
 
 void frmLink::build() {
-    Text1 = named(new controls::TextBox, QStringLiteral("Text1"));
+    Text1 = named(new controls::TextBox, u"Text1"_s);
     Text1->setHighlighting(true);
-    File1 = named(new controls::TextBox, QStringLiteral("File1"));
+    File1 = named(new controls::TextBox, u"File1"_s);
     File1->setReadOnly(true);
-    choose_ = button("cmdChoose", "search", QStringLiteral("Επιλογή Αρχείου..."), &frmLink::chooseFile);
-    Command1 = button("Command1", "card", QStringLiteral("Άνοιγμα Αρχείου"), &frmLink::openFile);
-    Command2 = button("Command2", "save", QStringLiteral("Αποθήκευση Σύνδεσης"), &frmLink::save);
-    Command3 = button("Command3", "exit", QStringLiteral("Έξοδος"), &frmLink::leave);
+    choose_ = button("cmdChoose", "search", u"Επιλογή Αρχείου..."_s, &frmLink::chooseFile);
+    Command1 = button("Command1", "card", u"Άνοιγμα Αρχείου"_s, &frmLink::openFile);
+    Command2 = button("Command2", "save", u"Αποθήκευση Σύνδεσης"_s, &frmLink::save);
+    Command3 = button("Command3", "exit", u"Έξοδος"_s, &frmLink::leave);
     note_ = new QLabel;
     note_->setProperty("role", "muted");
     note_->setTextFormat(Qt::PlainText);
@@ -48,10 +50,10 @@ void frmLink::build() {
     auto* form = new QFormLayout;
     form->setSpacing(10);
     form->setLabelAlignment(Qt::AlignRight | Qt::AlignVCenter);
-    auto* caption = named(new QLabel(QStringLiteral(" Περιγραφή")), QStringLiteral("Label1"));
+    auto* caption = named(new QLabel(u" Περιγραφή"_s), u"Label1"_s);
     controls::tie(caption, Text1);
     form->addRow(caption, Text1);
-    auto* pathCaption = new QLabel(QStringLiteral(" Αρχείο"));
+    auto* pathCaption = new QLabel(u" Αρχείο"_s);
     controls::tie(pathCaption, File1);
     auto* pathRow = new QHBoxLayout;
     pathRow->addWidget(File1, 1);
@@ -73,7 +75,7 @@ void frmLink::build() {
 }
 
 bool frmLink::load() {
-    setWindowTitle(EditMode ? QStringLiteral(" Διόρθωση Σύνδεσης!") : QStringLiteral(" Καταχώρηση Νέας Σύνδεσης !"));
+    setWindowTitle(EditMode ? u" Διόρθωση Σύνδεσης!"_s : u" Καταχώρηση Νέας Σύνδεσης !"_s);
     showPath({});
     bool readable = true;
     if (EditMode && !core::attempt(mod_, this, [&] { readable = readLinkRow(); })) readable = false;
@@ -83,9 +85,9 @@ bool frmLink::load() {
 }
 
 bool frmLink::readLinkRow() {
-    mRsLink.open(mod_.gConn, QStringLiteral("select * from links where aa=%1").arg(LinkId));
+    mRsLink.open(mod_.gConn, u"select * from links where aa=%1"_s.arg(LinkId));
     if (mRsLink.isEmpty()) {
-        core::complain(mod_, this, QStringLiteral("Η συγκεκριμένη σύνδεση έχει ακυρωθεί !"));
+        core::complain(mod_, this, u"Η συγκεκριμένη σύνδεση έχει ακυρωθεί !"_s);
         return false;
     }
     Text1->setText(mRsLink[u"ΠΕΡΙΓΡΑΦΗ"].text());
@@ -97,7 +99,7 @@ bool frmLink::readLinkRow() {
     const bool elsewhere = target.place == LinkTarget::Network || target.place == LinkTarget::Foreign;
     if (!elsewhere && !mod_.services.shell.exists(target.path)) {
         mod_.services.prompts.message(this, platform::MessageIcon::Plain, core::programTitle(),
-                                      QStringLiteral("Δεν υπάρχει πλέον το αρχείο!"));
+                                      u"Δεν υπάρχει πλέον το αρχείο!"_s);
         return false;
     }
     showPath(stored);
@@ -111,17 +113,15 @@ void frmLink::showPath(const QString& path) {
     File1->setToolTip(path);
     Command1->setEnabled(!path.isEmpty());
     const QFileInfo file(path);
-    note_->setText(
-        path.isEmpty() ? QStringLiteral("Δεν έχει επιλεγεί αρχείο.")
-        : file.exists()
-            ? QStringLiteral("«%1», στον φάκελο %2").arg(file.fileName(), QDir::toNativeSeparators(file.absolutePath()))
-            : QString());
+    note_->setText(path.isEmpty() ? u"Δεν έχει επιλεγεί αρχείο."_s
+                   : file.exists()
+                       ? u"«%1», στον φάκελο %2"_s.arg(file.fileName(), QDir::toNativeSeparators(file.absolutePath()))
+                       : QString());
 }
 
 void frmLink::chooseFile() {
     const QString start = mod_.services.shell.exists(path_) ? path_ : QDir::homePath();
-    const QString chosen = mod_.services.prompts.openFile(this, QStringLiteral("Επιλογή Αρχείου"),
-                                                          QStringLiteral("Όλα τα αρχεία (*)"), start);
+    const QString chosen = mod_.services.prompts.openFile(this, u"Επιλογή Αρχείου"_s, u"Όλα τα αρχεία (*)"_s, start);
     if (!chosen.isEmpty()) showPath(QDir::toNativeSeparators(chosen));
 }
 
@@ -132,12 +132,11 @@ void frmLink::openFile() {
 void frmLink::save() {
     if (Text1->text().isEmpty()) {
         mod_.services.prompts.message(this, platform::MessageIcon::Plain, core::programTitle(),
-                                      QStringLiteral("Δεν έχετε συμπληρώσει την Περιγραφή του συνδέσμου !"));
+                                      u"Δεν έχετε συμπληρώσει την Περιγραφή του συνδέσμου !"_s);
         return Text1->setFocus(Qt::OtherFocusReason);
     }
-    if (path_.isEmpty())
-        return core::complain(mod_, this, QStringLiteral("Δεν έχετε επιλέξει αρχείο για τη σύνδεση !"), choose_);
-    if (!mRsLink.isOpen()) mRsLink.open(mod_.gConn, QStringLiteral("select * from links where aa=%1").arg(LinkId));
+    if (path_.isEmpty()) return core::complain(mod_, this, u"Δεν έχετε επιλέξει αρχείο για τη σύνδεση !"_s, choose_);
+    if (!mRsLink.isOpen()) mRsLink.open(mod_.gConn, u"select * from links where aa=%1"_s.arg(LinkId));
     if (!EditMode && mRsLink.editMode() != data::EditMode::Add) mRsLink.addNew();
     writeText(mRsLink[u"ΠΕΡΙΓΡΑΦΗ"], Text1->text());
     mRsLink[u"ΣΥΝΔΕΣΗ"].setValue(path_);
@@ -152,7 +151,7 @@ void frmLink::reject() {
     const bool changed = QStringList{Text1->text(), path_} != untouched_;
     if (changed && !mod_.services.prompts.question(
                        this, core::programTitle(),
-                       QStringLiteral("Η σύνδεση έχει αλλαγές που δεν αποθηκεύτηκαν.\nΝα κλείσει χωρίς αποθήκευση;")))
+                       u"Η σύνδεση έχει αλλαγές που δεν αποθηκεύτηκαν.\nΝα κλείσει χωρίς αποθήκευση;"_s))
         return;
     mRsLink.close();
     QDialog::reject();

@@ -3,6 +3,8 @@
 #include "data/format.h"
 #include "data/recordset.h"
 
+using namespace Qt::Literals::StringLiterals;
+
 namespace cards {
 
 namespace {
@@ -23,16 +25,16 @@ public:
     }
 
     void header(const HistoryReport& report) {
-        printer_.font = {QStringLiteral("Tahoma"), 14, true};
+        printer_.font = {u"Tahoma"_s, 14, true};
         printer_.printWrapped(report.owner.name, left_, right_);
-        printer_.font = {QStringLiteral("Tahoma"), 12};
+        printer_.font = {u"Tahoma"_s, 12};
         for (const QString& line : {report.owner.address, report.owner.phone, report.owner.email})
             printer_.printWrapped(line, left_, right_);
         printer_.print();
-        core::printTitle(printer_, QStringLiteral("ΙΣΤΟΡΙΚΟ ΕΠΑΦΗΣ"));
+        core::printTitle(printer_, u"ΙΣΤΟΡΙΚΟ ΕΠΑΦΗΣ"_s);
         useText();
-        pair(QStringLiteral("ΕΠΩΝΥΜΟ:"), report.surname, QStringLiteral("ΤΗΛΕΦΩΝΟ:"), report.telephone);
-        pair(QStringLiteral("ΟΝΟΜΑ:"), report.firstName, QStringLiteral("ΚΙΝΗΤΟ:"), report.mobile);
+        pair(u"ΕΠΩΝΥΜΟ:"_s, report.surname, u"ΤΗΛΕΦΩΝΟ:"_s, report.telephone);
+        pair(u"ΟΝΟΜΑ:"_s, report.firstName, u"ΚΙΝΗΤΟ:"_s, report.mobile);
         printer_.print();
     }
 
@@ -40,10 +42,10 @@ public:
         useText();
         printer_.font.bold = true;
         const double y = printer_.currentY;
-        printer_.printAt(left_, y, QStringLiteral("ΗΜΕΡΟΜΗΝΙΑ"));
-        printer_.printAt(reason_ + gap, y, QStringLiteral("ΑΙΤΙΟΛΟΓΙΑ"));
-        atRight(debitEnd_, QStringLiteral("ΧΡΕΩΣΗ"));
-        atRight(right_, QStringLiteral("ΠΙΣΤΩΣΗ"));
+        printer_.printAt(left_, y, u"ΗΜΕΡΟΜΗΝΙΑ"_s);
+        printer_.printAt(reason_ + gap, y, u"ΑΙΤΙΟΛΟΓΙΑ"_s);
+        atRight(debitEnd_, u"ΧΡΕΩΣΗ"_s);
+        atRight(right_, u"ΠΙΣΤΩΣΗ"_s);
         printer_.print();
         printer_.line(left_, printer_.currentY, right_, printer_.currentY);
         printer_.currentY += gap / 2;
@@ -70,14 +72,14 @@ public:
     }
 
     void footer() {
-        printer_.font = {QStringLiteral("Tahoma"), 9};
-        const QString text = QStringLiteral("Σελίδα: %1").arg(printer_.page());
+        printer_.font = {u"Tahoma"_s, 9};
+        const QString text = u"Σελίδα: %1"_s.arg(printer_.page());
         printer_.printAt(right_ - printer_.textWidth(text), printer_.scaleHeight() - printer_.textHeight(), text);
     }
 
 private:
-    void useText() { printer_.font = {QStringLiteral("Tahoma"), 9}; }
-    void useNotes() { printer_.font = {QStringLiteral("Tahoma"), 8, false, true}; }
+    void useText() { printer_.font = {u"Tahoma"_s, 9}; }
+    void useNotes() { printer_.font = {u"Tahoma"_s, 8, false, true}; }
 
     void atRight(double x, const QString& text) {
         printer_.printAt(x - printer_.textWidth(text), printer_.currentY, text);
@@ -122,9 +124,8 @@ HistoryReport read(core::MainMod& mod, data::Recordset& card, qint64 code) {
                          card[u"ΚΙΝΗΤΟ"].text(),
                          {}};
     for (data::Recordset rows(mod.gConn,
-                              QStringLiteral("select ΗΜΕΡΟΜΗΝΙΑ,ΑΙΤΙΟΛΟΓΙΑ,ΧΡΕΩΣΗ,ΠΙΣΤΩΣΗ,notes from History where "
-                                             "codecards=%1 order by ΗΜΕΡΟΜΗΝΙΑ,aa")
-                                  .arg(code));
+                              u"select ΗΜΕΡΟΜΗΝΙΑ,ΑΙΤΙΟΛΟΓΙΑ,ΧΡΕΩΣΗ,ΠΙΣΤΩΣΗ,notes from History where "
+                              "codecards=%1 order by ΗΜΕΡΟΜΗΝΙΑ,aa"_s.arg(code));
          !rows.eof(); rows.moveNext())
         report.movements.append({data::format(rows[u"ΗΜΕΡΟΜΗΝΙΑ"].value(), u"d/mm/yyyy"), rows[u"ΑΙΤΙΟΛΟΓΙΑ"].text(),
                                  data::format(rows[u"ΧΡΕΩΣΗ"].value(), u"#,##0.00"),
@@ -146,14 +147,13 @@ void drawHistory(platform::Printer& printer, const HistoryReport& report, const 
 }
 
 bool dtpHistory(core::MainMod& mod, QWidget* parent, qint64 cardCode) {
-    data::Recordset card(
-        mod.gConn, QStringLiteral("select ΕΠΩΝΥΜΟ,ΟΝΟΜΑ,ΤΗΛΕΦΩΝΟ1,ΚΙΝΗΤΟ from cards where code=%1").arg(cardCode));
+    data::Recordset card(mod.gConn, u"select ΕΠΩΝΥΜΟ,ΟΝΟΜΑ,ΤΗΛΕΦΩΝΟ1,ΚΙΝΗΤΟ from cards where code=%1"_s.arg(cardCode));
     if (card.isEmpty()) return false;
     const HistoryReport report = read(mod, card, cardCode);
-    return core::printOut(
-        mod, parent,
-        {QStringLiteral("Εκτύπωση Ιστορικού"),
-         [report](platform::Printer& printer, const core::PrintStep& step) { drawHistory(printer, report, step); }});
+    return core::printOut(mod, parent,
+                          {u"Εκτύπωση Ιστορικού"_s, [report](platform::Printer& printer, const core::PrintStep& step) {
+                               drawHistory(printer, report, step);
+                           }});
 }
 
 }  // namespace cards

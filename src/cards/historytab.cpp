@@ -11,6 +11,8 @@
 #include "core/guard.h"
 #include "data/recordset.h"
 
+using namespace Qt::Literals::StringLiterals;
+
 namespace cards {
 
 using controls::arrayName;
@@ -19,11 +21,11 @@ using controls::named;
 namespace {
 
 QVector<controls::ListColumn> columns() {
-    return {{QStringLiteral("Ημερομηνία"), QStringLiteral("Ημερομηνία"), 1100},
-            {QStringLiteral("Αιτιολογία"), QStringLiteral("Αιτιολογία"), 6000},
-            {QStringLiteral("Χρέωση"), QStringLiteral("Χρέωση"), 1000, true},
-            {QStringLiteral("Πίστωση"), QStringLiteral("Πίστωση"), 1000, true},
-            {QStringLiteral("Υπόλοιπο"), QStringLiteral("Υπόλοιπο"), 1000, true}};
+    return {{u"Ημερομηνία"_s, u"Ημερομηνία"_s, 1100},
+            {u"Αιτιολογία"_s, u"Αιτιολογία"_s, 6000},
+            {u"Χρέωση"_s, u"Χρέωση"_s, 1000, true},
+            {u"Πίστωση"_s, u"Πίστωση"_s, 1000, true},
+            {u"Υπόλοιπο"_s, u"Υπόλοιπο"_s, 1000, true}};
 }
 
 QVector<controls::ListRow> listRows(QVector<LedgerRow> rows) {
@@ -37,8 +39,8 @@ QVector<controls::ListRow> listRows(QVector<LedgerRow> rows) {
 }  // namespace
 
 HistoryTab::HistoryTab(core::MainMod& mod) : mod_(mod) {
-    ListView1 = named(new controls::ListView, QStringLiteral("ListView1"));
-    ListView1->setAccessibleName(QStringLiteral("Κινήσεις"));
+    ListView1 = named(new controls::ListView, u"ListView1"_s);
+    ListView1->setAccessibleName(u"Κινήσεις"_s);
     auto* layout = new QVBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
     layout->setSpacing(8);
@@ -53,8 +55,8 @@ HistoryTab::HistoryTab(core::MainMod& mod) : mod_(mod) {
 
 controls::DateBox* HistoryTab::dateBox(const QString& name, int picker, const QString& caption, QHBoxLayout* into) {
     auto* box = named(new controls::DateBox, name);
-    auto* calendar = named(new controls::DatePicker, arrayName(QStringLiteral("DTPcustDate0"), picker));
-    controls::setAccessibleCaption(calendar, QStringLiteral("Ημερολόγιο: ") + caption);
+    auto* calendar = named(new controls::DatePicker, arrayName(u"DTPcustDate0"_s, picker));
+    controls::setAccessibleCaption(calendar, u"Ημερολόγιο: "_s + caption);
     controls::pairUp(box, calendar);
     core::onSignal(mod_, this, box, &controls::DateBox::refused, [this] { mod_.beep(); });
     auto* label = new QLabel(caption);
@@ -71,16 +73,15 @@ QWidget* HistoryTab::periodRow() {
     auto* layout = new QHBoxLayout(row);
     layout->setContentsMargins(0, 0, 0, 0);
     layout->setSpacing(4);
-    txtFrom = dateBox(QStringLiteral("txtFrom"), 0, QStringLiteral("Από:"), layout);
-    txtTo = dateBox(QStringLiteral("txtTo"), 1, QStringLiteral("Έως:"), layout);
-    cmdShow = named(new QPushButton(controls::icon(QStringLiteral("search")), QStringLiteral("Εμφάνισε")),
-                    QStringLiteral("cmdShow"));
+    txtFrom = dateBox(u"txtFrom"_s, 0, u"Από:"_s, layout);
+    txtTo = dateBox(u"txtTo"_s, 1, u"Έως:"_s, layout);
+    cmdShow = named(new QPushButton(controls::icon(u"search"_s), u"Εμφάνισε"_s), u"cmdShow"_s);
     core::onSignal(mod_, this, cmdShow, &QPushButton::clicked, [this] {
         if (!code_.isEmpty()) refresh();
     });
-    auto* caption = named(new QLabel(QStringLiteral(" Υπόλοιπο:")), arrayName(QStringLiteral("Label1"), 3));
-    lblYpoloipo = named(new QLabel(QStringLiteral("0,00 ")), QStringLiteral("lblYpoloipo"));
-    lblYpoloipo->setFont(controls::font(QStringLiteral("Tahoma"), 12, true));
+    auto* caption = named(new QLabel(u" Υπόλοιπο:"_s), arrayName(u"Label1"_s, 3));
+    lblYpoloipo = named(new QLabel(u"0,00 "_s), u"lblYpoloipo"_s);
+    lblYpoloipo->setFont(controls::font(u"Tahoma"_s, 12, true));
     layout->addWidget(cmdShow);
     layout->addStretch(1);
     layout->addWidget(caption);
@@ -108,7 +109,7 @@ QWidget* HistoryTab::commandRow() {
 }
 
 void HistoryTab::buildMenu() {
-    MnuPopUpHist = named(new QMenu(this), QStringLiteral("MnuPopUpHist"));
+    MnuPopUpHist = named(new QMenu(this), u"MnuPopUpHist"_s);
     struct Entry {
         const char* name;
         const char16_t* caption;
@@ -130,7 +131,7 @@ void HistoryTab::buildMenu() {
 }
 
 void HistoryTab::load() {
-    core::loadColumns(mod_.services.settings, QStringLiteral("lvHistory"), *ListView1, columns());
+    core::loadColumns(mod_.services.settings, u"lvHistory"_s, *ListView1, columns());
     const QDate today = mod_.services.clock.today();
     txtFrom->setDate(QDate(today.year(), today.month(), 1));
     txtTo->setDate(today);
@@ -142,13 +143,12 @@ void HistoryTab::fill(const QString& code) {
     code_ = code;
     enableCommands();
     const auto from = txtFrom->date(), to = txtTo->date();
-    if (!from || !to)
-        throw data::Error(data::ErrorCategory::Type, QStringLiteral("Η περίοδος των κινήσεων δεν είναι σωστή."));
+    if (!from || !to) throw data::Error(data::ErrorCategory::Type, u"Η περίοδος των κινήσεων δεν είναι σωστή."_s);
     Ledger ledger(*from, *to);
     // Named columns, since notes and photos of every movement would be read along with all of them.
-    data::Recordset rows(mod_.gConn, QStringLiteral("Select aa,ΗΜΕΡΟΜΗΝΙΑ,ΑΙΤΙΟΛΟΓΙΑ,ΧΡΕΩΣΗ,ΠΙΣΤΩΣΗ from History where "
-                                                    "codecards=%1 order by ημερομηνια,aa")
-                                         .arg(code));
+    data::Recordset rows(mod_.gConn,
+                         u"Select aa,ΗΜΕΡΟΜΗΝΙΑ,ΑΙΤΙΟΛΟΓΙΑ,ΧΡΕΩΣΗ,ΠΙΣΤΩΣΗ from History where "
+                         "codecards=%1 order by ημερομηνια,aa"_s.arg(code));
     for (; !rows.eof(); rows.moveNext())
         ledger.add({rows.field(0).toLong(), rows.field(1).toDate(), rows.field(2).text(),
                     Money::of(rows.field(3).toDouble()), Money::of(rows.field(4).toDouble())});
@@ -171,15 +171,15 @@ void HistoryTab::selectChanged() {
 }
 
 void HistoryTab::storeBalance() {
-    data::Recordset stored(mod_.gConn, QStringLiteral("select total from cards where code=%1").arg(code_));
+    data::Recordset stored(mod_.gConn, u"select total from cards where code=%1"_s.arg(code_));
     if (stored.isEmpty() || (!stored[u"total"].isNull() && stored[u"total"].toDouble() == balance_.toDouble())) return;
-    mod_.gConn.execute(QStringLiteral("Update cards set total=%1 Where code=%2").arg(balance_.sqlText(), code_));
+    mod_.gConn.execute(u"Update cards set total=%1 Where code=%2"_s.arg(balance_.sqlText(), code_));
 }
 
 void HistoryTab::clear() {
     code_.clear();
     ListView1->clear();
-    lblYpoloipo->setText(QStringLiteral("0,00 "));
+    lblYpoloipo->setText(u"0,00 "_s);
     enableCommands();
 }
 
@@ -235,15 +235,13 @@ void HistoryTab::deleteMovement() {
     const auto movement = selected();
     if (!browsing_ || !movement) return;
     ListView1->setFocus(Qt::OtherFocusReason);
-    if (!mod_.services.prompts.question(this, core::programTitle(),
-                                        QStringLiteral("Να συνεχίσω με διαγραφή της κίνησης;")))
-        return;
-    mod_.gConn.execute(QStringLiteral("Delete from history where aa=%1").arg(*movement));
+    if (!mod_.services.prompts.question(this, core::programTitle(), u"Να συνεχίσω με διαγραφή της κίνησης;"_s)) return;
+    mod_.gConn.execute(u"Delete from history where aa=%1"_s.arg(*movement));
     refresh();
 }
 
 QString HistoryTab::period() const {
-    return QStringLiteral("από %1 έως %2").arg(txtFrom->formattedText(), txtTo->formattedText());
+    return u"από %1 έως %2"_s.arg(txtFrom->formattedText(), txtTo->formattedText());
 }
 
 }  // namespace cards

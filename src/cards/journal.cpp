@@ -4,6 +4,8 @@
 #include "data/format.h"
 #include "data/recordset.h"
 
+using namespace Qt::Literals::StringLiterals;
+
 namespace cards {
 
 namespace {
@@ -20,23 +22,21 @@ QString dayLiteral(QDate day) {
 
 // The day of the first or the last movement, not valid when there is none.
 QDate outermostDay(data::Connection& connection, const QString& function) {
-    data::Recordset found(connection, QStringLiteral("select %1(ΗΜΕΡΟΜΗΝΙΑ) from History").arg(function));
+    data::Recordset found(connection, u"select %1(ΗΜΕΡΟΜΗΝΙΑ) from History"_s.arg(function));
     return found.field(0).toDate().date();
 }
 
 }  // namespace
 
 QString journalStatement(const JournalFilter& filter, QDate from, QDate to) {
-    QString sql = QStringLiteral(
-                      "SELECT History.ΗΜΕΡΟΜΗΝΙΑ, Cards.code, Cards.ΕΠΩΝΥΜΟ, Cards.ΟΝΟΜΑ, History.ΑΙΤΙΟΛΟΓΙΑ, "
-                      "History.ΧΡΕΩΣΗ, History.ΠΙΣΤΩΣΗ FROM Cards INNER JOIN History ON Cards.code = "
-                      "History.codecards where (ΗΜΕΡΟΜΗΝΙΑ between #%1# and #%2 23:59:59# )")
-                      .arg(dayLiteral(from), dayLiteral(to));
+    QString sql =
+        u"SELECT History.ΗΜΕΡΟΜΗΝΙΑ, Cards.code, Cards.ΕΠΩΝΥΜΟ, Cards.ΟΝΟΜΑ, History.ΑΙΤΙΟΛΟΓΙΑ, "
+        "History.ΧΡΕΩΣΗ, History.ΠΙΣΤΩΣΗ FROM Cards INNER JOIN History ON Cards.code = "
+        "History.codecards where (ΗΜΕΡΟΜΗΝΙΑ between #%1# and #%2 23:59:59# )"_s.arg(dayLiteral(from), dayLiteral(to));
     if (!filter.reason.isEmpty())
-        sql +=
-            QStringLiteral(" and ΑΙΤΙΟΛΟΓΙΑ like '%%1%'").replace(QStringLiteral("%1"), core::sqlText(filter.reason));
-    if (filter.category) sql += QStringLiteral(" and category=%1 ").arg(*filter.category);
-    return sql + QStringLiteral(" ORDER BY ΗΜΕΡΟΜΗΝΙΑ");
+        sql += u" and ΑΙΤΙΟΛΟΓΙΑ like '%%1%'"_s.replace(u"%1"_s, core::sqlText(filter.reason));
+    if (filter.category) sql += u" and category=%1 "_s.arg(*filter.category);
+    return sql + u" ORDER BY ΗΜΕΡΟΜΗΝΙΑ"_s;
 }
 
 void PieceLength::took(double milliseconds) {
@@ -57,8 +57,8 @@ JournalReader::JournalReader(data::Connection& connection, const JournalFilter& 
     options_.searchOrder = connection.searchOrder(journalStatement(filter, filter.from, filter.to));
     if (options_.searchOrder == data::SearchOrder::WordsFirst) return;
     // Centuries without a movement aren't walked through.
-    next_ = std::max(filter.from, outermostDay(connection, QStringLiteral("min")));
-    filter_.to = std::min(filter.to, outermostDay(connection, QStringLiteral("max")));
+    next_ = std::max(filter.from, outermostDay(connection, u"min"_s));
+    filter_.to = std::min(filter.to, outermostDay(connection, u"max"_s));
 }
 
 bool JournalReader::step() {

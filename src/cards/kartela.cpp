@@ -1,5 +1,7 @@
 #include "cards/kartela.h"
 
+using namespace Qt::Literals::StringLiterals;
+
 namespace cards {
 
 namespace {
@@ -59,7 +61,7 @@ void PrintNotes(platform::Printer& printer, const QString& text) {
     printer.font.size = 9;
     printer.font.italic = true;
     const double right = printer.scaleWidth() - core::printMargin(printer) - indent;
-    for (QString note : QString(text).replace(QStringLiteral("\r\n"), QStringLiteral("\n")).split(u'\n')) {
+    for (QString note : QString(text).replace(u"\r\n"_s, u"\n"_s).split(u'\n')) {
         do {
             const QString whole = note;
             const QString line = firstLine(note);
@@ -87,7 +89,7 @@ void drawKartela(platform::Printer& printer, const Kartela& card) {
     };
     if (!card.title.isEmpty()) heading(card.title, true);
     printer.font.size = 10;
-    section(printer, left, QStringLiteral("Βασικά Στοιχεία"));
+    section(printer, left, u"Βασικά Στοιχεία"_s);
     const double photoTop = printer.currentY, photoSide = middle - 1000;
     const auto lines = [&](const QVector<Kartela::Line>& all) {
         for (const auto& [label, value] : all) {
@@ -101,15 +103,15 @@ void drawKartela(platform::Printer& printer, const Kartela& card) {
     lines(card.basic);
     if (!card.special.isEmpty()) {
         printer.print();
-        section(printer, left, QStringLiteral("Ειδικά Στοιχεία"));
+        section(printer, left, u"Ειδικά Στοιχεία"_s);
         lines(card.special);
     }
 
     printer.newPage();
-    if (!card.title.isEmpty()) heading(QStringLiteral("ΣΧΟΛΙΑ ΚΑΡΤΕΛΑΣ"), false);
+    if (!card.title.isEmpty()) heading(u"ΣΧΟΛΙΑ ΚΑΡΤΕΛΑΣ"_s, false);
     printer.font.size = 10;
     section(printer, left, {});
-    gPrintLine(printer, left, right, QStringLiteral("Επώνυμο:"), card.surname);
+    gPrintLine(printer, left, right, u"Επώνυμο:"_s, card.surname);
     PrintNotes(printer, card.notes);
 }
 

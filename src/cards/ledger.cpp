@@ -5,6 +5,8 @@
 
 #include "data/format.h"
 
+using namespace Qt::Literals::StringLiterals;
+
 namespace cards {
 
 namespace {
@@ -75,8 +77,8 @@ void Ledger::carryForward() {
     if (carried_) return;
     carried_ = true;
     // The balance is the one after the period's first movement, as the office knows this row.
-    rows_.append({{QStringLiteral(" "), QStringLiteral("ΑΠΟ ΜΕΤΑΦΟΡΑ"), {}, {}, balance_.text()}});
-    rows_.append({{QStringLiteral(" ")}});
+    rows_.append({{u" "_s, u"ΑΠΟ ΜΕΤΑΦΟΡΑ"_s, {}, {}, balance_.text()}});
+    rows_.append({{u" "_s}});
 }
 
 void Ledger::add(const Movement& movement) {
@@ -93,8 +95,8 @@ void Ledger::add(const Movement& movement) {
 }
 
 QVector<LedgerRow> Ledger::finish() && {
-    rows_.append({{QStringLiteral(" ")}});
-    rows_.append({{QStringLiteral(" "), QStringLiteral("ΣΥΝΟΛΑ"), debit_.text(), credit_.text(), balance_.text()}});
+    rows_.append({{u" "_s}});
+    rows_.append({{u" "_s, u"ΣΥΝΟΛΑ"_s, debit_.text(), credit_.text(), balance_.text()}});
     return std::move(rows_);
 }
 

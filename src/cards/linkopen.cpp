@@ -1,5 +1,7 @@
 #include "cards/linkopen.h"
 
+using namespace Qt::Literals::StringLiterals;
+
 namespace cards {
 
 namespace {
@@ -9,7 +11,7 @@ void tell(core::MainMod& mod, QWidget* parent, const QString& text) {
 }
 
 QString noProgram(const QString& what) {
-    return QStringLiteral("Το σύστημα δεν έχει πρόγραμμα που να ανοίγει το:\n") + what;
+    return u"Το σύστημα δεν έχει πρόγραμμα που να ανοίγει το:\n"_s + what;
 }
 
 }  // namespace
@@ -19,19 +21,17 @@ void openLink(core::MainMod& mod, QWidget* parent, const QString& stored) {
     const LinkTarget target = readLink(stored);
     switch (target.place) {
         case LinkTarget::Here:
-            if (!shell.exists(target.path))
-                return tell(mod, parent, QStringLiteral("Δεν υπάρχει πλέον το αρχείο!\n") + target.path);
+            if (!shell.exists(target.path)) return tell(mod, parent, u"Δεν υπάρχει πλέον το αρχείο!\n"_s + target.path);
             if (!shell.openFile(target.path)) tell(mod, parent, noProgram(target.path));
             return;
         case LinkTarget::Network:
             if (!shell.openUrl(target.url)) tell(mod, parent, noProgram(target.path));
             return;
         case LinkTarget::Foreign:
-            return tell(
-                mod, parent,
-                QStringLiteral("Η σύνδεση δείχνει σε θέση άλλου υπολογιστή και δεν ανοίγει από εδώ:\n") + target.path);
+            return tell(mod, parent,
+                        u"Η σύνδεση δείχνει σε θέση άλλου υπολογιστή και δεν ανοίγει από εδώ:\n"_s + target.path);
         case LinkTarget::Nowhere:
-            return tell(mod, parent, QStringLiteral("Η σύνδεση δεν δείχνει σε αρχείο:\n") + target.path);
+            return tell(mod, parent, u"Η σύνδεση δεν δείχνει σε αρχείο:\n"_s + target.path);
     }
 }
 

@@ -1,5 +1,7 @@
 #include "cards/linkpath.h"
 
+using namespace Qt::Literals::StringLiterals;
+
 namespace cards {
 
 using platform::PathStyle;
@@ -15,7 +17,7 @@ bool isDrivePath(const QString& path) {
 }
 
 bool isShare(const QString& path) {
-    return path.startsWith(QLatin1String("\\\\")) && path.size() > 2 && !isSlash(path[2]);
+    return path.startsWith(u"\\\\"_s) && path.size() > 2 && !isSlash(path[2]);
 }
 
 QString withSlash(QString path, QChar slash) {
@@ -32,7 +34,7 @@ QString withoutDoubledSlashes(QString path) {
 LinkTarget network(const QString& share) {
     LinkTarget target{LinkTarget::Network, share, QUrl()};
     const QString path = withSlash(share, u'/').mid(2);
-    target.url.setScheme(QStringLiteral("smb"));
+    target.url.setScheme(u"smb"_s);
     target.url.setHost(path.section(u'/', 0, 0));
     target.url.setPath(u'/' + path.section(u'/', 1));
     if (!target.url.isValid() || target.url.host().isEmpty()) return {LinkTarget::Foreign, share, QUrl()};
@@ -58,16 +60,14 @@ LinkTarget readLink(const QString& stored, PathStyle here) {
 
 QUrl webAddress(const QString& typed) {
     const QString text = typed.trimmed();
-    const QString scheme = text.section(QStringLiteral("://"), 0, 0).toLower();
-    const bool ofTheWeb =
-        text.contains(QStringLiteral("://")) &&
-        QStringList{QStringLiteral("http"), QStringLiteral("https"), QStringLiteral("ftp")}.contains(scheme);
-    return QUrl(ofTheWeb ? text : QStringLiteral("http://") + text);
+    const QString scheme = text.section(u"://"_s, 0, 0).toLower();
+    const bool ofTheWeb = text.contains(u"://"_s) && QStringList{u"http"_s, u"https"_s, u"ftp"_s}.contains(scheme);
+    return QUrl(ofTheWeb ? text : u"http://"_s + text);
 }
 
 QUrl mailAddress(const QString& typed) {
     QUrl url;
-    url.setScheme(QStringLiteral("mailto"));
+    url.setScheme(u"mailto"_s);
     // As plain text: a question mark in it must not become a subject or an attachment.
     url.setPath(QString::fromLatin1(QUrl::toPercentEncoding(typed.trimmed(), "@")), QUrl::TolerantMode);
     return url;

@@ -12,17 +12,19 @@
 #include "core/guard.h"
 #include "data/recordset.h"
 
+using namespace Qt::Literals::StringLiterals;
+
 namespace cards {
 
 using controls::named;
 
 namespace {
-const QString section = QStringLiteral("lvLinks");
+const QString section = u"lvLinks"_s;
 }
 
 LinksTab::LinksTab(core::MainMod& mod) : mod_(mod) {
-    ListView2 = named(new controls::ListView, QStringLiteral("ListView2"));
-    ListView2->setAccessibleName(QStringLiteral("Συνδέσεις"));
+    ListView2 = named(new controls::ListView, u"ListView2"_s);
+    ListView2->setAccessibleName(u"Συνδέσεις"_s);
     core::onSignal(mod_, this, ListView2, &controls::ListView::rowActivated, [this](int row) { openSelected(row); });
     auto* commands = new QHBoxLayout;
     const auto command = [&](const char16_t* name, const char16_t* icon, const char16_t* caption, auto run) {
@@ -45,8 +47,7 @@ LinksTab::LinksTab(core::MainMod& mod) : mod_(mod) {
 
 void LinksTab::load() {
     core::loadColumns(mod_.services.settings, section, *ListView2,
-                      {{QStringLiteral("Περιγραφή"), QStringLiteral("Περιγραφή"), 6000},
-                       {QStringLiteral("Σύνδεση"), QStringLiteral("Σύνδεση"), 4000}});
+                      {{u"Περιγραφή"_s, u"Περιγραφή"_s, 6000}, {u"Σύνδεση"_s, u"Σύνδεση"_s, 4000}});
     clear();
 }
 
@@ -56,8 +57,7 @@ void LinksTab::storeWidths() {
 
 void LinksTab::fill(const QString& code) {
     QVector<controls::ListRow> rows;
-    for (data::Recordset links(
-             mod_.gConn, QStringLiteral("Select * from LINKS where codecards=%1 order by ΠΕΡΙΓΡΑΦΗ,aa").arg(code));
+    for (data::Recordset links(mod_.gConn, u"Select * from LINKS where codecards=%1 order by ΠΕΡΙΓΡΑΦΗ,aa"_s.arg(code));
          !links.eof(); links.moveNext())
         rows.append({{links[u"ΠΕΡΙΓΡΑΦΗ"].text(), links[u"ΣΥΝΔΕΣΗ"].text()}, links[u"aa"].value(), {}});
     ListView2->setRows(std::move(rows));
@@ -104,10 +104,10 @@ void LinksTab::deleteLink() {
     if (ListView2->count() == 0) return;
     ListView2->setFocus(Qt::OtherFocusReason);
     const int row = ListView2->currentRow();
-    if (row < 0 || !mod_.services.prompts.question(this, core::programTitle(),
-                                                   QStringLiteral("Να συνεχίσω με διαγραφή της σύνδεσης;")))
+    if (row < 0 ||
+        !mod_.services.prompts.question(this, core::programTitle(), u"Να συνεχίσω με διαγραφή της σύνδεσης;"_s))
         return;
-    mod_.gConn.execute(QStringLiteral("Delete from links where aa=%1").arg(ListView2->row(row).tag.toLongLong()));
+    mod_.gConn.execute(u"Delete from links where aa=%1"_s.arg(ListView2->row(row).tag.toLongLong()));
     fill(code_);
 }
 

@@ -10,13 +10,15 @@
 #include "controls/names.h"
 #include "controls/theme.h"
 
+using namespace Qt::Literals::StringLiterals;
+
 namespace cards {
 
 using controls::named;
 
 ListEditor::ListEditor(core::MainMod& mod, const QString& name, const QString& caption, ListEditorTexts texts,
                        const QString& checkCaption)
-    : Form(mod, name, caption, {QStringLiteral("Category"), 1000, 0}), texts_(std::move(texts)) {
+    : Form(mod, name, caption, {u"Category"_s, 1000, 0}), texts_(std::move(texts)) {
     build(checkCaption);
     buildCommands();
     on(list_, &controls::ListView::rowActivated, [this] { editRow(); });
@@ -27,16 +29,15 @@ ListEditor::ListEditor(core::MainMod& mod, const QString& name, const QString& c
 }
 
 void ListEditor::build(const QString& checkCaption) {
-    toolbar_ = named(new QToolBar, QStringLiteral("Toolbar1"));
+    toolbar_ = named(new QToolBar, u"Toolbar1"_s);
     toolbar_->setToolButtonStyle(Qt::ToolButtonTextBesideIcon);
-    list_ = named(new controls::ListView, QStringLiteral("ListView1"));
+    list_ = named(new controls::ListView, u"ListView1"_s);
     list_->setAccessibleName(windowTitle());
-    list_->setColumns({{QStringLiteral("Description"), QStringLiteral("Περιγραφή"), 5000}});
+    list_->setColumns({{u"Description"_s, u"Περιγραφή"_s, 5000}});
     stack_ = new QStackedWidget;
     stack_->addWidget(list_);
     stack_->addWidget(buildPanel(checkCaption));
-    exit_ = named(new controls::PictureButton(QStringLiteral("Έξοδος"), QStringLiteral("exit")),
-                  controls::arrayName(QStringLiteral("lblClick"), 0));
+    exit_ = named(new controls::PictureButton(u"Έξοδος"_s, u"exit"_s), controls::arrayName(u"lblClick"_s, 0));
     auto* layout = new QVBoxLayout(this);
     layout->setContentsMargins(12, 10, 12, 10);
     layout->addWidget(toolbar_);
@@ -46,19 +47,19 @@ void ListEditor::build(const QString& checkCaption) {
 }
 
 QWidget* ListEditor::buildPanel(const QString& checkCaption) {
-    panel_ = named(new QGroupBox(texts_.panel), QStringLiteral("Frame1"));
-    description_ = named(new controls::TextBox, controls::arrayName(QStringLiteral("Text1"), 1));
+    panel_ = named(new QGroupBox(texts_.panel), u"Frame1"_s);
+    description_ = named(new controls::TextBox, controls::arrayName(u"Text1"_s, 1));
     description_->setHighlighting(true);
-    auto* caption = new QLabel(QStringLiteral(" Περιγραφή"));
+    auto* caption = new QLabel(u" Περιγραφή"_s);
     controls::tie(caption, description_);
     auto* form = new QFormLayout(panel_);
     form->setContentsMargins(16, 18, 16, 16);
     form->addRow(caption, description_);
     if (!checkCaption.isEmpty()) {
-        Check1 = named(new QCheckBox(checkCaption), QStringLiteral("Check1"));
+        Check1 = named(new QCheckBox(checkCaption), u"Check1"_s);
         form->addRow(QString(), Check1);
     }
-    auto* cancel = named(new QPushButton(QStringLiteral("Άκυρο")), QStringLiteral("cmdCancel"));
+    auto* cancel = named(new QPushButton(u"Άκυρο"_s), u"cmdCancel"_s);
     on(cancel, &QPushButton::clicked, [this] { this->cancel(); });
     form->addRow(QString(), cancel);
     // Enter in the description saves, where the other boxes of the program move on.
@@ -80,7 +81,7 @@ void ListEditor::buildCommands() {
     };
     const Row rows[] = {{u"add", texts_.newName, texts_.newText, u"Ins", &ListEditor::newRow},
                         {u"edit", texts_.editName, texts_.editText, u"F2", &ListEditor::editRow},
-                        {u"save", QStringLiteral("mnuSave"), QStringLiteral("Αποθήκευση"), u"F5", &ListEditor::save},
+                        {u"save", u"mnuSave"_s, u"Αποθήκευση"_s, u"F5", &ListEditor::save},
                         {u"delete", texts_.deleteName, texts_.deleteText, u"Del", &ListEditor::deleteRow}};
     popUp_ = named(new QMenu(this), texts_.popUp);
     for (const Row& row : rows) {
@@ -105,10 +106,10 @@ void ListEditor::Refresh() {
 }
 
 void ListEditor::refresh(const QVariant& selected) {
-    const QString check = hasCheck() ? QStringLiteral(",payable") : QString();
+    const QString check = hasCheck() ? u",payable"_s : QString();
     QVector<controls::ListRow> rows;
-    for (data::Recordset found(
-             mod_.gConn, QStringLiteral("Select Description,Code%1 from %2 ORDER BY Description").arg(check, table()));
+    for (data::Recordset found(mod_.gConn,
+                               u"Select Description,Code%1 from %2 ORDER BY Description"_s.arg(check, table()));
          !found.eof(); found.moveNext()) {
         const bool red = hasCheck() && found[u"payable"].toBool();
         rows.append(
@@ -146,7 +147,7 @@ void ListEditor::showList() {
 }
 
 void ListEditor::newRow() {
-    record_.open(mod_.gConn, QStringLiteral("select * from %1 ").arg(table()));
+    record_.open(mod_.gConn, u"select * from %1 "_s.arg(table()));
     record_.addNew();
     description_->clear();
     if (Check1) Check1->setChecked(false);
@@ -154,8 +155,7 @@ void ListEditor::newRow() {
 }
 
 void ListEditor::openSelected() {
-    record_.open(mod_.gConn,
-                 QStringLiteral("select * from %1 where code=%2").arg(table()).arg(selectedCode().toLongLong()));
+    record_.open(mod_.gConn, u"select * from %1 where code=%2"_s.arg(table()).arg(selectedCode().toLongLong()));
     if (!record_.isEmpty()) return;
     record_.close();
     Refresh();
@@ -174,7 +174,7 @@ void ListEditor::deleteRow() {
     if (!selectedCode().isValid() || isEditing()) return;
     openSelected();
     if (!record_.isOpen()) return;
-    const QString question = QStringLiteral("Είστε σίγουρος για διαγραφή του : ") + record_[u"Description"].text();
+    const QString question = u"Είστε σίγουρος για διαγραφή του : "_s + record_[u"Description"].text();
     data::Recordset doomed = std::move(record_);
     record_ = {};
     if (mod_.services.prompts.question(this, core::programTitle(), question)) doomed.remove();
@@ -206,9 +206,9 @@ void ListEditor::showMenu(int row, QPoint position) {
 
 bool ListEditor::queryUnload() {
     const bool typed = isEditing() && !description_->text().isEmpty() && description_->isModified();
-    return !typed || mod_.services.prompts.question(
-                         this, core::programTitle(),
-                         QStringLiteral("Η περιγραφή που γράψατε δεν αποθηκεύτηκε.\nΝα κλείσει χωρίς αποθήκευση;"));
+    return !typed ||
+           mod_.services.prompts.question(this, core::programTitle(),
+                                          u"Η περιγραφή που γράψατε δεν αποθηκεύτηκε.\nΝα κλείσει χωρίς αποθήκευση;"_s);
 }
 
 void ListEditor::onUnload() {

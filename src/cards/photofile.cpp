@@ -4,11 +4,13 @@
 
 #include "cards/photoview.h"
 
+using namespace Qt::Literals::StringLiterals;
+
 namespace cards {
 
 std::optional<QByteArray> choosePhoto(core::MainMod& mod, QWidget* parent) {
-    const QString path = mod.services.prompts.openFile(parent, QStringLiteral("Εισαγωγή Φωτογραφίας"),
-                                                       QStringLiteral("Φωτογραφίες (*.bmp *.jpg *.gif)"));
+    const QString path =
+        mod.services.prompts.openFile(parent, u"Εισαγωγή Φωτογραφίας"_s, u"Φωτογραφίες (*.bmp *.jpg *.gif)"_s);
     if (path.isEmpty()) return {};
     QFile file(path);
     if (!file.open(QIODevice::ReadOnly)) return {};

@@ -6,6 +6,8 @@
 
 #include "controls/theme.h"
 
+using namespace Qt::Literals::StringLiterals;
+
 namespace cards {
 
 namespace {
@@ -18,7 +20,7 @@ constexpr qint64 maxPixels = 200'000'000;
 PhotoView::PhotoView(QWidget* parent) : QFrame(parent) {
     setFrameShape(QFrame::StyledPanel);
     setMinimumSize(160, 180);
-    setAccessibleName(QStringLiteral("Φωτογραφία"));
+    setAccessibleName(u"Φωτογραφία"_s);
 }
 
 void PhotoView::setBytes(const QByteArray& bytes) {
@@ -66,7 +68,7 @@ void PhotoView::paintEvent(QPaintEvent* event) {
     const QRect room = contentsRect();
     if (picture_.isNull()) {
         painter.setPen(controls::theme().mutedText);
-        painter.drawText(room, Qt::AlignCenter | Qt::TextWordWrap, QStringLiteral("Χωρίς φωτογραφία"));
+        painter.drawText(room, Qt::AlignCenter | Qt::TextWordWrap, u"Χωρίς φωτογραφία"_s);
         return;
     }
     const QSizeF size = picture_.deviceIndependentSize();

@@ -9,13 +9,15 @@
 
 #include "controls/datepair.h"
 
+using namespace Qt::Literals::StringLiterals;
+
 namespace controls {
 
 namespace {
 
 // d/m/yyyy with blanks and mask signs anywhere around the figures; also with points or dashes between them.
 std::optional<QDate> parsed(QString text) {
-    static const QRegularExpression form(QStringLiteral("^([0-9]{1,2})[/.-]([0-9]{1,2})[/.-]([0-9]{3,4})$"));
+    static const QRegularExpression form(u"^([0-9]{1,2})[/.-]([0-9]{1,2})[/.-]([0-9]{3,4})$"_s);
     text.remove(u'_').remove(u' ');
     const QRegularExpressionMatch match = form.match(text);
     if (!match.hasMatch()) return std::nullopt;
@@ -28,7 +30,7 @@ std::optional<QDate> parsed(QString text) {
 
 DateBox::DateBox(QWidget* parent) : TextBox(parent) {
     setValidator(nullptr);  // the mask lets only digits in
-    setInputMask(QStringLiteral("99/99/9999;_"));
+    setInputMask(u"99/99/9999;_"_s);
 }
 
 QString DateBox::formattedText() const {
@@ -45,12 +47,10 @@ std::optional<QDate> DateBox::date() const {
 }
 
 void DateBox::setDate(QDate date) {
-    setFormattedText(date.isValid() && date.year() >= 100 && date.year() <= 9999
-                         ? QStringLiteral("%1/%2/%3")
-                               .arg(date.day(), 2, 10, QLatin1Char('0'))
-                               .arg(date.month(), 2, 10, QLatin1Char('0'))
-                               .arg(date.year(), 4, 10, QLatin1Char('0'))
-                         : QString());
+    setFormattedText(
+        date.isValid() && date.year() >= 100 && date.year() <= 9999
+            ? u"%1/%2/%3"_s.arg(date.day(), 2, 10, u'0').arg(date.month(), 2, 10, u'0').arg(date.year(), 4, 10, u'0')
+            : QString());
 }
 
 void DateBox::setFormattedText(const QString& text) {
@@ -84,7 +84,7 @@ void DateBox::keyPressEvent(QKeyEvent* event) {
 void DateBox::contextMenuEvent(QContextMenuEvent* event) {
     QMenu* menu = createStandardContextMenu();
     menu->setAttribute(Qt::WA_DeleteOnClose);
-    if (auto* paste = menu->findChild<QAction*>(QStringLiteral("edit-paste"))) {
+    if (auto* paste = menu->findChild<QAction*>(u"edit-paste"_s)) {
         paste->disconnect(SIGNAL(triggered(bool)));
         connect(paste, &QAction::triggered, this, &DateBox::pasteDate);
     }

@@ -11,6 +11,8 @@
 #include "controls/datepair.h"
 #include "controls/theme.h"
 
+using namespace Qt::Literals::StringLiterals;
+
 namespace controls {
 
 namespace {
@@ -80,10 +82,10 @@ private:
 }  // namespace
 
 DatePicker::DatePicker(QWidget* parent) : QToolButton(parent), value_(QDate::currentDate()) {
-    setIcon(controls::icon(QStringLiteral("calendar")));
+    setIcon(controls::icon(u"calendar"_s));
     setFocusPolicy(Qt::TabFocus);
     setAutoRaise(true);
-    setAccessibleName(QStringLiteral("Επιλογή ημερομηνίας"));
+    setAccessibleName(u"Επιλογή ημερομηνίας"_s);
     connect(this, &QToolButton::clicked, this, &DatePicker::dropDown);
 }
 
@@ -103,10 +105,10 @@ void DatePicker::keyPressEvent(QKeyEvent* event) {
 }
 
 void DatePicker::dropDown() {
-    if (findChild<QFrame*>(QStringLiteral("calendarPopup"))) return;
+    if (findChild<QFrame*>(u"calendarPopup"_s)) return;
     emit aboutToDropDown();
     auto* popup = new QFrame(this, Qt::Popup);
-    popup->setObjectName(QStringLiteral("calendarPopup"));
+    popup->setObjectName(u"calendarPopup"_s);
     popup->setAttribute(Qt::WA_DeleteOnClose);
     auto* calendar = greekCalendar(popup, value_);
     calendar->setAccessibleName(accessibleName());

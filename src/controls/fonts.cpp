@@ -2,14 +2,14 @@
 
 #include "controls/theme.h"
 
+using namespace Qt::Literals::StringLiterals;
+
 namespace controls {
 
 namespace {
 
-const QStringList proportional{QStringLiteral("Noto Sans"), QStringLiteral("Liberation Sans"),
-                               QStringLiteral("DejaVu Sans")};
-const QStringList fixedWidth{QStringLiteral("Liberation Mono"), QStringLiteral("DejaVu Sans Mono"),
-                             QStringLiteral("Noto Sans Mono")};
+const QStringList proportional{u"Noto Sans"_s, u"Liberation Sans"_s, u"DejaVu Sans"_s};
+const QStringList fixedWidth{u"Liberation Mono"_s, u"DejaVu Sans Mono"_s, u"Noto Sans Mono"_s};
 
 bool hasGreek(const QString& family) {
     return QFontDatabase::hasFamily(family) && QFontDatabase::writingSystems(family).contains(QFontDatabase::Greek);
@@ -25,10 +25,9 @@ QString firstInstalled(const QStringList& families, QFontDatabase::SystemFont ot
 QString familyFor(const QString& name) {
     static const QString sans = firstInstalled(proportional, QFontDatabase::GeneralFont);
     static const QString fixed = firstInstalled(fixedWidth, QFontDatabase::FixedFont);
-    static const QStringList mapped{QStringLiteral("tahoma"), QStringLiteral("ms sans serif"),
-                                    QStringLiteral("arial greek"), QStringLiteral("arial")};
+    static const QStringList mapped{u"tahoma"_s, u"ms sans serif"_s, u"arial greek"_s, u"arial"_s};
     const QString folded = name.trimmed().toLower();
-    if (folded.startsWith(QLatin1String("courier"))) return fixed;
+    if (folded.startsWith(u"courier"_s)) return fixed;
     if (folded.isEmpty() || mapped.contains(folded)) return sans;
     return hasGreek(name) ? name : sans;  // a font of the user's own choice, such as a label's
 }

@@ -8,12 +8,14 @@
 #include "controls/resources.h"
 #include "controls/theme.h"
 
+using namespace Qt::Literals::StringLiterals;
+
 namespace controls {
 
 namespace {
 
 QString pathOf(const QString& name) {
-    return QStringLiteral(":/dorvalist/icons/%1.svg").arg(name);
+    return u":/dorvalist/icons/%1.svg"_s.arg(name);
 }
 
 QColor colorFor(QIcon::Mode mode) {
@@ -52,8 +54,7 @@ public:
     QPixmap pixmap(const QSize& size, QIcon::Mode mode, QIcon::State) override {
         if (size.isEmpty()) return {};
         const QColor color = colorFor(mode);
-        const QString key = QStringLiteral("symbol/%1/%2x%3/%4/%5")
-                                .arg(name_)
+        const QString key = u"symbol/%1/%2x%3/%4/%5"_s.arg(name_)
                                 .arg(size.width())
                                 .arg(size.height())
                                 .arg(color.rgba())

@@ -7,6 +7,8 @@
 
 #include "controls/theme.h"
 
+using namespace Qt::Literals::StringLiterals;
+
 namespace controls {
 
 class ListView::Rows : public QAbstractTableModel {
@@ -52,7 +54,7 @@ private:
 
 ListView::ListView(QWidget* parent) : QTreeView(parent), rows_(new Rows(this)) {
     setModel(rows_);
-    setFont(controls::font(QStringLiteral("Tahoma"), font().pointSizeF()));
+    setFont(controls::font(u"Tahoma"_s, font().pointSizeF()));
     setRootIsDecorated(false);
     setUniformRowHeights(true);
     setAlternatingRowColors(true);

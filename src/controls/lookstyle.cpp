@@ -8,6 +8,8 @@
 #include "controls/color.h"
 #include "controls/theme.h"
 
+using namespace Qt::Literals::StringLiterals;
+
 namespace controls {
 
 namespace {
@@ -34,18 +36,18 @@ void drawSign(QPainter& painter, QStyle::SubControl button, QPointF centre, doub
 
 }  // namespace
 
-LookStyle::LookStyle() : QProxyStyle(QStyleFactory::create(QStringLiteral("Fusion"))) {}
+LookStyle::LookStyle() : QProxyStyle(QStyleFactory::create(u"Fusion"_s)) {}
 
 QIcon LookStyle::standardIcon(StandardPixmap which, const QStyleOption* option, const QWidget* widget) const {
     switch (which) {
         case SP_MessageBoxInformation:
-            return icon(QStringLiteral("box-info"));
+            return icon(u"box-info"_s);
         case SP_MessageBoxQuestion:
-            return icon(QStringLiteral("box-question"));
+            return icon(u"box-question"_s);
         case SP_MessageBoxWarning:
-            return icon(QStringLiteral("box-warning"));
+            return icon(u"box-warning"_s);
         case SP_MessageBoxCritical:
-            return icon(QStringLiteral("box-critical"));
+            return icon(u"box-critical"_s);
         default:
             return QProxyStyle::standardIcon(which, option, widget);
     }

@@ -1,12 +1,14 @@
 #include "controls/names.h"
 
+using namespace Qt::Literals::StringLiterals;
+
 namespace controls {
 
 namespace {
 
 QString spoken(QString caption) {
     const QString doubled(u'\x01');  // stands for "&&", which shows as one ampersand
-    caption.replace(QLatin1String("&&"), doubled).remove(u'&').replace(doubled, QLatin1String("&"));
+    caption.replace(u"&&"_s, doubled).remove(u'&').replace(doubled, u"&"_s);
     caption = caption.simplified();
     while (caption.endsWith(u':') || caption.endsWith(u' ')) caption.chop(1);
     return caption;

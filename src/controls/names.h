@@ -7,8 +7,10 @@
 
 namespace controls {
 
+using namespace Qt::Literals::StringLiterals;
+
 inline QString arrayName(const QString& array, int index) {
-    return QStringLiteral("%1(%2)").arg(array).arg(index);
+    return u"%1(%2)"_s.arg(array).arg(index);
 }
 
 // Gives a widget its object name and returns it.

@@ -9,6 +9,8 @@
 #include "controls/color.h"
 #include "controls/theme.h"
 
+using namespace Qt::Literals::StringLiterals;
+
 namespace controls {
 
 namespace {
@@ -50,7 +52,7 @@ PictureButton::PictureButton(const QString& caption, const QString& iconName, QW
 QSize PictureButton::sizeHint() const {
     // Wide enough for the longest single word of the rows' captions, so that all buttons are alike.
     const QFontMetrics metrics(font());
-    const int width = metrics.horizontalAdvance(QStringLiteral("Προηγούμενος")) + 2 * padding + 4;
+    const int width = metrics.horizontalAdvance(u"Προηγούμενος"_s) + 2 * padding + 4;
     return QSize(width, padding + iconSide + gap + mostLines * metrics.lineSpacing() + padding);
 }
 

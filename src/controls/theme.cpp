@@ -9,6 +9,8 @@
 #include "controls/resources.h"
 #include "controls/toolkittexts.h"
 
+using namespace Qt::Literals::StringLiterals;
+
 namespace controls {
 
 namespace {
@@ -80,7 +82,7 @@ QPalette paletteOf(const Theme& look) {
 
 // The style sheet with its @names replaced by the theme's colours.
 QString styleSheetOf(const Theme& look) {
-    QFile file(QStringLiteral(":/dorvalist/theme.qss"));
+    QFile file(u":/dorvalist/theme.qss"_s);
     if (!file.open(QIODevice::ReadOnly)) return {};
     QString sheet = QString::fromUtf8(file.readAll());
     // A name that begins with another one comes before it.
@@ -103,7 +105,7 @@ QString styleSheetOf(const Theme& look) {
         {"@accent", look.accent.name()},
         {"@focus", (look.dark ? mixed(look.accent, look.text, 0.35) : look.accent).name()},
         {"@link", look.dark ? look.accent.lighter(190).name() : look.accent.name()},
-        {"@kind", look.dark ? QStringLiteral("dark") : QStringLiteral("light")},
+        {"@kind", look.dark ? u"dark"_s : u"light"_s},
         {"@highlightBox", look.highlightBox.name()},
         {"@danger", look.danger.name()},
     };
@@ -121,7 +123,7 @@ void applyTheme(QApplication& app, ThemeKind kind) {
     useGreekToolkitTexts(app);
     QApplication::setStyle(new LookStyle);
     QApplication::setPalette(paletteOf(*current));
-    QApplication::setFont(font(QStringLiteral("Tahoma"), uiPoints));
+    QApplication::setFont(font(u"Tahoma"_s, uiPoints));
     app.setStyleSheet(styleSheetOf(*current));
 }
 

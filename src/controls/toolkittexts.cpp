@@ -4,6 +4,8 @@
 #include <QHash>
 #include <QTranslator>
 
+using namespace Qt::Literals::StringLiterals;
+
 namespace controls {
 
 namespace {
@@ -147,7 +149,7 @@ private:
 }  // namespace
 
 void useGreekToolkitTexts(QCoreApplication& app) {
-    const QString name = QStringLiteral("greekToolkitTexts");
+    const QString name = u"greekToolkitTexts"_s;
     if (app.findChild<QTranslator*>(name)) return;
     auto* texts = new GreekTexts(&app);
     texts->setObjectName(name);

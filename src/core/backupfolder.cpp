@@ -12,14 +12,16 @@
 #include "schema/backup.h"
 #include "schema/office.h"
 
+using namespace Qt::Literals::StringLiterals;
+
 namespace core {
 
 namespace {
 
-const QString section = QStringLiteral("Options");
-const QString key = QStringLiteral("BackupFolder");
+const QString section = u"Options"_s;
+const QString key = u"BackupFolder"_s;
 
-const QString stampFormat = QStringLiteral("yyyyMMdd-HHmmss");
+const QString stampFormat = u"yyyyMMdd-HHmmss"_s;
 constexpr int dayLength = 8;
 
 // When a copy was made is in its name, by the clock on the wall; the file's own time changes when it is carried about.
@@ -28,13 +30,13 @@ struct Copy {
     QString day() const { return stamp.left(dayLength); }
 };
 
-const QString anyKind = QStringLiteral("(?:-m)?"), daily;
+const QString anyKind = u"(?:-m)?"_s, daily;
 
 // Newest first.
 QVector<Copy> copiesOf(const QString& folder, const QString& dataPath, const QString& ending) {
     const QRegularExpression own(QRegularExpression::anchoredPattern(
-        QStringLiteral("dorvalist-%1-(\\d{8}-\\d{6})%2\\.tar").arg(officeTag(dataPath), ending)));
-    const QStringList names = QDir(folder).entryList({QStringLiteral("dorvalist-*.tar")}, QDir::Files, QDir::Name);
+        u"dorvalist-%1-(\\d{8}-\\d{6})%2\\.tar"_s.arg(officeTag(dataPath), ending)));
+    const QStringList names = QDir(folder).entryList({u"dorvalist-*.tar"_s}, QDir::Files, QDir::Name);
     QVector<Copy> copies;
     for (const QString& name : names)
         if (const auto match = own.match(name); match.hasMatch())
@@ -76,15 +78,15 @@ QString officeTag(const QString& dataPath) {
 }
 
 QString backupName(const QString& dataPath, const QDateTime& now, BackupKind kind) {
-    return QStringLiteral("dorvalist-%1-%2%3.tar")
-        .arg(officeTag(dataPath), now.toString(stampFormat), QLatin1String(kind == BackupKind::ByHand ? "-m" : ""));
+    return u"dorvalist-%1-%2%3.tar"_s.arg(officeTag(dataPath), now.toString(stampFormat),
+                                          QLatin1String(kind == BackupKind::ByHand ? "-m" : ""));
 }
 
 void requireBackupFolder(const QString& folder) {
     if (QFileInfo(folder).isDir()) return;
     throw data::Error(data::ErrorCategory::Connection,
-                      QStringLiteral("Ο φάκελος δεν υπάρχει. Αν είναι σε εξωτερικό δίσκο ή στο δίκτυο, συνδέστε τον· "
-                                     "αλλιώς διαλέξτε άλλον φάκελο για τα αντίγραφα ασφαλείας από τις Ρυθμίσεις."));
+                      u"Ο φάκελος δεν υπάρχει. Αν είναι σε εξωτερικό δίσκο ή στο δίκτυο, συνδέστε τον· "
+                      "αλλιώς διαλέξτε άλλον φάκελο για τα αντίγραφα ασφαλείας από τις Ρυθμίσεις."_s);
 }
 
 QStringList backupsOf(const QString& folder, const QString& dataPath) {
@@ -95,7 +97,7 @@ QStringList backupsOf(const QString& folder, const QString& dataPath) {
 
 bool hasDailyBackup(const QString& folder, const QString& dataPath, const QDate& day) {
     const QVector<Copy> copies = copiesOf(folder, dataPath, daily);
-    const QString wanted = day.toString(QStringLiteral("yyyyMMdd"));
+    const QString wanted = day.toString(u"yyyyMMdd"_s);
     return std::any_of(copies.begin(), copies.end(), [&](const Copy& copy) { return copy.day() == wanted; });
 }
 

@@ -1,5 +1,7 @@
 #include "core/browsemod.h"
 
+using namespace Qt::Literals::StringLiterals;
+
 namespace core {
 
 QString BrowseForFolder(MainMod& mod, const QString& title) {
@@ -7,7 +9,7 @@ QString BrowseForFolder(MainMod& mod, const QString& title) {
 }
 
 void GivePath(MainMod& mod, const QString& fileName) {
-    mod.gDataPath = BrowseForFolder(mod, QStringLiteral("Επιλογή Υποκαταλόγου %1 ...").arg(fileName));
+    mod.gDataPath = BrowseForFolder(mod, u"Επιλογή Υποκαταλόγου %1 ..."_s.arg(fileName));
 }
 
 }  // namespace core

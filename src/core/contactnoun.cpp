@@ -1,30 +1,23 @@
 #include "core/contactnoun.h"
 
+using namespace Qt::Literals::StringLiterals;
+
 namespace core {
 
 ContactNoun contactNoun(int category) {
-    const QString visits = QStringLiteral("Εμφάνιση Επισκέψεων");
+    const QString visits = u"Εμφάνιση Επισκέψεων"_s;
     switch (category) {
         case 1:
-            return {QStringLiteral("Επαφές"), QStringLiteral("Καρτέλα Επαφών"), QStringLiteral("Λίστα Επαφών"),
-                    QStringLiteral("Επιλογές Επαφών"), visits};
+            return {u"Επαφές"_s, u"Καρτέλα Επαφών"_s, u"Λίστα Επαφών"_s, u"Επιλογές Επαφών"_s, visits};
         case 2:
-            return {QStringLiteral("Πελάτες"), QStringLiteral("Καρτέλα Πελατών"), QStringLiteral("Λίστα Πελατών"),
-                    QStringLiteral("Επιλογές Πελατών"), visits};
+            return {u"Πελάτες"_s, u"Καρτέλα Πελατών"_s, u"Λίστα Πελατών"_s, u"Επιλογές Πελατών"_s, visits};
         case 3:
-            return {QStringLiteral("Μέλη"), QStringLiteral("Καρτέλα Μελών"), QStringLiteral("Λίστα Μελών"),
-                    QStringLiteral("Επιλογές Μελών"), visits};
+            return {u"Μέλη"_s, u"Καρτέλα Μελών"_s, u"Λίστα Μελών"_s, u"Επιλογές Μελών"_s, visits};
         case 4:
-            return {QStringLiteral("Ασθενείς"),
-                    QStringLiteral("Καρτέλα Ασθενών"),
-                    QStringLiteral("Λίστα Ασθενών"),
-                    QStringLiteral("Επιλογές Ασθενών"),
-                    visits,
-                    true,
+            return {u"Ασθενείς"_s, u"Καρτέλα Ασθενών"_s, u"Λίστα Ασθενών"_s, u"Επιλογές Ασθενών"_s, visits, true,
                     false};
         default:
-            return {QStringLiteral("01"), QStringLiteral("0101"), QStringLiteral("0102"), QStringLiteral("0103"),
-                    QStringLiteral("0104")};
+            return {u"01"_s, u"0101"_s, u"0102"_s, u"0103"_s, u"0104"_s};
     }
 }
 

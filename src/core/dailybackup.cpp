@@ -8,12 +8,14 @@
 #include "data/fileidentity.h"
 #include "schema/backup.h"
 
+using namespace Qt::Literals::StringLiterals;
+
 namespace core {
 
 namespace {
 
-const QString section = QStringLiteral("Options");
-const QString futureKey = QStringLiteral("BackupOfTheFuture");  // the last that was told of
+const QString section = u"Options"_s;
+const QString futureKey = u"BackupOfTheFuture"_s;  // the last that was told of
 
 bool isOpen(const MainMod& mod) {
     return mod.gConn.isOpen() && mod.gConnUsers.isOpen();
@@ -80,16 +82,15 @@ void DailyBackup::startByHand(QWidget* parent) {
         mod_.services.prompts.message(parent, platform::MessageIcon::Information, programTitle(), text);
     };
     if (isRunning())
-        tell(QStringLiteral("Γίνεται ήδη ένα αντίγραφο ασφαλείας. Δοκιμάστε ξανά σε λίγο."));
+        tell(u"Γίνεται ήδη ένα αντίγραφο ασφαλείας. Δοκιμάστε ξανά σε λίγο."_s);
     else if (!isOpen(mod_))
-        tell(QStringLiteral("Από εδώ αντιγράφονται μόνο βάσεις δεδομένων που είναι ανοιχτές."));
+        tell(u"Από εδώ αντιγράφονται μόνο βάσεις δεδομένων που είναι ανοιχτές."_s);
     else
         start(BackupKind::ByHand, parent);
 }
 
 void DailyBackup::chooseFolder(QWidget* parent) {
-    const QString folder =
-        mod_.services.prompts.chooseFolder(parent, QStringLiteral("Φάκελος για τα αντίγραφα ασφαλείας ..."));
+    const QString folder = mod_.services.prompts.chooseFolder(parent, u"Φάκελος για τα αντίγραφα ασφαλείας ..."_s);
     if (!folder.isEmpty()) setBackupFolder(mod_.services.settings, folder);
 }
 
@@ -120,19 +121,18 @@ void DailyBackup::tell(const Work& work) {
         mod_.services.prompts.message(frontWindow(parent_), icon, programTitle(), text);
     };
     if (!work.failure.isEmpty())
-        message(platform::MessageIcon::Warning, QStringLiteral("Το αντίγραφο ασφαλείας δεν έγινε στον φάκελο «%1».\n%2")
-                                                    .arg(QDir::toNativeSeparators(work.folder), work.failure));
+        message(platform::MessageIcon::Warning, u"Το αντίγραφο ασφαλείας δεν έγινε στον φάκελο «%1».\n%2"_s.arg(
+                                                    QDir::toNativeSeparators(work.folder), work.failure));
     else if (work.kind == BackupKind::ByHand)
-        message(platform::MessageIcon::Information, QStringLiteral("Το αντίγραφο ασφαλείας γράφτηκε και ελέγχθηκε:\n%1")
-                                                        .arg(QDir::toNativeSeparators(work.file)));
+        message(platform::MessageIcon::Information,
+                u"Το αντίγραφο ασφαλείας γράφτηκε και ελέγχθηκε:\n%1"_s.arg(QDir::toNativeSeparators(work.file)));
     platform::Settings& settings = mod_.services.settings;
     if (work.ofTheFuture.isEmpty() || settings.value(section, futureKey) == work.ofTheFuture) return;
     settings.setValue(section, futureKey, work.ofTheFuture);
     message(platform::MessageIcon::Warning,
-            QStringLiteral("Υπάρχει αντίγραφο ασφαλείας με μελλοντική ημερομηνία:\n%1\nΕλέγξτε την ημερομηνία του "
-                           "υπολογιστή. Αν είναι σωστή, το αντίγραφο έγινε όταν δεν ήταν: δεν θα σβηστεί από το "
-                           "πρόγραμμα και σε ανάγκη θα προταθεί τελευταίο.")
-                .arg(QDir::toNativeSeparators(work.ofTheFuture)));
+            u"Υπάρχει αντίγραφο ασφαλείας με μελλοντική ημερομηνία:\n%1\nΕλέγξτε την ημερομηνία του "
+            "υπολογιστή. Αν είναι σωστή, το αντίγραφο έγινε όταν δεν ήταν: δεν θα σβηστεί από το "
+            "πρόγραμμα και σε ανάγκη θα προταθεί τελευταίο."_s.arg(QDir::toNativeSeparators(work.ofTheFuture)));
 }
 
 }  // namespace core

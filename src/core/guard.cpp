@@ -2,6 +2,8 @@
 
 #include <QApplication>
 
+using namespace Qt::Literals::StringLiterals;
+
 namespace core {
 
 // A window that isn't on screen yet can't carry a box: it would lie anywhere, also behind the window in use.
@@ -18,8 +20,8 @@ void showFailure(MainMod& mod, QWidget* parent, const std::exception& error, con
     const auto* dataError = dynamic_cast<const data::Error*>(&error);
     const QString text = dataError ? dataError->text() : QString::fromUtf8(error.what());
     if (dataError) qWarning("%s | %s", error.what(), qUtf8Printable(dataError->statement()));
-    mod.services.prompts.message(visible(parent), platform::MessageIcon::Critical, QStringLiteral("Μήνυμα λάθους"),
-                                 lead + programTitle() + QStringLiteral(" Error: ") + text);
+    mod.services.prompts.message(visible(parent), platform::MessageIcon::Critical, u"Μήνυμα λάθους"_s,
+                                 lead + programTitle() + u" Error: "_s + text);
 }
 
 void complain(MainMod& mod, QWidget* parent, const QString& text, QWidget* field) {

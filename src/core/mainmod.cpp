@@ -3,29 +3,30 @@
 #include "data/recordset.h"
 #include "platform/folders.h"
 
+using namespace Qt::Literals::StringLiterals;
+
 namespace core {
 
 QString programTitle() {
-    return QStringLiteral("Dorvalist");
+    return u"Dorvalist"_s;
 }
 
 QString programVersion() {
-    return QStringLiteral(DORV_VERSION);
+    return QString::fromUtf8(DORV_VERSION);
 }
 
 QString MainMod::GetPhones(qint64 cardCode) {
     data::Recordset card(
-        gConn,
-        QStringLiteral("SELECT ΤΗΛΕΦΩΝΟ1,ΤΗΛΕΦΩΝΟ2,ΤΗΛΕΦΩΝΟ3,ΤΗΛΕΦΩΝΟ4,ΚΙΝΗΤΟ from CARDS where CODE=%1").arg(cardCode));
+        gConn, u"SELECT ΤΗΛΕΦΩΝΟ1,ΤΗΛΕΦΩΝΟ2,ΤΗΛΕΦΩΝΟ3,ΤΗΛΕΦΩΝΟ4,ΚΙΝΗΤΟ from CARDS where CODE=%1"_s.arg(cardCode));
     QStringList numbers;
     for (int i = 0; !card.isEmpty() && i < card.fieldCount(); ++i)
         if (const QString number = card.field(i).text(); !number.isEmpty()) numbers << number;
-    return numbers.join(QStringLiteral(", "));
+    return numbers.join(u", "_s);
 }
 
 void MainMod::playButtonSound(const QString& fileName) {
-    if (services.settings.number(QStringLiteral("Options"), QStringLiteral("Sounds"), 1) == 1)
-        playSound(platform::programFolder() + QStringLiteral("/sounds/") + fileName);
+    if (services.settings.number(u"Options"_s, u"Sounds"_s, 1) == 1)
+        playSound(platform::programFolder() + u"/sounds/"_s + fileName);
 }
 
 namespace {

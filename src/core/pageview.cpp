@@ -8,6 +8,8 @@
 #include "controls/theme.h"
 #include "platform/printer.h"
 
+using namespace Qt::Literals::StringLiterals;
+
 namespace core {
 
 namespace {
@@ -32,7 +34,7 @@ void PageView::setDocument(std::shared_ptr<const platform::PrintDocument> docume
 void PageView::setPage(int page) {
     page_ = std::clamp(page, 0, document_->pageCount() - 1);
     layOut();
-    setAccessibleName(QStringLiteral("Σελίδα %1 από %2").arg(page_ + 1).arg(document_->pageCount()));
+    setAccessibleName(u"Σελίδα %1 από %2"_s.arg(page_ + 1).arg(document_->pageCount()));
     setAccessibleDescription(document_->texts(page_).join(u' ').left(longestSpoken));
     emit pageShown(page_);
 }

@@ -2,20 +2,22 @@
 
 #include "controls/theme.h"
 
+using namespace Qt::Literals::StringLiterals;
+
 namespace core {
 
 namespace {
-const QString section = QStringLiteral("Settings");
+const QString section = u"Settings"_s;
 }
 
 QPoint loadPosition(const platform::Settings& settings, const Placement& placement) {
-    return {controls::toPixels(settings.number(section, placement.prefix + QStringLiteral("Left"), placement.left)),
-            controls::toPixels(settings.number(section, placement.prefix + QStringLiteral("Top"), placement.top))};
+    return {controls::toPixels(settings.number(section, placement.prefix + u"Left"_s, placement.left)),
+            controls::toPixels(settings.number(section, placement.prefix + u"Top"_s, placement.top))};
 }
 
 void storePosition(platform::Settings& settings, const Placement& placement, QPoint position) {
-    settings.setNumber(section, placement.prefix + QStringLiteral("Left"), controls::toTwips(position.x()));
-    settings.setNumber(section, placement.prefix + QStringLiteral("Top"), controls::toTwips(position.y()));
+    settings.setNumber(section, placement.prefix + u"Left"_s, controls::toTwips(position.x()));
+    settings.setNumber(section, placement.prefix + u"Top"_s, controls::toTwips(position.y()));
 }
 
 QRect fitInto(QRect wanted, const QRect& area) {

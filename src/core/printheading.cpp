@@ -2,12 +2,12 @@
 
 #include "data/format.h"
 
+using namespace Qt::Literals::StringLiterals;
+
 namespace core {
 
 OwnerDetails ownerDetails(const platform::Settings& settings) {
-    const auto value = [&settings](const char* key) {
-        return settings.value(QStringLiteral("Settings"), QString::fromLatin1(key));
-    };
+    const auto value = [&settings](const char* key) { return settings.value(u"Settings"_s, QString::fromLatin1(key)); };
     return {value("Name"), value("Address"), value("Phone"), value("Email")};
 }
 
@@ -16,13 +16,13 @@ double printMargin(const platform::Printer& printer) {
 }
 
 double headingTab(const platform::Printer& printer) {
-    return printer.textWidth(QStringLiteral("EΠΩΝΥΜΟ:     "));  // the first letter is a Latin one
+    return printer.textWidth(u"EΠΩΝΥΜΟ:     "_s);  // the first letter is a Latin one
 }
 
 void printOwnerAndDate(platform::Printer& printer, const std::optional<OwnerDetails>& owner, QDate today) {
     const double left = printMargin(printer), right = printer.scaleWidth() - left;
     const QString date = data::format(QDateTime(today, QTime(0, 0), Qt::UTC), u"dddd, dd/mm/yyyy");
-    printer.font = {QStringLiteral("Tahoma"), 10};
+    printer.font = {u"Tahoma"_s, 10};
     double dateX = printer.scaleWidth() / 2 + headingTab(printer);
     printer.font.size = 12;
     dateX = std::min(dateX, right - printer.textWidth(date));

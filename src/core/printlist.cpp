@@ -3,6 +3,8 @@
 #include "core/guard.h"
 #include "data/error.h"
 
+using namespace Qt::Literals::StringLiterals;
+
 namespace core {
 
 namespace {
@@ -64,7 +66,7 @@ public:
     }
 
     void pageNumber() {
-        const QString text = QStringLiteral("Σελίδα %1").arg(++page_);
+        const QString text = u"Σελίδα %1"_s.arg(++page_);
         printer_.printAt(printer_.scaleWidth() / 2 - printer_.textWidth(text) / 2, bottom_ - rowHeight, text);
     }
 
@@ -109,7 +111,7 @@ void drawCard(platform::Printer& printer, const PrintedCard& card) {
     printer.font.size = 10;
     printer.font.bold = false;
     const double left = printMargin(printer), middle = printer.scaleWidth() / 2, tab = headingTab(printer);
-    const double gap = printer.textWidth(QStringLiteral("  "));
+    const double gap = printer.textWidth(u"  "_s);
     const auto part = [&](double x, double end, const QString& label, const QString& value) {
         printer.printAt(x, printer.currentY, label);
         printer.font.bold = true;
@@ -121,8 +123,8 @@ void drawCard(platform::Printer& printer, const PrintedCard& card) {
         part(middle + tab, printer.scaleWidth() - left, label2, value2);
         printer.print();
     };
-    line(QStringLiteral("EΠΩΝΥΜΟ: "), card.surname, QStringLiteral("ΤΗΛΕΦΩΝΟ: "), card.telephone);
-    line(QStringLiteral("ONOMA: "), card.firstName, QStringLiteral("ΚΙΝΗΤΟ: "), card.mobile);
+    line(u"EΠΩΝΥΜΟ: "_s, card.surname, u"ΤΗΛΕΦΩΝΟ: "_s, card.telephone);
+    line(u"ONOMA: "_s, card.firstName, u"ΚΙΝΗΤΟ: "_s, card.mobile);
     printer.print();
 }
 
@@ -144,7 +146,7 @@ bool printList(MainMod& mod, QWidget* parent, const PrintedList& list) {
         constexpr int printerError = 482;  // the number that users know it by
         mod.services.prompts.message(
             parent, platform::MessageIcon::Critical, programTitle(),
-            QStringLiteral("gPrintListView() failed with the following error:-\nError Number: %1\nDescription:%2")
+            u"gPrintListView() failed with the following error:-\nError Number: %1\nDescription:%2"_s
                 .arg(known ? known->number() : printerError)
                 .arg(known ? known->text() : QString::fromUtf8(error.what())));
         return false;
@@ -158,7 +160,7 @@ void drawList(platform::Printer& printer, const PrintedList& list, const PrintSt
         printOwnerAndDate(printer, list.owner, list.today);
         printTitle(printer, list.title);
         if (list.card) drawCard(printer, *list.card);
-        printer.font = {QStringLiteral("MS Sans Serif"), 7.8};
+        printer.font = {u"MS Sans Serif"_s, 7.8};
     }
     Table table(printer, list);
     table.heading();

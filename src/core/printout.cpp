@@ -5,14 +5,16 @@
 #include "core/printsettings.h"
 #include "core/workprogress.h"
 
+using namespace Qt::Literals::StringLiterals;
+
 namespace core {
 
 namespace {
 
-const QString section = QStringLiteral("Options");
-const QString previewKey = QStringLiteral("PrintPreview");
-const QString printerKey = QStringLiteral("Printer");
-const QString paperKey = QStringLiteral("PrintPaper");
+const QString section = u"Options"_s;
+const QString previewKey = u"PrintPreview"_s;
+const QString printerKey = u"Printer"_s;
+const QString paperKey = u"PrintPaper"_s;
 
 }  // namespace
 
@@ -48,7 +50,7 @@ void storePrinter(platform::Settings& settings, const QString& printer) {
 
 std::shared_ptr<const platform::PrintDocument> drawn(QWidget* parent, const PrintJob& job,
                                                      const platform::PageSetup& setup) {
-    WorkProgress progress(parent, QStringLiteral("Σχεδίαση σελίδων: ") + job.title);
+    WorkProgress progress(parent, u"Σχεδίαση σελίδων: "_s + job.title);
     platform::Printer printer(setup, job.title, [](const QString& name) { return controls::font(name, 10); });
     job.draw(printer, [&progress](int done, int total) {
         if (!progress.step(done, total)) throw PrintStopped();
@@ -57,17 +59,16 @@ std::shared_ptr<const platform::PrintDocument> drawn(QWidget* parent, const Prin
 }
 
 void tellPrinterFailure(MainMod& mod, QWidget* parent, const platform::PrintError& error) {
-    mod.services.prompts.message(
-        parent, platform::MessageIcon::Critical, QStringLiteral("Μήνυμα λάθους"),
-        programTitle() + QStringLiteral(" Error: ") + error.text() +
-            QStringLiteral("\nΟι σελίδες μένουν στην προεπισκόπηση: επιλέξτε άλλον εκτυπωτή ή αποθηκεύστε "
-                           "τες σε PDF."));
+    mod.services.prompts.message(parent, platform::MessageIcon::Critical, u"Μήνυμα λάθους"_s,
+                                 programTitle() + u" Error: "_s + error.text() +
+                                     u"\nΟι σελίδες μένουν στην προεπισκόπηση: επιλέξτε άλλον εκτυπωτή ή αποθηκεύστε "
+                                     "τες σε PDF."_s);
 }
 
 // Without the preview; false when the printer failed, and then it was told.
 static bool sendDirectly(MainMod& mod, QWidget* parent, const PrintJob& job, bool& stopped) {
     const auto document = drawn(parent, job, pageSetup(mod.services.settings, job.landscape));
-    WorkProgress progress(parent, QStringLiteral("Αποστολή στον εκτυπωτή: ") + job.title);
+    WorkProgress progress(parent, u"Αποστολή στον εκτυπωτή: "_s + job.title);
     const int pages = document->pageCount();
     try {
         stopped = !mod.services.printers.print(*document, chosenPrinter(mod.services), 1,

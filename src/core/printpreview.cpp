@@ -15,6 +15,8 @@
 #include "core/printsettings.h"
 #include "core/workprogress.h"
 
+using namespace Qt::Literals::StringLiterals;
+
 namespace core {
 
 using controls::named;
@@ -34,9 +36,9 @@ constexpr int firstRealZoom = 2;
 
 // What a title becomes as a file's name.
 QString fileNameOf(QString title) {
-    static const QRegularExpression unfit(QStringLiteral("[\\x00-\\x1f/\\\\:*?\"<>|]+"));
-    title = title.replace(unfit, QStringLiteral("-")).simplified().left(100);
-    return (title.isEmpty() ? QStringLiteral("Εκτύπωση") : title) + QStringLiteral(".pdf");
+    static const QRegularExpression unfit(u"[\\x00-\\x1f/\\\\:*?\"<>|]+"_s);
+    title = title.replace(unfit, u"-"_s).simplified().left(100);
+    return (title.isEmpty() ? u"Εκτύπωση"_s : title) + u".pdf"_s;
 }
 
 QComboBox* choice(const QString& name) {
@@ -48,10 +50,10 @@ QComboBox* choice(const QString& name) {
 PrintPreview::PrintPreview(MainMod& mod, QWidget* parent, const PrintJob& job)
     : QDialog(parent), mod_(mod), job_(job), setup_(pageSetup(mod.services.settings, job.landscape)) {
     document_ = drawn(parent, job_, setup_);
-    setObjectName(QStringLiteral("PrintPreview"));
-    setWindowTitle(QStringLiteral("Προεπισκόπηση εκτύπωσης: ") + job_.title);
+    setObjectName(u"PrintPreview"_s);
+    setWindowTitle(u"Προεπισκόπηση εκτύπωσης: "_s + job_.title);
     setWindowFlag(Qt::WindowMaximizeButtonHint);
-    view_ = named(new PageView, QStringLiteral("PageView"));
+    view_ = named(new PageView, u"PageView"_s);
     auto* layout = new QVBoxLayout(this);
     layout->setContentsMargins(12, 10, 12, 10);
     layout->setSpacing(8);
@@ -73,31 +75,30 @@ QLabel* PrintPreview::captionOf(const QString& caption, QWidget* field) {
 }
 
 QHBoxLayout* PrintPreview::targetRow() {
-    print_ = named(new QPushButton(QStringLiteral("&Εκτύπωση")), QStringLiteral("cmdPrint"));
+    print_ = named(new QPushButton(u"&Εκτύπωση"_s), u"cmdPrint"_s);
     print_->setDefault(true);
-    pdf_ = named(new QPushButton(controls::icon(QStringLiteral("pdf")), QStringLiteral("P&DF...")),
-                 QStringLiteral("cmdPdf"));
-    pdf_->setToolTip(QStringLiteral("Αποθήκευση σε αρχείο PDF"));
-    pdf_->setAccessibleName(QStringLiteral("Αποθήκευση σε αρχείο PDF"));
-    printers_ = choice(QStringLiteral("Printer"));
+    pdf_ = named(new QPushButton(controls::icon(u"pdf"_s), u"P&DF..."_s), u"cmdPdf"_s);
+    pdf_->setToolTip(u"Αποθήκευση σε αρχείο PDF"_s);
+    pdf_->setAccessibleName(u"Αποθήκευση σε αρχείο PDF"_s);
+    printers_ = choice(u"Printer"_s);
     printers_->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
     printers_->setMinimumContentsLength(10);
     printers_->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
-    copies_ = named(new QSpinBox, QStringLiteral("Copies"));
+    copies_ = named(new QSpinBox, u"Copies"_s);
     copies_->setRange(1, 99);
-    paper_ = choice(QStringLiteral("Paper"));
+    paper_ = choice(u"Paper"_s);
     for (const QPageSize::PageSizeId id : papers) paper_->addItem(QPageSize::key(id), int(id));
     paper_->setCurrentIndex(paper_->findData(int(setup_.paper.id())));
-    orientation_ = choice(QStringLiteral("Orientation"));
-    orientation_->addItems({QStringLiteral("Κατακόρυφα"), QStringLiteral("Οριζόντια")});
+    orientation_ = choice(u"Orientation"_s);
+    orientation_->addItems({u"Κατακόρυφα"_s, u"Οριζόντια"_s});
     orientation_->setCurrentIndex(setup_.landscape);
 
     // The whole row stays narrower than a small screen.
     const auto narrow = [this](QComboBox* box, const QString& longest) {
         box->setMaximumWidth(fontMetrics().horizontalAdvance(longest) + 56);
     };
-    narrow(paper_, QStringLiteral("Letter"));
-    narrow(orientation_, QStringLiteral("Κατακόρυφα"));
+    narrow(paper_, u"Letter"_s);
+    narrow(orientation_, u"Κατακόρυφα"_s);
 
     auto* row = new QHBoxLayout;
     row->setSpacing(6);
@@ -126,20 +127,19 @@ QToolButton* PrintPreview::pageButton(const QString& name, const QString& icon, 
 }
 
 QHBoxLayout* PrintPreview::viewRow() {
-    first_ = pageButton(QStringLiteral("cmdFirst"), QStringLiteral("first"), QStringLiteral("Πρώτη σελίδα"));
-    previous_ = pageButton(QStringLiteral("cmdPrevious"), QStringLiteral("prev"), QStringLiteral("Προηγούμενη σελίδα"));
-    next_ = pageButton(QStringLiteral("cmdNext"), QStringLiteral("next"), QStringLiteral("Επόμενη σελίδα"));
-    last_ = pageButton(QStringLiteral("cmdLast"), QStringLiteral("last"), QStringLiteral("Τελευταία σελίδα"));
-    page_ = named(new QSpinBox, QStringLiteral("Page"));
+    first_ = pageButton(u"cmdFirst"_s, u"first"_s, u"Πρώτη σελίδα"_s);
+    previous_ = pageButton(u"cmdPrevious"_s, u"prev"_s, u"Προηγούμενη σελίδα"_s);
+    next_ = pageButton(u"cmdNext"_s, u"next"_s, u"Επόμενη σελίδα"_s);
+    last_ = pageButton(u"cmdLast"_s, u"last"_s, u"Τελευταία σελίδα"_s);
+    page_ = named(new QSpinBox, u"Page"_s);
     page_->setKeyboardTracking(false);
-    pageCount_ = named(new QLabel, QStringLiteral("PageCount"));
-    zoom_ = choice(QStringLiteral("Zoom"));
+    pageCount_ = named(new QLabel, u"PageCount"_s);
+    zoom_ = choice(u"Zoom"_s);
     for (const auto& [percent, caption] : zooms) zoom_->addItem(QString::fromUtf16(caption), percent);
-    direct_ = named(new QCheckBox(QStringLiteral("&Στο εξής χωρίς προεπισκόπηση")), QStringLiteral("Direct"));
+    direct_ = named(new QCheckBox(u"&Στο εξής χωρίς προεπισκόπηση"_s), u"Direct"_s);
     direct_->setChecked(!previewsPrints(mod_.services.settings));
-    direct_->setToolTip(QStringLiteral("Η προεπισκόπηση επανέρχεται από το μενού «Εμφάνιση»."));
-    close_ = named(new QPushButton(controls::icon(QStringLiteral("exit")), QStringLiteral("&Κλείσιμο")),
-                   QStringLiteral("cmdClose"));
+    direct_->setToolTip(u"Η προεπισκόπηση επανέρχεται από το μενού «Εμφάνιση»."_s);
+    close_ = named(new QPushButton(controls::icon(u"exit"_s), u"&Κλείσιμο"_s), u"cmdClose"_s);
     close_->setAutoDefault(false);
     pdf_->setAutoDefault(false);
 
@@ -147,13 +147,13 @@ QHBoxLayout* PrintPreview::viewRow() {
     row->setSpacing(6);
     row->addWidget(first_);
     row->addWidget(previous_);
-    row->addWidget(captionOf(QStringLiteral("Σε&λίδα:"), page_));
+    row->addWidget(captionOf(u"Σε&λίδα:"_s, page_));
     row->addWidget(page_);
     row->addWidget(pageCount_);
     row->addWidget(next_);
     row->addWidget(last_);
     row->addSpacing(10);
-    row->addWidget(captionOf(QStringLiteral("&Μεγέθυνση:"), zoom_));
+    row->addWidget(captionOf(u"&Μεγέθυνση:"_s, zoom_));
     row->addWidget(zoom_);
     row->addStretch(1);
     row->addWidget(direct_);
@@ -204,7 +204,7 @@ void PrintPreview::listPrinters() {
     printers_->clear();
     printers_->addItems(names);
     printers_->setEnabled(!names.isEmpty());
-    if (names.isEmpty()) printers_->addItem(QStringLiteral("(κανένας εκτυπωτής)"));
+    if (names.isEmpty()) printers_->addItem(u"(κανένας εκτυπωτής)"_s);
     printers_->setCurrentIndex(std::max(0, printers_->findText(wanted)));
 }
 
@@ -235,7 +235,7 @@ void PrintPreview::showPage(int page) {
     const QSignalBlocker blocker(page_);
     page_->setRange(1, count);
     page_->setValue(page + 1);
-    pageCount_->setText(QStringLiteral("από %1").arg(count));
+    pageCount_->setText(u"από %1"_s.arg(count));
     first_->setEnabled(page > 0);
     previous_->setEnabled(page > 0);
     next_->setEnabled(page + 1 < count);
@@ -264,7 +264,7 @@ void PrintPreview::deliver(const QString& caption, const std::function<bool(cons
 void PrintPreview::print() {
     const QString printer = printers_->isEnabled() ? printers_->currentText() : QString();
     try {
-        deliver(QStringLiteral("Αποστολή στον εκτυπωτή: ") + job_.title, [&](const platform::PageStep& step) {
+        deliver(u"Αποστολή στον εκτυπωτή: "_s + job_.title, [&](const platform::PageStep& step) {
             return mod_.services.printers.print(*document_, printer, copies_->value(), step);
         });
     } catch (const platform::PrintError& error) {
@@ -278,10 +278,10 @@ void PrintPreview::print() {
 }
 
 void PrintPreview::writePdf() {
-    const QString file = mod_.services.prompts.saveFile(this, QStringLiteral("Αποθήκευση σε PDF"),
-                                                        fileNameOf(job_.title), QStringLiteral("Αρχεία PDF (*.pdf)"));
+    const QString file =
+        mod_.services.prompts.saveFile(this, u"Αποθήκευση σε PDF"_s, fileNameOf(job_.title), u"Αρχεία PDF (*.pdf)"_s);
     if (file.isEmpty()) return;
-    deliver(QStringLiteral("Εγγραφή σε PDF: ") + job_.title,
+    deliver(u"Εγγραφή σε PDF: "_s + job_.title,
             [&](const platform::PageStep& step) { return mod_.services.printers.writePdf(*document_, file, step); });
     if (delivered_) accept();
 }

@@ -13,6 +13,8 @@
 #include "controls/names.h"
 #include "controls/theme.h"
 
+using namespace Qt::Literals::StringLiterals;
+
 namespace core {
 
 namespace {
@@ -72,14 +74,14 @@ void WorkProgress::show() {
         hourglass_ = false;
     }
     window_ = std::make_unique<ProgressDialog>(parent_, stoppable);
-    window_->setObjectName(QStringLiteral("WorkProgress"));
+    window_->setObjectName(u"WorkProgress"_s);
     window_->setWindowTitle(caption_);
     window_->setWindowModality(Qt::ApplicationModal);
     label_ = new QLabel(what_);
     label_->setTextFormat(Qt::PlainText);
     label_->setWordWrap(true);
-    bar_ = controls::named(new QProgressBar, QStringLiteral("ProgressBar1"));
-    bar_->setAccessibleName(QStringLiteral("Πρόοδος εργασίας"));
+    bar_ = controls::named(new QProgressBar, u"ProgressBar1"_s);
+    bar_->setAccessibleName(u"Πρόοδος εργασίας"_s);
     bar_->setRange(0, 1000);
     auto* layout = new QVBoxLayout(window_.get());
     layout->setContentsMargins(16, 14, 16, 14);
@@ -87,7 +89,7 @@ void WorkProgress::show() {
     layout->addWidget(label_);
     layout->addWidget(bar_);
     if (stoppable) {
-        auto* stop = controls::named(new QPushButton(QStringLiteral("&Διακοπή")), QStringLiteral("cmdStop"));
+        auto* stop = controls::named(new QPushButton(u"&Διακοπή"_s), u"cmdStop"_s);
         layout->addWidget(stop, 0, Qt::AlignRight);
         QObject::connect(stop, &QPushButton::clicked, window_.get(), &QDialog::reject);
         QObject::connect(window_.get(), &QDialog::rejected, window_.get(), [this] { stopped_ = true; });

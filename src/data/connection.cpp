@@ -8,20 +8,22 @@
 #include "data/rowstore.h"
 #include "data/sqlite/sqliteengine.h"
 
+using namespace Qt::Literals::StringLiterals;
+
 namespace data {
 namespace {
 
 OpenSettings settingsFrom(const QString& connectionString) {
     const QHash<QString, QString> properties = parseConnectionString(connectionString);
     OpenSettings settings;
-    settings.file = properties.value(QStringLiteral("data source"));
-    settings.password = properties.value(QStringLiteral("jet oledb:database password"));
-    settings.readOnly = properties.value(QStringLiteral("mode")).compare(u"read", Qt::CaseInsensitive) == 0;
+    settings.file = properties.value(u"data source"_s);
+    settings.password = properties.value(u"jet oledb:database password"_s);
+    settings.readOnly = properties.value(u"mode"_s).compare(u"read", Qt::CaseInsensitive) == 0;
     bool ok = false;
-    const int timeout = properties.value(QStringLiteral("busy timeout")).toInt(&ok);
+    const int timeout = properties.value(u"busy timeout"_s).toInt(&ok);
     if (ok && timeout >= 0) settings.busyTimeoutMs = timeout;
     if (settings.file.isEmpty())
-        throw Error(ErrorCategory::Connection, QStringLiteral("Η σύνδεση δεν λέει ποιο αρχείο να ανοίξει."));
+        throw Error(ErrorCategory::Connection, u"Η σύνδεση δεν λέει ποιο αρχείο να ανοίξει."_s);
     return settings;
 }
 
@@ -82,8 +84,7 @@ const QString& Connection::connectionString() const {
 }
 
 Engine& Connection::engine() {
-    if (!d->engine)
-        throw Error(ErrorCategory::Connection, QStringLiteral("Η σύνδεση με τη βάση δεδομένων είναι κλειστή."));
+    if (!d->engine) throw Error(ErrorCategory::Connection, u"Η σύνδεση με τη βάση δεδομένων είναι κλειστή."_s);
     return *d->engine;
 }
 
@@ -154,8 +155,7 @@ Recordset Connection::openSchemaTables() {
         rows.text(utf8.constData(), utf8.size());
         rows.text("TABLE", 5);
     }
-    return Recordset({{QStringLiteral("TABLE_NAME"), ColumnType::Text, 255, -1},
-                      {QStringLiteral("TABLE_TYPE"), ColumnType::Text, 255, -1}},
+    return Recordset({{u"TABLE_NAME"_s, ColumnType::Text, 255, -1}, {u"TABLE_TYPE"_s, ColumnType::Text, 255, -1}},
                      std::move(rows));
 }
 
@@ -166,8 +166,7 @@ QVector<QVariant> parameterValues(const Translation& translation, const Paramete
         const auto it =
             std::find_if(given.keyBegin(), given.keyEnd(), [&](const QString& name) { return nameKey(name) == key; });
         if (it == given.keyEnd()) {
-            throw Error(ErrorCategory::Parameter,
-                        QStringLiteral("Δεν δόθηκε τιμή για την παράμετρο «%1».").arg(wanted));
+            throw Error(ErrorCategory::Parameter, u"Δεν δόθηκε τιμή για την παράμετρο «%1»."_s.arg(wanted));
         }
         values.append(storedForm(*it.base()));
     }

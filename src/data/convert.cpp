@@ -6,11 +6,13 @@
 #include "data/error.h"
 #include "data/fold.h"
 
+using namespace Qt::Literals::StringLiterals;
+
 namespace data {
 namespace {
 
 [[noreturn]] void refuse(const ColumnInfo& column, ErrorCategory category, const QString& why) {
-    throw Error(category, QStringLiteral("Η τιμή του πεδίου «%1» %2").arg(column.name, why));
+    throw Error(category, u"Η τιμή του πεδίου «%1» %2"_s.arg(column.name, why));
 }
 
 [[noreturn]] void refuseType(const ColumnInfo& column, const QString& why) {
@@ -55,10 +57,10 @@ double toNumber(const QVariant& value, const ColumnInfo& column) {
     if (value.typeId() == QMetaType::QDateTime) return double(dateToSeconds(value.toDateTime())) / 86400;
     if (isText(value)) {
         if (const auto number = parseNumber(value.toString())) return *number;
-        refuseType(column, value.toString().trimmed().isEmpty() ? QStringLiteral("είναι κενή και χρειάζεται αριθμό.")
-                                                                : QStringLiteral("δεν είναι αριθμός."));
+        refuseType(column, value.toString().trimmed().isEmpty() ? u"είναι κενή και χρειάζεται αριθμό."_s
+                                                                : u"δεν είναι αριθμός."_s);
     }
-    refuseType(column, QStringLiteral("δεν είναι αριθμός."));
+    refuseType(column, u"δεν είναι αριθμός."_s);
 }
 
 QVariant toWhole(const QVariant& value, const ColumnInfo& column) {
@@ -67,7 +69,7 @@ QVariant toWhole(const QVariant& value, const ColumnInfo& column) {
     const double high = shortInteger ? std::numeric_limits<qint16>::max() : std::numeric_limits<qint32>::max();
     const double number = std::nearbyint(toNumber(value, column));  // the default rounding is half to even
     if (!(number >= low && number <= high))
-        refuseType(column, QStringLiteral("είναι έξω από τα όρια (%1 έως %2).").arg(qint64(low)).arg(qint64(high)));
+        refuseType(column, u"είναι έξω από τα όρια (%1 έως %2)."_s.arg(qint64(low)).arg(qint64(high)));
     return qint64(number);
 }
 
@@ -75,17 +77,17 @@ QVariant toReal(const QVariant& value, const ColumnInfo& column) {
     const double number = toNumber(value, column);
     const bool single = column.type == ColumnType::Single;
     if (!std::isfinite(number) || (single && std::fabs(number) > double(std::numeric_limits<float>::max())))
-        refuseType(column, QStringLiteral("είναι έξω από τα όρια."));
+        refuseType(column, u"είναι έξω από τα όρια."_s);
     return number == 0 ? 0.0 : number;  // no negative zero
 }
 
 QVariant toText(const QVariant& value, const ColumnInfo& column) {
     if (value.typeId() == QMetaType::QByteArray || !value.canConvert<QString>())
-        refuseType(column, QStringLiteral("δεν είναι κείμενο."));
+        refuseType(column, u"δεν είναι κείμενο."_s);
     const QString text = valueText(value);
     if (column.type == ColumnType::Text && column.size > 0 && text.size() > column.size) {
         refuse(column, ErrorCategory::Constraint,
-               QStringLiteral("έχει %1 χαρακτήρες και χωράνε %2.").arg(text.size()).arg(column.size));
+               u"έχει %1 χαρακτήρες και χωράνε %2."_s.arg(text.size()).arg(column.size));
     }
     return text;
 }
@@ -100,7 +102,7 @@ QVariant toYesNo(const QVariant& value, const ColumnInfo& column) {
     } else if (isInteger(value) || isReal(value)) {
         return value.toDouble() != 0;
     }
-    refuseType(column, QStringLiteral("πρέπει να είναι Ναι ή Όχι."));
+    refuseType(column, u"πρέπει να είναι Ναι ή Όχι."_s);
 }
 
 QVariant toDateTime(const QVariant& value, const ColumnInfo& column, DateOrder order) {
@@ -115,14 +117,14 @@ QVariant toDateTime(const QVariant& value, const ColumnInfo& column, DateOrder o
         at = daysToDate(value.toDouble());
     else if (isText(value))
         at = parseDate(value.toString(), order).value_or(QDateTime());
-    if (!at.isValid()) refuseType(column, QStringLiteral("δεν είναι ημερομηνία ή ώρα."));
+    if (!at.isValid()) refuseType(column, u"δεν είναι ημερομηνία ή ώρα."_s);
     if (at.date().year() < 100 || at.date().year() > 9999)
-        refuseType(column, QStringLiteral("είναι ημερομηνία έξω από τα έτη 100 έως 9999."));
+        refuseType(column, u"είναι ημερομηνία έξω από τα έτη 100 έως 9999."_s);
     return secondsToDate(dateToSeconds(at));
 }
 
 QVariant toBinary(const QVariant& value, const ColumnInfo& column) {
-    if (value.typeId() != QMetaType::QByteArray) refuseType(column, QStringLiteral("δεν είναι δεδομένα αρχείου."));
+    if (value.typeId() != QMetaType::QByteArray) refuseType(column, u"δεν είναι δεδομένα αρχείου."_s);
     return value;
 }
 

@@ -2,9 +2,11 @@
 
 #include "data/password.h"
 
+using namespace Qt::Literals::StringLiterals;
+
 namespace data {
 
-static const QString passwordProperty = QStringLiteral("password");
+static const QString passwordProperty = u"password"_s;
 
 void setDatabasePassword(Engine& engine, const QString& password) {
     engine.setProperty(passwordProperty, password.isEmpty() ? QString() : makeVerifier(password, PasswordCost::Light));

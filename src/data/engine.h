@@ -15,6 +15,8 @@
 
 namespace data {
 
+using namespace Qt::Literals::StringLiterals;
+
 class EngineDialect;
 
 // Where the rows of a statement go; a cell is handed over in the engine's own form, without a copy.
@@ -73,7 +75,7 @@ public:
         Q_UNUSED(atMoment)
         Q_UNUSED(goOn)
         throw Error(ErrorCategory::State,
-                    QStringLiteral("Το αντίγραφο μιας βάσης σε διακομιστή γίνεται με τα εργαλεία του διακομιστή."));
+                    u"Το αντίγραφο μιας βάσης σε διακομιστή γίνεται με τα εργαλεία του διακομιστή."_s);
     }
     // Throws Error(Busy) while anybody else has the database open. Brings an embedded one into its one file, so that it
     // can be moved, and lets nobody in before rollback() or the connection's end.

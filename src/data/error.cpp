@@ -3,6 +3,8 @@
 #include <QDir>
 #include <QFileDevice>
 
+using namespace Qt::Literals::StringLiterals;
+
 namespace data {
 
 qint32 adoErrorNumber(ErrorCategory category) {
@@ -45,14 +47,13 @@ Error::Error(ErrorCategory category, QString text, QString statement, int engine
       utf8_(text_.toUtf8()) {}
 
 void failWriting(const QString& file, const QString& why) {
-    throw Error(ErrorCategory::Full,
-                QStringLiteral("Δεν γράφεται το αρχείο «%1»: %2").arg(QDir::toNativeSeparators(file), why));
+    throw Error(ErrorCategory::Full, u"Δεν γράφεται το αρχείο «%1»: %2"_s.arg(QDir::toNativeSeparators(file), why));
 }
 
 // Of a disk that took only the first part of a write nothing is known but that.
 void failWriting(const QFileDevice& file) {
     const bool full = file.error() == QFileDevice::ResourceError || file.error() == QFileDevice::NoError;
-    failWriting(file.fileName(), full ? QStringLiteral("Ο δίσκος είναι γεμάτος.") : file.errorString());
+    failWriting(file.fileName(), full ? u"Ο δίσκος είναι γεμάτος."_s : file.errorString());
 }
 
 }  // namespace data

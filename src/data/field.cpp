@@ -3,6 +3,8 @@
 #include "data/convert.h"
 #include "data/recordsetprivate.h"
 
+using namespace Qt::Literals::StringLiterals;
+
 namespace data {
 namespace {
 
@@ -125,7 +127,7 @@ void Field::appendChunk(const QByteArray& bytes) {
     auto& d = *recordset_->d;
     d.requireUpdatable();
     if (columnType() != ColumnType::LongBinary && columnType() != ColumnType::Memo)
-        throw Error(ErrorCategory::Type, QStringLiteral("Το πεδίο «%1» δεν γράφεται κατά τμήματα.").arg(name()));
+        throw Error(ErrorCategory::Type, u"Το πεδίο «%1» δεν γράφεται κατά τμήματα."_s.arg(name()));
     d.columnInfo(index_);
     d.beginEdit();
     d.pending.remove(index_);

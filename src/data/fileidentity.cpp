@@ -8,6 +8,8 @@
 #include "data/sqlite/filehead.h"
 #include "data/types.h"
 
+using namespace Qt::Literals::StringLiterals;
+
 namespace data {
 namespace {
 
@@ -35,7 +37,7 @@ FileIdentity identifySqlite(const QByteArray& head) {
 }  // namespace
 
 QStringList sqliteSideFiles(const QString& file) {
-    return {file + QStringLiteral("-wal"), file + QStringLiteral("-shm"), file + QStringLiteral("-journal")};
+    return {file + u"-wal"_s, file + u"-shm"_s, file + u"-journal"_s};
 }
 
 FileIdentity identifyFile(const QString& file) {
@@ -54,29 +56,29 @@ FileIdentity identifyFile(const QString& file) {
 
 QString fileKindText(const QString& file, FileKind kind) {
     const auto about = [&file](const QString& what) {
-        return QStringLiteral("Το αρχείο «%1» %2").arg(QDir::toNativeSeparators(file), what);
+        return u"Το αρχείο «%1» %2"_s.arg(QDir::toNativeSeparators(file), what);
     };
     switch (kind) {
         case FileKind::Missing:
-            return about(QStringLiteral("δεν υπάρχει. Ελέγξτε τον φάκελο των δεδομένων."));
+            return about(u"δεν υπάρχει. Ελέγξτε τον φάκελο των δεδομένων."_s);
         case FileKind::Unreadable:
-            return about(QStringLiteral("δεν διαβάζεται. Ελέγξτε αν είναι αρχείο και αν έχετε δικαίωμα ανάγνωσης."));
+            return about(u"δεν διαβάζεται. Ελέγξτε αν είναι αρχείο και αν έχετε δικαίωμα ανάγνωσης."_s);
         case FileKind::Empty:
-            return about(QStringLiteral("είναι άδειο. Επαναφέρετε ένα αντίγραφο ασφαλείας ή φτιάξτε νέα βάση."));
+            return about(u"είναι άδειο. Επαναφέρετε ένα αντίγραφο ασφαλείας ή φτιάξτε νέα βάση."_s);
         case FileKind::Jet:
             return about(
-                QStringLiteral("είναι βάση Microsoft Access (Jet), που δεν ανοίγει εδώ. "
-                               "Διαλέξτε τον φάκελο με τη βάση αυτού του προγράμματος."));
+                u"είναι βάση Microsoft Access (Jet), που δεν ανοίγει εδώ. "
+                "Διαλέξτε τον φάκελο με τη βάση αυτού του προγράμματος."_s);
         case FileKind::ServerDescription:
-            return about(QStringLiteral("περιγράφει βάση σε διακομιστή και δεν είναι το ίδιο βάση δεδομένων."));
+            return about(u"περιγράφει βάση σε διακομιστή και δεν είναι το ίδιο βάση δεδομένων."_s);
         case FileKind::ForeignSqlite:
             return about(
-                QStringLiteral("είναι βάση SQLite άλλου προγράμματος. "
-                               "Διαλέξτε τον φάκελο με τη βάση αυτού του προγράμματος."));
+                u"είναι βάση SQLite άλλου προγράμματος. "
+                "Διαλέξτε τον φάκελο με τη βάση αυτού του προγράμματος."_s);
         case FileKind::Noise:
             return about(
-                QStringLiteral("δεν είναι βάση δεδομένων ή έχει καταστραφεί. "
-                               "Επαναφέρετε ένα αντίγραφο ασφαλείας."));
+                u"δεν είναι βάση δεδομένων ή έχει καταστραφεί. "
+                "Επαναφέρετε ένα αντίγραφο ασφαλείας."_s);
         case FileKind::Main:
         case FileKind::Users:
             break;

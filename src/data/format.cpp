@@ -4,6 +4,8 @@
 
 #include "data/formatparts.h"
 
+using namespace Qt::Literals::StringLiterals;
+
 namespace data {
 namespace {
 
@@ -79,8 +81,8 @@ QString format(const QVariant& value, QStringView pattern) {
 }
 
 QString numberText(double value) {
-    if (std::isnan(value)) return QStringLiteral("NaN");
-    if (std::isinf(value)) return value < 0 ? QStringLiteral("-∞") : QStringLiteral("∞");
+    if (std::isnan(value)) return u"NaN"_s;
+    if (std::isinf(value)) return value < 0 ? u"-∞"_s : u"∞"_s;
     Decimal decimal = Decimal::of(value);
     // Plain digits as far as people read them, powers of ten beyond.
     int exponent = 0;
@@ -89,8 +91,7 @@ QString numberText(double value) {
         decimal.point = 1;
     }
     const int places = qMax(0, int(decimal.digits.size()) - decimal.point);
-    const QString text =
-        formatNumber(decimal, places > 0 ? QStringLiteral("0.") + QString(places, u'0') : QStringLiteral("0"));
+    const QString text = formatNumber(decimal, places > 0 ? u"0."_s + QString(places, u'0') : u"0"_s);
     return exponent == 0 ? text : text + u'E' + QString::number(exponent);
 }
 
@@ -99,7 +100,7 @@ QString valueText(const QVariant& value) {
     if (isDateType(value)) return dateText(*asDate(value));
     switch (value.typeId()) {
         case QMetaType::Bool:
-            return value.toBool() ? QStringLiteral("True") : QStringLiteral("False");
+            return value.toBool() ? u"True"_s : u"False"_s;
         case QMetaType::Float:
         case QMetaType::Double:
             return numberText(value.toDouble());

@@ -2,6 +2,8 @@
 
 #include "data/formatparts.h"
 
+using namespace Qt::Literals::StringLiterals;
+
 namespace data {
 namespace {
 
@@ -105,7 +107,7 @@ QString dayText(QDate date, int count) {
     if (count <= 2) return padded(date.day(), count);
     const QString name = QString::fromUtf16(dayNames[date.dayOfWeek() - 1]);
     if (count > 3) return name;
-    return date.dayOfWeek() == 6 ? QStringLiteral("Σαβ") : name.left(3);
+    return date.dayOfWeek() == 6 ? u"Σαβ"_s : name.left(3);
 }
 
 QString monthText(QDate date, int count, bool afterDay) {

@@ -6,6 +6,8 @@
 
 #include "data/error.h"
 
+using namespace Qt::Literals::StringLiterals;
+
 namespace data {
 namespace {
 
@@ -21,7 +23,7 @@ Cost costOf(PasswordCost cost) {
 
 void ready() {
     static const int state = sodium_init();
-    if (state < 0) throw Error(ErrorCategory::Other, QStringLiteral("Δεν ξεκίνησε η βιβλιοθήκη κρυπτογράφησης."));
+    if (state < 0) throw Error(ErrorCategory::Other, u"Δεν ξεκίνησε η βιβλιοθήκη κρυπτογράφησης."_s);
 }
 
 // The library reads a whole field of this size.
@@ -45,7 +47,7 @@ QString makeVerifier(const QString& password, PasswordCost cost) {
     char verifier[crypto_pwhash_STRBYTES];
     if (crypto_pwhash_str_alg(verifier, utf8.constData(), utf8.size(), work.passes, work.memory,
                               crypto_pwhash_ALG_ARGON2ID13) != 0)
-        throw Error(ErrorCategory::Other, QStringLiteral("Δεν υπάρχει αρκετή μνήμη για τον έλεγχο του κωδικού."));
+        throw Error(ErrorCategory::Other, u"Δεν υπάρχει αρκετή μνήμη για τον έλεγχο του κωδικού."_s);
     return QString::fromLatin1(verifier);
 }
 

@@ -3,6 +3,8 @@
 #include "data/recordsetprivate.h"
 #include "data/rowfinder.h"
 
+using namespace Qt::Literals::StringLiterals;
+
 namespace data {
 
 Recordset::Recordset() : d(std::make_unique<Private>()) {}
@@ -48,8 +50,8 @@ bool Recordset::isOpen() const {
 void Recordset::requery() {
     d->requireOpen();
     if (!d->connection || d->mode != EditMode::None) {
-        throw Error(ErrorCategory::State, d->connection ? QStringLiteral("Η εγγραφή που αλλάζει δεν έχει αποθηκευτεί.")
-                                                        : QStringLiteral("Αυτές οι εγγραφές δεν ξαναδιαβάζονται."));
+        throw Error(ErrorCategory::State, d->connection ? u"Η εγγραφή που αλλάζει δεν έχει αποθηκευτεί."_s
+                                                        : u"Αυτές οι εγγραφές δεν ξαναδιαβάζονται."_s);
     }
     d->fetch();
 }
@@ -78,7 +80,7 @@ qint64 Recordset::absolutePosition() const {
 void Recordset::setAbsolutePosition(qint64 position) {
     update();
     if (position < 1 || position > d->rows.count())
-        throw Error(ErrorCategory::State, QStringLiteral("Δεν υπάρχει εγγραφή στη θέση %1.").arg(position), d->sql);
+        throw Error(ErrorCategory::State, u"Δεν υπάρχει εγγραφή στη θέση %1."_s.arg(position), d->sql);
     d->moveTo(position - 1);
 }
 
@@ -110,8 +112,7 @@ void Recordset::find(const QString& criterion, qint64 skip, SearchDirection dire
     update();
     const FindCriterion wanted = parseCriterion(criterion, d->dateOrder());
     const int column = d->indexOf(wanted.column);
-    if (column < 0)
-        throw Error(ErrorCategory::Syntax, QStringLiteral("Δεν υπάρχει πεδίο «%1».").arg(wanted.column), criterion);
+    if (column < 0) throw Error(ErrorCategory::Syntax, u"Δεν υπάρχει πεδίο «%1»."_s.arg(wanted.column), criterion);
     const OutputColumn& output = d->columns[column];
     CellMatcher matcher(wanted, {output.name, output.type, output.size});
 
@@ -129,14 +130,14 @@ int Recordset::fieldCount() const {
 Field Recordset::field(int index) {
     d->requireOpen();
     if (index < 0 || index >= d->columns.size())
-        throw Error(ErrorCategory::State, QStringLiteral("Δεν υπάρχει πεδίο με αριθμό %1.").arg(index), d->sql);
+        throw Error(ErrorCategory::State, u"Δεν υπάρχει πεδίο με αριθμό %1."_s.arg(index), d->sql);
     return Field(this, index);
 }
 
 Field Recordset::field(QStringView name) {
     d->requireOpen();
     const int index = d->indexOf(name);
-    if (index < 0) throw Error(ErrorCategory::Syntax, QStringLiteral("Δεν υπάρχει πεδίο «%1».").arg(name), d->sql);
+    if (index < 0) throw Error(ErrorCategory::Syntax, u"Δεν υπάρχει πεδίο «%1»."_s.arg(name), d->sql);
     return Field(this, index);
 }
 
@@ -181,8 +182,7 @@ void Recordset::cancelUpdate() {
 
 void Recordset::remove() {
     d->requireUpdatable();
-    if (d->mode == EditMode::Add)
-        throw Error(ErrorCategory::State, QStringLiteral("Η νέα εγγραφή δεν έχει αποθηκευτεί."));
+    if (d->mode == EditMode::Add) throw Error(ErrorCategory::State, u"Η νέα εγγραφή δεν έχει αποθηκευτεί."_s);
     d->requireRow();
     RowWriter(d->connection->engine(), d->table).remove(d->identity());
     d->endEdit();

@@ -1,5 +1,7 @@
 #include "data/recordsetprivate.h"
 
+using namespace Qt::Literals::StringLiterals;
+
 namespace data {
 
 void Recordset::Private::setColumns(const QVector<OutputColumn>& list) {
@@ -13,7 +15,7 @@ void Recordset::Private::setColumns(const QVector<OutputColumn>& list) {
 void Recordset::Private::fetch() {
     const auto translation = connection->translate(sql, options);
     if (translation->kind != StatementKind::Select)
-        throw Error(ErrorCategory::State, QStringLiteral("Η εντολή δεν επιστρέφει εγγραφές."), sql);
+        throw Error(ErrorCategory::State, u"Η εντολή δεν επιστρέφει εγγραφές."_s, sql);
     const TableInfo* const base =
         translation->baseTable.isEmpty() ? nullptr : connection->catalog().find(translation->baseTable);
     const auto periodFirst = [&] {
@@ -46,17 +48,17 @@ int Recordset::Private::indexOf(QStringView name) {
 }
 
 void Recordset::Private::requireOpen() const {
-    if (!isOpen) throw Error(ErrorCategory::State, QStringLiteral("Το σύνολο εγγραφών είναι κλειστό."));
+    if (!isOpen) throw Error(ErrorCategory::State, u"Το σύνολο εγγραφών είναι κλειστό."_s);
 }
 
 void Recordset::Private::requireRow() const {
     requireOpen();
-    if (!hasRow()) throw Error(ErrorCategory::State, QStringLiteral("Δεν υπάρχει τρέχουσα εγγραφή."), sql);
+    if (!hasRow()) throw Error(ErrorCategory::State, u"Δεν υπάρχει τρέχουσα εγγραφή."_s, sql);
 }
 
 void Recordset::Private::requireUpdatable() const {
     requireOpen();
-    if (table.name.isEmpty()) throw Error(ErrorCategory::State, QStringLiteral("Αυτές οι εγγραφές δεν αλλάζουν."), sql);
+    if (table.name.isEmpty()) throw Error(ErrorCategory::State, u"Αυτές οι εγγραφές δεν αλλάζουν."_s, sql);
 }
 
 void Recordset::Private::moveTo(qint64 target) {
@@ -87,8 +89,7 @@ QVariant Recordset::Private::value(int column) const {
 ColumnInfo Recordset::Private::columnInfo(int column) const {
     const int base = columns[column].baseColumn;
     if (base < 0)
-        throw Error(ErrorCategory::State,
-                    QStringLiteral("Το πεδίο «%1» υπολογίζεται και δεν αλλάζει.").arg(columns[column].name));
+        throw Error(ErrorCategory::State, u"Το πεδίο «%1» υπολογίζεται και δεν αλλάζει."_s.arg(columns[column].name));
     return table.columns[base];
 }
 
@@ -130,7 +131,7 @@ void Recordset::Private::writeChanges() {
     const QVector<ColumnChange> changed = changes();
     for (const ColumnChange& change : changed) {
         if (change.column == table.autonumber)
-            throw Error(ErrorCategory::ReadOnly, QStringLiteral("Ο αύξων αριθμός μιας εγγραφής δεν αλλάζει."), sql);
+            throw Error(ErrorCategory::ReadOnly, u"Ο αύξων αριθμός μιας εγγραφής δεν αλλάζει."_s, sql);
     }
     RowWriter(connection->engine(), table).update(identity(), changed);
     for (const ColumnChange& change : changed) {

@@ -6,6 +6,8 @@
 #include "data/error.h"
 #include "data/fold.h"
 
+using namespace Qt::Literals::StringLiterals;
+
 namespace data {
 namespace {
 
@@ -20,17 +22,16 @@ public:
         criterion.op = readOperator();
         criterion.value = readValue();
         skipBlanks();
-        if (at_ < text_.size()) fail(QStringLiteral("το τέλος του κριτηρίου"));
+        if (at_ < text_.size()) fail(u"το τέλος του κριτηρίου"_s);
         return criterion;
     }
 
 private:
     [[noreturn]] void fail(const QString& expected) const {
-        throw Error(ErrorCategory::Syntax,
-                    QStringLiteral("Το κριτήριο αναζήτησης δεν είναι σωστό στον χαρακτήρα %1: περίμενα %2.")
-                        .arg(at_ + 1)
-                        .arg(expected),
-                    text_.toString());
+        throw Error(
+            ErrorCategory::Syntax,
+            u"Το κριτήριο αναζήτησης δεν είναι σωστό στον χαρακτήρα %1: περίμενα %2."_s.arg(at_ + 1).arg(expected),
+            text_.toString());
     }
 
     void skipBlanks() {
@@ -41,14 +42,14 @@ private:
         skipBlanks();
         if (at_ < text_.size() && text_[at_] == u'[') {
             const qsizetype end = text_.indexOf(u']', at_);
-            if (end < 0) fail(QStringLiteral("«]»"));
+            if (end < 0) fail(u"«]»"_s);
             const QString name = text_.mid(at_ + 1, end - at_ - 1).toString();
             at_ = end + 1;
             return name;
         }
         const qsizetype start = at_;
         while (at_ < text_.size() && (text_[at_].isLetterOrNumber() || text_[at_] == u'_')) ++at_;
-        if (at_ == start) fail(QStringLiteral("όνομα πεδίου"));
+        if (at_ == start) fail(u"όνομα πεδίου"_s);
         return text_.mid(start, at_ - start).toString();
     }
 
@@ -66,12 +67,12 @@ private:
             at_ += word.size();
             return op;
         }
-        fail(QStringLiteral("σύγκριση (=, <>, <, <=, >, >=, LIKE)"));
+        fail(u"σύγκριση (=, <>, <, <=, >, >=, LIKE)"_s);
     }
 
     QVariant readValue() {
         skipBlanks();
-        if (at_ >= text_.size()) fail(QStringLiteral("τιμή"));
+        if (at_ >= text_.size()) fail(u"τιμή"_s);
         const QChar first = text_[at_];
         if (first == u'\'' || first == u'"') return readQuoted(first);
         if (first == u'#') return readDate();
@@ -85,7 +86,7 @@ private:
         const double number = word.toString().replace(u',', u'.').toDouble(&ok);
         if (ok && std::isfinite(number)) return number;
         at_ -= word.size();
-        fail(QStringLiteral("αριθμό, κείμενο σε εισαγωγικά ή ημερομηνία"));
+        fail(u"αριθμό, κείμενο σε εισαγωγικά ή ημερομηνία"_s);
     }
 
     QString readQuoted(QChar quote) {
@@ -100,13 +101,13 @@ private:
             }
             value += text_[at_];
         }
-        fail(QStringLiteral("εισαγωγικό που κλείνει"));
+        fail(u"εισαγωγικό που κλείνει"_s);
     }
 
     QDateTime readDate() {
         const qsizetype end = text_.indexOf(u'#', at_ + 1);
         const auto date = end < 0 ? std::nullopt : parseDate(text_.mid(at_ + 1, end - at_ - 1), order_);
-        if (!date) fail(QStringLiteral("ημερομηνία ανάμεσα σε #"));
+        if (!date) fail(u"ημερομηνία ανάμεσα σε #"_s);
         at_ = end + 1;
         return *date;
     }
@@ -130,8 +131,7 @@ qsizetype characterSize(const char* at, const char* end) {
 // The value as a number that cells of the column compare with.
 double numberFor(const QVariant& value, const ColumnInfo& column) {
     const auto misfit = [&column] {
-        return Error(ErrorCategory::Type,
-                     QStringLiteral("Η τιμή της αναζήτησης δεν ταιριάζει με το πεδίο «%1».").arg(column.name));
+        return Error(ErrorCategory::Type, u"Η τιμή της αναζήτησης δεν ταιριάζει με το πεδίο «%1»."_s.arg(column.name));
     };
     if (value.typeId() == QMetaType::QDateTime) return double(dateToSeconds(value.toDateTime()));
     if (value.typeId() == QMetaType::QString) {

@@ -2,11 +2,13 @@
 
 #include "data/dialect/enginedialect.h"
 
+using namespace Qt::Literals::StringLiterals;
+
 namespace data {
 namespace {
 
 [[noreturn]] void reportDeleted() {
-    throw Error(ErrorCategory::Conflict, QStringLiteral("Η εγγραφή διαγράφηκε στο μεταξύ από άλλον χρήστη."));
+    throw Error(ErrorCategory::Conflict, u"Η εγγραφή διαγράφηκε στο μεταξύ από άλλον χρήστη."_s);
 }
 
 }  // namespace
@@ -45,7 +47,7 @@ void RowWriter::update(const QVariant& identity, const QVector<ColumnChange>& ch
     if (engine_.execute(sql, parameters).affected > 0) return;
     requireRow(identity);
     throw Error(ErrorCategory::Conflict,
-                QStringLiteral("Η εγγραφή άλλαξε στο μεταξύ από άλλον χρήστη και οι αλλαγές σας δεν αποθηκεύτηκαν."));
+                u"Η εγγραφή άλλαξε στο μεταξύ από άλλον χρήστη και οι αλλαγές σας δεν αποθηκεύτηκαν."_s);
 }
 
 qint64 RowWriter::insert(const QVector<ColumnChange>& values) {

@@ -6,6 +6,8 @@
 
 #include "data/error.h"
 
+using namespace Qt::Literals::StringLiterals;
+
 namespace data {
 namespace {
 
@@ -37,13 +39,13 @@ void set(ServerDescription& server, const QString& name, const QString& value, c
         if (name.compare(QStringView(key.name), Qt::CaseInsensitive) == 0) {
             server.*key.value = value;
             if (key.value == &ServerDescription::schema && value.toUtf8().size() > schemaBytes)
-                refuse(where + QStringLiteral(" το όνομα του σχήματος είναι πολύ μακρύ (έως %1 ελληνικά γράμματα).")
-                                   .arg(schemaBytes / 2));
+                refuse(where +
+                       u" το όνομα του σχήματος είναι πολύ μακρύ (έως %1 ελληνικά γράμματα)."_s.arg(schemaBytes / 2));
             return;
         }
-    refuse(QStringLiteral("%1 το «%2» δεν είναι στοιχείο διακομιστή. Δεκτά είναι: host, port, database, user, sslmode, "
-                          "service, schema.")
-               .arg(where, name.left(40)));
+    refuse(
+        u"%1 το «%2» δεν είναι στοιχείο διακομιστή. Δεκτά είναι: host, port, database, user, sslmode, "
+        "service, schema."_s.arg(where, name.left(40)));
 }
 
 // What a value means: between quotes everything, else up to a comment. A password is never cut.
@@ -54,13 +56,13 @@ QString unwrapped(const QString& text, bool password) {
         const QString rest = text.mid(end + 1).trimmed();
         if (end > 0 && (rest.isEmpty() || (!password && rest.startsWith(u'#')))) return text.mid(1, end - 1);
     }
-    const qsizetype comment = password ? -1 : text.indexOf(QStringLiteral(" #"));
+    const qsizetype comment = password ? -1 : text.indexOf(u" #"_s);
     return comment < 0 ? text : text.left(comment).trimmed();
 }
 
 QString wrapped(const QString& value) {
-    const bool plain = !value.contains(QStringLiteral(" #")) && !value.startsWith(u'"') && !value.startsWith(u'\'') &&
-                       value == value.trimmed();
+    const bool plain =
+        !value.contains(u" #"_s) && !value.startsWith(u'"') && !value.startsWith(u'\'') && value == value.trimmed();
     const QChar quote = value.contains(u'"') ? u'\'' : u'"';
     return plain ? value : quote + value + quote;
 }
@@ -105,8 +107,7 @@ ServerDescription parseServerDescription(const QString& text, const QString& fil
     for (const QString& line : text.split(u'\n')) {
         ++number;
         if (!split(line, key, value)) continue;
-        set(server, key, value,
-            QStringLiteral("Στο αρχείο «%1», γραμμή %2,").arg(QFileInfo(file).fileName()).arg(number));
+        set(server, key, value, u"Στο αρχείο «%1», γραμμή %2,"_s.arg(QFileInfo(file).fileName()).arg(number));
     }
     return server;
 }
@@ -114,13 +115,13 @@ ServerDescription parseServerDescription(const QString& text, const QString& fil
 ServerDescription readServerDescription(const QString& file) {
     QFile source(file);
     if (!source.open(QIODevice::ReadOnly))
-        refuse(QStringLiteral("Το αρχείο «%1» δεν διαβάζεται: %2").arg(file, source.errorString()));
+        refuse(u"Το αρχείο «%1» δεν διαβάζεται: %2"_s.arg(file, source.errorString()));
     return parseServerDescription(decodeDescription(source.read(longestFile)), file);
 }
 
 ServerDescription serverFromOptions(const QString& text) {
     ServerDescription server;
-    const QString where = QStringLiteral("Στα στοιχεία του διακομιστή");
+    const QString where = u"Στα στοιχεία του διακομιστή"_s;
     for (qsizetype at = 0; at < text.size();) {
         if (text[at].isSpace()) {
             ++at;
@@ -132,7 +133,7 @@ ServerDescription serverFromOptions(const QString& text) {
         at = equals + 1;
         const bool quoted = at < text.size() && (text[at] == u'\'' || text[at] == u'"');
         qsizetype end = quoted ? text.indexOf(text[at], at + 1) : at;
-        if (quoted && end < 0) refuse(where + QStringLiteral(" λείπει το κλείσιμο εισαγωγικών."));
+        if (quoted && end < 0) refuse(where + u" λείπει το κλείσιμο εισαγωγικών."_s);
         if (!quoted)
             while (end < text.size() && !text[end].isSpace()) ++end;
         set(server, name, quoted ? text.mid(at + 1, end - at - 1) : text.mid(at, end - at), where,
@@ -143,12 +144,12 @@ ServerDescription serverFromOptions(const QString& text) {
 }
 
 void writeServerDescription(const QString& file, const ServerDescription& server) {
-    QString text = QStringLiteral("# Η βάση αυτή βρίσκεται σε διακομιστή PostgreSQL.\n");
+    QString text = u"# Η βάση αυτή βρίσκεται σε διακομιστή PostgreSQL.\n"_s;
     for (const Key& key : keys) {
         const QString value = server.*key.value;
         if (value.isEmpty()) continue;
         if (QStringView(key.name) == u"server") break;
-        text += QStringLiteral("%1 = %2\n").arg(QStringView(key.name), wrapped(value));
+        text += u"%1 = %2\n"_s.arg(QStringView(key.name), wrapped(value));
     }
     QFile target(file);
     const QByteArray bytes = text.toUtf8();

@@ -5,6 +5,8 @@
 
 namespace data {
 
+using namespace Qt::Literals::StringLiterals;
+
 // Lines "key = value", the value between quotes if it must be; a line that begins with "#" is a comment, and so is what
 // stands behind " #", but not in a password. "server" is another word for host, "dbname" for database. What is left out
 // comes from where the server's own tools take it: the environment, the service file, the password file.
@@ -12,7 +14,7 @@ struct ServerDescription {
     QString host, port, database, user, password, sslMode, service;
     QString schema;  // the tables' schema in the server database; "public" when left out
 
-    QString schemaName() const { return schema.isEmpty() ? QStringLiteral("public") : schema; }
+    QString schemaName() const { return schema.isEmpty() ? u"public"_s : schema; }
 };
 
 // UTF-8, or UTF-16 that says so by its mark, as text editors save it.

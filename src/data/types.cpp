@@ -1,5 +1,7 @@
 #include "data/types.h"
 
+using namespace Qt::Literals::StringLiterals;
+
 namespace data {
 
 AdoType adoType(ColumnType type) {
@@ -64,7 +66,7 @@ void Catalog::clear() {
 }
 
 QString wordIndexName(const TableInfo& table) {
-    return u'_' + table.name + QStringLiteral("_words");
+    return u'_' + table.name + u"_words"_s;
 }
 
 }  // namespace data

@@ -12,13 +12,15 @@
 #include "schema/backup.h"
 #include "schema/office.h"
 
+using namespace Qt::Literals::StringLiterals;
+
 namespace entry {
 
 namespace {
 
-const QString section = QStringLiteral("Startup");
-const QString pathKey = QStringLiteral("Path");
-const QString mainFile = QStringLiteral("dorvalist.mdb");
+const QString section = u"Startup"_s;
+const QString pathKey = u"Path"_s;
+const QString mainFile = u"dorvalist.mdb"_s;
 
 void tell(core::MainMod& mod, const QString& text) {
     mod.services.prompts.message(nullptr, platform::MessageIcon::Critical, core::programTitle(), text);
@@ -49,7 +51,7 @@ std::optional<data::Error> openOne(data::Connection& connection, schema::Databas
     try {
         connection.close();
         // A server may be far or asleep, and a newer version may have much to do.
-        core::inBackground(nullptr, QStringLiteral("Ανοίγουν τα δεδομένα του γραφείου"), [&](const core::Tell& tell) {
+        core::inBackground(nullptr, u"Ανοίγουν τα δεδομένα του γραφείου"_s, [&](const core::Tell& tell) {
             schema::open(connection, schema::connectionString(database, file), told(tell));
         });
         return std::nullopt;
@@ -78,8 +80,7 @@ QVector<schema::Database> openAndTell(core::MainMod& mod) {
     const auto usersFailure = seatFailure ? seatFailure : openOne(mod.gConnUsers, Database::Users, mod.gUsersDbPath);
     const auto& failure = mainFailure ? mainFailure : usersFailure;
     if (failure)
-        tell(mod, QStringLiteral("Πρόβλημα στο main αρχείο της εφαρμογής (Dorvalist.mdb)%1 %2")
-                      .arg(failure->number())
+        tell(mod, u"Πρόβλημα στο main αρχείο της εφαρμογής (Dorvalist.mdb)%1 %2"_s.arg(failure->number())
                       .arg(failure->text()));
     const auto damaged = [](const auto& e) { return e && e->category() == data::ErrorCategory::Corrupt; };
     QVector<Database> found;
@@ -94,12 +95,12 @@ std::optional<core::FoundBackup> newestGoodBackup(core::MainMod& mod) {
     try {
         std::optional<core::FoundBackup> copy;
         const QDateTime now = mod.services.clock.now();
-        core::inBackground(nullptr, QStringLiteral("Ελέγχονται τα αντίγραφα ασφαλείας"),
+        core::inBackground(nullptr, u"Ελέγχονται τα αντίγραφα ασφαλείας"_s,
                            [&](const core::Tell&) { copy = core::newestGoodBackup(folder, mod.gDataPath, now); });
         return copy;
     } catch (const data::Error& error) {
-        tell(mod, QStringLiteral("Τα αντίγραφα ασφαλείας στον φάκελο «%1» δεν ελέγχθηκαν.\n%2")
-                      .arg(QDir::toNativeSeparators(folder), error.text()));
+        tell(mod, u"Τα αντίγραφα ασφαλείας στον φάκελο «%1» δεν ελέγχθηκαν.\n%2"_s.arg(QDir::toNativeSeparators(folder),
+                                                                                       error.text()));
         return std::nullopt;
     }
 }
@@ -109,15 +110,13 @@ bool restored(core::MainMod& mod, const QVector<schema::Database>& damaged) {
     const auto copy = newestGoodBackup(mod);
     if (!copy) return false;
     const QString made = data::format(copy->made, u"dd/mm/yyyy hh:nn");
-    const QString doubt =
-        copy->notChecked.isEmpty()
-            ? QString()
-            : QStringLiteral("\n\nΈνα νεότερο αντίγραφο δεν μπόρεσε να ελεγχθεί: ") + copy->notChecked;
+    const QString doubt = copy->notChecked.isEmpty()
+                              ? QString()
+                              : u"\n\nΈνα νεότερο αντίγραφο δεν μπόρεσε να ελεγχθεί: "_s + copy->notChecked;
     if (!mod.services.prompts.question(
             nullptr, core::programTitle(),
-            QStringLiteral("Υπάρχει ένα καλό αντίγραφο ασφαλείας της %1.\nΝα επαναφερθεί στη θέση του κατεστραμμένου "
-                           "αρχείου; Ό,τι γράφτηκε μετά από τότε δεν θα υπάρχει. Το κατεστραμμένο θα κρατηθεί.")
-                    .arg(made) +
+            u"Υπάρχει ένα καλό αντίγραφο ασφαλείας της %1.\nΝα επαναφερθεί στη θέση του κατεστραμμένου "
+            "αρχείου; Ό,τι γράφτηκε μετά από τότε δεν θα υπάρχει. Το κατεστραμμένο θα κρατηθεί."_s.arg(made) +
                 doubt))
         return false;
     try {
@@ -125,13 +124,13 @@ bool restored(core::MainMod& mod, const QVector<schema::Database>& damaged) {
         options.force = true;
         options.databases = damaged;
         options.now = mod.services.clock.now();
-        core::inBackground(nullptr, QStringLiteral("Επαναφορά του αντιγράφου"), [&](const core::Tell& tell) {
+        core::inBackground(nullptr, u"Επαναφορά του αντιγράφου"_s, [&](const core::Tell& tell) {
             options.progress = told(tell);
             schema::restoreOffice(copy->file, mod.gDataPath, options);
         });
         return true;
     } catch (const data::Error& error) {
-        tell(mod, QStringLiteral("Το αντίγραφο δεν επαναφέρθηκε. ") + error.text());
+        tell(mod, u"Το αντίγραφο δεν επαναφέρθηκε. "_s + error.text());
         return false;
     }
 }
@@ -155,18 +154,17 @@ Outcome run(core::MainMod& mod) {
         if (mod.gDataPath.isEmpty()) return Outcome::End;
         setPaths(mod);
         if (!QFileInfo(mod.gDataPath).isDir()) {
-            tell(mod, QStringLiteral("Δεν υπάρχει το directory ") + mod.gDataPath);
+            tell(mod, u"Δεν υπάρχει το directory "_s + mod.gDataPath);
             continue;
         }
         openBoth(mod);
         if (!exists(mod.gMainDbPath)) {
-            tell(mod, QStringLiteral("Δεν υπάρχουν στο [ %1 ]\nτα αρχεία του προγράμματος").arg(upperPath(mod)));
+            tell(mod, u"Δεν υπάρχουν στο [ %1 ]\nτα αρχεία του προγράμματος"_s.arg(upperPath(mod)));
             continue;
         }
         if (!exists(mod.gUsersDbPath)) {
-            tell(mod, QStringLiteral(
-                          "Δεν υπάρχουν στο [ %1 ]\n όλα τα αρχεία του προγράμματος! (Λείπει το Dorvalistu.mdb!!!)")
-                          .arg(upperPath(mod)));
+            tell(mod, u"Δεν υπάρχουν στο [ %1 ]\n όλα τα αρχεία του προγράμματος! (Λείπει το Dorvalistu.mdb!!!)"_s.arg(
+                          upperPath(mod)));
             return Outcome::End;
         }
         mod.services.settings.setValue(section, pathKey, mod.gDataPath);

@@ -5,11 +5,13 @@
 
 #include "controls/theme.h"
 
+using namespace Qt::Literals::StringLiterals;
+
 namespace entry {
 
 FormFrame::FormFrame(core::Form* form, std::function<void()> close) : form_(form), close_(std::move(close)) {
     setWidget(form);
-    setWindowIcon(controls::icon(QStringLiteral("card")));
+    setWindowIcon(controls::icon(u"card"_s));
     setAttribute(Qt::WA_DeleteOnClose, false);
 }
 

@@ -5,6 +5,8 @@
 #include "core/mainmod.h"
 #include "main/program.h"
 
+using namespace Qt::Literals::StringLiterals;
+
 namespace {
 
 // Handlers catch their own failures; this is the last wall, so that none takes the program down.
@@ -37,8 +39,7 @@ int main(int argc, char** argv) {
     const auto sound = platform::systemSound();
     platform::DesktopShell shell;
     platform::SystemPrinters printers;
-    controls::applyTheme(
-        app, static_cast<controls::ThemeKind>(settings->number(QStringLiteral("Options"), QStringLiteral("Theme"), 0)));
+    controls::applyTheme(app, static_cast<controls::ThemeKind>(settings->number(u"Options"_s, u"Theme"_s, 0)));
 
     core::MainMod mod({*settings, clock, prompts, *sound, shell, printers});
     app.mod = &mod;

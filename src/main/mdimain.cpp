@@ -20,41 +20,38 @@
 #include "users/frmowner.h"
 #include "users/frmusers.h"
 
+using namespace Qt::Literals::StringLiterals;
+
 namespace entry {
 
 namespace {
 
-const QString settingsSection = QStringLiteral("Settings");
-const QString optionsSection = QStringLiteral("Options");
+const QString settingsSection = u"Settings"_s;
+const QString optionsSection = u"Options"_s;
 
 }  // namespace
 
 MDIMain::MDIMain(core::MainMod& mod) : mod_(mod), windows_(*this), area_(new QMdiArea) {
-    setObjectName(QStringLiteral("MDIMain"));
-    setWindowTitle(QStringLiteral("Velmarine %1 Ver. %2").arg(core::programTitle(), core::programVersion()));
-    setWindowIcon(controls::icon(QStringLiteral("dorvalist")));
+    setObjectName(u"MDIMain"_s);
+    setWindowTitle(u"Velmarine %1 Ver. %2"_s.arg(core::programTitle(), core::programVersion()));
+    setWindowIcon(controls::icon(u"dorvalist"_s));
     area_->setHorizontalScrollBarPolicy(Qt::ScrollBarAsNeeded);
     area_->setVerticalScrollBarPolicy(Qt::ScrollBarAsNeeded);
     area_->setBackground(controls::theme().window.darker(controls::theme().dark ? 130 : 105));
     setCentralWidget(area_);
     ownActions_ = {
-        {QStringLiteral("frmOwner"), [this] { showOwner(); }},
-        {QStringLiteral("mnuLogOff"), [this] { logOff(); }},
-        {QStringLiteral("mnuExit"), [this] { close(); }},
-        {QStringLiteral("mnuBackupNow"), [this] { emit backupWanted(); }},
-        {QStringLiteral("mnuBackupFolder"), [this] { emit backupFolderWanted(); }},
-        {QStringLiteral("mnuSounds"),
-         [this] {
-             mod_.services.settings.setNumber(optionsSection, QStringLiteral("Sounds"),
-                                              menu(QStringLiteral("mnuSounds"))->isChecked());
-         }},
-        {QStringLiteral("mnuPreview"),
-         [this] { core::setPreviewsPrints(mod_.services.settings, menu(QStringLiteral("mnuPreview"))->isChecked()); }},
+        {u"frmOwner"_s, [this] { showOwner(); }},
+        {u"mnuLogOff"_s, [this] { logOff(); }},
+        {u"mnuExit"_s, [this] { close(); }},
+        {u"mnuBackupNow"_s, [this] { emit backupWanted(); }},
+        {u"mnuBackupFolder"_s, [this] { emit backupFolderWanted(); }},
+        {u"mnuSounds"_s,
+         [this] { mod_.services.settings.setNumber(optionsSection, u"Sounds"_s, menu(u"mnuSounds"_s)->isChecked()); }},
+        {u"mnuPreview"_s,
+         [this] { core::setPreviewsPrints(mod_.services.settings, menu(u"mnuPreview"_s)->isChecked()); }},
     };
-    for (int i = 1; i <= 3; ++i)
-        ownActions_.insert(controls::arrayName(QStringLiteral("MnuCat"), i), [this, i] { setNoun(i); });
-    for (int i = 0; i <= 2; ++i)
-        ownActions_.insert(controls::arrayName(QStringLiteral("mnuTheme"), i), [this, i] { setTheme(i); });
+    for (int i = 1; i <= 3; ++i) ownActions_.insert(controls::arrayName(u"MnuCat"_s, i), [this, i] { setNoun(i); });
+    for (int i = 0; i <= 2; ++i) ownActions_.insert(controls::arrayName(u"mnuTheme"_s, i), [this, i] { setTheme(i); });
     registerForms();
     buildMenus();
     buildStatusBar();
@@ -63,51 +60,48 @@ MDIMain::MDIMain(core::MainMod& mod) : mod_(mod), windows_(*this), area_(new QMd
 MDIMain::~MDIMain() = default;
 
 void MDIMain::registerForms() {
-    windows_.add(QStringLiteral("frmAddress"), [this] { return new cards::frmAddress(mod_); });
-    windows_.add(QStringLiteral("frmCategory"), [this] { return refillingCard(new cards::frmCategory(mod_)); });
-    windows_.add(QStringLiteral("frmCombos"), [this] { return refillingCard(new cards::frmCombos(mod_)); });
-    windows_.add(QStringLiteral("frmFields"),
-                 [this] { return new cards::frmFields(mod_, [this](int list) { showList(list); }); });
-    windows_.add(QStringLiteral("frmFields1"), [this] { return new cards::frmFields1(mod_); });
-    windows_.add(QStringLiteral("frmHmerologio"),
+    windows_.add(u"frmAddress"_s, [this] { return new cards::frmAddress(mod_); });
+    windows_.add(u"frmCategory"_s, [this] { return refillingCard(new cards::frmCategory(mod_)); });
+    windows_.add(u"frmCombos"_s, [this] { return refillingCard(new cards::frmCombos(mod_)); });
+    windows_.add(u"frmFields"_s, [this] { return new cards::frmFields(mod_, [this](int list) { showList(list); }); });
+    windows_.add(u"frmFields1"_s, [this] { return new cards::frmFields1(mod_); });
+    windows_.add(u"frmHmerologio"_s,
                  [this] { return new cards::frmHmerologio(mod_, [this](qint64 code) { showCard(code); }); });
-    windows_.add(QStringLiteral("frmAdmin"), [this] { return new users::frmAdmin(mod_); });
-    windows_.add(QStringLiteral("frmUsers"), [this] { return new users::frmUsers(mod_); });
+    windows_.add(u"frmAdmin"_s, [this] { return new users::frmAdmin(mod_); });
+    windows_.add(u"frmUsers"_s, [this] { return new users::frmUsers(mod_); });
 }
 
 // A card that is open takes the changed lists over.
 core::Form* MDIMain::refillingCard(cards::ListEditor* editor) {
     core::onSignal(mod_, editor, editor, &cards::ListEditor::changed, [this] {
-        if (auto* card = qobject_cast<cards::frmAddress*>(windows_.find(QStringLiteral("frmAddress"))))
-            card->refillLists();
+        if (auto* card = qobject_cast<cards::frmAddress*>(windows_.find(u"frmAddress"_s))) card->refillLists();
     });
     return editor;
 }
 
 void MDIMain::showCard(qint64 code) {
-    if (auto* card = qobject_cast<cards::frmAddress*>(windows_.front(QStringLiteral("frmAddress")))) card->goTo(code);
+    if (auto* card = qobject_cast<cards::frmAddress*>(windows_.front(u"frmAddress"_s))) card->goTo(code);
 }
 
 void MDIMain::showList(int number) {
-    if (auto* values = qobject_cast<cards::frmCombos*>(windows_.front(QStringLiteral("frmCombos"))))
-        values->setList(number);
+    if (auto* values = qobject_cast<cards::frmCombos*>(windows_.front(u"frmCombos"_s))) values->setList(number);
 }
 
 void MDIMain::load() {
     place();
     mod_.gAddressOpen = false;
     refreshMenus();
-    panels_[4]->setText(QStringLiteral("Χρήστης: ") + mod_.gUserName);
+    panels_[4]->setText(u"Χρήστης: "_s + mod_.gUserName);
     tick();
-    if (mod_.services.settings.value(settingsSection, QStringLiteral("Name")).isEmpty()) showOwner();
+    if (mod_.services.settings.value(settingsSection, u"Name"_s).isEmpty()) showOwner();
     for (const char* name : {"frmTodayShow", "frmNameDay"})
         if (windows_.knows(QString::fromLatin1(name)) &&
-            mod_.services.settings.number(optionsSection, QString::fromLatin1(name) + QStringLiteral("Start"), 1) == 1)
+            mod_.services.settings.number(optionsSection, QString::fromLatin1(name) + u"Start"_s, 1) == 1)
             windows_.front(QString::fromLatin1(name));
 }
 
 void MDIMain::buildMenus() {
-    menuBar()->setFont(controls::font(QStringLiteral("Arial Greek"), 10));
+    menuBar()->setFont(controls::font(u"Arial Greek"_s, 10));
     menuBar()->setNativeMenuBar(false);
     QSet<QString> parents;
     for (const MenuDef& def : menuDefs()) parents.insert(def.parent);
@@ -123,17 +117,16 @@ void MDIMain::buildMenus() {
         parent ? parent->addAction(entry) : menuBar()->addAction(entry);
     }
     // The preview itself can switch it off.
-    connect(menus_.value(QStringLiteral("mnuView")), &QMenu::aboutToShow, menu(QStringLiteral("mnuPreview")),
-            [this] { menu(QStringLiteral("mnuPreview"))->setChecked(core::previewsPrints(mod_.services.settings)); });
+    connect(menus_.value(u"mnuView"_s), &QMenu::aboutToShow, menu(u"mnuPreview"_s),
+            [this] { menu(u"mnuPreview"_s)->setChecked(core::previewsPrints(mod_.services.settings)); });
 }
 
 QAction* MDIMain::buildEntry(const MenuDef& def) {
     auto* entry = new QAction(this);
     entry->setObjectName(def.name);
-    entry->setSeparator(def.caption == QStringLiteral("-"));
-    entry->setCheckable(def.name.startsWith(QStringLiteral("MnuCat")) ||
-                        def.name.startsWith(QStringLiteral("mnuTheme")) || def.name == QStringLiteral("mnuSounds") ||
-                        def.name == QStringLiteral("mnuPreview"));
+    entry->setSeparator(def.caption == u"-"_s);
+    entry->setCheckable(def.name.startsWith(u"MnuCat"_s) || def.name.startsWith(u"mnuTheme"_s) ||
+                        def.name == u"mnuSounds"_s || def.name == u"mnuPreview"_s);
     core::onSignal(mod_, this, entry, &QAction::triggered, [this, def] { trigger(def); });
     entries_.insert(def.name, entry);
     return entry;
@@ -147,7 +140,7 @@ void MDIMain::trigger(const MenuDef& def) {
 }
 
 void MDIMain::refreshMenus() {
-    const int category = mod_.services.settings.number(settingsSection, QStringLiteral("Category"), 1);
+    const int category = mod_.services.settings.number(settingsSection, u"Category"_s, 1);
     const core::ContactNoun noun = core::contactNoun(category);
     const MenuState state{mod_.gUserGroup, category,
                           [this](const QString& form) { return windows_.knows(form) || ownActions_.contains(form); }};
@@ -155,12 +148,11 @@ void MDIMain::refreshMenus() {
         entries_[def.name]->setText(menuCaption(def, noun));
         entries_[def.name]->setVisible(menuVisible(def, state));
     }
-    for (int i = 1; i <= 3; ++i) menu(controls::arrayName(QStringLiteral("MnuCat"), i))->setChecked(i == category);
-    const int theme = mod_.services.settings.number(optionsSection, QStringLiteral("Theme"), 0);
-    for (int i = 0; i <= 2; ++i) menu(controls::arrayName(QStringLiteral("mnuTheme"), i))->setChecked(i == theme);
-    menu(QStringLiteral("mnuSounds"))
-        ->setChecked(mod_.services.settings.number(optionsSection, QStringLiteral("Sounds"), 1) == 1);
-    menu(QStringLiteral("mnuPreview"))->setChecked(core::previewsPrints(mod_.services.settings));
+    for (int i = 1; i <= 3; ++i) menu(controls::arrayName(u"MnuCat"_s, i))->setChecked(i == category);
+    const int theme = mod_.services.settings.number(optionsSection, u"Theme"_s, 0);
+    for (int i = 0; i <= 2; ++i) menu(controls::arrayName(u"mnuTheme"_s, i))->setChecked(i == theme);
+    menu(u"mnuSounds"_s)->setChecked(mod_.services.settings.number(optionsSection, u"Sounds"_s, 1) == 1);
+    menu(u"mnuPreview"_s)->setChecked(core::previewsPrints(mod_.services.settings));
     hideEmptyMenus();
 }
 
@@ -177,10 +169,10 @@ void MDIMain::hideEmptyMenus() {
 }
 
 void MDIMain::buildStatusBar() {
-    statusBar()->setObjectName(QStringLiteral("StatusBar1"));
+    statusBar()->setObjectName(u"StatusBar1"_s);
     statusBar()->setContentsMargins(8, 0, 8, 0);
     for (int i = 0; i < 5; ++i) {
-        auto* panel = controls::named(new QLabel, QStringLiteral("Panel%1").arg(i + 1));
+        auto* panel = controls::named(new QLabel, u"Panel%1"_s.arg(i + 1));
         panel->setTextFormat(Qt::PlainText);
         panel->setAlignment(Qt::AlignCenter);
         statusBar()->addWidget(panel, i == 2 || i == 3);
@@ -198,12 +190,12 @@ void MDIMain::tick() {
 }
 
 void MDIMain::setNoun(int category) {
-    mod_.services.settings.setNumber(settingsSection, QStringLiteral("Category"), category);
+    mod_.services.settings.setNumber(settingsSection, u"Category"_s, category);
     refreshMenus();
 }
 
 void MDIMain::setTheme(int kind) {
-    mod_.services.settings.setNumber(optionsSection, QStringLiteral("Theme"), kind);
+    mod_.services.settings.setNumber(optionsSection, u"Theme"_s, kind);
     controls::applyTheme(*qApp, static_cast<controls::ThemeKind>(kind));
     area_->setBackground(controls::theme().window.darker(controls::theme().dark ? 130 : 105));
     refreshMenus();
@@ -222,8 +214,8 @@ void MDIMain::logOff() {
 
 void MDIMain::closeEvent(QCloseEvent* event) {
     event->ignore();
-    if (!loggingOff_ && !mod_.services.prompts.question(this, QStringLiteral("Ερώτηση..."),
-                                                        QStringLiteral("Είστε σίγουρος για έξοδο απο το πρόγραμμα; ")))
+    if (!loggingOff_ &&
+        !mod_.services.prompts.question(this, u"Ερώτηση..."_s, u"Είστε σίγουρος για έξοδο απο το πρόγραμμα; "_s))
         return;
     if (!windows_.unloadAll()) return;
     storePlacement();
@@ -233,9 +225,9 @@ void MDIMain::closeEvent(QCloseEvent* event) {
 
 void MDIMain::place() {
     const auto& settings = mod_.services.settings;
-    const QPoint corner = core::loadPosition(settings, {QStringLiteral("Main"), 105, 45});
-    const QSize size(controls::toPixels(settings.number(settingsSection, QStringLiteral("MainWidth"), 11655)),
-                     controls::toPixels(settings.number(settingsSection, QStringLiteral("MainHeight"), 8445)));
+    const QPoint corner = core::loadPosition(settings, {u"Main"_s, 105, 45});
+    const QSize size(controls::toPixels(settings.number(settingsSection, u"MainWidth"_s, 11655)),
+                     controls::toPixels(settings.number(settingsSection, u"MainHeight"_s, 8445)));
     putFrame({corner, size});
 }
 
@@ -253,9 +245,9 @@ void MDIMain::storePlacement() {
     auto& settings = mod_.services.settings;
     // The corner of the frame, as it is moved to, and the size inside it.
     const QRect rect = isMaximized() ? normalGeometry() : QRect(pos(), size());
-    core::storePosition(settings, {QStringLiteral("Main")}, rect.topLeft());
-    settings.setNumber(settingsSection, QStringLiteral("MainWidth"), controls::toTwips(rect.width()));
-    settings.setNumber(settingsSection, QStringLiteral("MainHeight"), controls::toTwips(rect.height()));
+    core::storePosition(settings, {u"Main"_s}, rect.topLeft());
+    settings.setNumber(settingsSection, u"MainWidth"_s, controls::toTwips(rect.width()));
+    settings.setNumber(settingsSection, u"MainHeight"_s, controls::toTwips(rect.height()));
 }
 
 FormFrame* MDIMain::frameOf(core::Form* form) const {

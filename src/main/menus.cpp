@@ -4,6 +4,8 @@
 
 #include "core/mainmod.h"
 
+using namespace Qt::Literals::StringLiterals;
+
 namespace entry {
 
 namespace {
@@ -110,9 +112,9 @@ QString menuCaption(const MenuDef& def, const core::ContactNoun& noun) {
 
 bool menuVisible(const MenuDef& def, const MenuState& state) {
     const core::ContactNoun noun = core::contactNoun(state.category);
-    if (def.name == QStringLiteral("mnuOptions")) return state.userGroup == core::groupAdministrators;
-    if (def.name == QStringLiteral("MnuFarmaka")) return noun.medical;
-    if (def.name == QStringLiteral("mnu")) return noun.changeable;
+    if (def.name == u"mnuOptions"_s) return state.userGroup == core::groupAdministrators;
+    if (def.name == u"MnuFarmaka"_s) return noun.medical;
+    if (def.name == u"mnu"_s) return noun.changeable;
     return def.form.isEmpty() || state.isBuilt(def.form);
 }
 

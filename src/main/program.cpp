@@ -4,6 +4,8 @@
 
 #include "main/entry.h"
 
+using namespace Qt::Literals::StringLiterals;
+
 namespace entry {
 
 namespace {
@@ -65,8 +67,8 @@ void Program::seatLost() {
     mod_.gConn.close();
     mod_.gConnUsers.close();
     mod_.services.prompts.message(core::frontWindow(main_.get()), platform::MessageIcon::Critical, core::programTitle(),
-                                  QStringLiteral("Χάθηκε η επαφή με τον φάκελο των δεδομένων στο δίκτυο ή τον πήρε "
-                                                 "άλλη θέση. Τα αρχεία έκλεισαν. Ξεκινήστε πάλι το πρόγραμμα."));
+                                  u"Χάθηκε η επαφή με τον φάκελο των δεδομένων στο δίκτυο ή τον πήρε "
+                                  "άλλη θέση. Τα αρχεία έκλεισαν. Ξεκινήστε πάλι το πρόγραμμα."_s);
 }
 
 }  // namespace entry

@@ -10,6 +10,8 @@
 
 #include <algorithm>
 
+using namespace Qt::Literals::StringLiterals;
+
 namespace platform {
 
 #ifdef Q_OS_LINUX
@@ -51,7 +53,7 @@ FileSystemKind fileSystemKind(const QString& folder) {
 FileSystemKind fileSystemKind(const QString& folder) {
     const QStorageInfo storage(folder);
     const QByteArray type = storage.fileSystemType().toLower();
-    const bool share = folder.startsWith(QLatin1String("//")) || folder.startsWith(QLatin1String("\\\\"));
+    const bool share = folder.startsWith(u"//"_s) || folder.startsWith(u"\\\\"_s);
     const auto names = {"nfs", "smb", "cifs", "afp", "webdav", "fuse", "9p"};
     const bool named = std::any_of(names.begin(), names.end(), [&](const char* name) { return type.contains(name); });
     return share || named ? FileSystemKind::Network : FileSystemKind::Local;

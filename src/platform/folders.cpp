@@ -6,6 +6,8 @@
 #include <QFileInfo>
 #include <QStandardPaths>
 
+using namespace Qt::Literals::StringLiterals;
+
 namespace platform {
 
 namespace {
@@ -13,7 +15,7 @@ namespace {
 QString firstWithSounds(const QStringList& folders) {
     for (const QString& folder : folders) {
         const QString clean = QDir::cleanPath(folder);
-        if (QFileInfo(clean + QLatin1String("/sounds")).isDir()) return clean;
+        if (QFileInfo(clean + u"/sounds"_s).isDir()) return clean;
     }
     return QDir::cleanPath(folders.front());
 }
@@ -30,25 +32,24 @@ bool makePrivate(const QString& folder) {
 QString programFolder() {
     const QString here = QCoreApplication::applicationDirPath();
     static const QString found = firstWithSounds({
-        here + QLatin1String("/../share/dorvalist"),
-        here + QLatin1String("/share"),
-        QStringLiteral(DORV_SOURCE_ASSETS),
-        QStringLiteral(DORV_INSTALLED_SHARE),
+        here + u"/../share/dorvalist"_s,
+        here + u"/share"_s,
+        QString::fromUtf8(DORV_SOURCE_ASSETS),
+        QString::fromUtf8(DORV_INSTALLED_SHARE),
     });
     return found;
 }
 
 QString workFolder() {
-    const QString own = QStandardPaths::writableLocation(QStandardPaths::AppLocalDataLocation) + QLatin1String("/work");
+    const QString own = QStandardPaths::writableLocation(QStandardPaths::AppLocalDataLocation) + u"/work"_s;
     if (makePrivate(own)) return own;
-    const QString spare = QDir::temp().filePath(QStringLiteral("dorvalist-work"));
+    const QString spare = QDir::temp().filePath(u"dorvalist-work"_s);
     makePrivate(spare);
     return spare;
 }
 
 QString backupFolder() {
-    const QString own =
-        QStandardPaths::writableLocation(QStandardPaths::AppLocalDataLocation) + QLatin1String("/backups");
+    const QString own = QStandardPaths::writableLocation(QStandardPaths::AppLocalDataLocation) + u"/backups"_s;
     makePrivate(own);
     return own;
 }

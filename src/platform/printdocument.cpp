@@ -7,6 +7,8 @@
 #include "platform/drawing.h"
 #include "platform/printer.h"
 
+using namespace Qt::Literals::StringLiterals;
+
 namespace platform {
 
 namespace {
@@ -60,11 +62,10 @@ void PrintDocument::append(const QByteArray& drawing) {
     if (inMemory_ + page.size > memoryLimit_) {
         if (!file_) file_ = std::make_unique<QTemporaryFile>();
         if (!file_->isOpen() && !file_->open())
-            throw PrintError(QStringLiteral("Δεν δημιουργήθηκε προσωρινό αρχείο για τις σελίδες: ") +
-                             file_->errorString());
+            throw PrintError(u"Δεν δημιουργήθηκε προσωρινό αρχείο για τις σελίδες: "_s + file_->errorString());
         page.offset = file_->size();
         if (!file_->seek(page.offset) || file_->write(page.packed) != page.size || !file_->flush())
-            throw PrintError(QStringLiteral("Δεν χωρούν άλλες σελίδες στον δίσκο: ") + file_->errorString());
+            throw PrintError(u"Δεν χωρούν άλλες σελίδες στον δίσκο: "_s + file_->errorString());
         page.packed.clear();
     } else {
         inMemory_ += page.size;
@@ -78,7 +79,7 @@ QByteArray PrintDocument::drawing(int page) const {
     QByteArray packed;
     if (file_->seek(kept.offset)) packed = file_->read(kept.size);
     if (packed.size() != kept.size)
-        throw PrintError(QStringLiteral("Δεν διαβάζεται το προσωρινό αρχείο των σελίδων: ") + file_->errorString());
+        throw PrintError(u"Δεν διαβάζεται το προσωρινό αρχείο των σελίδων: "_s + file_->errorString());
     return qUncompress(packed);
 }
 

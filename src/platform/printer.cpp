@@ -4,6 +4,8 @@
 
 #include "platform/drawing.h"
 
+using namespace Qt::Literals::StringLiterals;
+
 namespace platform {
 
 namespace {
@@ -28,7 +30,7 @@ QString drawable(const QString& line) {
     plain.reserve(line.size());
     for (const QChar c : line) {
         if (c == u'\t')
-            plain += QStringLiteral("    ");
+            plain += u"    "_s;
         else if (!isControl(c))
             plain += c;
     }
@@ -36,7 +38,7 @@ QString drawable(const QString& line) {
 }
 
 QStringList linesOf(QString text) {
-    text.replace(QStringLiteral("\r\n"), QStringLiteral("\n")).replace(u'\r', u'\n');
+    text.replace(u"\r\n"_s, u"\n"_s).replace(u'\r', u'\n');
     text.replace(QChar::LineSeparator, u'\n').replace(QChar::ParagraphSeparator, u'\n');
     return text.split(u'\n');
 }
@@ -213,7 +215,7 @@ QString Printer::fitted(const QString& text, double width) const {
     const Measure& now = measure();
     const QString line = drawable(QString(text).replace(u'\n', u' ').replace(u'\r', u' '));
     if (now.fitting(line, width) == line.size()) return width > 0 ? line : QString();
-    const QString dots = QStringLiteral("...");
+    const QString dots = u"..."_s;
     if (now.width(dots) >= width) return {};
     qsizetype count = now.fitting(line, width, dots);
     if (count > 0 && line[count - 1].isHighSurrogate()) --count;

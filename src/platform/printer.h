@@ -11,6 +11,8 @@
 
 namespace platform {
 
+using namespace Qt::Literals::StringLiterals;
+
 // What can go wrong with paper; what() is a Greek sentence in UTF-8.
 class PrintError : public std::runtime_error {
 public:
@@ -19,7 +21,7 @@ public:
 };
 
 struct PrintFont {
-    QString name = QStringLiteral("Tahoma");
+    QString name = u"Tahoma"_s;
     double size = 10;  // points
     bool bold = false;
     bool italic = false;
@@ -48,7 +50,7 @@ public:
     double scaleWidth() const { return area_.width(); }
     double scaleHeight() const { return area_.height(); }
     double textWidth(const QString& text) const;  // of the widest line
-    double textHeight(const QString& text = QStringLiteral("X")) const;
+    double textHeight(const QString& text = u"X"_s) const;
 
     // Prints at the current place. Each line of the text begins where the first one began, and a line that would run
     // off the end of the paper opens the next page. Afterwards the place is the beginning of the next line (currentX

@@ -7,6 +7,8 @@
 #include <QPrinterInfo>
 #include <QSaveFile>
 
+using namespace Qt::Literals::StringLiterals;
+
 namespace platform {
 
 namespace {
@@ -20,8 +22,8 @@ QPageLayout::Orientation orientationOf(const PageSetup& setup) {
 void takePaper(QPrinter& device, const PageSetup& setup) {
     device.setFullPage(true);
     if (!device.setPageSize(setup.paper) || !device.setPageOrientation(orientationOf(setup)))
-        throw PrintError(QStringLiteral("Ο εκτυπωτής «%1» δεν έχει χαρτί %2.")
-                             .arg(device.printerName(), QPageSize::key(setup.paper.id())));
+        throw PrintError(
+            u"Ο εκτυπωτής «%1» δεν έχει χαρτί %2."_s.arg(device.printerName(), QPageSize::key(setup.paper.id())));
     device.setPageMargins(QMarginsF());
 }
 
@@ -31,7 +33,7 @@ bool paintPages(const PrintDocument& document, QPainter& painter, Device& device
     const double margin = document.setup().margin;
     for (int page = 0; page < document.pageCount(); ++page) {
         if (step && !step(page)) return false;
-        if (page > 0 && !device.newPage()) throw PrintError(QStringLiteral("Ο εκτυπωτής δεν δέχτηκε νέα σελίδα."));
+        if (page > 0 && !device.newPage()) throw PrintError(u"Ο εκτυπωτής δεν δέχτηκε νέα σελίδα."_s);
         painter.save();
         painter.scale(device.logicalDpiX() / 1440.0, device.logicalDpiY() / 1440.0);
         painter.translate(margin, margin);
@@ -42,8 +44,8 @@ bool paintPages(const PrintDocument& document, QPainter& painter, Device& device
 }
 
 PrintError gone(const QString& name) {
-    return PrintError(name.isEmpty() ? QStringLiteral("Δεν υπάρχει εκτυπωτής στο σύστημα.")
-                                     : QStringLiteral("Ο εκτυπωτής «%1» δεν βρέθηκε ή δεν αποκρίνεται.").arg(name));
+    return PrintError(name.isEmpty() ? u"Δεν υπάρχει εκτυπωτής στο σύστημα."_s
+                                     : u"Ο εκτυπωτής «%1» δεν βρέθηκε ή δεν αποκρίνεται."_s.arg(name));
 }
 
 }  // namespace
@@ -73,13 +75,13 @@ bool SystemPrinters::print(const PrintDocument& document, const QString& printer
         return false;
     }
     if (!painter.end() || device.printerState() == QPrinter::Error)
-        throw PrintError(QStringLiteral("Η αποστολή στον εκτυπωτή «%1» απέτυχε.").arg(printer));
+        throw PrintError(u"Η αποστολή στον εκτυπωτή «%1» απέτυχε."_s.arg(printer));
     return true;
 }
 
 bool SystemPrinters::writePdf(const PrintDocument& document, const QString& file, const PageStep& step) {
     const auto failure = [&file](const QString& why) {
-        return PrintError(QStringLiteral("Δεν γράφτηκε το αρχείο «%1»: %2").arg(file, why));
+        return PrintError(u"Δεν γράφτηκε το αρχείο «%1»: %2"_s.arg(file, why));
     };
     QSaveFile target(file);
     if (!target.open(QIODevice::WriteOnly)) throw failure(target.errorString());
@@ -90,7 +92,7 @@ bool SystemPrinters::writePdf(const PrintDocument& document, const QString& file
         device.setTitle(document.title());
         device.setCreator(QCoreApplication::applicationName());
         QPainter painter;
-        if (!painter.begin(&device)) throw failure(QStringLiteral("δεν ξεκινά η σελίδα"));
+        if (!painter.begin(&device)) throw failure(u"δεν ξεκινά η σελίδα"_s);
         if (!paintPages(document, painter, device, step)) {
             target.cancelWriting();
             painter.end();

@@ -11,6 +11,8 @@
 #include <QPushButton>
 #include <QVBoxLayout>
 
+using namespace Qt::Literals::StringLiterals;
+
 namespace platform {
 
 namespace {
@@ -64,11 +66,11 @@ bool askScrolling(QWidget* parent, const QString& title, const QString& text, co
 }
 
 void dressInGreek(QFileDialog& dialog, const QString& accept) {
-    dialog.setLabelText(QFileDialog::LookIn, QStringLiteral("Θέση:"));
-    dialog.setLabelText(QFileDialog::FileName, QStringLiteral("Όνομα:"));
-    dialog.setLabelText(QFileDialog::FileType, QStringLiteral("Τύπος:"));
+    dialog.setLabelText(QFileDialog::LookIn, u"Θέση:"_s);
+    dialog.setLabelText(QFileDialog::FileName, u"Όνομα:"_s);
+    dialog.setLabelText(QFileDialog::FileType, u"Τύπος:"_s);
     dialog.setLabelText(QFileDialog::Accept, accept);
-    dialog.setLabelText(QFileDialog::Reject, QStringLiteral("Άκυρο"));
+    dialog.setLabelText(QFileDialog::Reject, u"Άκυρο"_s);
 }
 
 QString chosen(QFileDialog& dialog) {
@@ -79,18 +81,18 @@ QString chosen(QFileDialog& dialog) {
 
 void DesktopPrompts::message(QWidget* parent, MessageIcon icon, const QString& title, const QString& text) {
     if (isLong(text)) {
-        askScrolling(parent, title, text, {QStringLiteral("Εντάξει")});
+        askScrolling(parent, title, text, {u"Εντάξει"_s});
         return;
     }
     QMessageBox box(boxIcon(icon), title, text, QMessageBox::NoButton, parent);
     box.setTextFormat(Qt::PlainText);
-    box.setEscapeButton(box.addButton(QStringLiteral("Εντάξει"), QMessageBox::AcceptRole));
+    box.setEscapeButton(box.addButton(u"Εντάξει"_s, QMessageBox::AcceptRole));
     box.exec();
 }
 
 bool DesktopPrompts::question(QWidget* parent, const QString& title, const QString& text) {
-    const QString yes = QStringLiteral("&Ναι");
-    const QString no = QStringLiteral("Ό&χι");
+    const QString yes = u"&Ναι"_s;
+    const QString no = u"Ό&χι"_s;
     if (isLong(text)) return askScrolling(parent, title, text, {yes, no});
     QMessageBox box(QMessageBox::Question, title, text, QMessageBox::NoButton, parent);
     box.setTextFormat(Qt::PlainText);
@@ -110,8 +112,8 @@ std::optional<QString> DesktopPrompts::input(QWidget* parent, const QString& tit
     dialog.setLabelText(prompt);
     if (auto* label = dialog.findChild<QLabel*>()) label->setTextFormat(Qt::PlainText);
     dialog.setTextValue(initial);
-    dialog.setOkButtonText(QStringLiteral("Εντάξει"));
-    dialog.setCancelButtonText(QStringLiteral("Άκυρο"));
+    dialog.setOkButtonText(u"Εντάξει"_s);
+    dialog.setCancelButtonText(u"Άκυρο"_s);
     if (dialog.exec() != QDialog::Accepted) return std::nullopt;
     return dialog.textValue();
 }
@@ -121,7 +123,7 @@ QString DesktopPrompts::openFile(QWidget* parent, const QString& title, const QS
     QFileDialog dialog(parent, title, start.isEmpty() || where.isDir() ? start : where.path(), filter);
     dialog.setFileMode(QFileDialog::ExistingFile);
     if (!start.isEmpty() && !where.isDir()) dialog.selectFile(where.fileName());
-    dressInGreek(dialog, QStringLiteral("Άνοιγμα"));
+    dressInGreek(dialog, u"Άνοιγμα"_s);
     return chosen(dialog);
 }
 
@@ -132,7 +134,7 @@ QString DesktopPrompts::saveFile(QWidget* parent, const QString& title, const QS
     dialog.setFileMode(QFileDialog::AnyFile);
     dialog.setDefaultSuffix(QFileInfo(suggested).suffix());
     dialog.selectFile(suggested);
-    dressInGreek(dialog, QStringLiteral("Αποθήκευση"));
+    dressInGreek(dialog, u"Αποθήκευση"_s);
     return chosen(dialog);
 }
 
@@ -140,7 +142,7 @@ QString DesktopPrompts::chooseFolder(QWidget* parent, const QString& title) {
     QFileDialog dialog(parent, title);
     dialog.setFileMode(QFileDialog::Directory);
     dialog.setOption(QFileDialog::ShowDirsOnly);
-    dressInGreek(dialog, QStringLiteral("Επιλογή"));
+    dressInGreek(dialog, u"Επιλογή"_s);
     return chosen(dialog);
 }
 

@@ -4,18 +4,19 @@
 #include <QProcess>
 #include <QStandardPaths>
 
+using namespace Qt::Literals::StringLiterals;
+
 namespace platform {
 namespace {
 
 // A folder for each version, "*" standing for it.
 QStringList installersFolders() {
 #if defined(Q_OS_WIN)
-    return {qEnvironmentVariable("ProgramFiles") + QStringLiteral("/PostgreSQL/*/bin")};
+    return {qEnvironmentVariable("ProgramFiles") + u"/PostgreSQL/*/bin"_s};
 #elif defined(Q_OS_MACOS)
-    return {QStringLiteral("/Library/PostgreSQL/*/bin"), QStringLiteral("/opt/homebrew/opt/libpq/bin"),
-            QStringLiteral("/usr/local/opt/libpq/bin")};
+    return {u"/Library/PostgreSQL/*/bin"_s, u"/opt/homebrew/opt/libpq/bin"_s, u"/usr/local/opt/libpq/bin"_s};
 #else
-    return {QStringLiteral("/usr/lib/postgresql/*/bin"), QStringLiteral("/usr/local/pgsql/bin")};
+    return {u"/usr/lib/postgresql/*/bin"_s, u"/usr/local/pgsql/bin"_s};
 #endif
 }
 
@@ -34,10 +35,10 @@ QStringList matching(const QString& pattern) {
 }
 
 QStringList configuredFolder() {
-    const QString program = QStandardPaths::findExecutable(QStringLiteral("pg_config"));
+    const QString program = QStandardPaths::findExecutable(u"pg_config"_s);
     if (program.isEmpty()) return {};
     QProcess process;
-    process.start(program, {QStringLiteral("--bindir")}, QIODevice::ReadOnly);
+    process.start(program, {u"--bindir"_s}, QIODevice::ReadOnly);
     if (!process.waitForFinished(5000) || process.exitCode() != 0) return {};
     return {QString::fromLocal8Bit(process.readAllStandardOutput()).trimmed()};
 }

@@ -5,6 +5,8 @@
 #include <QSettings>
 #include <QStandardPaths>
 
+using namespace Qt::Literals::StringLiterals;
+
 namespace platform {
 
 int Settings::number(const QString& section, const QString& key, int fallback) const {
@@ -21,8 +23,8 @@ namespace {
 
 // One level of a QSettings path: separators in a name must not open another level, and no level may be empty.
 QString pathPart(QString name) {
-    name.replace(u'%', QLatin1String("%25")).replace(u'/', QLatin1String("%2F")).replace(u'\\', QLatin1String("%5C"));
-    return name.isEmpty() ? QStringLiteral("%") : name;
+    name.replace(u'%', u"%25"_s).replace(u'/', u"%2F"_s).replace(u'\\', u"%5C"_s);
+    return name.isEmpty() ? u"%"_s : name;
 }
 
 QString pathOf(const QString& section, const QString& key) {
@@ -31,8 +33,7 @@ QString pathOf(const QString& section, const QString& key) {
 
 // A line edited by hand may hold bare commas, which the INI reader takes for a list.
 QString textOf(const QVariant& stored) {
-    return stored.typeId() == QMetaType::QStringList ? stored.toStringList().join(QLatin1String(", "))
-                                                     : stored.toString();
+    return stored.typeId() == QMetaType::QStringList ? stored.toStringList().join(u", "_s) : stored.toString();
 }
 
 class IniSettings : public Settings {
@@ -56,7 +57,7 @@ public:
             return;  // a closing window writes back everything; most of it has not changed
         }
         // An empty text, never a null one, which would read back as a missing value.
-        store_.setValue(spelling, value.isNull() ? QLatin1String("") : value);
+        store_.setValue(spelling, value.isNull() ? u""_s : value);
         store_.sync();
     }
 
@@ -69,8 +70,7 @@ private:
 
 std::unique_ptr<Settings> iniSettings(const QString& file) {
     const QString usersOwn = QStandardPaths::writableLocation(QStandardPaths::AppConfigLocation);
-    return std::make_unique<IniSettings>(file.isEmpty() ? QDir(usersOwn).filePath(QStringLiteral("dorvalist.ini"))
-                                                        : file);
+    return std::make_unique<IniSettings>(file.isEmpty() ? QDir(usersOwn).filePath(u"dorvalist.ini"_s) : file);
 }
 
 }  // namespace platform

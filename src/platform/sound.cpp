@@ -9,6 +9,8 @@
 #include <QUrl>
 #include <map>
 
+using namespace Qt::Literals::StringLiterals;
+
 namespace platform {
 
 namespace {
@@ -31,7 +33,7 @@ private:
     // Asked once: a machine without sound would be searched again at every hover.
     bool hasDevice() {
         if (!hasDevice_) {
-            QLoggingCategory::setFilterRules(QStringLiteral("qt.multimedia*=false"));
+            QLoggingCategory::setFilterRules(u"qt.multimedia*=false"_s);
             hasDevice_ = !QMediaDevices::defaultAudioOutput().isNull();
         }
         return *hasDevice_;

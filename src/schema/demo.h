@@ -10,9 +10,11 @@
 
 namespace schema {
 
+using namespace Qt::Literals::StringLiterals;
+
 // The property of a main database that was filled here, with the seed; whoever wants to write to an office without
 // leave asks for it first.
-inline const QString demoProperty = QStringLiteral("demo");
+inline const QString demoProperty = u"demo"_s;
 
 struct DemoOptions {
     int cards = 200;

@@ -10,6 +10,8 @@
 
 namespace schema {
 
+using namespace Qt::Literals::StringLiterals;
+
 using RowCounts = QMap<QString, qint64>;  // by table
 
 RowCounts rowCounts(data::Connection& connection);
@@ -24,7 +26,7 @@ struct Manifest {
     QString folder;
     QMap<QString, Member> members;  // by file name
 
-    static QString fileName() { return QStringLiteral("contents.tsv"); }
+    static QString fileName() { return u"contents.tsv"_s; }
     QByteArray toText() const;
     // Throws data::Error(Corrupt) for a text that is none.
     static Manifest fromText(const QByteArray& text);

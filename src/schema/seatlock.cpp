@@ -12,6 +12,8 @@
 #include "platform/processes.h"
 #include "schema/office.h"
 
+using namespace Qt::Literals::StringLiterals;
+
 namespace schema {
 
 namespace {
@@ -77,7 +79,7 @@ bool makeMarked(const QString& file, const QByteArray& mark) {
         return false;
     }
     throw data::Error(data::ErrorCategory::ReadOnly,
-                      QStringLiteral("Ο φάκελος των δεδομένων βρίσκεται στο δίκτυο και δεν γράφεται."));
+                      u"Ο φάκελος των δεδομένων βρίσκεται στο δίκτυο και δεν γράφεται."_s);
 }
 
 [[noreturn]] void refuse(const QString& file) {
@@ -85,17 +87,16 @@ bool makeMarked(const QString& file, const QByteArray& mark) {
     const QString host = QString::fromUtf8(holder ? holder->line(Host) : QByteArray());
     throw data::Error(
         data::ErrorCategory::Busy,
-        QStringLiteral("Ο φάκελος των δεδομένων βρίσκεται στο δίκτυο και τον χρησιμοποιεί %1. Μια βάση σε αρχείο του "
-                       "δικτύου την ανοίγει μία θέση κάθε φορά, αλλιώς θα καταστρεφόταν. Κλείστε το πρόγραμμα εκεί (αν "
-                       "διακόπηκε απότομα, δοκιμάστε ξανά σε %2 λεπτά), ή ζητήστε από τον διαχειριστή να μεταφέρει τα "
-                       "δεδομένα σε διακομιστή βάσεων δεδομένων, όπου "
-                       "δουλεύουν όλες οι θέσεις μαζί.")
-            .arg(host.isEmpty() ? QStringLiteral("άλλη θέση") : QStringLiteral("η θέση «%1»").arg(host))
+        u"Ο φάκελος των δεδομένων βρίσκεται στο δίκτυο και τον χρησιμοποιεί %1. Μια βάση σε αρχείο του "
+        "δικτύου την ανοίγει μία θέση κάθε φορά, αλλιώς θα καταστρεφόταν. Κλείστε το πρόγραμμα εκεί (αν "
+        "διακόπηκε απότομα, δοκιμάστε ξανά σε %2 λεπτά), ή ζητήστε από τον διαχειριστή να μεταφέρει τα "
+        "δεδομένα σε διακομιστή βάσεων δεδομένων, όπου "
+        "δουλεύουν όλες οι θέσεις μαζί."_s.arg(host.isEmpty() ? u"άλλη θέση"_s : u"η θέση «%1»"_s.arg(host))
             .arg(SeatLock::staleSeconds / 60));
 }
 
 QDateTime timeOfNewFile(const QString& folder) {
-    QTemporaryFile file(QDir(folder).filePath(QStringLiteral("dorvalist.seat.XXXXXX")));
+    QTemporaryFile file(QDir(folder).filePath(u"dorvalist.seat.XXXXXX"_s));
     if (!file.open() || file.write("\n") != 1 || !file.flush()) return {};
     return file.fileTime(QFileDevice::FileModificationTime);
 }
@@ -120,7 +121,7 @@ SeatLock::~SeatLock() {
 void SeatLock::take(const QString& folder, const Probe& probe) {
     giveBack();
     if (probe(folder) == platform::FileSystemKind::Local || isOnServer(folder)) return;
-    file_ = QDir(folder).filePath(QStringLiteral("dorvalist.seat"));
+    file_ = QDir(folder).filePath(u"dorvalist.seat"_s);
     const QByteArray mark = newMark();
     if (!makeMarked(file_, mark)) {
         const auto holder = holderOf(file_);

@@ -2,6 +2,8 @@
 
 #include "data/dialect/enginedialect.h"
 
+using namespace Qt::Literals::StringLiterals;
+
 namespace schema {
 namespace {
 
@@ -73,8 +75,8 @@ bool TableReader::nextPiece() {
         engine_.query(rowsBetween_, {next.first, next.last}, &rows_);
     } catch (const data::Error& error) {  // a value that the engine itself won't hand out
         throw data::Error(error.category(),
-                          QStringLiteral("Πίνακας %1, εγγραφές %2 έως %3: %4")
-                              .arg(table_, QString::number(next.first), QString::number(next.last), error.text()),
+                          u"Πίνακας %1, εγγραφές %2 έως %3: %4"_s.arg(table_, QString::number(next.first),
+                                                                      QString::number(next.last), error.text()),
                           {}, error.engineCode());
     }
     return rows_.count() > 0;

@@ -6,33 +6,35 @@
 #include "data/fold.h"
 #include "data/recordset.h"
 
+using namespace Qt::Literals::StringLiterals;
+
 namespace users {
 
 QVector<Account> accounts(data::Connection& users) {
     QHash<qint64, QString> groups;
-    for (data::Recordset row(users, QStringLiteral("select code,name from groups")); !row.eof(); row.moveNext())
+    for (data::Recordset row(users, u"select code,name from groups"_s); !row.eof(); row.moveNext())
         groups.insert(row[u"code"].toLong(), row[u"name"].text());
     QVector<Account> found;
-    for (data::Recordset row(users, QStringLiteral("select * from users order by -group")); !row.eof(); row.moveNext())
+    for (data::Recordset row(users, u"select * from users order by -group"_s); !row.eof(); row.moveNext())
         found.append({row[u"aa"].toLong(), row[u"UserName"].text(), groups.value(row[u"Group"].toLong())});
     return found;
 }
 
 QStringList groupNames(data::Connection& users) {
     QStringList names;
-    for (data::Recordset row(users, QStringLiteral("select * from groups order by code")); !row.eof(); row.moveNext())
+    for (data::Recordset row(users, u"select * from groups order by code"_s); !row.eof(); row.moveNext())
         names << row[u"Name"].text();
     return names;
 }
 
 QString groupName(data::Connection& users, const QVariant& number) {
     if (number.isNull()) return {};
-    data::Recordset row(users, QStringLiteral("select name from groups where code=%1").arg(number.toDouble()));
+    data::Recordset row(users, u"select name from groups where code=%1"_s.arg(number.toDouble()));
     return row.isEmpty() ? QString() : row[u"name"].text();
 }
 
 std::optional<qint64> groupNumber(data::Connection& users, const QString& name) {
-    data::Recordset row(users, QStringLiteral("select code from groups where name='%1'").arg(core::sqlText(name)));
+    data::Recordset row(users, u"select code from groups where name='%1'"_s.arg(core::sqlText(name)));
     if (row.isEmpty()) return std::nullopt;
     return row[u"code"].toLong();
 }

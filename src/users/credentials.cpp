@@ -5,6 +5,8 @@
 #include "data/password.h"
 #include "data/recordset.h"
 
+using namespace Qt::Literals::StringLiterals;
+
 namespace users {
 
 namespace {
@@ -23,14 +25,14 @@ bool accepts(data::Recordset& row, QStringView column, const QString& password) 
 }  // namespace
 
 std::optional<Session> authenticate(data::Connection& users, const QString& userName, const QString& password) {
-    if (userName == QStringLiteral("Admin")) {
-        data::Recordset admin(users, QStringLiteral("select pass from admin"));
+    if (userName == u"Admin"_s) {
+        data::Recordset admin(users, u"select pass from admin"_s);
         if (!admin.isEmpty() && accepts(admin, u"pass", password)) return Session{userName, core::groupAdministrators};
     }
-    data::Recordset user(users, QStringLiteral("select * from users where UserName='%1'").arg(core::sqlText(userName)));
+    data::Recordset user(users, u"select * from users where UserName='%1'"_s.arg(core::sqlText(userName)));
     if (user.isEmpty()) {
         // A name that nobody has takes as long to refuse as a wrong password.
-        static const QString nobody = data::makeVerifier(QStringLiteral("-"));
+        static const QString nobody = data::makeVerifier(u"-"_s);
         data::verifyPassword(nobody, password);
         return std::nullopt;
     }

@@ -8,12 +8,13 @@
 #include "data/password.h"
 #include "data/recordset.h"
 
+using namespace Qt::Literals::StringLiterals;
+
 namespace users {
 
 using controls::named;
 
-frmAdmin::frmAdmin(core::MainMod& mod)
-    : Form(mod, QStringLiteral("frmAdmin"), QStringLiteral("Αλλαγή κωδικού Administrator"), {QStringLiteral("Admin")}) {
+frmAdmin::frmAdmin(core::MainMod& mod) : Form(mod, u"frmAdmin"_s, u"Αλλαγή κωδικού Administrator"_s, {u"Admin"_s}) {
     auto* form = new QFormLayout;
     form->setSpacing(10);
     form->setLabelAlignment(Qt::AlignRight | Qt::AlignVCenter);
@@ -31,7 +32,7 @@ frmAdmin::frmAdmin(core::MainMod& mod)
         controls::tie(label, row.box);
         form->addRow(label, row.box);
     }
-    Command1 = named(new QPushButton(QStringLiteral("Επικύρωση")), QStringLiteral("Command1"));
+    Command1 = named(new QPushButton(u"Επικύρωση"_s), u"Command1"_s);
     Command1->setDefault(true);
     on(Command1, &QPushButton::clicked, [this] { change(); });
     auto* layout = new QVBoxLayout(this);
@@ -48,16 +49,16 @@ void frmAdmin::onLoad() {
 }
 
 void frmAdmin::change() {
-    data::Recordset admin(mod_.gConnUsers, QStringLiteral("select pass from admin"));
+    data::Recordset admin(mod_.gConnUsers, u"select pass from admin"_s);
     if (admin.isEmpty() || !data::verifyPassword(admin[u"Pass"].text(), Text1->text()))
-        return core::complain(mod_, this, QStringLiteral("Ο παλιός Κωδικός δεν είναι σωστός !!!"), Text1);
+        return core::complain(mod_, this, u"Ο παλιός Κωδικός δεν είναι σωστός !!!"_s, Text1);
     if (Text2->text() != Text3->text() || Text2->text().isEmpty())
-        return core::complain(
-            mod_, this, QStringLiteral("Ο καινούργιος Κωδικός δεν συμφωνεί στην επιβεβαίωση ή είναι κενός !!!"), Text2);
+        return core::complain(mod_, this, u"Ο καινούργιος Κωδικός δεν συμφωνεί στην επιβεβαίωση ή είναι κενός !!!"_s,
+                              Text2);
     admin[u"Pass"].setValue(data::makeVerifier(Text2->text()));
     admin.update();
     mod_.services.prompts.message(this, platform::MessageIcon::Information, core::programTitle(),
-                                  QStringLiteral("Η αλλαγή του Κωδικού του Admin έγινε επιτυχώς !!!"));
+                                  u"Η αλλαγή του Κωδικού του Admin έγινε επιτυχώς !!!"_s);
     emit closeRequested();
 }
 

@@ -10,15 +10,17 @@
 #include "core/guard.h"
 #include "users/credentials.h"
 
+using namespace Qt::Literals::StringLiterals;
+
 namespace users {
 
 using controls::named;
 
 frmLogon::frmLogon(core::MainMod& mod) : mod_(mod) {
-    setObjectName(QStringLiteral("frmLogon"));
-    setWindowTitle(QStringLiteral("Σύνδεση χρήστη"));
+    setObjectName(u"frmLogon"_s);
+    setWindowTitle(u"Σύνδεση χρήστη"_s);
     build();
-    Text1->setText(mod_.services.settings.value(QStringLiteral("Settings"), QStringLiteral("UserName")));
+    Text1->setText(mod_.services.settings.value(u"Settings"_s, u"UserName"_s));
     core::onSignal(mod_, this, Command1, &QPushButton::clicked, [this] { logon(); });
     connect(Command2, &QPushButton::clicked, this, &QDialog::reject);
     // Whoever logged on last only types the password.
@@ -26,21 +28,20 @@ frmLogon::frmLogon(core::MainMod& mod) : mod_(mod) {
 }
 
 void frmLogon::build() {
-    Text1 = named(new controls::TextBox, QStringLiteral("Text1"));
-    Text2 = named(new controls::TextBox, QStringLiteral("Text2"));
+    Text1 = named(new controls::TextBox, u"Text1"_s);
+    Text2 = named(new controls::TextBox, u"Text2"_s);
     Text2->setEchoMode(QLineEdit::Password);
-    Command1 = named(new QPushButton(QStringLiteral("Σύνδεση")), QStringLiteral("Command1"));
-    Command2 = named(new QPushButton(QStringLiteral("Άκυρο")), QStringLiteral("Command2"));
+    Command1 = named(new QPushButton(u"Σύνδεση"_s), u"Command1"_s);
+    Command2 = named(new QPushButton(u"Άκυρο"_s), u"Command2"_s);
     Command1->setDefault(true);
     for (QPushButton* button : {Command1, Command2}) button->setAutoDefault(true);
-    status_ =
-        named(new QLabel(QStringLiteral("Δώστε τον Χρήστη και τον Κώδικό του !!!")), QStringLiteral("StatusBar1"));
+    status_ = named(new QLabel(u"Δώστε τον Χρήστη και τον Κώδικό του !!!"_s), u"StatusBar1"_s);
     status_->setProperty("role", "muted");
 
     auto* title = new QLabel(core::programTitle());
-    title->setFont(controls::font(QStringLiteral("Tahoma"), 18, true));
+    title->setFont(controls::font(u"Tahoma"_s, 18, true));
     auto* picture = new QLabel;
-    picture->setPixmap(controls::icon(QStringLiteral("dorvalist")).pixmap(QSize(48, 48), devicePixelRatioF()));
+    picture->setPixmap(controls::icon(u"dorvalist"_s).pixmap(QSize(48, 48), devicePixelRatioF()));
     auto* head = new QHBoxLayout;
     head->setSpacing(14);
     head->addWidget(picture);
@@ -87,7 +88,7 @@ void frmLogon::logon() {
     mod_.logonDelay.succeeded();
     mod_.gUserName = session->userName;
     mod_.gUserGroup = session->group;
-    mod_.services.settings.setValue(QStringLiteral("Settings"), QStringLiteral("UserName"), mod_.gUserName);
+    mod_.services.settings.setValue(u"Settings"_s, u"UserName"_s, mod_.gUserName);
     accept();
 }
 

@@ -7,6 +7,8 @@
 #include "controls/names.h"
 #include "core/guard.h"
 
+using namespace Qt::Literals::StringLiterals;
+
 namespace users {
 
 namespace {
@@ -19,18 +21,18 @@ struct OwnerField {
 constexpr OwnerField ownerFields[] = {
     {u" Ονοματεπώνυμο", "Name"}, {u" Διεύθυνση", "Address"}, {u" Τηλέφωνο", "Phone"}, {u" Email", "Email"}};
 
-const QString section = QStringLiteral("Settings");
+const QString section = u"Settings"_s;
 
 }  // namespace
 
 frmOwner::frmOwner(core::MainMod& mod, QWidget* parent) : QDialog(parent), mod_(mod) {
-    setObjectName(QStringLiteral("frmOwner"));
-    setWindowTitle(QStringLiteral("Στοιχεία κατόχου"));
+    setObjectName(u"frmOwner"_s);
+    setWindowTitle(u"Στοιχεία κατόχου"_s);
     auto* form = new QFormLayout;
     form->setSpacing(10);
     form->setLabelAlignment(Qt::AlignRight | Qt::AlignVCenter);
     for (const OwnerField& field : ownerFields) {
-        auto* box = controls::named(new controls::TextBox, controls::arrayName(QStringLiteral("Text7"), Text7.size()));
+        auto* box = controls::named(new controls::TextBox, controls::arrayName(u"Text7"_s, Text7.size()));
         box->setHighlighting(true);
         box->setText(mod_.services.settings.value(section, QString::fromLatin1(field.key)));
         auto* label = new QLabel(QString::fromUtf16(field.caption));
@@ -38,7 +40,7 @@ frmOwner::frmOwner(core::MainMod& mod, QWidget* parent) : QDialog(parent), mod_(
         form->addRow(label, box);
         Text7.append(box);
     }
-    auto* confirm = controls::named(new QPushButton(QStringLiteral("Επικύρωση")), QStringLiteral("Command1"));
+    auto* confirm = controls::named(new QPushButton(u"Επικύρωση"_s), u"Command1"_s);
     confirm->setDefault(true);
     core::onSignal(mod_, this, confirm, &QPushButton::clicked, [this] { store(); });
     auto* layout = new QVBoxLayout(this);
@@ -51,7 +53,7 @@ frmOwner::frmOwner(core::MainMod& mod, QWidget* parent) : QDialog(parent), mod_(
 
 void frmOwner::store() {
     if (Text7.first()->text().isEmpty())
-        return core::complain(mod_, this, QStringLiteral(" Πρέπει να συμπληρώσετε τα Στοιχεία σας"), Text7.first());
+        return core::complain(mod_, this, u" Πρέπει να συμπληρώσετε τα Στοιχεία σας"_s, Text7.first());
     for (int i = 0; i < Text7.size(); ++i)
         mod_.services.settings.setValue(section, QString::fromLatin1(ownerFields[i].key), Text7[i]->text());
     accept();

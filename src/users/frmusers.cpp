@@ -11,6 +11,8 @@
 #include "data/fold.h"
 #include "data/password.h"
 
+using namespace Qt::Literals::StringLiterals;
+
 namespace users {
 
 using controls::named;
@@ -24,8 +26,7 @@ const QString passwordMask(8, maskCharacter);
 
 }  // namespace
 
-frmUsers::frmUsers(core::MainMod& mod)
-    : Form(mod, QStringLiteral("frmUsers"), QStringLiteral("Χρήστες και Δικαιώματα"), {QStringLiteral("Users")}) {
+frmUsers::frmUsers(core::MainMod& mod) : Form(mod, u"frmUsers"_s, u"Χρήστες και Δικαιώματα"_s, {u"Users"_s}) {
     buildList();
     buildFrame();
     buildMenu();
@@ -40,20 +41,19 @@ frmUsers::frmUsers(core::MainMod& mod)
 }
 
 void frmUsers::buildList() {
-    ListView1 = named(new controls::ListView, QStringLiteral("ListView1"));
+    ListView1 = named(new controls::ListView, u"ListView1"_s);
     ListView1->setAccessibleName(windowTitle());
-    ListView1->setColumns({{QStringLiteral("UserName"), QStringLiteral("Όνομα Χρήστη"), 3300},
-                           {QStringLiteral("Group"), QStringLiteral("Δικαιώματα"), 3300}});
-    hint_ = new QLabel(QStringLiteral("Δεξί κλικ ή πλήκτρο μενού: νέος χρήστης, ενημέρωση, διαγραφή"));
+    ListView1->setColumns({{u"UserName"_s, u"Όνομα Χρήστη"_s, 3300}, {u"Group"_s, u"Δικαιώματα"_s, 3300}});
+    hint_ = new QLabel(u"Δεξί κλικ ή πλήκτρο μενού: νέος χρήστης, ενημέρωση, διαγραφή"_s);
     hint_->setProperty("role", "muted");
 }
 
 void frmUsers::buildFrame() {
-    Frame1 = named(new QGroupBox(QStringLiteral("Ενημέρωση Χρήστη")), QStringLiteral("Frame1"));
-    Text1 = named(new controls::TextBox, QStringLiteral("Text1"));
-    Text2 = named(new controls::TextBox, QStringLiteral("Text2"));
+    Frame1 = named(new QGroupBox(u"Ενημέρωση Χρήστη"_s), u"Frame1"_s);
+    Text1 = named(new controls::TextBox, u"Text1"_s);
+    Text2 = named(new controls::TextBox, u"Text2"_s);
     Text2->setEchoMode(QLineEdit::Password);
-    Combo1 = named(new controls::ChoiceBox(false), QStringLiteral("Combo1"));
+    Combo1 = named(new controls::ChoiceBox(false), u"Combo1"_s);
     Text1->setHighlighting(true);
     Text2->setHighlighting(true);
     Combo1->setHighlighting(true);
@@ -70,8 +70,8 @@ void frmUsers::buildFrame() {
         controls::tie(label, row.box);
         form->addRow(label, row.box);
     }
-    Command1 = named(new QPushButton(QStringLiteral("Επικύρωση")), QStringLiteral("Command1"));
-    Command2 = named(new QPushButton(QStringLiteral("Άκυρο")), QStringLiteral("Command2"));
+    Command1 = named(new QPushButton(u"Επικύρωση"_s), u"Command1"_s);
+    Command2 = named(new QPushButton(u"Άκυρο"_s), u"Command2"_s);
     Command1->setDefault(true);
     Command2->setAutoDefault(true);  // Enter presses it when it has the focus
     auto* buttons = new QHBoxLayout;
@@ -87,7 +87,7 @@ void frmUsers::buildFrame() {
 }
 
 void frmUsers::buildMenu() {
-    mnu1 = named(new QMenu(this), QStringLiteral("mnu1"));
+    mnu1 = named(new QMenu(this), u"mnu1"_s);
     struct Entry {
         const char* name;
         const char16_t* caption;
@@ -142,7 +142,7 @@ void frmUsers::refresh(qint64 selected) {
 }
 
 void frmUsers::newUser() {
-    mRs.open(mod_.gConnUsers, QStringLiteral("select * from users "));
+    mRs.open(mod_.gConnUsers, u"select * from users "_s);
     mRs.addNew();
     editedName_ = QString();
     passwordStands_ = false;
@@ -156,9 +156,9 @@ void frmUsers::newUser() {
 bool frmUsers::openSelected() {
     const int row = ListView1->currentRow();
     if (row < 0) return false;
-    mRs.open(mod_.gConnUsers, QStringLiteral("select * from users where aa=%1").arg(accounts_[row].aa));
+    mRs.open(mod_.gConnUsers, u"select * from users where aa=%1"_s.arg(accounts_[row].aa));
     if (!mRs.isEmpty()) return true;
-    core::complain(mod_, this, QStringLiteral("Ο χρήστης έχει διαγραφεί στο μεταξύ."), ListView1);
+    core::complain(mod_, this, u"Ο χρήστης έχει διαγραφεί στο μεταξύ."_s, ListView1);
     refresh();
     return false;
 }
@@ -176,9 +176,8 @@ void frmUsers::editUser() {
 
 void frmUsers::deleteUser() {
     if (!openSelected()) return;
-    if (!mod_.services.prompts.question(
-            this, core::programTitle(),
-            QStringLiteral("Είστε σίγουρος για διαγραφή του χρήστη: ") + mRs[u"UserName"].text()))
+    if (!mod_.services.prompts.question(this, core::programTitle(),
+                                        u"Είστε σίγουρος για διαγραφή του χρήστη: "_s + mRs[u"UserName"].text()))
         return mRs.close();
     // A failure shows what the list holds by now, too.
     core::attempt(mod_, this, [this] { mRs.remove(); });
@@ -225,15 +224,14 @@ bool frmUsers::isComplete() {
         return false;
     };
     if (Combo1->currentText().isEmpty())
-        return wrong(QStringLiteral("Δεν έχετε επιλέξει ομάδα δικαιωμάτων\n για τον χρήστη ") + name, Combo1);
-    if (name.isEmpty()) return wrong(QStringLiteral("Το όνομα Χρήστη δεν μπορεί να είναι κενό !!!"), Text1);
+        return wrong(u"Δεν έχετε επιλέξει ομάδα δικαιωμάτων\n για τον χρήστη "_s + name, Combo1);
+    if (name.isEmpty()) return wrong(u"Το όνομα Χρήστη δεν μπορεί να είναι κενό !!!"_s, Text1);
     // Of two users by the same name only one could log on, so a change of name is looked at as well.
     const bool isNew = mRs.editMode() == data::EditMode::Add;
     const bool renamed = isNew || data::fold(name) != data::fold(editedName_);
     if (renamed && isTaken(accounts(mod_.gConnUsers), name, isNew ? 0 : mRs[u"aa"].toLong()))
-        return wrong(QStringLiteral("Το όνομα Χρήστη %1 υπάρχει ήδη !!!").arg(name), Text1);
-    if (Text2->text().isEmpty())
-        return wrong(QStringLiteral("Για λόγους ασφαλείας ο Κωδικός δεν μπορεί να είναι κενό !!!"), Text2);
+        return wrong(u"Το όνομα Χρήστη %1 υπάρχει ήδη !!!"_s.arg(name), Text1);
+    if (Text2->text().isEmpty()) return wrong(u"Για λόγους ασφαλείας ο Κωδικός δεν μπορεί να είναι κενό !!!"_s, Text2);
     return true;
 }
 
@@ -242,9 +240,8 @@ void frmUsers::save() {
     const QString groupText = Combo1->currentText();
     const auto group = groupNumber(mod_.gConnUsers, groupText);
     if (!group)
-        return core::complain(
-            mod_, this, QStringLiteral("Υπάρχει πρόβλημα με την συγκεκριμένη ομάδα Δικαιωμάτων (%1)").arg(groupText),
-            Combo1);
+        return core::complain(mod_, this,
+                              u"Υπάρχει πρόβλημα με την συγκεκριμένη ομάδα Δικαιωμάτων (%1)"_s.arg(groupText), Combo1);
     mRs[u"Group"].setValue(*group);
     mRs[u"UserName"].setValue(Text1->text());
     if (!passwordStands_) mRs[u"Password"].setValue(data::makeVerifier(Text2->text()));
@@ -260,7 +257,7 @@ bool frmUsers::queryUnload() {
     return Frame1->isHidden() || typed() == shown_ ||
            mod_.services.prompts.question(
                this, core::programTitle(),
-               QStringLiteral("Ο χρήστης έχει αλλαγές που δεν αποθηκεύτηκαν.\nΝα κλείσει χωρίς αποθήκευση;"));
+               u"Ο χρήστης έχει αλλαγές που δεν αποθηκεύτηκαν.\nΝα κλείσει χωρίς αποθήκευση;"_s);
 }
 
 void frmUsers::onUnload() {

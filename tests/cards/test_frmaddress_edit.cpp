@@ -1,13 +1,15 @@
 // Adding, changing, saving and deleting; the photo; two seats on one office.
 #include "cards/carddriver.h"
 
+using namespace Qt::Literals::StringLiterals;
+
 using support::CardDriver;
 using support::Office;
 
 namespace {
 
-const QString saveFailure = QStringLiteral(
-    "Πρόβλημα κατά την αποθήκευση των δεμένων! \nΕλέγχετε τα αριθμητικά πεδία οτι είναι αριθμοι! \nDorvalist Error: ");
+const QString saveFailure =
+    u"Πρόβλημα κατά την αποθήκευση των δεμένων! \nΕλέγχετε τα αριθμητικά πεδία οτι είναι αριθμοι! \nDorvalist Error: "_s;
 
 QByteArray png(QSize size) {
     QImage image(size, QImage::Format_RGB32);

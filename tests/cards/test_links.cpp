@@ -6,6 +6,8 @@
 #include "cards/frmlink.h"
 #include "cards/linkpath.h"
 
+using namespace Qt::Literals::StringLiterals;
+
 using cards::frmLink;
 using cards::LinkTarget;
 using platform::PathStyle;
@@ -18,7 +20,7 @@ namespace {
 struct Links : Office {
     Links() {
         code = addCard("Παπαδόπουλος", "Γιώργος");
-        for (const QString& name : {QStringLiteral("Προσφορά #1 100%.pdf"), QStringLiteral("β.txt")}) {
+        for (const QString& name : {u"Προσφορά #1 100%.pdf"_s, u"β.txt"_s}) {
             QFile file(path(name));
             if (!file.open(QIODevice::WriteOnly)) QTest::qFail("no scratch file", __FILE__, __LINE__);
         }

@@ -8,6 +8,8 @@
 #include "controls/picturebutton.h"
 #include "controls/theme.h"
 
+using namespace Qt::Literals::StringLiterals;
+
 using namespace controls;
 
 namespace {
@@ -215,7 +217,7 @@ int main(int argc, char** argv) {
     const QString scale = QString::number(qRound(app.devicePixelRatio()));
     for (const ThemeKind kind : {ThemeKind::Light, ThemeKind::Dark}) {
         applyTheme(app, kind);
-        const QString tail = QStringLiteral("-%1-%2x.png").arg(theme().dark ? "dark" : "light", scale);
+        const QString tail = u"-%1-%2x.png"_s.arg(theme().dark ? "dark" : "light", scale);
         std::unique_ptr<QWidget> window(gallery());
         window->show();
         window->activateWindow();

@@ -4,6 +4,8 @@
 #include "controls/names.h"
 #include "controls/theme.h"
 
+using namespace Qt::Literals::StringLiterals;
+
 using namespace controls;
 
 namespace {
@@ -225,7 +227,7 @@ private slots:
     }
 
     void controlCharactersNeverGetIn() {
-        const QString dirty = QStringLiteral("α") + QChar(0) + "β\x07\r\nγ\tδ" + QChar(0x85) + QString::fromUtf8("😀");
+        const QString dirty = u"α"_s + QChar(0) + "β\x07\r\nγ\tδ" + QChar(0x85) + QString::fromUtf8("😀");
         const QString line = QString::fromUtf8("αβ γ δ😀");
         const QString many = QString::fromUtf8("αβ\nγ\tδ😀");
         form_->first->setText(dirty);

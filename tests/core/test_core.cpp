@@ -4,6 +4,8 @@
 #include "core/windows.h"
 #include "support/office.h"
 
+using namespace Qt::Literals::StringLiterals;
+
 using core::Form;
 
 namespace {
@@ -17,8 +19,7 @@ public:
 protected:
     void onLoad() override {
         log_ << "load " + objectName();
-        if (objectName() == "frmBroken")
-            throw data::Error(data::ErrorCategory::Connection, QStringLiteral("χωρίς σύνδεση"));
+        if (objectName() == "frmBroken") throw data::Error(data::ErrorCategory::Connection, u"χωρίς σύνδεση"_s);
     }
     bool queryUnload() override { return !refuses; }
     void onUnload() override { log_ << "unload " + objectName(); }
@@ -65,7 +66,7 @@ private slots:
         support::Office office;
         const qint64 code =
             office.addCard("Α", "Β", {{"ΚΙΝΗΤΟ", "697"}, {"τηλεφωνο4", "4"}, {"τηλεφωνο1", "1"}, {"τηλεφωνο3", ""}});
-        QCOMPARE(office.mod.GetPhones(code), QStringLiteral("1, 4, 697"));
+        QCOMPARE(office.mod.GetPhones(code), u"1, 4, 697"_s);
         QCOMPARE(office.mod.GetPhones(code + 1), QString());
     }
 
@@ -74,14 +75,14 @@ private slots:
         core::MainMod mod(desk.services);
         desk.prompts.answerFolder("/somewhere");
         core::GivePath(mod, "dorvalist.mdb");
-        QCOMPARE(mod.gDataPath, QStringLiteral("/somewhere"));
-        QCOMPARE(desk.prompts.lastTitle(), QStringLiteral("Επιλογή Υποκαταλόγου dorvalist.mdb ..."));
+        QCOMPARE(mod.gDataPath, u"/somewhere"_s);
+        QCOMPARE(desk.prompts.lastTitle(), u"Επιλογή Υποκαταλόγου dorvalist.mdb ..."_s);
     }
 
     void nounsNameTheMenus() {
-        QCOMPARE(core::contactNoun(4).address, QStringLiteral("Ασθενείς"));
+        QCOMPARE(core::contactNoun(4).address, u"Ασθενείς"_s);
         QVERIFY(core::contactNoun(4).medical && !core::contactNoun(4).changeable);
-        for (int wrong : {0, -1, 5}) QCOMPARE(core::contactNoun(wrong).query, QStringLiteral("0103"));
+        for (int wrong : {0, -1, 5}) QCOMPARE(core::contactNoun(wrong).query, u"0103"_s);
     }
 
     void storedPlacesComeBackOnScreen() {
@@ -127,8 +128,8 @@ private slots:
         QStringList log;
         windows.add("frmBroken", [&] { return new SampleForm(mod, "frmBroken", log); });
         QVERIFY(windows.front("frmBroken"));
-        QCOMPARE(desk.prompts.lastTitle(), QStringLiteral("Μήνυμα λάθους"));
-        QCOMPARE(desk.prompts.lastText(), QStringLiteral("Dorvalist Error: χωρίς σύνδεση"));
+        QCOMPARE(desk.prompts.lastTitle(), u"Μήνυμα λάθους"_s);
+        QCOMPARE(desk.prompts.lastText(), u"Dorvalist Error: χωρίς σύνδεση"_s);
     }
 };
 

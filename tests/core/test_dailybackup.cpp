@@ -8,6 +8,8 @@
 #include "schema/backup.h"
 #include "support/office.h"
 
+using namespace Qt::Literals::StringLiterals;
+
 using core::BackupKind;
 using core::DailyBackup;
 
@@ -232,7 +234,7 @@ private slots:
         leave(site.folder + '/' + site.name(-1));
         // Another office's copy under this office's name, and one that a wrong clock dated.
         const QString foreign = site.office.directory_.filePath("άλλο");
-        schema::createOffice(foreign, {QStringLiteral("x"), {}});
+        schema::createOffice(foreign, {u"x"_s, {}});
         schema::backupOffice(foreign, site.folder + '/' + site.name(-2));
         const QString late = site.folder + '/' + site.name(-1000);
         QVERIFY(QFile::copy(good, late));

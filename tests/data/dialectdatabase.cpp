@@ -5,6 +5,8 @@
 #include "data/format.h"
 #include "data/sqlite/sqliteengine.h"
 
+using namespace Qt::Literals::StringLiterals;
+
 using namespace data;
 
 namespace {
@@ -77,8 +79,7 @@ Catalog officeCatalog() {
         const QString text = QString::fromUtf16(line);
         TableInfo table;
         table.name = text.section(u':', 0, 0);
-        for (const QString& column : text.section(u':', 1).trimmed().split(QStringLiteral(", ")))
-            addColumns(table, column);
+        for (const QString& column : text.section(u':', 1).trimmed().split(u", "_s)) addColumns(table, column);
         catalog.add(table);
     }
     return catalog;
@@ -95,7 +96,7 @@ public:
     }
 
     void beginRow() override { rows_ << QStringList(); }
-    void null() override { add(QStringLiteral("-")); }
+    void null() override { add(u"-"_s); }
     void integer(qint64 value) override {
         const qsizetype at = rows_.last().size();
         const ColumnType type = at < columns_.size() ? columns_[at].type : ColumnType::Long;
@@ -120,14 +121,14 @@ DialectDatabase::DialectDatabase(Engine engine) {
         schema_ = std::make_unique<testengine::Schema>();
         engine_ = std::make_unique<PgEngine>(schema_->description(), OpenSettings());
     } else {
-        const QString file = folder_.filePath(QStringLiteral("dorvalist.mdb"));
+        const QString file = folder_.filePath(u"dorvalist.mdb"_s);
         createSqliteFile(file, mainApplicationId);
         engine_ = std::make_unique<SqliteEngine>(OpenSettings{file, {}, false, 5000});
     }
     engine_->begin();
     const Catalog wanted = officeCatalog();
     for (const TableInfo& table : wanted.tables())
-        engine_->script(dialect().createTable(table, table.name == u"Groups" ? QStringLiteral("code") : QString()));
+        engine_->script(dialect().createTable(table, table.name == u"Groups" ? u"code"_s : QString()));
     engine_->commit();
     catalog_ = engine_->readCatalog();
     translator_ = std::make_unique<Translator>(catalog_, dialect());
@@ -174,7 +175,7 @@ QString DialectDatabase::run(const QString& sql, const DialectOptions& options,
         return QString::number(engine_->execute(translation->sql, values).affected);
     Cells cells(translation->columns);
     engine_->query(translation->sql, values, &cells);
-    return cells.rows().join(QStringLiteral(" / "));
+    return cells.rows().join(u" / "_s);
 }
 
 QString DialectDatabase::plan(const QString& sql) {
@@ -182,5 +183,5 @@ QString DialectDatabase::plan(const QString& sql) {
     const QVector<OutputColumn> all(9);
     Cells cells(all);
     engine_->query(explain + translator_->translate(sql)->sql, {}, &cells);
-    return cells.rows().join(QStringLiteral("; "));
+    return cells.rows().join(u"; "_s);
 }

@@ -12,6 +12,8 @@
 
 namespace road {
 
+using namespace Qt::Literals::StringLiterals;
+
 inline constexpr char cardsTable[] =
     "CREATE TABLE Cards (code INTEGER PRIMARY KEY AUTOINCREMENT, \"επωνυμο\" TEXT(30), \"ονομα\" TEXT(30), category "
     "SMALLINT,"
@@ -43,11 +45,9 @@ public:
 
     const data::ServerDescription& server() const { return schema_->description(); }
     QString folder() const { return folder_.path(); }
-    QString file() const { return folder_.filePath(QStringLiteral("dorvalist.mdb")); }
+    QString file() const { return folder_.filePath(u"dorvalist.mdb"_s); }
     QString connectionString(int timeout = 5000) const {
-        return QStringLiteral("Provider=microsoft.jet.oledb.4.0;data source=%1;Busy Timeout=%2")
-            .arg(file())
-            .arg(timeout);
+        return u"Provider=microsoft.jet.oledb.4.0;data source=%1;Busy Timeout=%2"_s.arg(file()).arg(timeout);
     }
 
 private:

@@ -3,11 +3,13 @@
 
 #include "data/recordset.h"
 
+using namespace Qt::Literals::StringLiterals;
+
 int main(int, char** arguments) {
     try {
         data::Connection connection;
-        connection.open(QStringLiteral("data source=") + QString::fromLocal8Bit(arguments[1]));
-        data::Recordset rows(connection, QStringLiteral("select * from Saves"));
+        connection.open(u"data source="_s + QString::fromLocal8Bit(arguments[1]));
+        data::Recordset rows(connection, u"select * from Saves"_s);
         std::puts("ready");
         std::fflush(stdout);
         for (qint64 value = QByteArray(arguments[2]).toLongLong();; ++value) {

@@ -5,6 +5,8 @@
 #include <QVariant>
 #include <stdexcept>
 
+using namespace Qt::Literals::StringLiterals;
+
 namespace {
 
 void readOption(TypedStatement& statement, const QString& text) {
@@ -15,7 +17,7 @@ void readOption(TypedStatement& statement, const QString& text) {
     else if (text.contains(u'='))
         statement.parameters.insert(text.section(u'=', 0, 0).trimmed(), text.section(u'=', 1).trimmed());
     else
-        throw std::runtime_error(qPrintable(QStringLiteral("option: ") + text));
+        throw std::runtime_error(qPrintable(u"option: "_s + text));
 }
 
 void readRefusal(TypedStatement& statement, const QString& text) {
@@ -41,10 +43,10 @@ QVector<TypedStatement> readStatements(const QString& name) {
             readOption(next, rest);
             continue;
         }
-        if (all.isEmpty() || !QStringLiteral("=>!?").contains(sign) || sign.isNull()) {
+        if (all.isEmpty() || !u"=>!?"_s.contains(sign) || sign.isNull()) {
             next.place = QFileInfo(name).fileName() + u':' + QString::number(number);
             next.sql = line;
-            next.sql.replace(QStringLiteral("\\n"), QStringLiteral("\n"));
+            next.sql.replace(u"\\n"_s, u"\n"_s);
             all << std::exchange(next, {});
             continue;
         }

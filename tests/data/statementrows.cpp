@@ -6,6 +6,8 @@
 
 #include "data/recordset.h"
 
+using namespace Qt::Literals::StringLiterals;
+
 using namespace data;
 
 namespace {
@@ -24,8 +26,8 @@ QVariant pick(const char16_t* const (&words)[count], int i) {
 // As it is, in capitals without accents, or in small letters: one name to a person.
 QString spelled(QString name, int style) {
     if (style % 3 == 0) return name;
-    static const QString from = QStringLiteral("άέήίόύώϊΆΈΉΊΌΎΏ");
-    static const QString to = QStringLiteral("αεηιουωιΑΕΗΙΟΥΩ");
+    static const QString from = u"άέήίόύώϊΆΈΉΊΌΎΏ"_s;
+    static const QString to = u"αεηιουωιΑΕΗΙΟΥΩ"_s;
     for (QChar& c : name)
         if (const qsizetype at = from.indexOf(c); at >= 0) c = to[at];
     return style % 3 == 1 ? name.toUpper() : name.toLower();
@@ -51,7 +53,7 @@ void addCards(Connection& connection) {
                                                 u"Ηράκλειο", u"Βόλος",       u"πάτρα", nullptr};
     static constexpr const char16_t* lists[] = {u"Χονδρική", u"Λιανική", nullptr};
     std::mt19937 random(20261123);
-    Recordset rows(connection, QStringLiteral("select * from Cards where code=0"));
+    Recordset rows(connection, u"select * from Cards where code=0"_s);
     const auto put = [&](const char16_t* column, const QVariant& value) {
         rows.field(QString::fromUtf16(column)).setValue(value);
     };
@@ -69,10 +71,10 @@ void addCards(Connection& connection) {
         put(u"ΑΝΔΡΑΣ", i % 2 == 0);
         put(u"FieldCombo1", pick(lists, i));
         put(u"FIELdnum1", (double(random()) - 2147483648.0) * std::pow(10.0, double(i % 7) - 3));
-        put(u"τηλεφωνο1", QStringLiteral("210%1").arg(random() % 10000000, 7, 10, QChar(u'0')));
+        put(u"τηλεφωνο1", u"210%1"_s.arg(random() % 10000000, 7, 10, QChar(u'0')));
         put(u"ΤΕΛΕΥΤΑΙΑ_ΚΙΝΗΣΗ", day(2026, i % 365, i % 4 == 0 ? QTime(13, 45, 10) : QTime(0, 0)));
         put(u"ΣΥΧΝΟΤΗΤΑ_ΚΙΝΗΣΗΣ", (i % 5) * 15);
-        if (i % 5 == 0) put(u"σχολια", QStringLiteral("Σημείωση %1. ").arg(i).repeated(i / 10 + 1));
+        if (i % 5 == 0) put(u"σχολια", u"Σημείωση %1. "_s.arg(i).repeated(i / 10 + 1));
         rows.update();
     }
 }
@@ -81,7 +83,7 @@ void addMovements(Connection& connection) {
     static constexpr const char16_t* reasons[] = {u"Αγορά",       u"ΠΛΗΡΩΜΗ", u"Επιστροφή", u"αγορά εμπορευμάτων",
                                                   u"Έκπτωση 10%", u"Πληρωμή", nullptr};
     std::mt19937 random(3);
-    Recordset rows(connection, QStringLiteral("select * from History where aa=0"));
+    Recordset rows(connection, u"select * from History where aa=0"_s);
     for (int i = 0; i < madeUpMovements; ++i) {
         rows.addNew();
         rows[u"aa"].setValue(firstMadeUp + i);
@@ -98,7 +100,7 @@ void addMovements(Connection& connection) {
 void addAppointments(Connection& connection) {
     static constexpr const char16_t* owners[] = {u"Μαρία", u"Νίκος", u"Admin", u"ΝΙΚΟΣ"};
     static constexpr const char16_t* subjects[] = {u"Συνάντηση", u"Τηλεφώνημα", u"Επίσκεψη"};
-    Recordset rows(connection, QStringLiteral("select * from Dates where aa=0"));
+    Recordset rows(connection, u"select * from Dates where aa=0"_s);
     for (int i = 0; i < madeUpAppointments; ++i) {
         rows.addNew();
         rows[u"aa"].setValue(firstMadeUp + i);
@@ -129,6 +131,5 @@ void fillStatementRows(Connection& main, Connection& users) {
     addAppointments(main);
     all.commit();
     for (const char* user : {"('Μαρία', 'x', 2)", "('νίκος', 'y', 3)", "('ΝΙΚΟΛΑΣ', 'z', 0.1)"})
-        users.execute(QStringLiteral("INSERT INTO Users (UserName, [Password], [Group]) VALUES ") +
-                      QString::fromUtf8(user));
+        users.execute(u"INSERT INTO Users (UserName, [Password], [Group]) VALUES "_s + QString::fromUtf8(user));
 }

@@ -3,6 +3,8 @@
 #include "data/convert.h"
 #include "data/error.h"
 
+using namespace Qt::Literals::StringLiterals;
+
 using namespace data;
 
 Q_DECLARE_METATYPE(data::ColumnType)
@@ -75,7 +77,7 @@ private slots:
         QTest::newRow("text to bytes") << LongBinary << QVariant("x") << false;
         QTest::newRow("list") << Text << QVariant(QVariantList{1}) << false;
         QTest::newRow("too long") << Text << QVariant(QString(31, u'x')) << true;
-        QTest::newRow("emoji count two") << Text << QVariant(QStringLiteral("👍").repeated(16)) << true;
+        QTest::newRow("emoji count two") << Text << QVariant(u"👍"_s.repeated(16)) << true;
     }
     void refusals() {
         QFETCH(ColumnType, type);

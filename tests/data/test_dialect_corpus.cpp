@@ -3,6 +3,8 @@
 
 #include "dialectdatabase.h"
 
+using namespace Qt::Literals::StringLiterals;
+
 using namespace data;
 
 class TestDialectCorpus : public QObject {
@@ -32,7 +34,7 @@ void TestDialectCorpus::runs_data() {
         } else if (line.startsWith(u"@ ")) {
             parameters = line.mid(2).split(u',');
         } else {
-            line.replace(QStringLiteral("\\n"), QStringLiteral("\r\n"));
+            line.replace(u"\\n"_s, u"\r\n"_s);
             QTest::addRow("line %d", number) << line << parameters << user;
             parameters.clear();
             user = false;

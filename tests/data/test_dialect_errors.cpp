@@ -4,6 +4,8 @@
 #include "data/error.h"
 #include "dialectdatabase.h"
 
+using namespace Qt::Literals::StringLiterals;
+
 using namespace data;
 
 namespace {
@@ -136,7 +138,7 @@ void TestDialectErrors::refused() {
         QFAIL("accepted");
     } catch (const Error& error) {
         QCOMPARE(int(error.category()), int(c.category));
-        const QString place = QStringLiteral("Στη θέση %1: ").arg(c.position);
+        const QString place = u"Στη θέση %1: "_s.arg(c.position);
         QVERIFY2(c.position == 0 || error.text().startsWith(place), qPrintable(error.text()));
         for (const char16_t* word : c.says)
             if (word) QVERIFY2(error.text().contains(QString::fromUtf16(word)), qPrintable(error.text()));
@@ -146,8 +148,8 @@ void TestDialectErrors::refused() {
 void TestDialectErrors::onlySelect_data() {
     QTest::addColumn<QString>("sql");
     QTest::addColumn<bool>("allowed");
-    QTest::newRow("select") << QStringLiteral("Select code from cards;") << true;
-    QTest::newRow("union") << QStringLiteral("select code from cards union select aa from history") << true;
+    QTest::newRow("select") << u"Select code from cards;"_s << true;
+    QTest::newRow("union") << u"select code from cards union select aa from history"_s << true;
     const char* refused[] = {"delete from cards",
                              "insert into combo1 values (1,'α')",
                              "update cards set total=1",
@@ -182,7 +184,7 @@ void TestDialectErrors::nesting_data() {
     QTest::addColumn<QString>("middle");
     QTest::addColumn<QString>("after");
     QTest::addColumn<QString>("frame");
-    const QString where = QStringLiteral("select code from cards where %1");
+    const QString where = u"select code from cards where %1"_s;
     const auto row = [&](const char* name, const char* before, const char* middle, const char* after,
                          const QString& frame) {
         QTest::newRow(name) << QString::fromUtf8(before) << QString::fromUtf8(middle) << QString::fromUtf8(after)
@@ -197,8 +199,8 @@ void TestDialectErrors::nesting_data() {
     row("sums", "1+(", "1", ")", where);
     row("minus", "-(", "code", ")", where);
     row("in", "1 in (", "1", ")", where);
-    row("derived", "(select * from ", "cards", ")", QStringLiteral("select * from %1"));
-    row("joins", "(", "cards", ")", QStringLiteral("select * from %1"));
+    row("derived", "(select * from ", "cards", ")", u"select * from %1"_s);
+    row("joins", "(", "cards", ")", u"select * from %1"_s);
     row("chain", "", "code", "+1", where);
     row("comparisons", "", "code", "=1", where);
     row("powers", "", "code", "^1", where);
@@ -213,14 +215,14 @@ void TestDialectErrors::nesting() {
     const auto statement = [&](int times) {
         return frame.arg(before.repeated(times) + middle + after.repeated(times));
     };
-    if (!before.contains(QStringLiteral("select"))) database_.run(statement(10));
+    if (!before.contains(u"select"_s)) database_.run(statement(10));
     database_.run(statement(3));
     for (const int times : {1000, 100'000}) {
         try {
             database_.translator().translate(statement(times));
             QFAIL("accepted");
         } catch (const Error& error) {
-            QVERIFY2(error.text().contains(QStringLiteral("200")), qPrintable(error.text()));
+            QVERIFY2(error.text().contains(u"200"_s), qPrintable(error.text()));
         }
     }
 }
@@ -228,25 +230,20 @@ void TestDialectErrors::nesting() {
 // Long is not deep: these run.
 void TestDialectErrors::large_data() {
     QTest::addColumn<QString>("sql");
-    const QString select = QStringLiteral("select code from cards where ");
-    QString list = QStringLiteral("0");
+    const QString select = u"select code from cards where "_s;
+    QString list = u"0"_s;
     for (int i = 1; i < 20'000; ++i) list += u',' + QString::number(i);
-    QTest::newRow("in of numbers") << select + QStringLiteral("code in (") + list + u')';
-    QTest::newRow("in of texts") << select + QStringLiteral("επωνυμο in ('α'") + repeated(",'Άβγ'", "", "", 20'000) +
-                                        u')';
-    QTest::newRow("ors") << select + QStringLiteral("code=1") + repeated(" or επωνυμο='Άβγ'", "", "", 20'000);
-    QTest::newRow("ands") << select + QStringLiteral("code=1") + repeated(" and code<>2", "", "", 20'000);
-    QTest::newRow("ands and ors") << select + QStringLiteral("code=1") +
-                                         repeated(" or code=2 and code=3", "", "", 10'000);
-    QTest::newRow("megabyte of text") << select + QStringLiteral("σχολια like '%") + QString(1'000'000, u'ά') +
-                                             QStringLiteral("%'");
-    QTest::newRow("megabyte of percents")
-        << select + QStringLiteral("επωνυμο like '%α") + QString(1'000'000, u'%') + QStringLiteral("β'");
-    QTest::newRow("blanks") << select + QString(1'000'000, u' ') + QStringLiteral("code=1");
-    QTest::newRow("nots") << select + repeated("not ", "", "", 100'000) + QStringLiteral("code=1");
-    QTest::newRow("minus") << select + repeated("- ", "", "", 100'000) + QStringLiteral("code=1");
-    QTest::newRow("columns") << QStringLiteral("select code") + repeated(",code", "", "", 1500) +
-                                    QStringLiteral(" from cards");
+    QTest::newRow("in of numbers") << select + u"code in ("_s + list + u')';
+    QTest::newRow("in of texts") << select + u"επωνυμο in ('α'"_s + repeated(",'Άβγ'", "", "", 20'000) + u')';
+    QTest::newRow("ors") << select + u"code=1"_s + repeated(" or επωνυμο='Άβγ'", "", "", 20'000);
+    QTest::newRow("ands") << select + u"code=1"_s + repeated(" and code<>2", "", "", 20'000);
+    QTest::newRow("ands and ors") << select + u"code=1"_s + repeated(" or code=2 and code=3", "", "", 10'000);
+    QTest::newRow("megabyte of text") << select + u"σχολια like '%"_s + QString(1'000'000, u'ά') + u"%'"_s;
+    QTest::newRow("megabyte of percents") << select + u"επωνυμο like '%α"_s + QString(1'000'000, u'%') + u"β'"_s;
+    QTest::newRow("blanks") << select + QString(1'000'000, u' ') + u"code=1"_s;
+    QTest::newRow("nots") << select + repeated("not ", "", "", 100'000) + u"code=1"_s;
+    QTest::newRow("minus") << select + repeated("- ", "", "", 100'000) + u"code=1"_s;
+    QTest::newRow("columns") << u"select code"_s + repeated(",code", "", "", 1500) + u" from cards"_s;
 }
 
 void TestDialectErrors::large() {
@@ -259,13 +256,13 @@ void TestDialectErrors::large() {
 }
 
 void TestDialectErrors::parameters() {
-    const QString sql = QStringLiteral("select code from cards where code=datefrm");
+    const QString sql = u"select code from cards where code=datefrm"_s;
     try {
-        database_.translator().translate(sql, {DateOrder::MonthFirst, false, false, {QStringLiteral("datefrom")}});
+        database_.translator().translate(sql, {DateOrder::MonthFirst, false, false, {u"datefrom"_s}});
         QFAIL("accepted");
     } catch (const Error& error) {
         QCOMPARE(int(error.category()), int(ErrorCategory::Parameter));
-        QVERIFY(error.text().contains(QStringLiteral("«datefrom»")));
+        QVERIFY(error.text().contains(u"«datefrom»"_s));
         QCOMPARE(error.statement(), sql);
     }
 }

@@ -4,6 +4,8 @@
 #include "data/error.h"
 #include "dialectdatabase.h"
 
+using namespace Qt::Literals::StringLiterals;
+
 using namespace data;
 
 namespace {
@@ -177,7 +179,7 @@ void TestDialectFunctions::value() {
     QFETCH(QString, expression);
     QString answer;
     try {
-        answer = database_.run(QStringLiteral("select ") + expression);
+        answer = database_.run(u"select "_s + expression);
     } catch (const std::exception& error) {
         answer = QString::fromUtf8(error.what());
     }
@@ -188,31 +190,30 @@ void TestDialectFunctions::value() {
 void TestDialectFunctions::tooLarge() {
     QString answer;
     try {
-        answer = database_.run(QStringLiteral("select 1e308*10 > 1"));
+        answer = database_.run(u"select 1e308*10 > 1"_s);
     } catch (const Error& error) {
         QCOMPARE(error.category(), ErrorCategory::Type);
         answer = error.text();
     }
-    QCOMPARE(answer,
-             testengine::isPostgres() ? QStringLiteral("Ένας αριθμός είναι έξω από τα όρια.") : QStringLiteral("True"));
+    QCOMPARE(answer, testengine::isPostgres() ? u"Ένας αριθμός είναι έξω από τα όρια."_s : u"True"_s);
 }
 
 // Values that the statement doesn't know: wrong and empty ones give Null, and nothing fails.
 void TestDialectFunctions::overColumns() {
-    database_.run(QStringLiteral("insert into combo1 (description) values ('5/11/2026')"));
-    database_.run(QStringLiteral("insert into combo1 (description) values ('1,5')"));
-    database_.run(QStringLiteral("insert into combo1 (description) values ('άλλο')"));
-    database_.run(QStringLiteral("insert into combo1 (description) values (null)"));
+    database_.run(u"insert into combo1 (description) values ('5/11/2026')"_s);
+    database_.run(u"insert into combo1 (description) values ('1,5')"_s);
+    database_.run(u"insert into combo1 (description) values ('άλλο')"_s);
+    database_.run(u"insert into combo1 (description) values (null)"_s);
     const auto column = [&](const char16_t* expression) {
-        return database_.run(QStringLiteral("select %1 from combo1 order by code").arg(QString::fromUtf16(expression)));
+        return database_.run(u"select %1 from combo1 order by code"_s.arg(QString::fromUtf16(expression)));
     };
-    QCOMPARE(column(u"cdate(description)"), QStringLiteral("05/11/2026 / - / - / -"));
-    QCOMPARE(column(u"cdbl(description)"), QStringLiteral("- / 1,5 / - / -"));
-    QCOMPARE(column(u"day(description)"), QStringLiteral("5 / - / - / -"));
-    QCOMPARE(column(u"dateadd(description,1,#2026/01/01#)"), QStringLiteral("- / - / - / -"));
-    QCOMPARE(column(u"isnumeric(description)"), QStringLiteral("False / True / False / False"));
-    QCOMPARE(column(u"description*2"), QStringLiteral("- / 3 / - / -"));
-    QCOMPARE(column(u"description & '.'"), QStringLiteral("5/11/2026. / 1,5. / άλλο. / ."));
+    QCOMPARE(column(u"cdate(description)"), u"05/11/2026 / - / - / -"_s);
+    QCOMPARE(column(u"cdbl(description)"), u"- / 1,5 / - / -"_s);
+    QCOMPARE(column(u"day(description)"), u"5 / - / - / -"_s);
+    QCOMPARE(column(u"dateadd(description,1,#2026/01/01#)"), u"- / - / - / -"_s);
+    QCOMPARE(column(u"isnumeric(description)"), u"False / True / False / False"_s);
+    QCOMPARE(column(u"description*2"), u"- / 3 / - / -"_s);
+    QCOMPARE(column(u"description & '.'"), u"5/11/2026. / 1,5. / άλλο. / ."_s);
 }
 
 QTEST_GUILESS_MAIN(TestDialectFunctions)

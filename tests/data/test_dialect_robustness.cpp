@@ -5,6 +5,8 @@
 #include "data/error.h"
 #include "dialectdatabase.h"
 
+using namespace Qt::Literals::StringLiterals;
+
 using namespace data;
 
 class TestDialectRobustness : public QObject {
@@ -39,19 +41,18 @@ void TestDialectRobustness::check(const QString& sql) {
     if (!failure_.isEmpty()) return;
     DialectOptions options;
     options.decimalComma = below(2) == 0;
-    options.parameters = {QStringLiteral("p1"), QStringLiteral("p2")};
+    options.parameters = {u"p1"_s, u"p2"_s};
     std::shared_ptr<const Translation> translation;
     try {
         translation = database_.translator().translate(sql, options);
         ++accepted_;
         database_.prepare(*translation);
     } catch (const Error& error) {
-        if (error.text().isEmpty()) failure_ = QStringLiteral("no text: ") + sql;
+        if (error.text().isEmpty()) failure_ = u"no text: "_s + sql;
         // A server computes what is constant while it plans, and may find a value out of range.
-        if (translation && error.category() != ErrorCategory::Type)
-            failure_ = error.text() + QStringLiteral("\n  from ") + sql;
+        if (translation && error.category() != ErrorCategory::Type) failure_ = error.text() + u"\n  from "_s + sql;
     } catch (const std::exception& error) {
-        failure_ = QString::fromUtf8(error.what()) + QStringLiteral("\n  from ") + sql;
+        failure_ = QString::fromUtf8(error.what()) + u"\n  from "_s + sql;
     }
 }
 
@@ -61,23 +62,21 @@ void TestDialectRobustness::initTestCase() {
     for (const QString& line : QString::fromUtf8(file.readAll()).split(u'\n'))
         if (!line.isEmpty() && !line.startsWith(u'#') && !line.startsWith(u'@')) corpus_ << line;
     QVERIFY(corpus_.size() > 100);
-    words_ = QStringLiteral(
-                 "select from where order by group having union all distinct top 1 inner left right join on as "
-                 "and or not xor like between in is null exists insert into values update set delete true "
-                 "false mod asc desc cards History Dates Options code aa επωνυμο total FieldYes1 Day [end] "
-                 "Photo σχολια p1 p2 x t c0 ( ) ( ) , , . * + - / \\ ^ & = <> < <= > >= ; 5 0 -1 2.5 1e3 "
-                 "'α' '%α%' 'α%' '5,5' '' \"β\" #2026/11/05# #5/11/2026# #09:00# iif( nz( left( dateadd( "
-                 "count( sum( min( max( first( format( day( round( instr( replace( cdate( cstr( isnull( 'd'")
-                 .split(u' ');
+    words_ =
+        u"select from where order by group having union all distinct top 1 inner left right join on as "
+        "and or not xor like between in is null exists insert into values update set delete true "
+        "false mod asc desc cards History Dates Options code aa επωνυμο total FieldYes1 Day [end] "
+        "Photo σχολια p1 p2 x t c0 ( ) ( ) , , . * + - / \\ ^ & = <> < <= > >= ; 5 0 -1 2.5 1e3 "
+        "'α' '%α%' 'α%' '5,5' '' \"β\" #2026/11/05# #5/11/2026# #09:00# iif( nz( left( dateadd( "
+        "count( sum( min( max( first( format( day( round( instr( replace( cdate( cstr( isnull( 'd'"_s.split(u' ');
 }
 
 void TestDialectRobustness::tokenSoup() {
     for (int round = 0; round < rounds_; ++round) {
         QStringList soup;
         if (below(4) != 0)
-            soup << pick(QStringList{
-                QStringLiteral("select"), QStringLiteral("update cards set"), QStringLiteral("delete from cards where"),
-                QStringLiteral("select code from cards where"), QStringLiteral("select * from cards order by")});
+            soup << pick(QStringList{u"select"_s, u"update cards set"_s, u"delete from cards where"_s,
+                                     u"select code from cards where"_s, u"select * from cards order by"_s});
         const size_t length = 1 + below(14);
         for (size_t i = 0; i < length; ++i) soup << pick(words_);
         check(soup.join(u' '));
@@ -88,7 +87,7 @@ void TestDialectRobustness::tokenSoup() {
 
 void TestDialectRobustness::mutatedStatements() {
     accepted_ = 0;
-    static const QRegularExpression pieces(QStringLiteral("\\[[^\\]]*\\]|'[^']*'|#[^#]*#|\\w+|\\s+|."));
+    static const QRegularExpression pieces(u"\\[[^\\]]*\\]|'[^']*'|#[^#]*#|\\w+|\\s+|."_s);
     for (int round = 0; round < rounds_; ++round) {
         QStringList tokens;
         auto matches = pieces.globalMatch(pick(corpus_));
@@ -119,54 +118,51 @@ void TestDialectRobustness::mutatedStatements() {
 
 QString TestDialectRobustness::operand(int depth) {
     static const QStringList leaves = {
-        QStringLiteral("code"),         QStringLiteral("total"),     QStringLiteral("επωνυμο"),
-        QStringLiteral("σχολια"),       QStringLiteral("FieldYes1"), QStringLiteral("ΗΜ_ΓΕΝΗΣΗΣ"),
-        QStringLiteral("photo"),        QStringLiteral("5"),         QStringLiteral("-2.5"),
-        QStringLiteral("'α%'"),         QStringLiteral("'5,5'"),     QStringLiteral("'5/11/2026'"),
-        QStringLiteral("#2026/11/05#"), QStringLiteral("#09:00#"),   QStringLiteral("true"),
-        QStringLiteral("null"),         QStringLiteral("p1")};
+        u"code"_s,         u"total"_s,   u"επωνυμο"_s, u"σχολια"_s, u"FieldYes1"_s, u"ΗΜ_ΓΕΝΗΣΗΣ"_s,
+        u"photo"_s,        u"5"_s,       u"-2.5"_s,    u"'α%'"_s,   u"'5,5'"_s,     u"'5/11/2026'"_s,
+        u"#2026/11/05#"_s, u"#09:00#"_s, u"true"_s,    u"null"_s,   u"p1"_s};
     // %1 to %3 are operands.
-    static const QStringList shapes = {QStringLiteral("%1+%2"),
-                                       QStringLiteral("%1-%2"),
-                                       QStringLiteral("%1*%2"),
-                                       QStringLiteral("%1/%2"),
-                                       QStringLiteral("%1\\%2"),
-                                       QStringLiteral("%1 mod %2"),
-                                       QStringLiteral("%1^%2"),
-                                       QStringLiteral("%1&%2"),
-                                       QStringLiteral("-%1"),
-                                       QStringLiteral("(%1)"),
-                                       QStringLiteral("%1=%2"),
-                                       QStringLiteral("%1<>%2"),
-                                       QStringLiteral("%1<%2"),
-                                       QStringLiteral("%1>=%2"),
-                                       QStringLiteral("%1 and %2"),
-                                       QStringLiteral("%1 or %2"),
-                                       QStringLiteral("%1 xor %2"),
-                                       QStringLiteral("not %1"),
-                                       QStringLiteral("%1 like %2"),
-                                       QStringLiteral("%1 not like %2"),
-                                       QStringLiteral("%1 between %2 and %3"),
-                                       QStringLiteral("%1 in (%2,%3)"),
-                                       QStringLiteral("%1 is null"),
-                                       QStringLiteral("(%1 is not null)"),
-                                       QStringLiteral("iif(%1,%2,%3)"),
-                                       QStringLiteral("nz(%1,%2)"),
-                                       QStringLiteral("left(%1,%2)"),
-                                       QStringLiteral("dateadd('d',%1,%2)"),
-                                       QStringLiteral("datediff('m',%1,%2)"),
-                                       QStringLiteral("format(%1,%2)"),
-                                       QStringLiteral("cstr(%1)"),
-                                       QStringLiteral("cdate(%1)"),
-                                       QStringLiteral("cdbl(%1)"),
-                                       QStringLiteral("cint(%1)"),
-                                       QStringLiteral("isnull(%1)"),
-                                       QStringLiteral("(select max(%1) from cards)"),
-                                       QStringLiteral("%1 in (select %2 from cards)"),
-                                       QStringLiteral("exists (select * from history where aa=%1)")};
+    static const QStringList shapes = {u"%1+%2"_s,
+                                       u"%1-%2"_s,
+                                       u"%1*%2"_s,
+                                       u"%1/%2"_s,
+                                       u"%1\\%2"_s,
+                                       u"%1 mod %2"_s,
+                                       u"%1^%2"_s,
+                                       u"%1&%2"_s,
+                                       u"-%1"_s,
+                                       u"(%1)"_s,
+                                       u"%1=%2"_s,
+                                       u"%1<>%2"_s,
+                                       u"%1<%2"_s,
+                                       u"%1>=%2"_s,
+                                       u"%1 and %2"_s,
+                                       u"%1 or %2"_s,
+                                       u"%1 xor %2"_s,
+                                       u"not %1"_s,
+                                       u"%1 like %2"_s,
+                                       u"%1 not like %2"_s,
+                                       u"%1 between %2 and %3"_s,
+                                       u"%1 in (%2,%3)"_s,
+                                       u"%1 is null"_s,
+                                       u"(%1 is not null)"_s,
+                                       u"iif(%1,%2,%3)"_s,
+                                       u"nz(%1,%2)"_s,
+                                       u"left(%1,%2)"_s,
+                                       u"dateadd('d',%1,%2)"_s,
+                                       u"datediff('m',%1,%2)"_s,
+                                       u"format(%1,%2)"_s,
+                                       u"cstr(%1)"_s,
+                                       u"cdate(%1)"_s,
+                                       u"cdbl(%1)"_s,
+                                       u"cint(%1)"_s,
+                                       u"isnull(%1)"_s,
+                                       u"(select max(%1) from cards)"_s,
+                                       u"%1 in (select %2 from cards)"_s,
+                                       u"exists (select * from history where aa=%1)"_s};
     if (depth == 0 || below(4) == 0) return pick(leaves);
     QString shape = pick(shapes);
-    for (const QString& place : {QStringLiteral("%1"), QStringLiteral("%2"), QStringLiteral("%3")})
+    for (const QString& place : {u"%1"_s, u"%2"_s, u"%3"_s})
         if (shape.contains(place)) shape.replace(place, operand(depth - 1));
     return shape;
 }
@@ -174,28 +170,27 @@ QString TestDialectRobustness::operand(int depth) {
 // Statements that parse, with every kind of value in every place; also run, since a wrong conversion shows there.
 void TestDialectRobustness::grownExpressions() {
     accepted_ = 0;
-    database_.run(QStringLiteral(
-        "insert into cards (επωνυμο, total, ΗΜ_ΓΕΝΗΣΗΣ, FieldYes1) values ('Παππάς', 5.5, #2026/11/05#, true)"));
-    static const QStringList frames = {
-        QStringLiteral("select %1 from cards"),
-        QStringLiteral("select code from cards where %1"),
-        QStringLiteral("select code from cards order by %1"),
-        QStringLiteral("select %1, count(*) from cards group by %1"),
-        QStringLiteral("select distinct %1 from cards order by 1"),
-        QStringLiteral("select %1 from cards union select %2 from cards order by 1"),
-        QStringLiteral("select max(%1), sum(%2), first(%1) from cards"),
-        QStringLiteral("select x from (select %1 as x from cards where %2) t where x is not null")};
+    database_.run(
+        u"insert into cards (επωνυμο, total, ΗΜ_ΓΕΝΗΣΗΣ, FieldYes1) values ('Παππάς', 5.5, #2026/11/05#, true)"_s);
+    static const QStringList frames = {u"select %1 from cards"_s,
+                                       u"select code from cards where %1"_s,
+                                       u"select code from cards order by %1"_s,
+                                       u"select %1, count(*) from cards group by %1"_s,
+                                       u"select distinct %1 from cards order by 1"_s,
+                                       u"select %1 from cards union select %2 from cards order by 1"_s,
+                                       u"select max(%1), sum(%2), first(%1) from cards"_s,
+                                       u"select x from (select %1 as x from cards where %2) t where x is not null"_s};
     for (int round = 0; round < rounds_; ++round) {
         QString sql = pick(frames);
-        sql.replace(QStringLiteral("%1"), operand(3)).replace(QStringLiteral("%2"), operand(2));
+        sql.replace(u"%1"_s, operand(3)).replace(u"%2"_s, operand(2));
         check(sql);
         try {
-            if (failure_.isEmpty()) database_.run(sql, {}, {{QStringLiteral("p1"), QStringLiteral("5/11/2026")}});
+            if (failure_.isEmpty()) database_.run(sql, {}, {{u"p1"_s, u"5/11/2026"_s}});
         } catch (const Error& error) {
             if (error.category() == ErrorCategory::Other || error.text().contains(u"Η εντολή δεν είναι σωστή"))
-                failure_ = error.text() + QStringLiteral("\n  from ") + sql;
+                failure_ = error.text() + u"\n  from "_s + sql;
         } catch (const std::exception& error) {
-            failure_ = QString::fromUtf8(error.what()) + QStringLiteral("\n  from ") + sql;
+            failure_ = QString::fromUtf8(error.what()) + u"\n  from "_s + sql;
         }
     }
     QVERIFY2(failure_.isEmpty(), qPrintable(failure_));
@@ -205,17 +200,14 @@ void TestDialectRobustness::grownExpressions() {
 void TestDialectRobustness::brokenCharacters() {
     const QString nul(QChar(u'\0'));
     const QString lone(QChar(0xD800));
-    const QString rightToLeft = QStringLiteral("\u202Eשלום");
-    for (const QString& odd : {nul, lone, QString(QChar(0xDC00)), rightToLeft, QStringLiteral("\U0001F600"),
-                               QString(10'000, u'x'), QString(QChar(0xFFFF)), QStringLiteral("\u00A0")})
-        for (const QString& frame :
-             {QStringLiteral("%1"), QStringLiteral("select %1"),
-              QStringLiteral("select code from cards where επωνυμο='%1'"),
-              QStringLiteral("select code from cards where επωνυμο like '%1%'"),
-              QStringLiteral("select [%1] from cards"), QStringLiteral("select code as [%1] from cards"),
-              QStringLiteral("select code from %1"), QStringLiteral("select #%1#")}) {
+    const QString rightToLeft = u"\u202Eשלום"_s;
+    for (const QString& odd : {nul, lone, QString(QChar(0xDC00)), rightToLeft, u"\U0001F600"_s, QString(10'000, u'x'),
+                               QString(QChar(0xFFFF)), u"\u00A0"_s})
+        for (const QString& frame : {u"%1"_s, u"select %1"_s, u"select code from cards where επωνυμο='%1'"_s,
+                                     u"select code from cards where επωνυμο like '%1%'"_s, u"select [%1] from cards"_s,
+                                     u"select code as [%1] from cards"_s, u"select code from %1"_s, u"select #%1#"_s}) {
             QString sql = frame;
-            check(sql.replace(QStringLiteral("%1"), odd));
+            check(sql.replace(u"%1"_s, odd));
         }
     QVERIFY2(failure_.isEmpty(), qPrintable(failure_));
 }

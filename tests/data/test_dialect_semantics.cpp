@@ -5,6 +5,8 @@
 #include "data/error.h"
 #include "dialectdatabase.h"
 
+using namespace Qt::Literals::StringLiterals;
+
 using namespace data;
 
 namespace {
@@ -377,7 +379,7 @@ void TestDialectSemantics::refuses_data() {
 void TestDialectSemantics::refuses() {
     QFETCH(QString, sql);
     QFETCH(QString, rows);
-    const QString state = QStringLiteral("select code,ταχ_κωδ,category,total,day from cards,dates order by code,aa");
+    const QString state = u"select code,ταχ_κωδ,category,total,day from cards,dates order by code,aa"_s;
     refill();
     const QString before = answer(database_, state);
     QVERIFY2(answer(database_, sql).contains(rows), qPrintable(answer(database_, sql)));
@@ -385,29 +387,23 @@ void TestDialectSemantics::refuses() {
 }
 
 void TestDialectSemantics::namedParameters() {
-    const QString report = QStringLiteral(
-        "Select distinct day,user from Dates where (day between datefrom and dateto) and user=UsersD order by day");
+    const QString report =
+        u"Select distinct day,user from Dates where (day between datefrom and dateto) and user=UsersD order by day"_s;
     const QDateTime from = wallClock(QDate(2026, 11, 1));
     const QDateTime to = wallClock(QDate(2026, 11, 30));
-    const QString expected = QStringLiteral("05/11/2026|Μαρία");
-    QCOMPARE(database_.run(report, {},
-                           {{QStringLiteral("datefrom"), from},
-                            {QStringLiteral("dateto"), to},
-                            {QStringLiteral("usersd"), QStringLiteral("ΜΑΡΙΑ")}}),
+    const QString expected = u"05/11/2026|Μαρία"_s;
+    QCOMPARE(database_.run(report, {}, {{u"datefrom"_s, from}, {u"dateto"_s, to}, {u"usersd"_s, u"ΜΑΡΙΑ"_s}}),
              expected);
     // Texts as a report's caller has them in its boxes.
-    QCOMPARE(database_.run(report, {},
-                           {{QStringLiteral("datefrom"), QStringLiteral("2026/11/01")},
-                            {QStringLiteral("dateto"), QStringLiteral("30/11/2026")},
-                            {QStringLiteral("usersd"), QStringLiteral("Μαρία")}}),
-             expected);
-    QCOMPARE(database_.run(QStringLiteral("select ονομα from cards where code=code1"), {},
-                           {{QStringLiteral("code1"), QStringLiteral("3")}}),
-             QStringLiteral("Anna"));
-    const auto translation = database_.translator().translate(
-        QStringLiteral("select code from cards where total>B or total<a or code=b"),
-        {DateOrder::MonthFirst, false, false, {QStringLiteral("A"), QStringLiteral("b")}});
-    QCOMPARE(translation->parameters, QStringList({QStringLiteral("B"), QStringLiteral("a")}));
+    QCOMPARE(
+        database_.run(report, {},
+                      {{u"datefrom"_s, u"2026/11/01"_s}, {u"dateto"_s, u"30/11/2026"_s}, {u"usersd"_s, u"Μαρία"_s}}),
+        expected);
+    QCOMPARE(database_.run(u"select ονομα from cards where code=code1"_s, {}, {{u"code1"_s, u"3"_s}}), u"Anna"_s);
+    const auto translation =
+        database_.translator().translate(u"select code from cards where total>B or total<a or code=b"_s,
+                                         {DateOrder::MonthFirst, false, false, {u"A"_s, u"b"_s}});
+    QCOMPARE(translation->parameters, QStringList({u"B"_s, u"a"_s}));
 }
 
 void TestDialectSemantics::outputColumns_data() {
@@ -449,14 +445,13 @@ void TestDialectSemantics::outputColumns() {
         if (column.baseColumn >= 0 && !translation->baseTable.isEmpty())
             QCOMPARE(database_.catalog().find(translation->baseTable)->columns[column.baseColumn].type, column.type);
     }
-    QTEST(columns.join(QStringLiteral(", ")) + QStringLiteral("; ") + translation->baseTable, "rows");
+    QTEST(columns.join(u", "_s) + u"; "_s + translation->baseTable, "rows");
 }
 
 // An index on the fold serves equality, prefixes and order.
 void TestDialectSemantics::indexes() {
     const TableInfo& cards = *database_.catalog().find(u"Cards");
-    database_.engine(database_.dialect().createIndex(QStringLiteral("byname"), cards,
-                                                     {QStringLiteral("επωνυμο"), QStringLiteral("ονομα")}));
+    database_.engine(database_.dialect().createIndex(u"byname"_s, cards, {u"επωνυμο"_s, u"ονομα"_s}));
     const bool postgres = testengine::isPostgres();
     if (postgres)  // an index on a few rows would be no gain
         database_.engine(
@@ -478,8 +473,8 @@ void TestDialectSemantics::indexes() {
         // Equal names are still put in the order of their rows, group by group.
         for (const char* inGroups : {"Incremental Sort", "Sort Key", "TEMP B-TREE FOR RIGHT PART"})
             plan.remove(QLatin1String(inGroups));
-        const QString sorts = postgres ? QStringLiteral("Sort") : QStringLiteral("TEMP B-TREE");
-        QVERIFY2(plan.contains(QStringLiteral("byname")) && !(inOrder && plan.contains(sorts)), qPrintable(plan));
+        const QString sorts = postgres ? u"Sort"_s : u"TEMP B-TREE"_s;
+        QVERIFY2(plan.contains(u"byname"_s) && !(inOrder && plan.contains(sorts)), qPrintable(plan));
     }
 }
 
@@ -499,14 +494,14 @@ void TestDialectSemantics::declarations() {
 }
 
 void TestDialectSemantics::remembersByTextAndOptions() {
-    const QString sql = QStringLiteral("select aa from dates where day=#11/05/2026#");
+    const QString sql = u"select aa from dates where day=#11/05/2026#"_s;
     Translator& translator = database_.translator();
     const auto first = translator.translate(sql);
     QCOMPARE(translator.translate(sql).get(), first.get());
     QVERIFY(translator.translate(sql, {DateOrder::DayFirst, false, false, {}})->sql != first->sql);
     translator.clear();
     QVERIFY(translator.translate(sql).get() != first.get());
-    for (int i = 0; i < 5000; ++i) translator.translate(QStringLiteral("select code from cards where code=%1").arg(i));
+    for (int i = 0; i < 5000; ++i) translator.translate(u"select code from cards where code=%1"_s.arg(i));
     QCOMPARE(translator.translate(sql)->sql, first->sql);
 }
 

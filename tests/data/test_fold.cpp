@@ -3,6 +3,8 @@
 #include "data/fold.h"
 #include "data/types.h"
 
+using namespace Qt::Literals::StringLiterals;
+
 using namespace data;
 
 class TestFold : public QObject {
@@ -20,17 +22,17 @@ private slots:
                                               << "μαιου λαυσ ι υ";
         QTest::newRow("polytonic") << "ᾼᾳ Ὦ ῥῶ ᾅ"
                                    << "αα ω ρω α";
-        QTest::newRow("decomposed") << QStringLiteral("α\u0301ι\u0308\u0301 e\u0301") << "αι e";
+        QTest::newRow("decomposed") << u"α\u0301ι\u0308\u0301 e\u0301"_s << "αι e";
         QTest::newRow("latin") << "ÀÉîõü Ñ Çé Åß İ"
                                << "aeiou n ce aß i";
-        QTest::newRow("micro sign") << QStringLiteral("\u00B5m") << QStringLiteral("\u03BCm");
-        QTest::newRow("ohm and kelvin signs") << QStringLiteral("\u2126\u212A") << QStringLiteral("ωk");
+        QTest::newRow("micro sign") << u"\u00B5m"_s << u"\u03BCm"_s;
+        QTest::newRow("ohm and kelvin signs") << u"\u2126\u212A"_s << u"ωk"_s;
         QTest::newRow("other scripts keep their marks") << "でガ Привет עִברית"
                                                         << "でガ привет עִברית";
         QTest::newRow("emoji") << "👨‍👩‍👧 A"
                                << "👨‍👩‍👧 a";
         QTest::newRow("deseret capital") << QString::fromUcs4(U"\U00010400") << QString::fromUcs4(U"\U00010428");
-        QTest::newRow("grows in UTF-8") << QStringLiteral("ȺȺȺȺȺȺȺ") << QStringLiteral("ⱥⱥⱥⱥⱥⱥⱥ");
+        QTest::newRow("grows in UTF-8") << u"ȺȺȺȺȺȺȺ"_s << u"ⱥⱥⱥⱥⱥⱥⱥ"_s;
         QTest::newRow("NUL") << QString::fromUtf8("Ά\0Β", 5) << QString::fromUtf8("α\0β", 5);
         QTest::newRow("lone surrogates") << QString(QChar(0xD801)) + "Α" << QString(QChar(0xD801)) + "α";
         QTest::newRow("empty") << ""
@@ -55,14 +57,14 @@ private slots:
             const QString text = QString::fromUcs4(&c, 1), once = fold(text);
             const QByteArray utf8 = text.toUtf8(), onceUtf8 = foldUtf8(utf8.constData(), utf8.size());
             const bool good = fold(once) == once && once.size() <= text.size() && QString::fromUtf8(onceUtf8) == once;
-            if (!good) QFAIL(qPrintable(QStringLiteral("U+%1 folds to %2").arg(uint(c), 0, 16).arg(once)));
+            if (!good) QFAIL(qPrintable(u"U+%1 folds to %2"_s.arg(uint(c), 0, 16).arg(once)));
         }
     }
 
     void alphabet() {
-        const QString order = QStringLiteral("αβγδεζηθικλμνξοπρστυφχψω");
+        const QString order = u"αβγδεζηθικλμνξοπρστυφχψω"_s;
         QVERIFY(std::is_sorted(order.begin(), order.end()));
-        const QString capitals = QStringLiteral("ΑΒΓΔΕΖΗΘΙΚΛΜΝΞΟΠΡΣΤΥΦΧΨΩ");
+        const QString capitals = u"ΑΒΓΔΕΖΗΘΙΚΛΜΝΞΟΠΡΣΤΥΦΧΨΩ"_s;
         QCOMPARE(fold(capitals), order);
     }
 

@@ -11,6 +11,8 @@
 #include "data/postgres/pgdialect.h"
 #include "roadfixture.h"
 
+using namespace Qt::Literals::StringLiterals;
+
 using namespace data;
 
 namespace {
@@ -19,7 +21,7 @@ class Texts : public RowSink {
 public:
     QStringList values;
     void beginRow() override {}
-    void null() override { values << QStringLiteral("-"); }
+    void null() override { values << u"-"_s; }
     void integer(qint64 value) override { values << QString::number(value); }
     void real(double value) override { values << QString::number(value); }
     void text(const char* utf8, qsizetype size) override { values << QString::fromUtf8(utf8, size); }
@@ -45,8 +47,8 @@ void cut(PgEngine& victim, const ServerDescription& server) {
 // The descriptors of this process that are sockets.
 QStringList sockets() {
     QStringList all;
-    for (const QString& number : QDir(QStringLiteral("/proc/self/fd")).entryList(QDir::AllEntries | QDir::System))
-        if (QFile::symLinkTarget(QStringLiteral("/proc/self/fd/") + number).contains(u"socket:")) all << number;
+    for (const QString& number : QDir(u"/proc/self/fd"_s).entryList(QDir::AllEntries | QDir::System))
+        if (QFile::symLinkTarget(u"/proc/self/fd/"_s + number).contains(u"socket:")) all << number;
     return all;
 }
 
@@ -77,7 +79,7 @@ class TestPostgres : public QObject {
     const ServerDescription& server() const { return office_->server(); }
     Error errorOf(const std::function<void()>& action) {
         const auto error = road::errorOf(action);
-        return error ? *error : Error(ErrorCategory::Other, QStringLiteral("nothing was thrown"));
+        return error ? *error : Error(ErrorCategory::Other, u"nothing was thrown"_s);
     }
 
 private slots:
@@ -100,8 +102,7 @@ private slots:
                   {all});
         QCOMPARE(alone.size(), wanted.size());
         for (qsizetype i = 0; i < alone.size(); ++i)
-            QVERIFY2(alone[i] == wanted[i],
-                     qPrintable(QStringLiteral("%1: %2 for %3").arg(i).arg(alone[i], wanted[i])));
+            QVERIFY2(alone[i] == wanted[i], qPrintable(u"%1: %2 for %3"_s.arg(i).arg(alone[i], wanted[i])));
         QCOMPARE(texts(engine, "SELECT fold('ΠαπαδόπουλοΣ «Ά» – 5€')"), QStringList("παπαδοπουλοσ «α» – 5€"));
     }
 
@@ -116,7 +117,7 @@ private slots:
                 "CREATE FUNCTION jet_dateadd(interval_name text, number float8, at timestamp) RETURNS timestamp "
                 "LANGUAGE plpgsql IMMUTABLE STRICT SET search_path FROM CURRENT AS 'BEGIN RETURN at; END';"
                 "CREATE TABLE dated (at timestamp); CREATE INDEX ON dated (jet_dateadd('d', 1, at))");
-            engine.setProperty(QStringLiteral("functions"), QStringLiteral("2"));
+            engine.setProperty(u"functions"_s, u"2"_s);
         }
         PgEngine engine(server(), {});
         QCOMPARE(texts(engine, "SELECT jet_dateadd('m', 1, timestamp '2026-01-31')::date::text"),
@@ -132,8 +133,7 @@ private slots:
         Connection connection;
         connection.open(office_->connectionString());
         const QStringList names = {"Ζήνων", "άλφα", "ΑΛΦΑ", "zeta", "Öl", "οίκος", "Ω", "1", "_", "Άλφα"};
-        for (const QString& name : names)
-            connection.execute(QStringLiteral("insert into Cards (επωνυμο) values ('%1')").arg(name));
+        for (const QString& name : names) connection.execute(u"insert into Cards (επωνυμο) values ('%1')"_s.arg(name));
         connection.execute("update Cards set category=1 where επωνυμο='αλφα' and code<4");  // moves rows about
         QVector<std::pair<QByteArray, int>> keys;
         for (int i = 0; i < names.size(); ++i) keys << std::pair(fold(names[i]).toUtf8(), i);
@@ -237,7 +237,7 @@ private slots:
     void givenNumbers() {
         const auto table = [] {
             TableInfo info;
-            info.name = QStringLiteral("Numbered");
+            info.name = u"Numbered"_s;
             info.columns = {{"code", ColumnType::Autonumber, 0}, {"name", ColumnType::Text, 10}};
             info.autonumber = 0;
             return info;
@@ -258,7 +258,7 @@ private slots:
     void longNames() {
         const QString beginning(40, u'Ω');
         TableInfo table;
-        table.name = QStringLiteral("Πίνακας");
+        table.name = u"Πίνακας"_s;
         table.columns = {{beginning + u'1', ColumnType::Text, 20}, {beginning + u'2', ColumnType::YesNo, 0}};
         PgEngine engine(server(), {});
         engine.script(pgDialect().createTable(table, {}));
@@ -275,8 +275,8 @@ private slots:
     void usersPassword() {
         testengine::Schema users(DatabaseKind::Users);
         OpenSettings right;
-        right.password = QStringLiteral("σωστός");
-        PgEngine(users.description(), right).setProperty(QStringLiteral("password"), {});
+        right.password = u"σωστός"_s;
+        PgEngine(users.description(), right).setProperty(u"password"_s, {});
         {
             PgEngine engine(users.description(), {});
             QCOMPARE(engine.kind(), DatabaseKind::Users);
@@ -325,13 +325,13 @@ private slots:
 
     void refusedServers() {
         ServerDescription nowhere = server();
-        nowhere.host += QStringLiteral("/none");
+        nowhere.host += u"/none"_s;
         VERIFY_ERROR(Connection, PgEngine(nowhere, {}));
         ServerDescription foreign = server();
-        foreign.schema = QStringLiteral("pg_catalog");
+        foreign.schema = u"pg_catalog"_s;
         VERIFY_ERROR(Connection, PgEngine(foreign, {}));
         ServerDescription noDatabase = server();
-        noDatabase.database = QStringLiteral("there's none");
+        noDatabase.database = u"there's none"_s;
         const Error answered = errorOf([&] { PgEngine(noDatabase, {}); });
         QVERIFY2(answered.text().startsWith(u"Ο διακομιστής της βάσης απάντησε"), answered.what());
     }

@@ -3,6 +3,8 @@
 
 #include "roadfixture.h"
 
+using namespace Qt::Literals::StringLiterals;
+
 using namespace data;
 
 class TestSeats : public QObject {
@@ -15,7 +17,7 @@ class TestSeats : public QObject {
         Recordset rows(one_, "select * from Cards where code=0");
         for (int i = 0; i < count; ++i) {
             rows.addNew();
-            rows[u"επωνυμο"].setValue(QStringLiteral("Επαφή %1").arg(i + 1));
+            rows[u"επωνυμο"].setValue(u"Επαφή %1"_s.arg(i + 1));
             rows.update();
         }
     }
@@ -115,7 +117,7 @@ private slots:
         QMap<qint64, qint64> saved;  // row to the last value reported
         for (int round = 0; round < kills; ++round) {
             QProcess writer;
-            writer.start(QStringLiteral(ROAD_WRITER), {office_->file(), QString::number(next)});
+            writer.start(QString::fromUtf8(ROAD_WRITER), {office_->file(), QString::number(next)});
             QVERIFY(writer.waitForStarted());
             const int lines = round % 12;
             QByteArray output;

@@ -10,6 +10,8 @@
 #include "statementrows.h"
 #include "support/testengine.h"
 
+using namespace Qt::Literals::StringLiterals;
+
 using namespace data;
 
 namespace {
@@ -21,7 +23,7 @@ const char* const categoryNames[] = {"Connection", "Password", "Corrupt",  "Busy
 class Seat {
 public:
     explicit Seat(bool server) : server_(server) {
-        schema::NewOffice office{QStringLiteral("secret"), {}};
+        schema::NewOffice office{u"secret"_s, {}};
         if (server) office.server = testengine::server(testengine::Schema::newName());
         schema::createOffice(folder_.path(), office);
         schema::open(main, schema::connectionString(schema::Database::Main, mainFile()));
@@ -58,7 +60,7 @@ struct Outcome {
 
 QString exactCell(const Field& field) {
     const QVariant value = field.value();
-    if (!value.isValid()) return QStringLiteral("Null");
+    if (!value.isValid()) return u"Null"_s;
     const QString digits = value.typeId() == QMetaType::Double       ? QString::number(value.toDouble(), 'g', 14)
                            : value.typeId() == QMetaType::QByteArray ? QString::fromLatin1(value.toByteArray().toHex())
                                                                      : value.toString();
@@ -67,15 +69,14 @@ QString exactCell(const Field& field) {
 
 void readRows(Recordset& rows, Outcome& outcome) {
     for (int i = 0; i < rows.fieldCount(); ++i)
-        outcome.columns += QStringLiteral("%1:%2:%3 ")
-                               .arg(rows.field(i).name())
+        outcome.columns += u"%1:%2:%3 "_s.arg(rows.field(i).name())
                                .arg(int(rows.field(i).columnType()))
                                .arg(rows.field(i).definedSize());
     for (; !rows.eof(); rows.moveNext()) {
         QStringList cells, exact;
         for (int i = 0; i < rows.fieldCount(); ++i) {
             const Field field = rows.field(i);
-            cells << (field.isNull() ? QStringLiteral("-") : field.text());
+            cells << (field.isNull() ? u"-"_s : field.text());
             exact << exactCell(field);
         }
         outcome.rows << cells.join(u'|');
@@ -84,7 +85,7 @@ void readRows(Recordset& rows, Outcome& outcome) {
 }
 
 bool changes(const TypedStatement& statement) {
-    static const QRegularExpression word(QStringLiteral("^\\s*(insert|update|delete)\\b"),
+    static const QRegularExpression word(u"^\\s*(insert|update|delete)\\b"_s,
                                          QRegularExpression::CaseInsensitiveOption);
     return !statement.user && statement.sql.contains(word);
 }
@@ -112,36 +113,34 @@ Outcome run(Connection& connection, const TypedStatement& statement) {
 // The first line in which two lists differ.
 QString difference(const QStringList& a, const QStringList& b) {
     for (qsizetype i = 0; i < qMax(a.size(), b.size()); ++i)
-        if (a.value(i) != b.value(i))
-            return QStringLiteral("row %1:\n  %2\n  %3").arg(i + 1).arg(a.value(i), b.value(i));
+        if (a.value(i) != b.value(i)) return u"row %1:\n  %2\n  %3"_s.arg(i + 1).arg(a.value(i), b.value(i));
     return {};
 }
 
 // An engine that can't compute what another computes and can't store says so in general words.
 bool bothTooLarge(const Outcome& a, const Outcome& b) {
-    const QString limits = QStringLiteral("έξω από τα όρια");
+    const QString limits = u"έξω από τα όρια"_s;
     return a.category == b.category && a.error.contains(limits) && b.error.contains(limits);
 }
 
 QString difference(const Outcome& a, const Outcome& b) {
     if (bothTooLarge(a, b)) return {};
     if (a.error != b.error || a.category != b.category)
-        return QStringLiteral("error:\n  %1 %2\n  %3 %4").arg(a.category, a.error, b.category, b.error);
-    if (a.columns != b.columns) return QStringLiteral("columns:\n  %1\n  %2").arg(a.columns, b.columns);
-    if (a.affected != b.affected) return QStringLiteral("affected: %1 and %2").arg(a.affected).arg(b.affected);
+        return u"error:\n  %1 %2\n  %3 %4"_s.arg(a.category, a.error, b.category, b.error);
+    if (a.columns != b.columns) return u"columns:\n  %1\n  %2"_s.arg(a.columns, b.columns);
+    if (a.affected != b.affected) return u"affected: %1 and %2"_s.arg(a.affected).arg(b.affected);
     return difference(a.exact, b.exact);
 }
 
 // What the file says of the statement and the answer doesn't show.
 QString contradiction(const TypedStatement& wanted, const Outcome& got) {
     if (wanted.category != got.category)
-        return QStringLiteral("wanted «%1», got «%2» %3").arg(wanted.category, got.category, got.error);
-    const QString place = QStringLiteral("Στη θέση %1: ").arg(wanted.position);
-    if (wanted.position > 0 && !got.error.startsWith(place)) return QStringLiteral("the place: ") + got.error;
-    if (!got.error.contains(wanted.says)) return QStringLiteral("the text: ") + got.error;
+        return u"wanted «%1», got «%2» %3"_s.arg(wanted.category, got.category, got.error);
+    const QString place = u"Στη θέση %1: "_s.arg(wanted.position);
+    if (wanted.position > 0 && !got.error.startsWith(place)) return u"the place: "_s + got.error;
+    if (!got.error.contains(wanted.says)) return u"the text: "_s + got.error;
     const qint64 count = got.affected >= 0 ? got.affected : got.rows.size();
-    if (wanted.count >= 0 && wanted.count != count)
-        return QStringLiteral("wanted %1 rows, got %2").arg(wanted.count).arg(count);
+    if (wanted.count >= 0 && wanted.count != count) return u"wanted %1 rows, got %2"_s.arg(wanted.count).arg(count);
     return wanted.hasRows ? difference(wanted.rows, got.rows) : QString();
 }
 
@@ -166,8 +165,7 @@ void TestStatements::initTestCase() {
         server_ = std::make_unique<Seat>(true);
         for (Seat* seat : {file_.get(), server_.get()}) fillStatementRows(seat->main, seat->users);
         const QDir folder(QFileInfo(QFINDTESTDATA("statements/select.txt")).path());
-        for (const QString& name : folder.entryList({QStringLiteral("*.txt")}))
-            all_ += readStatements(folder.filePath(name));
+        for (const QString& name : folder.entryList({u"*.txt"_s})) all_ += readStatements(folder.filePath(name));
     } catch (const std::exception& error) {
         QFAIL(error.what());
     }
@@ -188,7 +186,7 @@ void TestStatements::typed() {
     const QString differs = difference(file, server);
     QVERIFY2(differs.isEmpty(), qPrintable(told + differs));
     // The engines' own words are for statements that we wrote wrongly.
-    QVERIFY2(!file.error.contains(QStringLiteral("Η εντολή δεν είναι σωστή")), qPrintable(told + file.error));
+    QVERIFY2(!file.error.contains(u"Η εντολή δεν είναι σωστή"_s), qPrintable(told + file.error));
     const QString contradicts = contradiction(statement, file);
     QVERIFY2(contradicts.isEmpty(), qPrintable(told + contradicts));
 }
@@ -204,7 +202,7 @@ void TestStatements::collectionIsLarge() {
         if (statement.category.isEmpty() && (statement.hasRows || statement.count >= 0)) ++told;
     }
     QVERIFY2(right >= 150 && wrong >= 50 && told * 3 >= right,
-             qPrintable(QStringLiteral("%1 right, %2 with facts, %3 wrong").arg(right).arg(told).arg(wrong)));
+             qPrintable(u"%1 right, %2 with facts, %3 wrong"_s.arg(right).arg(told).arg(wrong)));
 }
 
 QTEST_GUILESS_MAIN(TestStatements)

@@ -6,6 +6,8 @@
 #include "data/postgres/pgdialect.h"
 #include "data/sqlite/wordindex.h"
 
+using namespace Qt::Literals::StringLiterals;
+
 using namespace data;
 
 namespace {
@@ -15,7 +17,7 @@ DialectOptions optionsOf(unsigned char bits) {
     if (bits & 1) options.dateOrder = DateOrder::DayFirst;
     options.decimalComma = bits & 2;
     options.selectOnly = bits & 4;
-    if (bits & 8) options.parameters = {QStringLiteral("datefrom"), QStringLiteral("p1")};
+    if (bits & 8) options.parameters = {u"datefrom"_s, u"p1"_s};
     return options;
 }
 
@@ -23,7 +25,7 @@ DialectOptions optionsOf(unsigned char bits) {
 Catalog withServerIdentities(const Catalog& catalog) {
     Catalog out;
     for (TableInfo table : catalog.tables()) {
-        table.rowIdentity = table.autonumber < 0 ? QStringLiteral("_row") : table.columns[table.autonumber].name;
+        table.rowIdentity = table.autonumber < 0 ? u"_row"_s : table.columns[table.autonumber].name;
         out.add(table);
     }
     return out;
@@ -47,13 +49,13 @@ Catalog withWords(DialectDatabase& database) {
 }
 
 QStringList linesOf(QString sql) {
-    sql.replace(QStringLiteral("\r\n"), QStringLiteral("\n")).replace(u'\r', u'\n');
+    sql.replace(u"\r\n"_s, u"\n"_s).replace(u'\r', u'\n');
     return sql.split(u'\n');
 }
 
 bool placeIsInside(const QString& error, const QString& sql) {
-    static const QRegularExpression one(QStringLiteral("^Στη θέση (\\d+): ."));
-    static const QRegularExpression several(QStringLiteral("^Στη γραμμή (\\d+), στήλη (\\d+): ."));
+    static const QRegularExpression one(u"^Στη θέση (\\d+): ."_s);
+    static const QRegularExpression several(u"^Στη γραμμή (\\d+), στήλη (\\d+): ."_s);
     if (const auto found = one.match(error); found.hasMatch()) {
         const qlonglong position = found.captured(1).toLongLong();
         return position >= 1 && position <= sql.size() + 1;
@@ -94,7 +96,7 @@ QString StatementCheck::prepareFault(const Translation& translation) {
     try {
         database_.prepare(translation);
     } catch (const Error& error) {
-        return error.text() + QStringLiteral("\n  from ") + QString::fromUtf8(translation.sql);
+        return error.text() + u"\n  from "_s + QString::fromUtf8(translation.sql);
     }
     return {};
 }
@@ -106,16 +108,16 @@ QString StatementCheck::fault(const QByteArray& input) {
     const Outcome here = outcome(database_.translator(), sql, options);
     const Outcome there = outcome(server_, sql, options);
     if (here.category != there.category || here.error != there.error)
-        return QStringLiteral("the engines differ: «%1» and «%2»").arg(here.error, there.error);
+        return u"the engines differ: «%1» and «%2»"_s.arg(here.error, there.error);
     if (here.translation) {
         ++translated_;
         if (here.translation->columns.size() != there.translation->columns.size())
-            return QStringLiteral("the engines show different columns");
+            return u"the engines show different columns"_s;
         if (const QString wrong = prepareFault(*here.translation); !wrong.isEmpty()) return wrong;
         const Outcome worded = outcome(worded_, sql, options);
         return worded.translation ? prepareFault(*worded.translation) : worded.error;
     }
-    if (!isTranslators(here.category)) return QStringLiteral("category %1: ").arg(here.category) + here.error;
-    if (!placeIsInside(here.error, sql)) return QStringLiteral("no place in the statement: ") + here.error;
+    if (!isTranslators(here.category)) return u"category %1: "_s.arg(here.category) + here.error;
+    if (!placeIsInside(here.error, sql)) return u"no place in the statement: "_s + here.error;
     return {};
 }

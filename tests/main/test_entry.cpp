@@ -8,11 +8,13 @@
 #include "schema/backup.h"
 #include "support/office.h"
 
+using namespace Qt::Literals::StringLiterals;
+
 using entry::Outcome;
 
 namespace {
 
-const QString noBase = QStringLiteral("Πρόβλημα στο main αρχείο της εφαρμογής (Dorvalist.mdb)");
+const QString noBase = u"Πρόβλημα στο main αρχείο της εφαρμογής (Dorvalist.mdb)"_s;
 
 QByteArray contents(const QString& file) {
     QFile f(file);
@@ -25,7 +27,7 @@ void write(const QString& file, const QByteArray& bytes) {
 }
 
 struct Site {
-    Site() { schema::createOffice(office, {QStringLiteral("admin"), {}}); }
+    Site() { schema::createOffice(office, {u"admin"_s, {}}); }
     QString main() const { return schema::mainDatabasePath(office); }
     QString users() const { return schema::usersDatabasePath(office); }
     Outcome run() { return entry::run(mod); }

@@ -1,6 +1,8 @@
 // The drawing surface, and what reaches a PDF.
 #include "support/printedpdf.h"
 
+using namespace Qt::Literals::StringLiterals;
+
 using platform::PageSetup;
 using platform::Printer;
 using platform::PrintError;
@@ -10,7 +12,7 @@ using support::printedPdf;
 namespace {
 
 QFont plainFont(const QString&) {
-    return QFont(QStringLiteral("Liberation Sans"));
+    return QFont(u"Liberation Sans"_s);
 }
 
 constexpr double margin = 340;

@@ -2,12 +2,14 @@
 
 #include "platform/settings.h"
 
+using namespace Qt::Literals::StringLiterals;
+
 // The settings store on a real file: what is written must be found again by any spelling, in any later run.
 class TestSettings : public QObject {
     Q_OBJECT
 
     QTemporaryDir folder_;
-    QString file() const { return folder_.filePath(QStringLiteral("store.ini")); }
+    QString file() const { return folder_.filePath(u"store.ini"_s); }
 
     void writeFile(const QByteArray& content) {
         QFile f(file());

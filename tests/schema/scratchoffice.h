@@ -9,10 +9,12 @@
 #include "support/failure.h"
 #include "support/testengine.h"
 
+using namespace Qt::Literals::StringLiterals;
+
 class ScratchOffice {
 public:
     explicit ScratchOffice(const QString& referenceFolder = {}) {
-        schema::NewOffice office{QStringLiteral("secret"), referenceFolder};
+        schema::NewOffice office{u"secret"_s, referenceFolder};
         if (testengine::isPostgres()) office.server = testengine::server(testengine::Schema::newName());
         schema::createOffice(folder.path(), office);
         openBoth();

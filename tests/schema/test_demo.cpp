@@ -55,14 +55,14 @@ class TestDemo : public QObject {
 
 private slots:
     void initTestCase() {
-        office_ = std::make_unique<ScratchOffice>(QStringLiteral(DORV_REFERENCE));
+        office_ = std::make_unique<ScratchOffice>(QString::fromUtf8(DORV_REFERENCE));
         schema::fillDemo(main(), office_->users, options(7));
     }
     void cleanupTestCase() { office_.reset(); }
 
     void sameSeedSameOffice() {
         const auto hashOf = [](quint64 seed) {
-            ScratchOffice office(QStringLiteral(DORV_REFERENCE));
+            ScratchOffice office(QString::fromUtf8(DORV_REFERENCE));
             schema::fillDemo(office.main, office.users, options(seed, 60));
             return dumpHash(office.main);
         };

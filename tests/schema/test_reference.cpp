@@ -10,7 +10,7 @@ using namespace Qt::Literals::StringLiterals;
 class TestReference : public QObject {
     Q_OBJECT
 
-    static QString delivered(const QString& name) { return QStringLiteral(DORV_REFERENCE "/") + name; }
+    static QString delivered(const QString& name) { return QString::fromUtf8(DORV_REFERENCE "/") + name; }
 
     QString written(const QByteArray& content) {
         QFile file(folder_.filePath(u"own.tsv"_s));

@@ -7,6 +7,8 @@
 
 #include "data/error.h"
 
+using namespace Qt::Literals::StringLiterals;
+
 using platform::FileSystemKind;
 using schema::SeatLock;
 
@@ -23,7 +25,7 @@ QString refusal(SeatLock& seat, const QString& folder) {
     try {
         seat.take(folder, network);
     } catch (const data::Error& error) {
-        return error.category() == data::ErrorCategory::Busy ? error.text() : QStringLiteral("other: ") + error.text();
+        return error.category() == data::ErrorCategory::Busy ? error.text() : u"other: "_s + error.text();
     }
     return {};
 }

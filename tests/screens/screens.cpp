@@ -18,12 +18,14 @@
 #include "users/frmlogon.h"
 #include "users/frmowner.h"
 
+using namespace Qt::Literals::StringLiterals;
+
 namespace {
 
 struct Studio {
     Studio() {
         const QString office = directory.filePath("office");
-        schema::createOffice(office, {QStringLiteral("admin"), QStringLiteral(DORV_REFERENCE)});
+        schema::createOffice(office, {u"admin"_s, QString::fromUtf8(DORV_REFERENCE)});
         using schema::Database;
         schema::open(mod.gConn, schema::connectionString(Database::Main, schema::mainDatabasePath(office)));
         schema::open(mod.gConnUsers, schema::connectionString(Database::Users, schema::usersDatabasePath(office)));
@@ -31,7 +33,7 @@ struct Studio {
         options.cards = 1000;
         options.referenceDate = desk.clock.today();
         schema::fillDemo(mod.gConn, mod.gConnUsers, options);
-        mod.gUserName = QStringLiteral("Admin");
+        mod.gUserName = u"Admin"_s;
         mod.gUserGroup = core::groupAdministrators;
         const std::pair<const char*, const char*> owner[] = {{"Name", "Γραφείο Επίδειξης"},
                                                              {"Address", "Ερμού 12, Αθήνα"},
@@ -52,7 +54,7 @@ public:
     void take(QWidget& window, const QString& name) const {
         window.show();
         for (int i = 0; i < 5; ++i) QApplication::processEvents(QEventLoop::AllEvents, 20);
-        const QString file = QStringLiteral("%1/%2-%3.png").arg(folder_, name, suffix_);
+        const QString file = u"%1/%2-%3.png"_s.arg(folder_, name, suffix_);
         if (!window.grab().save(file)) qFatal("%s can't be written", qUtf8Printable(file));
     }
 
@@ -106,8 +108,8 @@ void shootCards(Studio& studio, const Album& album) {
     auto* card = qobject_cast<cards::frmAddress*>(window.windows().find("frmAddress"));
     data::Recordset withPhoto(
         studio.mod.gConn,
-        QStringLiteral("select top 1 code from cards where Photo is not null and code in (select "
-                       "codecard from dates) and code in (select codecards from history) order by επωνυμο desc"));
+        u"select top 1 code from cards where Photo is not null and code in (select "
+        "codecard from dates) and code in (select codecards from history) order by επωνυμο desc"_s);
     if (!withPhoto.isEmpty()) card->GoToRec(withPhoto[u"code"].toDouble());
     window.findChild<controls::DateBox*>("txtFrom")->setDate(QDate(2020, 1, 1));
     window.findChild<QAbstractButton*>("cmdShow")->click();
@@ -124,7 +126,7 @@ void shootCards(Studio& studio, const Album& album) {
     tabs->setCurrentIndex(0);
     shootCardDialogs(studio, album);
     cards::frmFind find(studio.mod, nullptr, [](const cards::FoundCard&) {});
-    find.search(QStringLiteral("ΠΑΠΑ"));
+    find.search(u"ΠΑΠΑ"_s);
     album.take(find, "find");
     window.findChild<QAbstractButton*>("lblClick(6)")->click();
     album.take(window, "card-edit");
@@ -151,8 +153,7 @@ void shootPrints(Studio& studio, const Album& album) {
     window.show();
     window.menu("mnuCards")->trigger();
     auto* card = qobject_cast<cards::frmAddress*>(window.windows().find("frmAddress"));
-    data::Recordset shown(studio.mod.gConn,
-                          QStringLiteral("select top 1 code from cards where Photo is not null order by επωνυμο"));
+    data::Recordset shown(studio.mod.gConn, u"select top 1 code from cards where Photo is not null order by επωνυμο"_s);
     if (!shown.isEmpty()) card->goTo(shown[u"code"].toLong());
     shootPreview(album, "print-card", [&] { window.findChild<QAbstractButton*>("lblClick(12)")->click(); });
     shootPreview(album, "print-report",
@@ -160,7 +161,7 @@ void shootPrints(Studio& studio, const Album& album) {
     window.menu("MnuΗμερολόγιο")->trigger();
     QWidget& journal = *window.windows().find("frmHmerologio");
     shootPreview(album, "print-list", [&] { journal.findChild<QAbstractButton*>("lblClick(1)")->click(); });
-    core::WorkProgress progress(&window, QStringLiteral("Σχεδίαση σελίδων: Ημερολόγιο Κινήσεων"));
+    core::WorkProgress progress(&window, u"Σχεδίαση σελίδων: Ημερολόγιο Κινήσεων"_s);
     while (!QApplication::activeModalWidget()) progress.step(340, 1000);
     progress.step(340, 1000);
     album.take(*QApplication::activeModalWidget(), "print-progress");

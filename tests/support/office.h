@@ -11,16 +11,18 @@
 
 namespace support {
 
+using namespace Qt::Literals::StringLiterals;
+
 class Office {
 public:
     // Default rows, the delivered name days, Admin's password "admin".
     Office() {
-        schema::NewOffice office{QStringLiteral("admin"), QStringLiteral(DORV_REFERENCE)};
+        schema::NewOffice office{u"admin"_s, QString::fromUtf8(DORV_REFERENCE)};
         if (testengine::isPostgres()) office.server = testengine::server(testengine::Schema::newName());
         schema::createOffice(folder(), office);
         open(mod);
         mod.gDataPath = folder();
-        mod.gUserName = QStringLiteral("Admin");
+        mod.gUserName = u"Admin"_s;
         mod.gUserGroup = core::groupAdministrators;
     }
 
@@ -33,7 +35,7 @@ public:
     }
     Q_DISABLE_COPY_MOVE(Office)
 
-    QString folder() const { return directory_.filePath(QStringLiteral("office")); }
+    QString folder() const { return directory_.filePath(u"office"_s); }
 
     // A further seat on the same folder.
     void open(core::MainMod& seat) {
@@ -43,7 +45,7 @@ public:
     }
 
     qint64 addCard(const QString& surname, const QString& name, const QVariantMap& more = {}) {
-        data::Recordset card(mod.gConn, QStringLiteral("Select * from cards where code=0"));
+        data::Recordset card(mod.gConn, u"Select * from cards where code=0"_s);
         card.addNew();
         card[u"επωνυμο"].setValue(surname);
         card[u"ονομα"].setValue(name);

@@ -10,6 +10,8 @@
 
 namespace support {
 
+using namespace Qt::Literals::StringLiterals;
+
 class PrintedPdf {
 public:
     struct Word {
@@ -57,8 +59,8 @@ inline PrintedPdf printedPdf(const std::function<void(platform::Printer&)>& draw
                              const platform::Printer::FontSource& fonts, const platform::PageSetup& setup = {},
                              qint64 memoryLimit = platform::PrintDocument::usualMemory) {
     QTemporaryDir folder;
-    const QString file = folder.filePath(QStringLiteral("page.pdf"));
-    platform::Printer printer(setup, QStringLiteral("Δοκιμή"), fonts, memoryLimit);
+    const QString file = folder.filePath(u"page.pdf"_s);
+    platform::Printer printer(setup, u"Δοκιμή"_s, fonts, memoryLimit);
     draw(printer);
     platform::SystemPrinters().writePdf(*printer.endDoc(), file, {});
     return PrintedPdf(file);

@@ -11,6 +11,8 @@
 
 namespace support {
 
+using namespace Qt::Literals::StringLiterals;
+
 class MemorySettings : public platform::Settings {
 public:
     QString value(const QString& section, const QString& key, const QString& fallback) const override {
@@ -108,7 +110,7 @@ private:
     };
 
     static void fail(const char* what, const QString& title, const QString& text) {
-        const QString report = QStringLiteral("Unexpected %1 \"%2\": %3").arg(QLatin1String(what), title, text);
+        const QString report = u"Unexpected %1 \"%2\": %3"_s.arg(QLatin1String(what), title, text);
         QTest::qFail(qUtf8Printable(report), __FILE__, __LINE__);
     }
 
@@ -156,7 +158,7 @@ public:
         }
     };
 
-    QStringList installed{QStringLiteral("Γραφείο")};
+    QStringList installed{u"Γραφείο"_s};
     QString failure;  // what goes wrong with every print from now on; empty for nothing
     QVector<Sent> sent;
 
@@ -165,7 +167,7 @@ public:
     bool print(const platform::PrintDocument& document, const QString& printer, int copies,
                const platform::PageStep& step) override {
         if (!failure.isEmpty()) throw platform::PrintError(failure);
-        if (!installed.contains(printer)) throw platform::PrintError(QStringLiteral("Δεν υπάρχει: ") + printer);
+        if (!installed.contains(printer)) throw platform::PrintError(u"Δεν υπάρχει: "_s + printer);
         Sent now{printer, document.title(), copies, document.setup(), {}};
         for (int page = 0; page < document.pageCount(); ++page) {
             if (step && !step(page)) return false;
@@ -202,7 +204,7 @@ struct Desk {
     platform::Services services{settings, clock, prompts, sound, shell, printers};
 
     // Prints go straight to the printer: a test that wants to see the preview switches it on.
-    Desk() { settings.setValue(QStringLiteral("Options"), QStringLiteral("PrintPreview"), QStringLiteral("0")); }
+    Desk() { settings.setValue(u"Options"_s, u"PrintPreview"_s, u"0"_s); }
     Q_DISABLE_COPY_MOVE(Desk)
 };
 

@@ -10,6 +10,8 @@
 
 namespace testengine {
 
+using namespace Qt::Literals::StringLiterals;
+
 inline bool isPostgres() {
     return qgetenv("DORV_ENGINE") == "postgres";
 }
@@ -20,8 +22,8 @@ inline data::ServerDescription server(const QString& schema) {
     if (!file.open(QIODevice::ReadOnly)) throw std::runtime_error("the tests' PostgreSQL server doesn't run");
     data::ServerDescription server;
     server.host = QString::fromUtf8(file.readAll());
-    server.database = QStringLiteral("postgres");
-    server.user = QStringLiteral("postgres");
+    server.database = u"postgres"_s;
+    server.user = u"postgres"_s;
     server.schema = schema;
     return server;
 }
@@ -40,7 +42,7 @@ public:
 
     static QString newName() {
         static int number = 0;
-        return QStringLiteral("test_%1_%2").arg(QCoreApplication::applicationPid()).arg(++number);
+        return u"test_%1_%2"_s.arg(QCoreApplication::applicationPid()).arg(++number);
     }
 
 private:

@@ -7,6 +7,8 @@
 #include "users/credentials.h"
 #include "users/frmadmin.h"
 
+using namespace Qt::Literals::StringLiterals;
+
 namespace {
 
 struct AdminDriver {
@@ -26,9 +28,9 @@ struct AdminDriver {
     QSignalSpy closing;
 };
 
-const QString wrongOld = QStringLiteral("Ο παλιός Κωδικός δεν είναι σωστός !!!");
-const QString wrongNew = QStringLiteral("Ο καινούργιος Κωδικός δεν συμφωνεί στην επιβεβαίωση ή είναι κενός !!!");
-const QString done = QStringLiteral("Η αλλαγή του Κωδικού του Admin έγινε επιτυχώς !!!");
+const QString wrongOld = u"Ο παλιός Κωδικός δεν είναι σωστός !!!"_s;
+const QString wrongNew = u"Ο καινούργιος Κωδικός δεν συμφωνεί στην επιβεβαίωση ή είναι κενός !!!"_s;
+const QString done = u"Η αλλαγή του Κωδικού του Admin έγινε επιτυχώς !!!"_s;
 
 QString stored(support::Office& office) {
     return data::Recordset(office.mod.gConnUsers, "select pass from admin").field(0).text();

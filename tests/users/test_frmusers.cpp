@@ -7,12 +7,14 @@
 #include "users/credentials.h"
 #include "users/frmusers.h"
 
+using namespace Qt::Literals::StringLiterals;
+
 namespace {
 
-const QString noGroup = QStringLiteral("Δεν έχετε επιλέξει ομάδα δικαιωμάτων\n για τον χρήστη ");
-const QString noName = QStringLiteral("Το όνομα Χρήστη δεν μπορεί να είναι κενό !!!");
-const QString noPassword = QStringLiteral("Για λόγους ασφαλείας ο Κωδικός δεν μπορεί να είναι κενό !!!");
-const QString deletion = QStringLiteral("Είστε σίγουρος για διαγραφή του χρήστη: ");
+const QString noGroup = u"Δεν έχετε επιλέξει ομάδα δικαιωμάτων\n για τον χρήστη "_s;
+const QString noName = u"Το όνομα Χρήστη δεν μπορεί να είναι κενό !!!"_s;
+const QString noPassword = u"Για λόγους ασφαλείας ο Κωδικός δεν μπορεί να είναι κενό !!!"_s;
+const QString deletion = u"Είστε σίγουρος για διαγραφή του χρήστη: "_s;
 
 struct Site {
     Site() {

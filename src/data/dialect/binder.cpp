@@ -4,6 +4,8 @@
 
 #include "data/dialect/functiontable.h"
 
+using namespace Qt::Literals::StringLiterals;
+
 namespace data::dialect {
 
 int ColumnIndex::find(const TableInfo& table, const QString& name) {
@@ -53,15 +55,14 @@ void Binder::bindSelect(Select& select, Scope& scope) {
     for (SelectItem& item : select.items) expandItem(select, item, scope);
     nameOutputs(select);
     if (select.having && !select.grouped)
-        places_.fail(select.having->position,
-                     QStringLiteral("το HAVING θέλει GROUP BY, ή συνάρτηση συνόλου στο SELECT"));
+        places_.fail(select.having->position, u"το HAVING θέλει GROUP BY, ή συνάρτηση συνόλου στο SELECT"_s);
     scope.noAggregates = "WHERE";
     if (select.where) bindExpr(*select.where, scope);
     scope.noAggregates = "GROUP BY";
     for (const ExprPtr& key : select.groupBy) {
         bindExpr(*key, scope);
         if (key->kind == ExprKind::Literal)
-            places_.fail(key->position, QStringLiteral("περίμενα στήλη ή έκφραση με στήλη στο GROUP BY"));
+            places_.fail(key->position, u"περίμενα στήλη ή έκφραση με στήλη στο GROUP BY"_s);
     }
     scope.noAggregates = nullptr;
     if (select.having) bindExpr(*select.having, scope);
@@ -97,7 +98,7 @@ void Binder::bindTableRef(TableRef& table, Scope& scope) {
         return addSource(table, scope);
     }
     bindQuery(*table.query, scope.outer);
-    table.source.name = table.alias.isEmpty() ? QStringLiteral("%$%1").arg(scope.sources.size()) : table.alias;
+    table.source.name = table.alias.isEmpty() ? u"%$%1"_s.arg(scope.sources.size()) : table.alias;
     table.source.sqlName = dialect_.identifier(table.source.name);
     if (table.query->parts.size() > 1) {
         table.source.columns = table.query->unionColumns;
@@ -112,8 +113,8 @@ void Binder::addSource(TableRef& table, Scope& scope) {
     const QString key = nameKey(table.source.name);
     for (const Source* source : scope.sources)
         if (nameKey(source->name) == key)
-            places_.fail(table.position, QStringLiteral("το όνομα %1 υπάρχει ήδη στο FROM· περίμενα άλλο όνομα με AS")
-                                             .arg(shown(table.source.name)));
+            places_.fail(table.position, u"το όνομα %1 υπάρχει ήδη στο FROM· περίμενα άλλο όνομα με AS"_s.arg(
+                                             shown(table.source.name)));
     scope.sources.push_back(&table.source);
 }
 
@@ -123,7 +124,7 @@ void Binder::bindTable(TableRef& table) {
         QStringList names;
         for (const TableInfo& candidate : catalog_.tables()) names << candidate.name;
         places_.fail(table.position,
-                     QStringLiteral("δεν υπάρχει πίνακας %1%2").arg(shown(table.name), suggestion(table.name, names)));
+                     u"δεν υπάρχει πίνακας %1%2"_s.arg(shown(table.name), suggestion(table.name, names)));
     }
     table.source.table = info;
     table.source.name = table.alias.isEmpty() ? info->name : table.alias;
@@ -169,8 +170,8 @@ void Binder::expandStar(Select& select, const SelectItem& item) {
     }
     if (!found)
         places_.fail(item.position, item.qualifier.isEmpty()
-                                        ? QStringLiteral("περίμενα FROM με πίνακα για το *")
-                                        : QStringLiteral("ο πίνακας %1 δεν είναι στο FROM").arg(shown(item.qualifier)));
+                                        ? u"περίμενα FROM με πίνακα για το *"_s
+                                        : u"ο πίνακας %1 δεν είναι στο FROM"_s.arg(shown(item.qualifier)));
 }
 
 // A name that stands already is qualified by its table; what has no name is Expr1000 and up.
@@ -185,7 +186,7 @@ void Binder::nameOutputs(Select& select) {
         QString& name = output.column.name;
         if (!name.isEmpty() && taken.contains(nameKey(name)) && output.expr->kind == ExprKind::Column)
             name = output.expr->source->name + u'.' + name;
-        while (name.isEmpty() || taken.contains(nameKey(name))) name = QStringLiteral("Expr%1").arg(unnamed++);
+        while (name.isEmpty() || taken.contains(nameKey(name))) name = u"Expr%1"_s.arg(unnamed++);
         taken.insert(nameKey(name));
     }
 }
@@ -197,9 +198,9 @@ void Binder::bindUnion(Query& query) {
     for (size_t i = 1; i < query.parts.size(); ++i) {
         const Select& part = query.parts[i];
         if (part.outputs.size() != width)
-            places_.fail(part.position, QStringLiteral("περίμενα %1 στήλες όπως στο πρώτο SELECT του UNION, βρήκα %2")
-                                            .arg(width)
-                                            .arg(part.outputs.size()));
+            places_.fail(
+                part.position,
+                u"περίμενα %1 στήλες όπως στο πρώτο SELECT του UNION, βρήκα %2"_s.arg(width).arg(part.outputs.size()));
         for (size_t c = 0; c < width; ++c)
             query.unionColumns[c].type = commonType(query.unionColumns[c].type, part.outputs[c].expr->type);
     }
@@ -232,9 +233,8 @@ bool Binder::bindOutputName(OrderTerm& term, const std::vector<Output>& outputs)
     if (key.kind == ExprKind::Literal && key.value.typeId() == QMetaType::LongLong) {
         const qint64 position = key.value.toLongLong();
         if (position < 1 || position > qint64(outputs.size()))
-            places_.fail(
-                key.position,
-                QStringLiteral("περίμενα θέση στήλης από 1 έως %1, βρήκα %2").arg(outputs.size()).arg(position));
+            places_.fail(key.position,
+                         u"περίμενα θέση στήλης από 1 έως %1, βρήκα %2"_s.arg(outputs.size()).arg(position));
         found = &outputs[size_t(position - 1)];
     } else if (key.kind == ExprKind::Name && key.qualifier.isEmpty()) {
         const QString wanted = nameKey(key.name);
@@ -254,15 +254,14 @@ bool Binder::bindOutputName(OrderTerm& term, const std::vector<Output>& outputs)
 int Binder::tableColumn(const TableRef& table, const Assignment& assignment) {
     const TableInfo& info = *table.source.table;
     if (!assignment.qualifier.isEmpty() && nameKey(assignment.qualifier) != nameKey(table.source.name))
-        places_.fail(assignment.position, QStringLiteral("περίμενα στήλη του πίνακα %1, βρήκα %2")
-                                              .arg(shown(table.source.name), shown(assignment.qualifier)));
+        places_.fail(assignment.position, u"περίμενα στήλη του πίνακα %1, βρήκα %2"_s.arg(shown(table.source.name),
+                                                                                          shown(assignment.qualifier)));
     const int index = index_.find(info, assignment.column);
     if (index >= 0) return index;
     QStringList names;
     for (const ColumnInfo& column : info.columns) names << column.name;
-    places_.fail(assignment.position,
-                 QStringLiteral("ο πίνακας «%1» δεν έχει στήλη %2%3")
-                     .arg(info.name, shown(assignment.column), suggestion(assignment.column, names)));
+    places_.fail(assignment.position, u"ο πίνακας «%1» δεν έχει στήλη %2%3"_s.arg(
+                                          info.name, shown(assignment.column), suggestion(assignment.column, names)));
 }
 
 void Binder::bindInsert(Statement& statement) {
@@ -273,18 +272,16 @@ void Binder::bindInsert(Statement& statement) {
                                                            : statement.query->parts[0].outputs.size();
     if (!statement.namesColumns) {
         if (values != size_t(table.columns.size()))
-            places_.fail(
-                statement.table.position,
-                QStringLiteral("ο πίνακας «%1» έχει %2 στήλες και οι τιμές είναι %3· περίμενα μία τιμή για κάθε στήλη")
-                    .arg(table.name)
-                    .arg(table.columns.size())
-                    .arg(values));
+            places_.fail(statement.table.position,
+                         u"ο πίνακας «%1» έχει %2 στήλες και οι τιμές είναι %3· περίμενα μία τιμή για κάθε στήλη"_s
+                             .arg(table.name)
+                             .arg(table.columns.size())
+                             .arg(values));
         statement.assignments.resize(values);
         for (size_t i = 0; i < values; ++i) statement.assignments[i].index = int(i);
     } else if (values != statement.assignments.size()) {
-        places_.fail(
-            statement.query->parts[0].position,
-            QStringLiteral("οι στήλες είναι %1 και το SELECT δίνει %2").arg(statement.assignments.size()).arg(values));
+        places_.fail(statement.query->parts[0].position,
+                     u"οι στήλες είναι %1 και το SELECT δίνει %2"_s.arg(statement.assignments.size()).arg(values));
     }
     Scope scope;
     scope.noAggregates = "VALUES";
@@ -292,8 +289,7 @@ void Binder::bindInsert(Statement& statement) {
     for (Assignment& assignment : statement.assignments) {
         if (statement.namesColumns) assignment.index = tableColumn(statement.table, assignment);
         if (seen.contains(assignment.index))
-            places_.fail(assignment.position,
-                         QStringLiteral("η στήλη %1 υπάρχει δύο φορές").arg(shown(assignment.column)));
+            places_.fail(assignment.position, u"η στήλη %1 υπάρχει δύο φορές"_s.arg(shown(assignment.column)));
         seen.insert(assignment.index);
         if (assignment.value) bindExpr(*assignment.value, scope);
     }
@@ -304,8 +300,7 @@ void Binder::bindUpdate(Statement& statement, Scope& scope) {
     for (Assignment& assignment : statement.assignments) {
         assignment.index = tableColumn(statement.table, assignment);
         if (seen.contains(assignment.index))
-            places_.fail(assignment.position,
-                         QStringLiteral("η στήλη %1 υπάρχει δύο φορές").arg(shown(assignment.column)));
+            places_.fail(assignment.position, u"η στήλη %1 υπάρχει δύο φορές"_s.arg(shown(assignment.column)));
         seen.insert(assignment.index);
         bindExpr(*assignment.value, scope);
     }

@@ -1,6 +1,8 @@
 #include "data/dialect/binder.h"
 #include "data/dialect/functiontable.h"
 
+using namespace Qt::Literals::StringLiterals;
+
 namespace data::dialect {
 
 namespace {
@@ -110,7 +112,7 @@ void Binder::bindSubquery(Expr& expr, Scope& scope) {
     const size_t columns = expr.query->parts[0].outputs.size();
     if (expr.kind != ExprKind::Exists && columns != 1)
         places_.fail(expr.query->parts[0].position,
-                     QStringLiteral("περίμενα μία στήλη στο SELECT μέσα στην παρένθεση, βρήκα %1").arg(columns));
+                     u"περίμενα μία στήλη στο SELECT μέσα στην παρένθεση, βρήκα %1"_s.arg(columns));
 }
 
 ValueType Binder::arithmeticType(const Expr& expr) const {
@@ -172,9 +174,9 @@ Binder::Match Binder::findColumn(const Expr& expr, const Scope& scope) const {
             if (column < 0) continue;
             if (match.source)
                 places_.fail(expr.position,
-                             QStringLiteral("η στήλη %1 υπάρχει και στον πίνακα «%2» και στον «%3»· περίμενα τον "
-                                            "πίνακα μπροστά, π.χ. %2.%4")
-                                 .arg(shown(expr.name), match.source->name, source->name, expr.name.left(40)));
+                             u"η στήλη %1 υπάρχει και στον πίνακα «%2» και στον «%3»· περίμενα τον "
+                             "πίνακα μπροστά, π.χ. %2.%4"_s.arg(shown(expr.name), match.source->name, source->name,
+                                                                expr.name.left(40)));
             match = {source, column};
         }
         if (match.source) return match;
@@ -212,22 +214,21 @@ void Binder::unknownName(const Expr& expr, const Scope& scope) const {
     }
     if (qualifier.isEmpty())
         places_.fail(expr.position,
-                     QStringLiteral("δεν υπάρχει στήλη ή παράμετρος %1%2")
-                         .arg(shown(expr.name), suggestion(expr.name, columns + options_.parameters)),
+                     u"δεν υπάρχει στήλη ή παράμετρος %1%2"_s.arg(shown(expr.name),
+                                                                  suggestion(expr.name, columns + options_.parameters)),
                      ErrorCategory::Parameter);
     if (!tableKnown)
-        places_.fail(expr.position, QStringLiteral("ο πίνακας %1 δεν είναι στο FROM%2")
-                                        .arg(shown(expr.qualifier), suggestion(expr.qualifier, tables)));
-    places_.fail(expr.position, QStringLiteral("ο πίνακας %1 δεν έχει στήλη %2%3")
-                                    .arg(shown(expr.qualifier), shown(expr.name), suggestion(expr.name, columns)));
+        places_.fail(expr.position, u"ο πίνακας %1 δεν είναι στο FROM%2"_s.arg(shown(expr.qualifier),
+                                                                               suggestion(expr.qualifier, tables)));
+    places_.fail(expr.position, u"ο πίνακας %1 δεν έχει στήλη %2%3"_s.arg(shown(expr.qualifier), shown(expr.name),
+                                                                          suggestion(expr.name, columns)));
 }
 
 void Binder::bindCall(Expr& expr, Scope& scope) {
     expr.function = findFunction(expr.name);
     if (!expr.function)
-        places_.fail(
-            expr.position,
-            QStringLiteral("δεν υπάρχει συνάρτηση %1%2").arg(shown(expr.name), suggestion(expr.name, functionNames())));
+        places_.fail(expr.position,
+                     u"δεν υπάρχει συνάρτηση %1%2"_s.arg(shown(expr.name), suggestion(expr.name, functionNames())));
     checkCall(expr, scope);
     const bool before = scope.insideAggregate;
     if (expr.function->isAggregate()) {
@@ -243,27 +244,24 @@ void Binder::checkCall(const Expr& expr, const Scope& scope) const {
     const Function& function = *expr.function;
     const int count = int(expr.arguments.size()) + (expr.star ? 1 : 0);
     if (expr.star && function.form != FunctionForm::Count)
-        places_.fail(expr.position, QStringLiteral("το * δεν είναι όρισμα της συνάρτησης %1").arg(shown(expr.name)));
+        places_.fail(expr.position, u"το * δεν είναι όρισμα της συνάρτησης %1"_s.arg(shown(expr.name)));
     if (count < function.least || count > function.most) {
-        const QString wanted = function.least == function.most
-                                   ? QString::number(function.least)
-                                   : QStringLiteral("%1 έως %2").arg(function.least).arg(function.most);
-        places_.fail(
-            expr.position,
-            QStringLiteral("η συνάρτηση %1 θέλει ορίσματα: %2, βρήκα %3").arg(shown(expr.name), wanted).arg(count));
+        const QString wanted = function.least == function.most ? QString::number(function.least)
+                                                               : u"%1 έως %2"_s.arg(function.least).arg(function.most);
+        places_.fail(expr.position,
+                     u"η συνάρτηση %1 θέλει ορίσματα: %2, βρήκα %3"_s.arg(shown(expr.name), wanted).arg(count));
     }
     if (function.takes[0] == 'I' && expr.arguments[0]->kind == ExprKind::Literal &&
         !isInterval(expr.arguments[0]->value.toString()))
         places_.fail(expr.arguments[0]->position,
-                     QStringLiteral("περίμενα διάστημα yyyy, q, m, y, d, w, ww, h, n ή s, βρήκα %1")
-                         .arg(shown(expr.arguments[0]->value.toString())));
+                     u"περίμενα διάστημα yyyy, q, m, y, d, w, ww, h, n ή s, βρήκα %1"_s.arg(
+                         shown(expr.arguments[0]->value.toString())));
     if (!function.isAggregate()) return;
     if (scope.noAggregates)
-        places_.fail(expr.position, QStringLiteral("η συνάρτηση συνόλου %1 δεν έχει θέση εδώ (%2)")
-                                        .arg(shown(expr.name), QString::fromUtf8(scope.noAggregates)));
+        places_.fail(expr.position, u"η συνάρτηση συνόλου %1 δεν έχει θέση εδώ (%2)"_s.arg(
+                                        shown(expr.name), QString::fromUtf8(scope.noAggregates)));
     if (scope.insideAggregate)
-        places_.fail(expr.position,
-                     QStringLiteral("η συνάρτηση συνόλου %1 βρίσκεται μέσα σε άλλη").arg(shown(expr.name)));
+        places_.fail(expr.position, u"η συνάρτηση συνόλου %1 βρίσκεται μέσα σε άλλη"_s.arg(shown(expr.name)));
 }
 
 ValueType Binder::callType(const Expr& expr) const {

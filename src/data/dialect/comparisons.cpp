@@ -1,6 +1,8 @@
 #include "data/dialect/renderer.h"
 #include "data/fold.h"
 
+using namespace Qt::Literals::StringLiterals;
+
 namespace data::dialect {
 
 static const char* signOf(Operator operation) {
@@ -30,7 +32,7 @@ ValueKind Renderer::comparisonKind(const Expr& left, const Expr& right, Operator
         return x == ValueKind::Binary && y != ValueKind::Null;
     };
     if (bytesBesideValue(a, b) || bytesBesideValue(b, a))
-        places_.fail(position, QStringLiteral("τα δεδομένα αρχείου συγκρίνονται μόνο με IS NULL"), ErrorCategory::Type);
+        places_.fail(position, u"τα δεδομένα αρχείου συγκρίνονται μόνο με IS NULL"_s, ErrorCategory::Type);
     if (open(a) && open(b)) return ValueKind::Any;
     if (open(a)) return b;
     if (open(b)) return a;

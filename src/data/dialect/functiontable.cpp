@@ -3,6 +3,8 @@
 #include <QHash>
 #include <QSet>
 
+using namespace Qt::Literals::StringLiterals;
+
 namespace data::dialect {
 
 using K = ValueKind;
@@ -95,9 +97,8 @@ QStringList functionNames() {
 }
 
 bool isInterval(const QString& interval) {
-    static const QSet<QString> known = {
-        QStringLiteral("yyyy"), QStringLiteral("q"),  QStringLiteral("m"), QStringLiteral("y"), QStringLiteral("d"),
-        QStringLiteral("w"),    QStringLiteral("ww"), QStringLiteral("h"), QStringLiteral("n"), QStringLiteral("s")};
+    static const QSet<QString> known = {u"yyyy"_s, u"q"_s,  u"m"_s, u"y"_s, u"d"_s,
+                                        u"w"_s,    u"ww"_s, u"h"_s, u"n"_s, u"s"_s};
     return known.contains(interval.toLower());
 }
 

@@ -4,6 +4,8 @@
 #include <array>
 #include <string_view>
 
+using namespace Qt::Literals::StringLiterals;
+
 namespace data::dialect {
 
 namespace {
@@ -167,20 +169,20 @@ private:
         }
         push(TokenKind::Number, length);
         if (at_ < text_.size() && startsWord(text_[at_]))
-            places_.fail(at_, QStringLiteral("περίμενα κενό ή πράξη μετά τον αριθμό %1, βρήκα %2")
-                                  .arg(shown(tokens_.back().source), shown(text_.mid(at_, 1))));
+            places_.fail(at_, u"περίμενα κενό ή πράξη μετά τον αριθμό %1, βρήκα %2"_s.arg(shown(tokens_.back().source),
+                                                                                          shown(text_.mid(at_, 1))));
     }
 
     void enclosed(TokenKind kind, QChar close, QStringView closeName) {
         const qsizetype end = text_.indexOf(close, at_ + 1);
         if (end < 0)
-            places_.fail(at_, QStringLiteral("περίμενα %1 που να κλείνει το %2, βρήκα το τέλος της εντολής")
-                                  .arg(closeName, shown(text_.mid(at_, 20))));
+            places_.fail(at_, u"περίμενα %1 που να κλείνει το %2, βρήκα το τέλος της εντολής"_s.arg(
+                                  closeName, shown(text_.mid(at_, 20))));
         Token& token = push(kind, end + 1 - at_);
         token.content = token.source.mid(1, token.source.size() - 2);
         refuseNul(token);
         if (kind == TokenKind::Bracketed && token.content.trimmed().isEmpty())
-            places_.fail(token.position, QStringLiteral("περίμενα όνομα μέσα στις αγκύλες"));
+            places_.fail(token.position, u"περίμενα όνομα μέσα στις αγκύλες"_s);
     }
 
     void text(QChar quote) {
@@ -188,9 +190,9 @@ private:
         while (true) {
             end = text_.indexOf(quote, end);
             if (end < 0)
-                places_.fail(at_, QStringLiteral("περίμενα %1 που να κλείνει το κείμενο %2, βρήκα το τέλος της εντολής")
-                                      .arg(quote)
-                                      .arg(shown(text_.mid(at_, 20))));
+                places_.fail(at_,
+                             u"περίμενα %1 που να κλείνει το κείμενο %2, βρήκα το τέλος της εντολής"_s.arg(quote).arg(
+                                 shown(text_.mid(at_, 20))));
             if (end + 1 >= text_.size() || text_[end + 1] != quote) break;
             end += 2;
         }
@@ -202,7 +204,7 @@ private:
     // Engines end a statement at a NUL.
     void refuseNul(const Token& token) {
         if (const qsizetype at = token.source.indexOf(QChar(u'\0')); at >= 0)
-            places_.fail(token.position + at, QStringLiteral("ο χαρακτήρας με κωδικό 0 δεν επιτρέπεται"));
+            places_.fail(token.position + at, u"ο χαρακτήρας με κωδικό 0 δεν επιτρέπεται"_s);
     }
 
     void sign(QChar c) {
@@ -255,9 +257,9 @@ private:
 
     [[noreturn]] void unexpected(QChar c) {
         const qsizetype length = c.isHighSurrogate() && peek(1).isLowSurrogate() ? 2 : 1;
-        const QString name = c.isPrint() || length == 2 ? shown(text_.mid(at_, length))
-                                                        : QStringLiteral("με κωδικό %1").arg(c.unicode());
-        places_.fail(at_, QStringLiteral("ο χαρακτήρας %1 δεν έχει θέση εδώ· περίμενα λέξη, αριθμό ή πράξη").arg(name));
+        const QString name =
+            c.isPrint() || length == 2 ? shown(text_.mid(at_, length)) : u"με κωδικό %1"_s.arg(c.unicode());
+        places_.fail(at_, u"ο χαρακτήρας %1 δεν έχει θέση εδώ· περίμενα λέξη, αριθμό ή πράξη"_s.arg(name));
     }
 
     const Places& places_;

@@ -2,6 +2,8 @@
 
 #include <array>
 
+using namespace Qt::Literals::StringLiterals;
+
 namespace data::dialect {
 
 Parser::Parser(const Places& places, const DialectOptions& options) : places_(places), options_(options) {
@@ -11,8 +13,8 @@ Parser::Parser(const Places& places, const DialectOptions& options) : places_(pl
 Statement Parser::parse() {
     if (options_.selectOnly && !at(Keyword::Select))
         places_.fail(peek().position,
-                     QStringLiteral("εδώ επιτρέπεται μόνο μία εντολή SELECT· περίμενα SELECT, βρήκα %1")
-                         .arg(peek().kind == TokenKind::End ? QStringLiteral("το τέλος") : shown(peek().source)),
+                     u"εδώ επιτρέπεται μόνο μία εντολή SELECT· περίμενα SELECT, βρήκα %1"_s.arg(
+                         peek().kind == TokenKind::End ? u"το τέλος"_s : shown(peek().source)),
                      ErrorCategory::ReadOnly);
     Statement statement;
     if (at(Keyword::Select)) {
@@ -24,7 +26,7 @@ Statement Parser::parse() {
     } else if (accept(Keyword::Delete)) {
         statement = remove();
     } else {
-        expected(QStringLiteral("SELECT, INSERT, UPDATE ή DELETE"));
+        expected(u"SELECT, INSERT, UPDATE ή DELETE"_s);
     }
     statementEnd();
     return statement;
@@ -37,9 +39,9 @@ void Parser::statementEnd() {
     if (peek().kind == TokenKind::End) return;
     if (options_.selectOnly && (closed || at(Keyword::Into)))
         places_.fail(peek().position,
-                     QStringLiteral("εδώ επιτρέπεται μόνο μία εντολή SELECT, βρήκα και %1").arg(shown(peek().source)),
+                     u"εδώ επιτρέπεται μόνο μία εντολή SELECT, βρήκα και %1"_s.arg(shown(peek().source)),
                      ErrorCategory::ReadOnly);
-    expected(QStringLiteral("το τέλος της εντολής"));
+    expected(u"το τέλος της εντολής"_s);
 }
 
 // SELECT ... [UNION [ALL] SELECT ...] [ORDER BY ...]
@@ -50,7 +52,7 @@ std::unique_ptr<Query> Parser::query() {
     query->parts.push_back(select());
     while (accept(Keyword::Union)) {
         query->keepsDuplicates.push_back(accept(Keyword::All));
-        if (!at(Keyword::Select)) expected(QStringLiteral("SELECT μετά το UNION"));
+        if (!at(Keyword::Select)) expected(u"SELECT μετά το UNION"_s);
         query->parts.push_back(select());
     }
     if (at(Keyword::Order)) query->orderBy = orderBy();
@@ -74,7 +76,7 @@ Select Parser::select() {
         select.from = fromList();
     else if (peek().kind != TokenKind::End && !at(Sign::Close) && !at(Sign::Semicolon) && !at(Keyword::Union) &&
              !at(Keyword::Where) && !(at(Keyword::Order) && at(Keyword::By, 1)))
-        expected(QStringLiteral("FROM ή κόμμα"));
+        expected(u"FROM ή κόμμα"_s);
     const Commas commas(*this, true);
     if (accept(Keyword::Where)) select.where = condition();
     if (at(Keyword::Group)) {
@@ -95,10 +97,8 @@ void Parser::top(Select& select) {
     bool ok = false;
     const qint64 rows = count.source.toLongLong(&ok);
     if (!ok || rows > 0x7fffffff)
-        places_.fail(count.position,
-                     QStringLiteral("περίμενα ακέραιο πλήθος μετά το TOP, βρήκα %1").arg(shown(count.source)));
-    if (at(Keyword::Percent))
-        places_.fail(peek().position, QStringLiteral("το TOP δέχεται πλήθος γραμμών, όχι PERCENT"));
+        places_.fail(count.position, u"περίμενα ακέραιο πλήθος μετά το TOP, βρήκα %1"_s.arg(shown(count.source)));
+    if (at(Keyword::Percent)) places_.fail(peek().position, u"το TOP δέχεται πλήθος γραμμών, όχι PERCENT"_s);
     select.top = rows;
 }
 
@@ -128,8 +128,7 @@ SelectItem Parser::selectItem() {
 // [AS] name; empty when there is none.
 QString Parser::aliasName() {
     if (accept(Keyword::As)) {
-        if (atReservedWord() || (!peek().isName() && peek().kind != TokenKind::Text))
-            expected(QStringLiteral("όνομα μετά το AS"));
+        if (atReservedWord() || (!peek().isName() && peek().kind != TokenKind::Text)) expected(u"όνομα μετά το AS"_s);
         return textOf(take());
     }
     if (peek().kind == TokenKind::Bracketed || (peek().kind == TokenKind::Word && at(Keyword::None)))
@@ -195,7 +194,7 @@ TableRef Parser::tableRef() {
 }
 
 void Parser::namedTable(TableRef& table) {
-    if (!peek().isName() || atReservedWord()) expected(QStringLiteral("όνομα πίνακα"));
+    if (!peek().isName() || atReservedWord()) expected(u"όνομα πίνακα"_s);
     table.position = peek().position;
     table.name = take().content.toString();
 }
@@ -227,7 +226,7 @@ Statement Parser::insert() {
         do {
             Assignment column;
             column.position = peek().position;
-            if (!peek().isName()) expected(QStringLiteral("όνομα στήλης"));
+            if (!peek().isName()) expected(u"όνομα στήλης"_s);
             column.column = take().content.toString();
             statement.assignments.push_back(std::move(column));
         } while (accept(Sign::Comma));
@@ -246,7 +245,7 @@ Statement Parser::insert() {
     if (!statement.namesColumns) {
         statement.assignments.resize(values.size());
     } else if (values.size() != statement.assignments.size()) {
-        places_.fail(opened, QStringLiteral("οι στήλες είναι %1 και οι τιμές %2· περίμενα μία τιμή για κάθε στήλη")
+        places_.fail(opened, u"οι στήλες είναι %1 και οι τιμές %2· περίμενα μία τιμή για κάθε στήλη"_s
                                  .arg(statement.assignments.size())
                                  .arg(values.size()));
     }
@@ -264,11 +263,11 @@ Statement Parser::update() {
     const Commas commas(*this, true);
     do {
         Assignment assignment;
-        if (!peek().isName()) expected(QStringLiteral("όνομα στήλης"));
+        if (!peek().isName()) expected(u"όνομα στήλης"_s);
         assignment.position = peek().position;
         assignment.column = take().content.toString();
         if (accept(Sign::Dot)) {
-            if (!peek().isName()) expected(QStringLiteral("όνομα στήλης μετά την τελεία"));
+            if (!peek().isName()) expected(u"όνομα στήλης μετά την τελεία"_s);
             assignment.qualifier = assignment.column;
             assignment.column = take().content.toString();
         }
@@ -365,16 +364,15 @@ bool Parser::atReservedWord() const {
 
 void Parser::expected(const QString& what) const {
     const Token& token = peek();
-    const QString found = token.kind == TokenKind::End ? QStringLiteral("το τέλος της εντολής") : shown(token.source);
-    places_.fail(token.position, QStringLiteral("περίμενα %1, βρήκα %2").arg(what, found));
+    const QString found = token.kind == TokenKind::End ? u"το τέλος της εντολής"_s : shown(token.source);
+    places_.fail(token.position, u"περίμενα %1, βρήκα %2"_s.arg(what, found));
 }
 
 Parser::Level::Level(Parser& parser) : parser_(parser) {
     if (++parser.depth_ > deepestNesting) {
         --parser.depth_;  // the destructor doesn't run for a constructor that throws
-        parser.places_.fail(
-            parser.peek().position,
-            QStringLiteral("περίμενα το πολύ %1 επίπεδα μέσα στο άλλο, βρήκα και άλλο").arg(deepestNesting));
+        parser.places_.fail(parser.peek().position,
+                            u"περίμενα το πολύ %1 επίπεδα μέσα στο άλλο, βρήκα και άλλο"_s.arg(deepestNesting));
     }
     parser.noteDepth(parser.depth_, parser.peek().position);
 }

@@ -3,6 +3,8 @@
 
 #include "data/dialect/parser.h"
 
+using namespace Qt::Literals::StringLiterals;
+
 namespace data::dialect {
 
 template <class... Arguments>
@@ -18,9 +20,9 @@ ExprPtr Parser::node(ExprKind kind, qsizetype position, Arguments... arguments) 
 void Parser::grow(Expr& parent, ExprPtr argument) {
     parent.height = std::max(parent.height, argument->height + 1);
     if (parent.height > deepestNesting)
-        places_.fail(parent.position,
-                     QStringLiteral("η έκφραση είναι πολύ μεγάλη· περίμενα το πολύ %1 πράξεις τη μία πάνω στην άλλη")
-                         .arg(deepestNesting));
+        places_.fail(
+            parent.position,
+            u"η έκφραση είναι πολύ μεγάλη· περίμενα το πολύ %1 πράξεις τη μία πάνω στην άλλη"_s.arg(deepestNesting));
     noteDepth(depth_ + parent.height, parent.position);
     parent.arguments.push_back(std::move(argument));
 }
@@ -122,7 +124,7 @@ ExprPtr Parser::afterOperand(ExprPtr left, bool& found) {
     }
     if (negated) {
         take();
-        expected(QStringLiteral("LIKE, BETWEEN ή IN μετά το NOT"));
+        expected(u"LIKE, BETWEEN ή IN μετά το NOT"_s);
     }
     found = false;
     return left;
@@ -261,7 +263,7 @@ ExprPtr Parser::primary() {
         case TokenKind::End:
             break;
     }
-    expected(QStringLiteral("τιμή, στήλη ή συνάρτηση"));
+    expected(u"τιμή, στήλη ή συνάρτηση"_s);
 }
 
 ExprPtr Parser::bracketed() {
@@ -307,7 +309,7 @@ ExprPtr Parser::number() {
     }
     const double real = text.toDouble(&ok);
     if (!ok || !std::isfinite(real))
-        places_.fail(token.position, QStringLiteral("ο αριθμός %1 είναι πολύ μεγάλος").arg(shown(token.source)),
+        places_.fail(token.position, u"ο αριθμός %1 είναι πολύ μεγάλος"_s.arg(shown(token.source)),
                      ErrorCategory::Type);
     return literal(token, real);
 }
@@ -321,13 +323,12 @@ ExprPtr Parser::literal(const Token& token, QVariant value) {
 ExprPtr Parser::date(const Token& token) {
     const std::optional<QDateTime> value = parseDate(token.content.trimmed(), options_.dateOrder);
     if (!value)
-        places_.fail(token.position,
-                     QStringLiteral("περίμενα ημερομηνία ή ώρα ανάμεσα στα #, βρήκα %1").arg(shown(token.source)));
+        places_.fail(token.position, u"περίμενα ημερομηνία ή ώρα ανάμεσα στα #, βρήκα %1"_s.arg(shown(token.source)));
     return literal(token, *value);
 }
 
 ExprPtr Parser::name() {
-    if (atReservedWord()) expected(QStringLiteral("τιμή, στήλη ή συνάρτηση"));
+    if (atReservedWord()) expected(u"τιμή, στήλη ή συνάρτηση"_s);
     const bool opens = at(Sign::Open, 1);
     if (at(Keyword::Exists) && opens && at(Keyword::Select, 2)) {
         ExprPtr expr = node(ExprKind::Exists, take().position);
@@ -344,7 +345,7 @@ ExprPtr Parser::name() {
     ExprPtr expr = node(ExprKind::Name, token.position);
     expr->name = token.content.toString();
     if (accept(Sign::Dot)) {
-        if (!peek().isName()) expected(QStringLiteral("όνομα στήλης μετά την τελεία"));
+        if (!peek().isName()) expected(u"όνομα στήλης μετά την τελεία"_s);
         expr->qualifier = std::move(expr->name);
         expr->name = take().content.toString();
     }

@@ -4,6 +4,8 @@
 
 #include "data/fold.h"
 
+using namespace Qt::Literals::StringLiterals;
+
 namespace data::dialect {
 
 QString Places::place(qsizetype position) const {
@@ -20,12 +22,12 @@ QString Places::place(qsizetype position) const {
             lineStart = i + 1;
         }
     }
-    if (!severalLines) return QStringLiteral("Στη θέση %1").arg(position + 1);
-    return QStringLiteral("Στη γραμμή %1, στήλη %2").arg(line).arg(position - lineStart + 1);
+    if (!severalLines) return u"Στη θέση %1"_s.arg(position + 1);
+    return u"Στη γραμμή %1, στήλη %2"_s.arg(line).arg(position - lineStart + 1);
 }
 
 void Places::fail(qsizetype position, const QString& what, ErrorCategory category) const {
-    throw Error(category, place(position) + QStringLiteral(": ") + what, statement_);
+    throw Error(category, place(position) + u": "_s + what, statement_);
 }
 
 QString shown(QStringView text) {
@@ -71,7 +73,7 @@ QString suggestion(QStringView name, const QStringList& candidates) {
             found = candidate;
         }
     }
-    return found.isEmpty() ? QString() : QStringLiteral(" · μήπως εννοείτε «%1»;").arg(found);
+    return found.isEmpty() ? QString() : u" · μήπως εννοείτε «%1»;"_s.arg(found);
 }
 
 }  // namespace data::dialect

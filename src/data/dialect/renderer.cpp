@@ -3,6 +3,8 @@
 #include "data/convert.h"
 #include "data/dialect/wordfilter.h"
 
+using namespace Qt::Literals::StringLiterals;
+
 namespace data::dialect {
 
 static bool isText(const SourceColumn& column) {
@@ -310,8 +312,7 @@ QByteArray Renderer::assigned(const Expr& value, const ColumnInfo& column) {
         try {
             return dialect_.literal(toColumn(value.value, column));
         } catch (const Error& error) {
-            throw Error(error.category(), places_.place(value.position) + QStringLiteral(": ") + error.text(),
-                        places_.statement());
+            throw Error(error.category(), places_.place(value.position) + u": "_s + error.text(), places_.statement());
         }
     }
     const ValueType& from = value.type;

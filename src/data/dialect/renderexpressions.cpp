@@ -6,6 +6,8 @@
 #include "data/dialect/renderer.h"
 #include "data/fold.h"
 
+using namespace Qt::Literals::StringLiterals;
+
 namespace data::dialect {
 
 bool sameExpr(const Expr& a, const Expr& b) {
@@ -260,10 +262,9 @@ QVariant Renderer::convertLiteral(const Expr& literal, ValueKind kind, const Exp
         const char* wanted = kind == ValueKind::Date    ? "ημερομηνία"
                              : kind == ValueKind::YesNo ? "True ή False"
                                                         : "αριθμό";
-        QString why =
-            QStringLiteral("περίμενα %1, βρήκα %2").arg(QString::fromUtf8(wanted), shown(valueText(literal.value)));
+        QString why = u"περίμενα %1, βρήκα %2"_s.arg(QString::fromUtf8(wanted), shown(valueText(literal.value)));
         if (partner && partner->kind == ExprKind::Column && partner->source->table)
-            why += QStringLiteral(" (για τη στήλη «%1»)").arg(partner->source->table->columns[partner->column].name);
+            why += u" (για τη στήλη «%1»)"_s.arg(partner->source->table->columns[partner->column].name);
         places_.fail(literal.position, why, ErrorCategory::Type);
     }
 }
@@ -358,7 +359,7 @@ QByteArray Renderer::aggregate(const Expr& expr) {
             return name + '(' + as(value, ValueKind::Number, Loose) + ')';
         case FunctionForm::Extreme:
             if (value.type.kind == ValueKind::Binary)
-                places_.fail(value.position, QStringLiteral("τα δεδομένα αρχείου δεν έχουν μικρότερο ή μεγαλύτερο"),
+                places_.fail(value.position, u"τα δεδομένα αρχείου δεν έχουν μικρότερο ή μεγαλύτερο"_s,
                              ErrorCategory::Type);
             if (value.type.kind != ValueKind::Text) return name + '(' + sql(value, Loose) + ')';
             break;

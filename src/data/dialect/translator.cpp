@@ -7,6 +7,8 @@
 #include "data/sqlite/sqlitedialect.h"
 #include "data/sqlite/sqliteerror.h"
 
+using namespace Qt::Literals::StringLiterals;
+
 namespace data {
 
 namespace {
@@ -55,8 +57,9 @@ struct Translator::Private {
         Translation small;
         if (&dialect != &sqliteDialect()) dialect::Renderer(sqliteDialect(), places).render(statement, small);
         if (!sqliteHasRoomFor(small.sql.isEmpty() ? translation.sql : small.sql))
-            places.fail(position, QStringLiteral("η εντολή έχει πάρα πολλά επίπεδα το ένα μέσα στο άλλο· χωρίστε την "
-                                                 "σε μικρότερες"));
+            places.fail(position,
+                        u"η εντολή έχει πάρα πολλά επίπεδα το ένα μέσα στο άλλο· χωρίστε την "
+                        "σε μικρότερες"_s);
     }
 };
 
@@ -76,7 +79,7 @@ std::shared_ptr<const Translation> Translator::translate(const QString& sql, con
 }
 
 QByteArray Translator::expression(const QString& table, const QString& text) {
-    const QString sql = QStringLiteral("SELECT ") + text + QStringLiteral(" FROM [") + table + u']';
+    const QString sql = u"SELECT "_s + text + u" FROM ["_s + table + u']';
     const dialect::Places places(sql);
     dialect::Statement statement = dialect::Parser(places, {}).parse();
     dialect::Binder(d->catalog, d->columns, d->dialect, {}, places).bind(statement);

@@ -5,6 +5,8 @@
 #include "data/fold.h"
 #include "data/postgres/pgdialect.h"
 
+using namespace Qt::Literals::StringLiterals;
+
 namespace data::postgres {
 namespace {
 
@@ -86,7 +88,7 @@ QByteArray functionsScript() {
     script += dateFunctions;
     script += textFunctions;
     Exchange capitals = exchange(0x61, 0x24FF, upper);
-    capitals.add(character(0xE000), QStringLiteral("Ή"));
+    capitals.add(character(0xE000), u"Ή"_s);
     script += lettersFunction("jet_ucase", capitals, "jet_uppermarks($1)");
     script += lettersFunction("jet_lowerletters", exchange(0x41, 0x24FF, lower), "$1");
     script += formatFunctions;

@@ -7,6 +7,8 @@
 #include "data/postgres/pgparts.h"
 #include "data/postgres/pgvalues.h"
 
+using namespace Qt::Literals::StringLiterals;
+
 namespace data {
 namespace {
 
@@ -56,11 +58,11 @@ void PgEngine::requireAlone() {
             .firstNumber();
     if (others > 0)
         throw Error(ErrorCategory::Busy,
-                    QStringLiteral("Κάποιος έχει ανοιχτή τη βάση στον διακομιστή (συνδέσεις: %1).").arg(others));
+                    u"Κάποιος έχει ανοιχτή τη βάση στον διακομιστή (συνδέσεις: %1)."_s.arg(others));
 }
 
 void PgEngine::beginReading(const QByteArray& kind) {
-    if (inTransaction_) throw Error(ErrorCategory::State, QStringLiteral("Μια εργασία αποθήκευσης είναι ήδη ανοιχτή."));
+    if (inTransaction_) throw Error(ErrorCategory::State, u"Μια εργασία αποθήκευσης είναι ήδη ανοιχτή."_s);
     script("BEGIN ISOLATION LEVEL REPEATABLE READ" + kind);
     inTransaction_ = true;
 }

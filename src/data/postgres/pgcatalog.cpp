@@ -3,16 +3,18 @@
 #include "data/postgres/pgdialect.h"
 #include "data/smallrows.h"
 
+using namespace Qt::Literals::StringLiterals;
+
 namespace data {
 namespace {
 
 ColumnInfo columnOf(const QString& name, const QString& type, int modifier, bool identity) {
     static const QHash<QString, ColumnType> types = {
-        {QStringLiteral("int8"), ColumnType::Long},       {QStringLiteral("int4"), ColumnType::Long},
-        {QStringLiteral("int2"), ColumnType::Integer},    {QStringLiteral("float4"), ColumnType::Single},
-        {QStringLiteral("float8"), ColumnType::Double},   {QStringLiteral("numeric"), ColumnType::Double},
-        {QStringLiteral("bool"), ColumnType::YesNo},      {QStringLiteral("timestamp"), ColumnType::DateTime},
-        {QStringLiteral("bytea"), ColumnType::LongBinary}};
+        {u"int8"_s, ColumnType::Long},       {u"int4"_s, ColumnType::Long},
+        {u"int2"_s, ColumnType::Integer},    {u"float4"_s, ColumnType::Single},
+        {u"float8"_s, ColumnType::Double},   {u"numeric"_s, ColumnType::Double},
+        {u"bool"_s, ColumnType::YesNo},      {u"timestamp"_s, ColumnType::DateTime},
+        {u"bytea"_s, ColumnType::LongBinary}};
     constexpr int modifierHead = 4;
     ColumnInfo column;
     column.name = name;

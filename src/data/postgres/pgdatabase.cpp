@@ -4,6 +4,8 @@
 #include "data/postgres/pgengine.h"
 #include "data/postgres/pgparts.h"
 
+using namespace Qt::Literals::StringLiterals;
+
 namespace data {
 namespace {
 
@@ -67,15 +69,15 @@ void PgEngine::requireUtf8() {
     const QString encoding = textRows(*this, "SELECT getdatabaseencoding()::text").first();
     if (encoding != u"UTF8")
         throw Error(ErrorCategory::Connection,
-                    QStringLiteral("Η βάση του διακομιστή έχει κωδικοποίηση %1· χρειάζεται UTF8.").arg(encoding));
+                    u"Η βάση του διακομιστή έχει κωδικοποίηση %1· χρειάζεται UTF8."_s.arg(encoding));
 }
 
 void createPgDatabase(const ServerDescription& server, DatabaseKind kind) {
     PgEngine engine(server, {}, PgEngine::Bare());
     if (pgObjects(engine, server.schemaName()) > 0)
         throw Error(ErrorCategory::Constraint,
-                    QStringLiteral("Το σχήμα «%1» της βάσης «%2» έχει ήδη πίνακες· δεν πειράχτηκε τίποτα.")
-                        .arg(server.schemaName(), QString::fromUtf8(PQdb(engine.connection_))));
+                    u"Το σχήμα «%1» της βάσης «%2» έχει ήδη πίνακες· δεν πειράχτηκε τίποτα."_s.arg(
+                        server.schemaName(), QString::fromUtf8(PQdb(engine.connection_))));
     engine.requireUtf8();
     engine.begin();
     try {
@@ -84,8 +86,8 @@ void createPgDatabase(const ServerDescription& server, DatabaseKind kind) {
             "CREATE TABLE _dorvalist (name text PRIMARY KEY, value text NOT NULL); "
             "CREATE DOMAIN _variant AS text;");
         engine.script("SET LOCAL check_function_bodies TO off;" + postgres::foldScript() + postgres::functionsScript());
-        engine.setProperty(QStringLiteral("kind"), pgKindName(kind));
-        engine.setProperty(QStringLiteral("functions"), QString::number(postgres::functionsVersion));
+        engine.setProperty(u"kind"_s, pgKindName(kind));
+        engine.setProperty(u"functions"_s, QString::number(postgres::functionsVersion));
         engine.commit();
     } catch (...) {
         engine.rollback();

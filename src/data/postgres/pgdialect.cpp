@@ -5,6 +5,8 @@
 #include "data/error.h"
 #include "data/format.h"
 
+using namespace Qt::Literals::StringLiterals;
+
 namespace data {
 
 namespace {
@@ -111,8 +113,8 @@ public:
     QByteArray textLiteral(QStringView text) const override {
         if (text.contains(QChar(0)))
             throw Error(ErrorCategory::Type,
-                        QStringLiteral("Το κείμενο έχει μέσα του έναν χαρακτήρα μηδέν (NUL), που η "
-                                       "βάση δεν δέχεται."));
+                        u"Το κείμενο έχει μέσα του έναν χαρακτήρα μηδέν (NUL), που η "
+                        "βάση δεν δέχεται."_s);
         return EngineDialect::textLiteral(text) + "::text";
     }
 

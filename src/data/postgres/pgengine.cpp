@@ -6,6 +6,8 @@
 #include "data/postgres/pgparts.h"
 #include "data/postgres/pgvalues.h"
 
+using namespace Qt::Literals::StringLiterals;
+
 namespace data {
 namespace {
 
@@ -22,7 +24,7 @@ QByteArray plainLiteral(const QString& text) {
 }  // namespace
 
 QString pgKindName(DatabaseKind kind) {
-    return kind == DatabaseKind::Main ? QStringLiteral("main") : QStringLiteral("users");
+    return kind == DatabaseKind::Main ? u"main"_s : u"users"_s;
 }
 
 bool onlyReads(const QByteArray& sql) {
@@ -51,7 +53,7 @@ const PgEngine::Prepared& PgEngine::prepare(const QByteArray& sql) {
         return prepared_.front();
     }
     if (sql.contains('\0'))
-        throw Error(ErrorCategory::Type, QStringLiteral("Η εντολή έχει μέσα της έναν χαρακτήρα μηδέν (NUL)."),
+        throw Error(ErrorCategory::Type, u"Η εντολή έχει μέσα της έναν χαρακτήρα μηδέν (NUL)."_s,
                     QString::fromUtf8(sql));
     Prepared entry{sql, "s" + QByteArray::number(++nextName_), {}};
     Result parsed(PQprepare(connection_, entry.name.constData(), sql.constData(), 0, nullptr));
@@ -69,8 +71,7 @@ const PgEngine::Prepared& PgEngine::prepare(const QByteArray& sql) {
 PGresult* PgEngine::runOnce(const QByteArray& sql, const QVector<QVariant>& values) {
     const Prepared& statement = prepare(sql);
     if (size_t(values.size()) != statement.types.size())
-        throw Error(ErrorCategory::Parameter, QStringLiteral("Λείπουν ή περισσεύουν τιμές παραμέτρων."),
-                    QString::fromUtf8(sql));
+        throw Error(ErrorCategory::Parameter, u"Λείπουν ή περισσεύουν τιμές παραμέτρων."_s, QString::fromUtf8(sql));
     const PgParameters parameters(values, statement.types, variant_);
     return PQexecPrepared(connection_, statement.name.constData(), parameters.count(), parameters.values(),
                           parameters.lengths(), parameters.formats(), 1);
@@ -105,7 +106,7 @@ ExecuteResult PgEngine::execute(const QByteArray& sql, const QVector<QVariant>& 
 
 qint64 PgEngine::query(const QByteArray& sql, const QVector<QVariant>& parameters, RowSink* sink) {
     if (!onlyReads(sql))
-        throw Error(ErrorCategory::ReadOnly, QStringLiteral("Εδώ επιτρέπεται μόνο ανάγνωση."), QString::fromUtf8(sql));
+        throw Error(ErrorCategory::ReadOnly, u"Εδώ επιτρέπεται μόνο ανάγνωση."_s, QString::fromUtf8(sql));
     const Result result(run(sql, parameters));
     return sink ? sendRows(result.get(), *sink) : PQntuples(result.get());
 }
@@ -120,7 +121,7 @@ void PgEngine::script(const QByteArray& sql) {
 
 void PgEngine::begin() {
     // The server only warns, and the inner commit would save half of the outer one's work.
-    if (inTransaction_) throw Error(ErrorCategory::State, QStringLiteral("Μια εργασία αποθήκευσης είναι ήδη ανοιχτή."));
+    if (inTransaction_) throw Error(ErrorCategory::State, u"Μια εργασία αποθήκευσης είναι ήδη ανοιχτή."_s);
     script("BEGIN");
     inTransaction_ = true;
 }
@@ -132,8 +133,7 @@ void PgEngine::commit() {
     script("COMMIT");
     inTransaction_ = false;
     if (broken)
-        throw Error(ErrorCategory::State,
-                    QStringLiteral("Η εργασία απέτυχε σε προηγούμενη εντολή της και δεν αποθηκεύτηκε."));
+        throw Error(ErrorCategory::State, u"Η εργασία απέτυχε σε προηγούμενη εντολή της και δεν αποθηκεύτηκε."_s);
 }
 
 void PgEngine::rollback() noexcept {
@@ -142,16 +142,15 @@ void PgEngine::rollback() noexcept {
 }
 
 DatabaseKind PgEngine::kind() {
-    return property(QStringLiteral("kind")) == pgKindName(DatabaseKind::Users) ? DatabaseKind::Users
-                                                                               : DatabaseKind::Main;
+    return property(u"kind"_s) == pgKindName(DatabaseKind::Users) ? DatabaseKind::Users : DatabaseKind::Main;
 }
 
 int PgEngine::version() {
-    return property(QStringLiteral("version")).toInt();
+    return property(u"version"_s).toInt();
 }
 
 void PgEngine::setVersion(int version) {
-    setProperty(QStringLiteral("version"), QString::number(version));
+    setProperty(u"version"_s, QString::number(version));
 }
 
 QString PgEngine::property(const QString& name) {
@@ -225,8 +224,8 @@ QStringList PgEngine::hindrances() {
     if (letters.isEmpty()) return {};
     if (textRows(*this, "SELECT cardinality(" + letters + ".show_trgm('λέξη'))").firstNumber() > 0) return {};
     return {
-        QStringLiteral("Η βάση του διακομιστή δεν γνωρίζει ελληνικά γράμματα (LC_CTYPE), και οι αναζητήσεις λέξεων "
-                       "διαβάζουν όλο τον πίνακα. Φτιάξτε την με --locale=C.UTF-8.")};
+        u"Η βάση του διακομιστή δεν γνωρίζει ελληνικά γράμματα (LC_CTYPE), και οι αναζητήσεις λέξεων "
+        "διαβάζουν όλο τον πίνακα. Φτιάξτε την με --locale=C.UTF-8."_s};
 }
 
 }  // namespace data

@@ -1,5 +1,7 @@
 #include "data/postgres/pgerror.h"
 
+using namespace Qt::Literals::StringLiterals;
+
 namespace data {
 namespace {
 
@@ -55,35 +57,32 @@ Error pgError(const PGresult* result, const QByteArray& sql) {
     for (const Meaning& meaning : meanings) {
         if (!state.startsWith(QLatin1String(meaning.state))) continue;
         QString text = meaning.text ? QString::fromUtf16(meaning.text) : message;
-        if (meaning.category == ErrorCategory::Syntax) text = QStringLiteral("Η εντολή δεν είναι σωστή: ") + message;
+        if (meaning.category == ErrorCategory::Syntax) text = u"Η εντολή δεν είναι σωστή: "_s + message;
         return Error(meaning.category, text, statement, numberOf(state));
     }
     const QString own = message.isEmpty() ? QString::fromUtf8(PQresultErrorMessage(result)).trimmed() : message;
-    return Error(ErrorCategory::Other, QStringLiteral("Σφάλμα της βάσης δεδομένων: ") + own, statement,
-                 numberOf(state));
+    return Error(ErrorCategory::Other, u"Σφάλμα της βάσης δεδομένων: "_s + own, statement, numberOf(state));
 }
 
 Error pgConnectError(const QString& message, PGPing server) {
     const QString advice =
-        server == PQPING_OK ? QStringLiteral(
-                                  "Ο διακομιστής της βάσης απάντησε, αλλά δεν δέχτηκε τη σύνδεση. Ελέγξτε τον χρήστη, "
-                                  "τον κωδικό και το όνομα της βάσης στα στοιχεία του διακομιστή.")
+        server == PQPING_OK ? u"Ο διακομιστής της βάσης απάντησε, αλλά δεν δέχτηκε τη σύνδεση. Ελέγξτε τον χρήστη, "
+                              "τον κωδικό και το όνομα της βάσης στα στοιχεία του διακομιστή."_s
         : server == PQPING_REJECT
-            ? QStringLiteral("Ο διακομιστής της βάσης ξεκινά ή σταματά. Δοκιμάστε ξανά σε λίγο.")
-            : QStringLiteral(
-                  "Η σύνδεση με τον διακομιστή της βάσης δεν έγινε. Ελέγξτε το δίκτυο και τα στοιχεία στο "
-                  "αρχείο της βάσης.");
+            ? u"Ο διακομιστής της βάσης ξεκινά ή σταματά. Δοκιμάστε ξανά σε λίγο."_s
+            : u"Η σύνδεση με τον διακομιστή της βάσης δεν έγινε. Ελέγξτε το δίκτυο και τα στοιχεία στο "
+              "αρχείο της βάσης."_s;
     return Error(ErrorCategory::Connection, advice + u'\n' + message.trimmed());
 }
 
 Error pgLostError(WhatIsLost what, const QByteArray& sql) {
-    const QString lost = QStringLiteral("Χάθηκε η σύνδεση με τον διακομιστή της βάσης. ");
-    return Error(ErrorCategory::Connection,
-                 lost + (what == WhatIsLost::Nothing
-                             ? QStringLiteral("Η τελευταία εντολή δεν εκτελέστηκε· δοκιμάστε ξανά.")
-                             : QStringLiteral("Η τελευταία εντολή μπορεί να εκτελέστηκε, μπορεί και όχι. Δείτε αν "
-                                              "αποθηκεύτηκε, πριν δοκιμάσετε ξανά.")),
-                 QString::fromUtf8(sql));
+    const QString lost = u"Χάθηκε η σύνδεση με τον διακομιστή της βάσης. "_s;
+    return Error(
+        ErrorCategory::Connection,
+        lost + (what == WhatIsLost::Nothing ? u"Η τελευταία εντολή δεν εκτελέστηκε· δοκιμάστε ξανά."_s
+                                            : u"Η τελευταία εντολή μπορεί να εκτελέστηκε, μπορεί και όχι. Δείτε αν "
+                                              "αποθηκεύτηκε, πριν δοκιμάσετε ξανά."_s),
+        QString::fromUtf8(sql));
 }
 
 }  // namespace data

@@ -6,6 +6,8 @@
 #include "data/postgres/pgerror.h"
 #include "data/postgres/pgparts.h"
 
+using namespace Qt::Literals::StringLiterals;
+
 namespace data {
 
 namespace {
@@ -37,8 +39,7 @@ bool PgSchemaWork::hasObjects(const QString& schema) {
 
 void PgSchemaWork::claim(const QString& name) {
     if (number("SELECT pg_try_advisory_xact_lock(hashtextextended($1, 0))::integer", name) == 0)
-        throw Error(ErrorCategory::Busy,
-                    QStringLiteral("Στον διακομιστή γίνεται ήδη μια επαναφορά. Δοκιμάστε ξανά σε λίγο."));
+        throw Error(ErrorCategory::Busy, u"Στον διακομιστή γίνεται ήδη μια επαναφορά. Δοκιμάστε ξανά σε λίγο."_s);
 }
 
 // A seat that has just left stands on the list for another moment.
@@ -55,7 +56,7 @@ void PgSchemaWork::requireNobodyIn(const QString& schema) {
     }
     if (others > 0)
         throw Error(ErrorCategory::Busy,
-                    QStringLiteral("Κάποιος έχει ανοιχτή τη βάση στον διακομιστή (συνδέσεις: %1).").arg(others));
+                    u"Κάποιος έχει ανοιχτή τη βάση στον διακομιστή (συνδέσεις: %1)."_s.arg(others));
 }
 
 void PgSchemaWork::create(const QString& schema) {
@@ -127,8 +128,8 @@ QString pgConnectionText(const ServerDescription& server) {
     for (const auto& [name, value] : parts) {
         if (value.isEmpty()) continue;
         QString quoted = value;
-        quoted.replace(u'\\', QStringLiteral("\\\\")).replace(u'\'', QStringLiteral("\\'"));
-        pairs += QString::fromUtf16(name) + QStringLiteral("='") + quoted + u'\'';
+        quoted.replace(u'\\', u"\\\\"_s).replace(u'\'', u"\\'"_s);
+        pairs += QString::fromUtf16(name) + u"='"_s + quoted + u'\'';
     }
     return pairs.join(u' ');
 }

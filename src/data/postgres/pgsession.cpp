@@ -9,6 +9,8 @@
 #include "data/postgres/pgerror.h"
 #include "data/postgres/pgparts.h"
 
+using namespace Qt::Literals::StringLiterals;
+
 namespace data {
 namespace {
 
@@ -16,15 +18,14 @@ const char functionsProperty[] = "functions";
 
 [[noreturn]] void refuseForeign(const ServerDescription& server) {
     throw Error(ErrorCategory::Connection,
-                QStringLiteral("Στη βάση «%1» του διακομιστή, στο σχήμα «%2», δεν υπάρχει βάση αυτού του προγράμματος.")
-                    .arg(server.database, server.schemaName()));
+                u"Στη βάση «%1» του διακομιστή, στο σχήμα «%2», δεν υπάρχει βάση αυτού του προγράμματος."_s.arg(
+                    server.database, server.schemaName()));
 }
 
 [[noreturn]] void refuseRights(const ServerDescription& server, const char* user) {
     throw Error(ErrorCategory::Connection,
-                QStringLiteral("Ο χρήστης «%1» δεν έχει δικαίωμα στο σχήμα «%2» του διακομιστή. Δώστε του τον ρόλο του "
-                               "ιδιοκτήτη της βάσης.")
-                    .arg(QString::fromUtf8(user), server.schemaName()));
+                u"Ο χρήστης «%1» δεν έχει δικαίωμα στο σχήμα «%2» του διακομιστή. Δώστε του τον ρόλο του "
+                "ιδιοκτήτη της βάσης."_s.arg(QString::fromUtf8(user), server.schemaName()));
 }
 
 // The connection's keywords and values, as libpq takes them.
@@ -40,13 +41,13 @@ public:
             {"password", server.password},
             {"sslmode", server.sslMode},
             {"application_name", QString::fromLatin1(seatName(server))},
-            {"client_encoding", QStringLiteral("UTF8")},
-            {"connect_timeout", QStringLiteral("10")},
+            {"client_encoding", u"UTF8"_s},
+            {"connect_timeout", u"10"_s},
             // A server that vanishes is missed within half a minute, whether bytes were on their way or not.
-            {"tcp_user_timeout", QStringLiteral("30000")},
-            {"keepalives_idle", QStringLiteral("15")},
-            {"keepalives_interval", QStringLiteral("5")},
-            {"keepalives_count", QStringLiteral("3")},
+            {"tcp_user_timeout", u"30000"_s},
+            {"keepalives_idle", u"15"_s},
+            {"keepalives_interval", u"5"_s},
+            {"keepalives_count", u"3"_s},
         };
         for (const auto& [name, value] : wanted) {
             if (value.isEmpty()) continue;
@@ -181,9 +182,9 @@ void PgEngine::requireOurs() {
                        .firstNumber());
     if (variant_ == 0) refuseForeign(server_);
     if (kind() != DatabaseKind::Users) return;
-    const QString verifier = property(QStringLiteral("password"));
+    const QString verifier = property(u"password"_s);
     if (!verifier.isEmpty() && !verifyPassword(verifier, settings_.password))
-        throw Error(ErrorCategory::Password, QStringLiteral("Ο κωδικός της βάσης δεδομένων δεν είναι σωστός."));
+        throw Error(ErrorCategory::Password, u"Ο κωδικός της βάσης δεδομένων δεν είναι σωστός."_s);
 }
 
 void PgEngine::refreshFunctions() {

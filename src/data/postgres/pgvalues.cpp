@@ -7,6 +7,8 @@
 
 #include "data/format.h"
 
+using namespace Qt::Literals::StringLiterals;
+
 namespace data {
 namespace {
 
@@ -30,9 +32,8 @@ constexpr qint64 millionth = 1'000'000;
 constexpr qint64 epochSeconds = 36526LL * 86400;  // 2000-01-01, the server's zero, from 1899-12-30
 
 [[noreturn]] void refuse(const char* what) {
-    throw Error(
-        ErrorCategory::Type,
-        QStringLiteral("Η τιμή δεν ταιριάζει με τον τύπο του πεδίου: περίμενα %1.").arg(QString::fromUtf8(what)));
+    throw Error(ErrorCategory::Type,
+                u"Η τιμή δεν ταιριάζει με τον τύπο του πεδίου: περίμενα %1."_s.arg(QString::fromUtf8(what)));
 }
 
 template <class T>

@@ -3,6 +3,8 @@
 #include "data/error.h"
 #include "data/sqlite/functionparts.h"
 
+using namespace Qt::Literals::StringLiterals;
+
 namespace data::sqlite {
 
 namespace {
@@ -81,8 +83,7 @@ void registerAggregates(sqlite3* database) {
                                                     nullptr, aggregate.step, finish, nullptr);
         if (code != SQLITE_OK)
             throw Error(ErrorCategory::Other,
-                        QStringLiteral("Η βάση δεν δέχεται τη συνάρτηση %1").arg(QString::fromLatin1(aggregate.name)),
-                        {}, code);
+                        u"Η βάση δεν δέχεται τη συνάρτηση %1"_s.arg(QString::fromLatin1(aggregate.name)), {}, code);
     }
 }
 

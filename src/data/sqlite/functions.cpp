@@ -5,6 +5,8 @@
 #include "data/error.h"
 #include "data/sqlite/functionparts.h"
 
+using namespace Qt::Literals::StringLiterals;
+
 namespace data {
 
 namespace sqlite {
@@ -37,8 +39,7 @@ static void registerAll(sqlite3* database, const std::vector<SqlFunction>& funct
                                        const_cast<SqlFunction*>(&function), runGuarded, nullptr, nullptr, nullptr);
         if (code != SQLITE_OK)
             throw Error(ErrorCategory::Other,
-                        QStringLiteral("Η βάση δεν δέχεται τη συνάρτηση %1").arg(QString::fromLatin1(function.name)),
-                        {}, code);
+                        u"Η βάση δεν δέχεται τη συνάρτηση %1"_s.arg(QString::fromLatin1(function.name)), {}, code);
     }
 }
 

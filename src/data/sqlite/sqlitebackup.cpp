@@ -7,6 +7,8 @@
 #include "data/sqlite/sqliteengine.h"
 #include "data/sqlite/sqliteerror.h"
 
+using namespace Qt::Literals::StringLiterals;
+
 namespace data {
 namespace {
 
@@ -19,7 +21,7 @@ public:
         QFile fresh(file);
         if (!fresh.open(QIODevice::WriteOnly | QIODevice::NewOnly)) {
             if (!QFileInfo::exists(file)) failWriting(fresh);
-            throw Error(ErrorCategory::Constraint, QStringLiteral("Υπάρχει ήδη το αρχείο «%1».").arg(file));
+            throw Error(ErrorCategory::Constraint, u"Υπάρχει ήδη το αρχείο «%1»."_s.arg(file));
         }
         fresh.setPermissions(QFile::ReadOwner | QFile::WriteOwner);
         fresh.close();
@@ -64,7 +66,7 @@ void copyPages(sqlite3* source, sqlite3* target, const std::function<bool(qint64
         brokenOff = code == SQLITE_OK && goOn && !goOn(all - sqlite3_backup_remaining(backup), all);
     }
     sqlite3_backup_finish(backup);
-    if (brokenOff) throw Error(ErrorCategory::Other, QStringLiteral("Το αντίγραφο διακόπηκε."));
+    if (brokenOff) throw Error(ErrorCategory::Other, u"Το αντίγραφο διακόπηκε."_s);
     if (code != SQLITE_DONE) throw sqliteError(target, code);
 }
 

@@ -3,6 +3,8 @@
 #include "data/format.h"
 #include "data/sqlite/wordindex.h"
 
+using namespace Qt::Literals::StringLiterals;
+
 namespace data {
 
 namespace {
@@ -179,10 +181,10 @@ ColumnInfo columnFromDeclaration(const QString& name, const QString& declaredTyp
         column.size = type.mid(5, type.size() - 6).toInt();
     } else {
         static const QHash<QString, ColumnType> types = {
-            {QStringLiteral("INTEGER"), ColumnType::Long},        {QStringLiteral("SMALLINT"), ColumnType::Integer},
-            {QStringLiteral("FLOAT"), ColumnType::Single},        {QStringLiteral("DOUBLE"), ColumnType::Double},
-            {QStringLiteral("YESNO"), ColumnType::YesNo},         {QStringLiteral("DATETIME"), ColumnType::DateTime},
-            {QStringLiteral("LONGBLOB"), ColumnType::LongBinary}, {QStringLiteral("LONGTEXT"), ColumnType::Memo},
+            {u"INTEGER"_s, ColumnType::Long},        {u"SMALLINT"_s, ColumnType::Integer},
+            {u"FLOAT"_s, ColumnType::Single},        {u"DOUBLE"_s, ColumnType::Double},
+            {u"YESNO"_s, ColumnType::YesNo},         {u"DATETIME"_s, ColumnType::DateTime},
+            {u"LONGBLOB"_s, ColumnType::LongBinary}, {u"LONGTEXT"_s, ColumnType::Memo},
         };
         column.type = types.value(type, ColumnType::Memo);
     }

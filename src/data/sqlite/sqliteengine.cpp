@@ -18,6 +18,8 @@
 #include "data/sqlite/sqliteerror.h"
 #include "data/sqlite/wordindex.h"
 
+using namespace Qt::Literals::StringLiterals;
+
 namespace data {
 namespace {
 
@@ -37,9 +39,8 @@ FileIdentity requireOurs(const QString& file) {
 }
 
 [[noreturn]] void refuseReadOnly(const QString& what) {
-    throw Error(
-        ErrorCategory::ReadOnly,
-        QStringLiteral("Δεν έχετε δικαίωμα εγγραφής %1. Ζητήστε το από τον διαχειριστή του υπολογιστή.").arg(what));
+    throw Error(ErrorCategory::ReadOnly,
+                u"Δεν έχετε δικαίωμα εγγραφής %1. Ζητήστε το από τον διαχειριστή του υπολογιστή."_s.arg(what));
 }
 
 // Binds in the stored form. Texts and bytes are lent to the statement, so they live in `held` until its reset.
@@ -50,7 +51,7 @@ public:
 
     void bind(const QVector<QVariant>& values) {
         if (values.size() != sqlite3_bind_parameter_count(statement_)) {
-            throw Error(ErrorCategory::Parameter, QStringLiteral("Λείπουν ή περισσεύουν τιμές παραμέτρων."),
+            throw Error(ErrorCategory::Parameter, u"Λείπουν ή περισσεύουν τιμές παραμέτρων."_s,
                         QString::fromUtf8(sql_));
         }
         held_.reserve(values.size());
@@ -160,12 +161,10 @@ void SqliteEngine::closeDatabase() noexcept {
 
 void SqliteEngine::configure(const OpenSettings& settings) {
     const QFileInfo info(settings.file);
-    if (!settings.readOnly && !info.isWritable())
-        refuseReadOnly(QStringLiteral("στο αρχείο «%1»").arg(info.fileName()));
+    if (!settings.readOnly && !info.isWritable()) refuseReadOnly(u"στο αρχείο «%1»"_s.arg(info.fileName()));
     // The journal lies beside the file, also for those who only read.
     const QString folder = info.absolutePath();
-    if (!QFileInfo(folder).isWritable())
-        refuseReadOnly(QStringLiteral("στον φάκελο «%1»").arg(QDir::toNativeSeparators(folder)));
+    if (!QFileInfo(folder).isWritable()) refuseReadOnly(u"στον φάκελο «%1»"_s.arg(QDir::toNativeSeparators(folder)));
 
     const int mode = settings.readOnly ? SQLITE_OPEN_READONLY : SQLITE_OPEN_READWRITE;
     const int code =
@@ -185,7 +184,7 @@ void SqliteEngine::configure(const OpenSettings& settings) {
     script(sqliteOpeningPragmas());
     // SQLite opens a file it can't write for reading only, without a word.
     if (!settings.readOnly && sqlite3_db_readonly(database_, "main") == 1)
-        refuseReadOnly(QStringLiteral("στο αρχείο «%1»").arg(info.fileName()));
+        refuseReadOnly(u"στο αρχείο «%1»"_s.arg(info.fileName()));
     if (!settings.readOnly) script("PRAGMA journal_mode=WAL");
     query("SELECT count(*) FROM sqlite_schema", {}, nullptr);  // a damaged first page shows now, not later
 }
@@ -193,7 +192,7 @@ void SqliteEngine::configure(const OpenSettings& settings) {
 void SqliteEngine::checkPassword(const OpenSettings& settings) {
     const QString verifier = databaseVerifier(*this);
     if (!verifier.isEmpty() && !verifyPassword(verifier, settings.password))
-        throw Error(ErrorCategory::Password, QStringLiteral("Ο κωδικός της βάσης δεδομένων δεν είναι σωστός."));
+        throw Error(ErrorCategory::Password, u"Ο κωδικός της βάσης δεδομένων δεν είναι σωστός."_s);
 }
 
 const EngineDialect& SqliteEngine::dialect() const {
@@ -221,7 +220,7 @@ ExecuteResult SqliteEngine::execute(const QByteArray& sql, const QVector<QVarian
 qint64 SqliteEngine::query(const QByteArray& sql, const QVector<QVariant>& parameters, RowSink* sink) {
     StatementCache::Lease statement(statements_, sql);
     if (!sqlite3_stmt_readonly(statement.get())) {
-        throw Error(ErrorCategory::ReadOnly, QStringLiteral("Εδώ επιτρέπεται μόνο ανάγνωση."), QString::fromUtf8(sql));
+        throw Error(ErrorCategory::ReadOnly, u"Εδώ επιτρέπεται μόνο ανάγνωση."_s, QString::fromUtf8(sql));
     }
     Binder binder(database_, statement.get(), sql);
     binder.bind(parameters);
@@ -322,9 +321,9 @@ void createSqliteFile(const QString& file, quint32 applicationId) {
         QFile target(file);
         if (!target.open(QIODevice::WriteOnly | QIODevice::NewOnly)) {
             if (QFileInfo::exists(file)) {
-                throw Error(ErrorCategory::Constraint, QStringLiteral("Το αρχείο «%1» υπάρχει ήδη.").arg(file));
+                throw Error(ErrorCategory::Constraint, u"Το αρχείο «%1» υπάρχει ήδη."_s.arg(file));
             }
-            refuseReadOnly(QStringLiteral("στον φάκελο «%1»").arg(QFileInfo(file).absolutePath()));
+            refuseReadOnly(u"στον φάκελο «%1»"_s.arg(QFileInfo(file).absolutePath()));
         }
     }
     sqlite3* database = nullptr;

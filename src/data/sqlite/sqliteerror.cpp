@@ -4,6 +4,8 @@
 
 #include <QDir>
 
+using namespace Qt::Literals::StringLiterals;
+
 namespace data {
 namespace {
 
@@ -38,11 +40,11 @@ QString constraintText(int code) {
         case SQLITE_CONSTRAINT_UNIQUE:
         case SQLITE_CONSTRAINT_PRIMARYKEY:
         case SQLITE_CONSTRAINT_ROWID:
-            return QStringLiteral("Υπάρχει ήδη εγγραφή με αυτή την τιμή κλειδιού.");
+            return u"Υπάρχει ήδη εγγραφή με αυτή την τιμή κλειδιού."_s;
         case SQLITE_CONSTRAINT_NOTNULL:
-            return QStringLiteral("Ένα υποχρεωτικό πεδίο είναι κενό.");
+            return u"Ένα υποχρεωτικό πεδίο είναι κενό."_s;
         default:
-            return QStringLiteral("Η εγγραφή παραβιάζει κανόνα του πίνακα.");
+            return u"Η εγγραφή παραβιάζει κανόνα του πίνακα."_s;
     }
 }
 
@@ -78,15 +80,14 @@ Error sqliteError(sqlite3* database, int code, const QByteArray& sql, bool prepa
         !message.contains(u"failed"))
         return Error(categoryOf(primary), message, statement, code);
     if (primary == SQLITE_ERROR && preparing)
-        return Error(ErrorCategory::Syntax, QStringLiteral("Η εντολή δεν είναι σωστή: %1").arg(message), statement,
-                     code);
+        return Error(ErrorCategory::Syntax, u"Η εντολή δεν είναι σωστή: %1"_s.arg(message), statement, code);
     QString text = textOf(code);
-    if (text.isEmpty()) text = QStringLiteral("Σφάλμα της βάσης δεδομένων: %1").arg(message);
+    if (text.isEmpty()) text = u"Σφάλμα της βάσης δεδομένων: %1"_s.arg(message);
     return Error(categoryOf(primary), text, statement, code);
 }
 
 Error sqliteRangeError(const QByteArray& sql) {
-    return Error(ErrorCategory::Type, QStringLiteral("Ένας αριθμός είναι έξω από τα όρια."), QString::fromUtf8(sql));
+    return Error(ErrorCategory::Type, u"Ένας αριθμός είναι έξω από τα όρια."_s, QString::fromUtf8(sql));
 }
 
 // The parser's stack overflows before it looks a single name up. A word more leaves room for whoever asks for the plan.
@@ -108,7 +109,7 @@ bool sqliteHasRoomFor(const QByteArray& statementText) {
 Error sqliteOpenError(int code, const QString& file) {
     const QString text = textOf(code);
     return Error(categoryOf(code & 0xFF) == ErrorCategory::Other ? ErrorCategory::Connection : categoryOf(code & 0xFF),
-                 QStringLiteral("Το αρχείο «%1» δεν άνοιξε. %2").arg(QDir::toNativeSeparators(file), text), {}, code);
+                 u"Το αρχείο «%1» δεν άνοιξε. %2"_s.arg(QDir::toNativeSeparators(file), text), {}, code);
 }
 
 }  // namespace data

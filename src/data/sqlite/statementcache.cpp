@@ -4,6 +4,8 @@
 
 #include "data/sqlite/sqliteerror.h"
 
+using namespace Qt::Literals::StringLiterals;
+
 namespace data {
 
 void StatementCache::clear() {
@@ -22,7 +24,7 @@ sqlite3_stmt* StatementCache::prepare(const QByteArray& sql) {
     const QByteArray rest = sql.mid(tail - sql.constData()).trimmed();
     if (!statement || !(rest.isEmpty() || rest == ";")) {
         sqlite3_finalize(statement);
-        throw Error(ErrorCategory::Syntax, QStringLiteral("Χρειάζεται ακριβώς μία εντολή."), QString::fromUtf8(sql));
+        throw Error(ErrorCategory::Syntax, u"Χρειάζεται ακριβώς μία εντολή."_s, QString::fromUtf8(sql));
     }
     return statement;
 }

@@ -4,6 +4,8 @@
 #include "data/phonekey.h"
 #include "data/sqlite/functionparts.h"
 
+using namespace Qt::Literals::StringLiterals;
+
 namespace data::sqlite {
 
 namespace {
@@ -120,7 +122,7 @@ const QLocale& greek() {
 
 void ucase(Context context, int, Values values) {
     // The one accent that capitals keep comes as a character of its own.
-    result(context, greek().toUpper(text(values[0])).replace(QStringLiteral("Η\u0301"), QStringLiteral("Ή")));
+    result(context, greek().toUpper(text(values[0])).replace(u"Η\u0301"_s, u"Ή"_s));
 }
 
 void lcase(Context context, int, Values values) {

@@ -2,6 +2,8 @@
 
 #include "data/sqlite/sqlitedialect.h"
 
+using namespace Qt::Literals::StringLiterals;
+
 namespace data {
 namespace {
 
@@ -48,7 +50,7 @@ QString wordQuery(const std::vector<QStringList>& alternatives) {
             const QList<uint> points = piece.toUcs4();
             for (qsizetype i = 0; i + 3 <= points.size(); ++i) {
                 QString trigram = QString::fromUcs4(reinterpret_cast<const char32_t*>(points.constData()) + i, 3);
-                trigram = u'"' + trigram.replace(u'"', QStringLiteral("\"\"")) + u'"';
+                trigram = u'"' + trigram.replace(u'"', u"\"\""_s) + u'"';
                 if (!all.contains(trigram)) all += trigram;
             }
         }
@@ -56,9 +58,9 @@ QString wordQuery(const std::vector<QStringList>& alternatives) {
         QStringList chosen;
         for (qsizetype i = 0; i < qMin(all.size(), enough); ++i)
             chosen += all[all.size() <= enough ? i : i * all.size() / enough];
-        any += u'(' + chosen.join(QStringLiteral(" AND ")) + u')';
+        any += u'(' + chosen.join(u" AND "_s) + u')';
     }
-    return any.join(QStringLiteral(" OR "));
+    return any.join(u" OR "_s);
 }
 
 }  // namespace data
