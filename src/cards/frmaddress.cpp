@@ -71,13 +71,13 @@ void frmAddress::wire() {
         QKeySequence keys;
         CardButton id;
     };
-    for (const Keys& row : {Keys{QKeySequence("Ctrl+PgUp"), Previous},
-                            {QKeySequence("Ctrl+PgDown"), Next},
-                            {QKeySequence("Ctrl+F"), Search},
-                            {QKeySequence("Ctrl+N"), AddNew},
+    for (const Keys& row : {Keys{QKeySequence(u"Ctrl+PgUp"_s), Previous},
+                            {QKeySequence(u"Ctrl+PgDown"_s), Next},
+                            {QKeySequence(u"Ctrl+F"_s), Search},
+                            {QKeySequence(u"Ctrl+N"_s), AddNew},
                             {Qt::Key_F2, Edit},
-                            {QKeySequence("Ctrl+Del"), Delete},
-                            {QKeySequence("Ctrl+P"), Print}})
+                            {QKeySequence(u"Ctrl+Del"_s), Delete},
+                            {QKeySequence(u"Ctrl+P"_s), Print}})
         addShortcut(row.keys, [this, id = row.id] {
             if (buttons_->button(id)->isEnabled()) dispatch(id);
         });
