@@ -10,6 +10,8 @@ namespace cards {
 
 namespace {
 
+using enum CardButton;
+
 struct ButtonDef {
     CardButton id;
     QString caption;
@@ -38,7 +40,7 @@ ButtonRow::ButtonRow(core::MainMod& mod, QWidget* parent) : QWidget(parent), mod
     layout->setSpacing(4);
     for (const ButtonDef& def : buttonDefs) {
         auto* button = controls::named(new controls::PictureButton(def.caption, def.icon),
-                                       controls::arrayName(u"lblClick"_s, def.id));
+                                       controls::arrayName(u"lblClick"_s, int(def.id)));
         button->setToolTip(u"%1 (%2)"_s.arg(def.caption, def.keys.section(u", "_s, -1)));
         connect(button, &controls::PictureButton::hovered, this, [this] { mod_.playButtonSound(u"NIMOver.wav"_s); });
         connect(button, &controls::PictureButton::pressed, this, [this] { mod_.playButtonSound(u"NIMClick.wav"_s); });

@@ -67,6 +67,7 @@ void frmAddress::wire() {
             if (!isEditing()) openFind();
         });
     }
+    using enum CardButton;
     struct Keys {
         QKeySequence keys;
         CardButton id;
@@ -109,6 +110,7 @@ void frmAddress::addShortcut(const QKeySequence& keys, std::function<void()> act
 }
 
 void frmAddress::dispatch(CardButton id) {
+    using enum CardButton;
     switch (id) {
         case Previous:
             return PreviousCard();
