@@ -137,7 +137,7 @@ private slots:
     void failedCreationLeavesNothing() {
         QTemporaryDir parent;
         const QString folder = parent.filePath(u"new/office"_s);
-        VERIFY_FAILURE(u"nowhere", schema::createOffice(folder, {u"x"_s, parent.filePath(u"nowhere"_s)}));
+        VERIFY_FAILURE(u"namedays.tsv", schema::createOffice(folder, {u"x"_s, parent.filePath(u"nowhere"_s)}));
         QVERIFY(!QFileInfo::exists(folder));
         VERIFY_ERROR(Constraint, schema::createOffice(folder, {QString(), {}}));
         QVERIFY(!QFileInfo::exists(folder));
@@ -150,7 +150,7 @@ private slots:
         schema::NewOffice wanted{u"x"_s, parent.filePath(u"nowhere"_s),
                                  testengine::server(testengine::Schema::newName())};
         const QString folder = parent.filePath(u"a"_s);
-        VERIFY_FAILURE(u"nowhere", schema::createOffice(folder, wanted));
+        VERIFY_FAILURE(u"namedays.tsv", schema::createOffice(folder, wanted));
         QVERIFY(!QFileInfo::exists(folder));
         wanted.referenceFolder.clear();
         schema::createOffice(folder, wanted);  // the schemas of the failure are free again
