@@ -3,12 +3,12 @@
 
 #include "data/error.h"
 
-// The text of the failure, "" when there was none.
-template <typename Work>
+// The text of the failure, "" when there was none. Any other kind of failure goes on to the caller.
+template <typename Failure = data::Error, typename Work>
 QString failureOf(Work work) {
     try {
         work();
-    } catch (const data::Error& error) {
+    } catch (const Failure& error) {
         return error.text();
     }
     return {};
