@@ -1,7 +1,7 @@
 #include "controls/boxes.h"
 #include "controls/names.h"
 #include "controls/theme.h"
-#include "support/cases.h"
+#include "support/incase.h"
 
 using namespace Qt::Literals::StringLiterals;
 

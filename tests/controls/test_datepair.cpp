@@ -2,7 +2,7 @@
 
 #include <QSignalSpy>
 
-#include "support/cases.h"
+#include "support/incase.h"
 
 using namespace controls;
 

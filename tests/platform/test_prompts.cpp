@@ -1,6 +1,6 @@
 #include "platform/prompts.h"
 #include "platform/sound.h"
-#include "support/cases.h"
+#include "support/incase.h"
 
 using namespace Qt::Literals::StringLiterals;
 

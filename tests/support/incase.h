@@ -1,4 +1,4 @@
-// Tables of alike cases that one test function loops over:
+// Names the case at hand of those that a test function loops over:
 //     for (const Case& c : cases) {
 //         const support::InCase in(c.name);
 #pragma once
