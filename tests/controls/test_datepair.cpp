@@ -2,7 +2,7 @@
 
 #include <QSignalSpy>
 
-#include "support/incase.h"
+#include "support/cases.h"
 
 using namespace controls;
 

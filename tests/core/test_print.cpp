@@ -8,9 +8,9 @@
 #include "core/printpreview.h"
 #include "core/printsettings.h"
 #include "core/workprogress.h"
+#include "support/cases.h"
 #include "support/driver.h"
 #include "support/failure.h"
-#include "support/incase.h"
 #include "support/printedpdf.h"
 #include "support/seat.h"
 

@@ -74,7 +74,7 @@ private slots:
         const QDateTime modified = QFileInfo(file).lastModified();
         QCOMPARE(identifyFile(file).kind, kind);
         Connection connection;
-        const auto error = road::errorOf([&] { connection.open("data source=" + file); });
+        const auto error = errorOf([&] { connection.open("data source=" + file); });
         QVERIFY(error);
         QCOMPARE(error->category(), corrupt ? ErrorCategory::Corrupt : ErrorCategory::Connection);
         QVERIFY2(error->text().contains(says), error->what());

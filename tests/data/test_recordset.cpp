@@ -363,7 +363,7 @@ private slots:
 
     void errorsCarryTheStatement() {
         const QString sql = "select * from Nothing";
-        const auto error = road::errorOf([&] { connection_->execute(sql); });
+        const auto error = errorOf([&] { connection_->execute(sql); });
         QVERIFY(error);
         QCOMPARE(error->statement(), sql);
         QCOMPARE(error->category(), ErrorCategory::Syntax);
@@ -373,7 +373,7 @@ private slots:
     // A value that only shows while the statement runs that it doesn't fit.
     void functionErrors() {
         connection_->execute("insert into Saves (notes) values ('δέκα')");
-        const auto error = road::errorOf([&] { connection_->execute("update Saves set a=notes"); });
+        const auto error = errorOf([&] { connection_->execute("update Saves set a=notes"); });
         QVERIFY(error);
         QVERIFY2(error->category() == ErrorCategory::Type && error->text().contains("«a»"), error->what());
     }

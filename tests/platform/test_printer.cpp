@@ -1,6 +1,6 @@
 // The drawing surface, and what reaches a PDF.
+#include "support/cases.h"
 #include "support/failure.h"
-#include "support/incase.h"
 #include "support/printedpdf.h"
 
 using namespace Qt::Literals::StringLiterals;

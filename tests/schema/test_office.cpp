@@ -1,9 +1,11 @@
 #include "data/password.h"
 #include "schema/check.h"
 #include "schema/upgrade.h"
-#include "scratchoffice.h"
+#include "support/failure.h"
+#include "support/officefolder.h"
 
 using namespace Qt::Literals::StringLiterals;
+using namespace support;
 using schema::Database;
 
 class TestOffice : public QObject {

@@ -2,8 +2,8 @@
 
 #include <QSignalSpy>
 
+#include "support/cases.h"
 #include "support/driver.h"
-#include "support/incase.h"
 #include "useroffice.h"
 
 using support::UserOffice;

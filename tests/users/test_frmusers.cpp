@@ -3,9 +3,8 @@
 #include <QGroupBox>
 #include <QMenu>
 
+#include "support/cases.h"
 #include "support/driver.h"
-#include "support/incase.h"
-#include "support/seat.h"
 #include "useroffice.h"
 
 namespace {
@@ -267,8 +266,7 @@ private slots:
             UsersDriver form(office);
             form.edit("maria");
             form.fill(c.user, "p", "Χρήστες");
-            support::Seat other;
-            office.open(other.mod);
+            support::OtherSeat other(office);
             if (!c.meanwhile.isEmpty()) other.mod.gConnUsers.execute(c.meanwhile);
             form.confirm();
             QCOMPARE(office.desk.prompts.lastTitle(), "Μήνυμα λάθους");

@@ -1,6 +1,6 @@
 // Logging on, and the owner's details.
+#include "support/cases.h"
 #include "support/driver.h"
-#include "support/incase.h"
 #include "support/seat.h"
 #include "useroffice.h"
 #include "users/frmlogon.h"
