@@ -6,6 +6,8 @@
 
 namespace support {
 
+using namespace Qt::Literals::StringLiterals;
+
 inline QString caseText(const char* utf8) {
     return QString::fromUtf8(utf8);
 }
@@ -52,10 +54,11 @@ void forEach(const Cases& cases, Check check) {
     }
 }
 
-// For a collection of many: `fault` says what is wrong with one, "" for nothing, and all that are wrong are told.
+// For a collection of many: `fault` says what is wrong with one, "" for nothing. All that are wrong are told; gives their
+// number.
 template <typename Cases, typename Fault>
-QString faults(const Cases& cases, Fault fault) {
-    QStringList all;
+int countFaults(const Cases& cases, Fault fault) {
+    int count = 0;
     for (const auto& one : cases) {
         QString found;
         try {
@@ -63,9 +66,11 @@ QString faults(const Cases& cases, Fault fault) {
         } catch (const std::exception& error) {
             found = QString::fromUtf8(error.what());
         }
-        if (!found.isEmpty()) all << caseName(one) + u": " + found;
+        if (found.isEmpty()) continue;
+        ++count;
+        qWarning().noquote() << caseName(one) + u": "_s + found;
     }
-    return all.join(u'\n');
+    return count;
 }
 
 }  // namespace support

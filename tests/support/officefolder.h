@@ -3,6 +3,7 @@
 
 #include <QTemporaryDir>
 
+#include "data/fileidentity.h"
 #include "data/recordset.h"
 #include "schema/office.h"
 #include "support/testengine.h"
@@ -14,14 +15,16 @@ using namespace Qt::Literals::StringLiterals;
 // Takes an office's databases off the server, if they are there.
 inline void dropServerOf(const QString& folder) {
     for (const QString& file : {schema::mainDatabasePath(folder), schema::usersDatabasePath(folder)})
-        if (testengine::isPostgres() && QFile::exists(file)) data::dropPgDatabase(data::readServerDescription(file));
+        if (data::identifyFile(file).kind == data::FileKind::ServerDescription)
+            data::dropPgDatabase(data::readServerDescription(file));
 }
 
 class OfficeFolder {
 public:
-    explicit OfficeFolder(const QString& adminPassword, const QString& referenceFolder = {}) {
+    explicit OfficeFolder(const QString& adminPassword, const QString& referenceFolder = {},
+                          bool onServer = testengine::isPostgres()) {
         schema::NewOffice office{adminPassword, referenceFolder};
-        if (testengine::isPostgres()) office.server = testengine::server(testengine::Schema::newName());
+        if (onServer) office.server = testengine::server(testengine::Schema::newName());
         schema::createOffice(folder(), office);
     }
     ~OfficeFolder() { dropServerOf(folder()); }
@@ -43,7 +46,8 @@ public:
 // With its two databases open, without a program around them; Admin's password is "secret".
 class ScratchOffice : public OfficeFolder {
 public:
-    explicit ScratchOffice(const QString& referenceFolder = {}) : OfficeFolder(u"secret"_s, referenceFolder) {
+    explicit ScratchOffice(const QString& referenceFolder = {}, bool onServer = testengine::isPostgres())
+        : OfficeFolder(u"secret"_s, referenceFolder, onServer) {
         openBoth();
     }
     void openBoth() { open(main, users); }
