@@ -194,10 +194,9 @@ private slots:
         Site site;
         site.desk.settings.setValue("Settings", "Name", "");
         MDIMain window(site.mod);
-        support::inNextDialog<QDialog>([](QDialog& owner) {
-            QCOMPARE(owner.objectName(), "frmOwner");
-            support::Driver(owner).type("Text7(0)", "Νέο γραφείο");
-            support::Driver(owner).click("Command1");
+        support::inNextDialog("frmOwner", [](support::Driver& owner) {
+            owner.type("Text7(0)", "Νέο γραφείο");
+            owner.click("Command1");
         });
         window.load();
         QCOMPARE(site.desk.settings.value("Settings", "Name", ""), "Νέο γραφείο");

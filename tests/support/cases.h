@@ -54,8 +54,8 @@ void forEach(const Cases& cases, Check check) {
     }
 }
 
-// For a collection of many: `fault` says what is wrong with one, "" for nothing. All that are wrong are told; gives their
-// number.
+// For a collection of many: `fault` says what is wrong with one, "" for nothing. All that are wrong are told; gives
+// their number.
 template <typename Cases, typename Fault>
 int countFaults(const Cases& cases, Fault fault) {
     int count = 0;

@@ -31,6 +31,8 @@ public:
     }
 
     QVariant value(const QString& sql) { return firstValue(mod.gConn, sql); }
+    QString text(const QString& sql) { return firstText(mod.gConn, sql); }
+    int count(const QString& table) { return value(u"select count(*) from "_s + table).toInt(); }
 
     // The main database goes away, as after a fault of its disk, until it is brought back.
     void lose() { mod.gConn.close(); }
