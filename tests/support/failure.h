@@ -6,20 +6,21 @@
 
 #include "data/error.h"
 
-template <typename Work>
-std::optional<data::Error> errorOf(Work work) {
+// Any other kind of failure goes on to the caller.
+template <typename Failure = data::Error, typename Work>
+std::optional<Failure> errorOf(Work work) {
     try {
         work();
-    } catch (const data::Error& error) {
+    } catch (const Failure& error) {
         return error;
     }
     return {};
 }
 
 // The text of the failure, "" when there was none.
-template <typename Work>
+template <typename Failure = data::Error, typename Work>
 QString failureOf(Work work) {
-    const auto error = errorOf(work);
+    const auto error = errorOf<Failure>(work);
     return error ? error->text() : QString();
 }
 
