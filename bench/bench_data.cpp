@@ -5,11 +5,11 @@
 #include <QTemporaryDir>
 
 #include "copyrows.h"
-#include "data/fileidentity.h"
-#include "data/fold.h"
+#include "data/opening/fileidentity.h"
 #include "data/recordset.h"
 #include "data/sqlite/sqlitedialect.h"
 #include "data/sqlite/sqliteengine.h"
+#include "data/values/fold.h"
 
 using namespace Qt::Literals::StringLiterals;
 

@@ -5,9 +5,9 @@
 #include <string>
 
 #include "copyrows.h"
-#include "data/fileidentity.h"
+#include "data/opening/fileidentity.h"
+#include "data/opening/serverdescription.h"
 #include "data/postgres/pgparts.h"
-#include "data/serverdescription.h"
 #include "data/sqlite/functions.h"
 #include "data/sqlite/sqliteengine.h"
 

@@ -2,8 +2,8 @@
 #include "admin/output.h"
 #include "admin/seat.h"
 #include "data/error.h"
-#include "data/format.h"
 #include "data/recordset.h"
+#include "data/values/format.h"
 #include "schema/office.h"
 
 namespace admin {

@@ -8,8 +8,8 @@
 #include "controls/theme.h"
 #include "core/columnwidths.h"
 #include "core/guard.h"
-#include "data/format.h"
 #include "data/recordset.h"
+#include "data/values/format.h"
 
 using namespace Qt::Literals::StringLiterals;
 

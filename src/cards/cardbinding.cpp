@@ -1,7 +1,7 @@
 #include "cards/cardbinding.h"
 
 #include "controls/choicebox.h"
-#include "data/format.h"
+#include "data/values/format.h"
 
 using namespace Qt::Literals::StringLiterals;
 

@@ -11,8 +11,8 @@
 #include "core/guard.h"
 #include "core/placement.h"
 #include "core/sqltext.h"
-#include "data/phonekey.h"
 #include "data/recordset.h"
+#include "data/values/phonekey.h"
 
 using namespace Qt::Literals::StringLiterals;
 

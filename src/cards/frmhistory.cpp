@@ -13,7 +13,7 @@
 #include "controls/picturebutton.h"
 #include "controls/theme.h"
 #include "core/guard.h"
-#include "data/format.h"
+#include "data/values/format.h"
 
 using namespace Qt::Literals::StringLiterals;
 

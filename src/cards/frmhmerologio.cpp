@@ -12,8 +12,8 @@
 #include "core/columnwidths.h"
 #include "core/printlist.h"
 #include "core/sqltext.h"
-#include "data/format.h"
 #include "data/recordset.h"
+#include "data/values/format.h"
 
 using namespace Qt::Literals::StringLiterals;
 

@@ -1,8 +1,8 @@
 #include "cards/journal.h"
 
 #include "core/sqltext.h"
-#include "data/format.h"
 #include "data/recordset.h"
+#include "data/values/format.h"
 
 using namespace Qt::Literals::StringLiterals;
 

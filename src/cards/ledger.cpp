@@ -3,7 +3,7 @@
 #include <cmath>
 #include <limits>
 
-#include "data/format.h"
+#include "data/values/format.h"
 
 using namespace Qt::Literals::StringLiterals;
 

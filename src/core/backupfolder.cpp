@@ -7,7 +7,7 @@
 #include <QRegularExpression>
 #include <algorithm>
 
-#include "data/fileidentity.h"
+#include "data/opening/fileidentity.h"
 #include "platform/folders.h"
 #include "schema/backup.h"
 #include "schema/office.h"

@@ -5,7 +5,7 @@
 #include <QDir>
 
 #include "core/browsemod.h"
-#include "data/fileidentity.h"
+#include "data/opening/fileidentity.h"
 #include "schema/backup.h"
 
 using namespace Qt::Literals::StringLiterals;

@@ -1,12 +1,12 @@
 #include "data/connection.h"
 
-#include "data/connectionstring.h"
-#include "data/fileidentity.h"
-#include "data/fold.h"
+#include "data/opening/connectionstring.h"
+#include "data/opening/fileidentity.h"
 #include "data/postgres/pgengine.h"
 #include "data/recordset.h"
 #include "data/rowstore.h"
 #include "data/sqlite/sqliteengine.h"
+#include "data/values/fold.h"
 
 using namespace Qt::Literals::StringLiterals;
 

@@ -1,7 +1,7 @@
 #include <cmath>
 
-#include "data/convert.h"
 #include "data/recordsetprivate.h"
+#include "data/values/convert.h"
 
 using namespace Qt::Literals::StringLiterals;
 

@@ -7,7 +7,7 @@
 #include "core/backupfolder.h"
 #include "core/browsemod.h"
 #include "core/workprogress.h"
-#include "data/format.h"
+#include "data/values/format.h"
 #include "platform/folders.h"
 #include "schema/backup.h"
 #include "schema/office.h"

@@ -15,7 +15,7 @@
 #include "controls/theme.h"
 #include "core/contactnoun.h"
 #include "core/printout.h"
-#include "data/format.h"
+#include "data/values/format.h"
 #include "users/frmadmin.h"
 #include "users/frmowner.h"
 #include "users/frmusers.h"

@@ -6,7 +6,7 @@
 #include <QRegularExpression>
 #include <QTemporaryDir>
 
-#include "data/fileidentity.h"
+#include "data/opening/fileidentity.h"
 #include "schema/archive.h"
 #include "schema/backupparts.h"
 #include "schema/office.h"

@@ -8,7 +8,7 @@
 #include <optional>
 
 #include "data/connection.h"
-#include "data/serverdescription.h"
+#include "data/opening/serverdescription.h"
 #include "schema/progress.h"
 #include "schema/servertools.h"
 #include "schema/tables.h"

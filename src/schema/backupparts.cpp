@@ -5,7 +5,7 @@
 #include <QFileInfo>
 #include <filesystem>
 
-#include "data/fileidentity.h"
+#include "data/opening/fileidentity.h"
 #include "schema/archive.h"
 #include "schema/check.h"
 #include "schema/office.h"

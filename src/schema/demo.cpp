@@ -1,8 +1,8 @@
 #include "schema/demo.h"
 
-#include "data/format.h"
-#include "data/password.h"
+#include "data/opening/password.h"
 #include "data/recordset.h"
+#include "data/values/format.h"
 #include "schema/demo/cardfields.h"
 #include "schema/demo/diary.h"
 #include "schema/demo/lists.h"

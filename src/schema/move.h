@@ -4,7 +4,7 @@
 #include <QString>
 #include <optional>
 
-#include "data/serverdescription.h"
+#include "data/opening/serverdescription.h"
 #include "schema/backup.h"
 
 namespace schema {

@@ -4,11 +4,11 @@
 #include <QFile>
 #include <QFileInfo>
 
-#include "data/connectionstring.h"
-#include "data/databasepassword.h"
 #include "data/error.h"
-#include "data/fileidentity.h"
-#include "data/password.h"
+#include "data/opening/connectionstring.h"
+#include "data/opening/databasepassword.h"
+#include "data/opening/fileidentity.h"
+#include "data/opening/password.h"
 #include "schema/backup.h"
 #include "schema/officebuilder.h"
 #include "schema/reference.h"

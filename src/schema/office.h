@@ -6,7 +6,7 @@
 #include <optional>
 
 #include "data/connection.h"
-#include "data/serverdescription.h"
+#include "data/opening/serverdescription.h"
 #include "schema/progress.h"
 #include "schema/tables.h"
 

@@ -6,7 +6,7 @@
 
 #include "data/dialect/enginedialect.h"
 #include "data/error.h"
-#include "data/fileidentity.h"
+#include "data/opening/fileidentity.h"
 #include "data/postgres/pgengine.h"
 #include "data/sqlite/sqliteengine.h"
 #include "schema/backupparts.h"

@@ -7,7 +7,7 @@
 #include <optional>
 
 #include "data/connection.h"
-#include "data/serverdescription.h"
+#include "data/opening/serverdescription.h"
 #include "schema/tables.h"
 
 namespace schema {

@@ -2,7 +2,7 @@
 #include <QFile>
 #include <QFileInfo>
 
-#include "data/fileidentity.h"
+#include "data/opening/fileidentity.h"
 #include "data/postgres/pgengine.h"
 #include "platform/filestate.h"
 #include "schema/backupparts.h"

@@ -5,7 +5,7 @@
 #include <cstring>
 #include <limits>
 
-#include "data/format.h"
+#include "data/values/format.h"
 
 namespace schema {
 namespace {

@@ -8,7 +8,7 @@
 #include <optional>
 
 #include "data/error.h"
-#include "data/fileidentity.h"
+#include "data/opening/fileidentity.h"
 #include "platform/processes.h"
 #include "schema/office.h"
 

@@ -4,7 +4,7 @@
 #include <QString>
 #include <functional>
 
-#include "data/serverdescription.h"
+#include "data/opening/serverdescription.h"
 #include "schema/manifest.h"
 
 namespace schema {

@@ -1,8 +1,8 @@
 #include "schema/tablewriter.h"
 
-#include "data/convert.h"
 #include "data/dialect/enginedialect.h"
-#include "data/format.h"
+#include "data/values/convert.h"
+#include "data/values/format.h"
 
 namespace schema {
 namespace {

@@ -3,8 +3,8 @@
 #include <algorithm>
 #include "core/sqltext.h"
 
-#include "data/fold.h"
 #include "data/recordset.h"
+#include "data/values/fold.h"
 
 using namespace Qt::Literals::StringLiterals;
 

@@ -2,7 +2,7 @@
 
 #include "core/mainmod.h"
 #include "core/sqltext.h"
-#include "data/password.h"
+#include "data/opening/password.h"
 #include "data/recordset.h"
 
 using namespace Qt::Literals::StringLiterals;

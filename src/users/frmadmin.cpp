@@ -5,7 +5,7 @@
 #include <QVBoxLayout>
 
 #include "controls/names.h"
-#include "data/password.h"
+#include "data/opening/password.h"
 #include "data/recordset.h"
 
 using namespace Qt::Literals::StringLiterals;

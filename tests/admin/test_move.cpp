@@ -4,7 +4,7 @@
 #include <QtTest>
 
 #include "data/dialect/enginedialect.h"
-#include "data/password.h"
+#include "data/opening/password.h"
 #include "data/recordset.h"
 #include "schema/check.h"
 #include "schema/office.h"

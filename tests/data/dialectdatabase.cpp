@@ -1,9 +1,9 @@
 #include "dialectdatabase.h"
 
 #include "data/dialect/enginedialect.h"
-#include "data/fileidentity.h"
-#include "data/format.h"
+#include "data/opening/fileidentity.h"
 #include "data/sqlite/sqliteengine.h"
+#include "data/values/format.h"
 
 using namespace Qt::Literals::StringLiterals;
 

@@ -5,7 +5,7 @@
 #include <QtTest>
 
 #include "data/connection.h"
-#include "data/fileidentity.h"
+#include "data/opening/fileidentity.h"
 #include "data/recordset.h"
 #include "data/sqlite/sqliteengine.h"
 #include "support/testengine.h"

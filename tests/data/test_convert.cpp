@@ -1,7 +1,7 @@
 #include <QtTest>
 
-#include "data/convert.h"
 #include "data/error.h"
+#include "data/values/convert.h"
 
 using namespace Qt::Literals::StringLiterals;
 

@@ -2,9 +2,9 @@
 #include <sqlite3.h>
 #include <sys/stat.h>
 
-#include "data/connectionstring.h"
-#include "data/databasepassword.h"
-#include "data/password.h"
+#include "data/opening/connectionstring.h"
+#include "data/opening/databasepassword.h"
+#include "data/opening/password.h"
 #include "roadfixture.h"
 
 Q_DECLARE_METATYPE(data::FileKind)

@@ -1,7 +1,7 @@
 #include <QtTest>
 
-#include "data/fold.h"
 #include "data/types.h"
+#include "data/values/fold.h"
 
 using namespace Qt::Literals::StringLiterals;
 

@@ -1,6 +1,6 @@
 #include <QtTest>
 
-#include "data/format.h"
+#include "data/values/format.h"
 
 using namespace data;
 

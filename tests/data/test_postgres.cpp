@@ -4,11 +4,11 @@
 #include <QStringEncoder>
 #include <future>
 
-#include "data/databasepassword.h"
 #include "data/dialect/enginedialect.h"
-#include "data/fileidentity.h"
-#include "data/fold.h"
+#include "data/opening/databasepassword.h"
+#include "data/opening/fileidentity.h"
 #include "data/postgres/pgdialect.h"
+#include "data/values/fold.h"
 #include "roadfixture.h"
 
 using namespace Qt::Literals::StringLiterals;

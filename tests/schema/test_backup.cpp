@@ -12,7 +12,7 @@
 #include <csignal>
 #endif
 
-#include "data/password.h"
+#include "data/opening/password.h"
 #include "scratchoffice.h"
 
 using namespace Qt::Literals::StringLiterals;

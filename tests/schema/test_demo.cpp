@@ -3,7 +3,7 @@
 #include <QCryptographicHash>
 #include <QImage>
 
-#include "data/password.h"
+#include "data/opening/password.h"
 #include "schema/demo/latin.h"
 #include "schema/tables.h"
 #include "scratchoffice.h"

@@ -1,4 +1,4 @@
-#include "data/password.h"
+#include "data/opening/password.h"
 #include "schema/check.h"
 #include "schema/upgrade.h"
 #include "scratchoffice.h"

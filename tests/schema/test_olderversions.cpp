@@ -1,5 +1,5 @@
 // A database of every older version, brought up to date, is the same as a new one.
-#include "data/databasepassword.h"
+#include "data/opening/databasepassword.h"
 #include "schema/check.h"
 #include "schema/officebuilder.h"
 #include "schema/upgrade.h"

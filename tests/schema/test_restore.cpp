@@ -1,8 +1,8 @@
 // What a restoring finds in the office's folder, and what stops it half way.
 #include <sqlite3.h>
 
-#include "data/databasepassword.h"
-#include "data/fileidentity.h"
+#include "data/opening/databasepassword.h"
+#include "data/opening/fileidentity.h"
 #include "platform/filestate.h"
 #include "schema/backup.h"
 #include "schema/backupparts.h"

@@ -1,7 +1,7 @@
 #include <QRandomGenerator>
 
 #include "data/dialect/enginedialect.h"
-#include "data/fold.h"
+#include "data/values/fold.h"
 #include "scratchoffice.h"
 #include "support/sqlitetrace.h"
 

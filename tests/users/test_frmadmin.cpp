@@ -2,7 +2,7 @@
 #include <QSignalSpy>
 
 #include "controls/boxes.h"
-#include "data/password.h"
+#include "data/opening/password.h"
 #include "support/office.h"
 #include "users/credentials.h"
 #include "users/frmadmin.h"

@@ -2,7 +2,7 @@
 #include <QMenu>
 #include <QPushButton>
 
-#include "data/password.h"
+#include "data/opening/password.h"
 #include "support/office.h"
 #include "users/credentials.h"
 #include "users/frmusers.h"

@@ -1,5 +1,5 @@
 #include "controls/boxes.h"
-#include "data/password.h"
+#include "data/opening/password.h"
 #include "support/office.h"
 #include "users/credentials.h"
 #include "users/frmlogon.h"

@@ -1,7 +1,7 @@
 #include "data/dialect/renderer.h"
 
-#include "data/convert.h"
 #include "data/dialect/wordfilter.h"
+#include "data/values/convert.h"
 
 using namespace Qt::Literals::StringLiterals;
 

@@ -1,10 +1,10 @@
 #include <cmath>
 
-#include "data/convert.h"
 #include "data/dialect/binder.h"
 #include "data/dialect/functiontable.h"
 #include "data/dialect/renderer.h"
-#include "data/fold.h"
+#include "data/values/convert.h"
+#include "data/values/fold.h"
 
 using namespace Qt::Literals::StringLiterals;
 

@@ -9,8 +9,8 @@
 #include <memory>
 
 #include "data/error.h"
-#include "data/format.h"
 #include "data/types.h"
+#include "data/values/format.h"
 
 namespace data {
 

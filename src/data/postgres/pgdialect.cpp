@@ -3,7 +3,7 @@
 #include <QCryptographicHash>
 
 #include "data/error.h"
-#include "data/format.h"
+#include "data/values/format.h"
 
 using namespace Qt::Literals::StringLiterals;
 

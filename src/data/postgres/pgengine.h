@@ -7,8 +7,8 @@
 #include <vector>
 
 #include "data/engine.h"
+#include "data/opening/serverdescription.h"
 #include "data/postgres/pgschemas.h"
-#include "data/serverdescription.h"
 
 namespace data {
 

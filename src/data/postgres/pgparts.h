@@ -5,7 +5,7 @@
 
 #include <memory>
 
-#include "data/serverdescription.h"
+#include "data/opening/serverdescription.h"
 #include "data/smallrows.h"
 
 namespace data {

@@ -3,7 +3,7 @@
 
 #include <memory>
 
-#include "data/serverdescription.h"
+#include "data/opening/serverdescription.h"
 
 namespace data {
 

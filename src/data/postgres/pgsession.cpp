@@ -2,7 +2,7 @@
 #include <QElapsedTimer>
 #include <QTimeZone>
 
-#include "data/password.h"
+#include "data/opening/password.h"
 #include "data/postgres/functionscript.h"
 #include "data/postgres/pgdialect.h"
 #include "data/postgres/pgengine.h"

@@ -5,7 +5,7 @@
 #include <cmath>
 #include <cstring>
 
-#include "data/format.h"
+#include "data/values/format.h"
 
 using namespace Qt::Literals::StringLiterals;
 

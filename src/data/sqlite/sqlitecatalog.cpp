@@ -1,6 +1,6 @@
 #include "data/sqlite/sqlitecatalog.h"
 
-#include "data/databasepassword.h"
+#include "data/opening/databasepassword.h"
 #include "data/sqlite/sqlitedialect.h"
 
 namespace data {

@@ -1,7 +1,7 @@
 #include "data/sqlite/sqlitedialect.h"
 
-#include "data/format.h"
 #include "data/sqlite/wordindex.h"
+#include "data/values/format.h"
 
 using namespace Qt::Literals::StringLiterals;
 

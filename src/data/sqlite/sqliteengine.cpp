@@ -7,16 +7,16 @@
 #include <QFileInfo>
 #include <cmath>
 
-#include "data/databasepassword.h"
-#include "data/fileidentity.h"
-#include "data/format.h"
-#include "data/password.h"
+#include "data/opening/databasepassword.h"
+#include "data/opening/fileidentity.h"
+#include "data/opening/password.h"
 #include "data/smallrows.h"
 #include "data/sqlite/functions.h"
 #include "data/sqlite/sqlitecatalog.h"
 #include "data/sqlite/sqlitedialect.h"
 #include "data/sqlite/sqliteerror.h"
 #include "data/sqlite/wordindex.h"
+#include "data/values/format.h"
 
 using namespace Qt::Literals::StringLiterals;
 

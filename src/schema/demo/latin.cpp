@@ -1,6 +1,6 @@
 #include "schema/demo/latin.h"
 
-#include "data/fold.h"
+#include "data/values/fold.h"
 
 namespace schema::demo {
 namespace {

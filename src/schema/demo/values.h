@@ -3,7 +3,7 @@
 
 #include <QVariant>
 
-#include "data/format.h"
+#include "data/values/format.h"
 
 namespace schema::demo {
 

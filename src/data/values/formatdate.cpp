@@ -1,6 +1,6 @@
 #include <QVector>
 
-#include "data/formatparts.h"
+#include "data/values/formatparts.h"
 
 using namespace Qt::Literals::StringLiterals;
 

@@ -1,6 +1,6 @@
-#include "data/databasepassword.h"
+#include "data/opening/databasepassword.h"
 
-#include "data/password.h"
+#include "data/opening/password.h"
 
 using namespace Qt::Literals::StringLiterals;
 

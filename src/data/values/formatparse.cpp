@@ -1,8 +1,8 @@
 #include <QStringList>
 #include <cmath>
 
-#include "data/fold.h"
-#include "data/format.h"
+#include "data/values/fold.h"
+#include "data/values/format.h"
 
 namespace data {
 namespace {

@@ -1,8 +1,8 @@
 // What a column accepts: the one conversion of values on their way into a database.
 #pragma once
 
-#include "data/format.h"
 #include "data/types.h"
+#include "data/values/format.h"
 
 namespace data {
 

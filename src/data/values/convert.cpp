@@ -1,10 +1,10 @@
-#include "data/convert.h"
+#include "data/values/convert.h"
 
 #include <cmath>
 #include <limits>
 
 #include "data/error.h"
-#include "data/fold.h"
+#include "data/values/fold.h"
 
 using namespace Qt::Literals::StringLiterals;
 

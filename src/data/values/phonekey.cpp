@@ -1,4 +1,4 @@
-#include "data/phonekey.h"
+#include "data/values/phonekey.h"
 
 namespace data {
 namespace {

@@ -1,4 +1,4 @@
-#include "data/connectionstring.h"
+#include "data/opening/connectionstring.h"
 
 namespace data {
 namespace {

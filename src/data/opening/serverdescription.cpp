@@ -1,4 +1,4 @@
-#include "data/serverdescription.h"
+#include "data/opening/serverdescription.h"
 
 #include <QFile>
 #include <QFileInfo>

@@ -1,4 +1,4 @@
-#include "data/password.h"
+#include "data/opening/password.h"
 
 #include <sodium.h>
 

@@ -1,4 +1,4 @@
-#include "data/fold.h"
+#include "data/values/fold.h"
 
 #include <array>
 #include <cstring>

@@ -1,10 +1,10 @@
-#include "data/fileidentity.h"
+#include "data/opening/fileidentity.h"
 
 #include <QDir>
 #include <QFileInfo>
 #include <QtEndian>
 
-#include "data/serverdescription.h"
+#include "data/opening/serverdescription.h"
 #include "data/sqlite/filehead.h"
 #include "data/types.h"
 

@@ -1,8 +1,8 @@
-#include "data/format.h"
+#include "data/values/format.h"
 
 #include <cmath>
 
-#include "data/formatparts.h"
+#include "data/values/formatparts.h"
 
 using namespace Qt::Literals::StringLiterals;
 

@@ -1,7 +1,7 @@
 #include <charconv>
 #include <cmath>
 
-#include "data/formatparts.h"
+#include "data/values/formatparts.h"
 
 namespace data {
 namespace {
