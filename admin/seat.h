@@ -3,8 +3,8 @@
 
 #include <QElapsedTimer>
 
-#include "schema/backup.h"
-#include "schema/seatlock.h"
+#include "copies/backup.h"
+#include "copies/seatlock.h"
 
 namespace admin {
 

@@ -11,8 +11,8 @@
 #include "cards/frmfind.h"
 #include "cards/journal.h"
 #include "data/recordset.h"
+#include "demo/demo.h"
 #include "rawengine.h"
-#include "schema/demo.h"
 #include "schema/office.h"
 #include "schema/tablewriter.h"
 

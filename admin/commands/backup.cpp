@@ -1,4 +1,4 @@
-#include "schema/backup.h"
+#include "copies/backup.h"
 
 #include "admin/command.h"
 #include "admin/interrupt.h"

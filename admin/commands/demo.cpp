@@ -1,4 +1,4 @@
-#include "schema/demo.h"
+#include "demo/demo.h"
 
 #include <limits>
 

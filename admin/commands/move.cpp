@@ -1,4 +1,4 @@
-#include "schema/move.h"
+#include "copies/move.h"
 
 #include "admin/command.h"
 #include "admin/interrupt.h"

@@ -7,9 +7,9 @@
 #include <QRegularExpression>
 #include <algorithm>
 
+#include "copies/backup.h"
 #include "data/opening/fileidentity.h"
 #include "platform/folders.h"
-#include "schema/backup.h"
 #include "schema/office.h"
 
 using namespace Qt::Literals::StringLiterals;

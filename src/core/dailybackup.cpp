@@ -4,9 +4,9 @@
 
 #include <QDir>
 
+#include "copies/backup.h"
 #include "core/browsemod.h"
 #include "data/opening/fileidentity.h"
-#include "schema/backup.h"
 
 using namespace Qt::Literals::StringLiterals;
 

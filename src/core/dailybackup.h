@@ -8,9 +8,9 @@
 #include <atomic>
 #include <memory>
 
+#include "copies/servertools.h"
 #include "core/backupfolder.h"
 #include "core/mainmod.h"
-#include "schema/servertools.h"
 
 namespace core {
 

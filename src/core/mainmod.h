@@ -4,11 +4,11 @@
 #include <QString>
 #include <functional>
 
+#include "copies/seatlock.h"
 #include "core/logondelay.h"
 #include "data/connection.h"
 #include "platform/filesystemkind.h"
 #include "platform/services.h"
-#include "schema/seatlock.h"
 
 namespace core {
 

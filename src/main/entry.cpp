@@ -4,12 +4,12 @@
 #include <QFileInfo>
 #include <QLocale>
 
+#include "copies/backup.h"
 #include "core/backupfolder.h"
 #include "core/browsemod.h"
 #include "core/workprogress.h"
 #include "data/values/format.h"
 #include "platform/folders.h"
-#include "schema/backup.h"
 #include "schema/office.h"
 
 using namespace Qt::Literals::StringLiterals;

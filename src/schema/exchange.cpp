@@ -4,8 +4,8 @@
 #include <QFileInfo>
 #include <filesystem>
 
+#include "copies/backupparts.h"
 #include "platform/filestate.h"
-#include "schema/backupparts.h"
 
 namespace schema {
 

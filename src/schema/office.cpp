@@ -4,12 +4,12 @@
 #include <QFile>
 #include <QFileInfo>
 
+#include "copies/backup.h"
 #include "data/error.h"
 #include "data/opening/connectionstring.h"
 #include "data/opening/databasepassword.h"
 #include "data/opening/fileidentity.h"
 #include "data/opening/password.h"
-#include "schema/backup.h"
 #include "schema/officebuilder.h"
 #include "schema/reference.h"
 #include "schema/tablewriter.h"

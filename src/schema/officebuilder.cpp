@@ -4,12 +4,12 @@
 #include <QFile>
 #include <QFileInfo>
 
+#include "copies/backupparts.h"
 #include "data/dialect/enginedialect.h"
 #include "data/error.h"
 #include "data/opening/fileidentity.h"
 #include "data/postgres/pgengine.h"
 #include "data/sqlite/sqliteengine.h"
-#include "schema/backupparts.h"
 #include "schema/exchange.h"
 #include "schema/indexes.h"
 #include "schema/office.h"

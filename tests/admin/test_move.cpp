@@ -1,5 +1,5 @@
 // A whole office carried between the engines, and what must be left of it when that fails.
-#include "schema/move.h"
+#include "copies/move.h"
 
 #include <QtTest>
 

@@ -5,7 +5,7 @@
 #include <QSignalSpy>
 #include <csignal>
 
-#include "schema/backup.h"
+#include "copies/backup.h"
 #include "support/office.h"
 
 using namespace Qt::Literals::StringLiterals;

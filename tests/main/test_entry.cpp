@@ -2,10 +2,10 @@
 
 #include <QSignalSpy>
 
+#include "copies/backup.h"
 #include "core/backupfolder.h"
 #include "main/program.h"
 #include "platform/folders.h"
-#include "schema/backup.h"
 #include "support/office.h"
 
 using namespace Qt::Literals::StringLiterals;

@@ -2,7 +2,7 @@
 
 #include "hammerworker.h"
 #include "schema/check.h"
-#include "scratchoffice.h"
+#include "support/scratchoffice.h"
 
 using namespace Qt::Literals::StringLiterals;
 

@@ -1,7 +1,7 @@
 #include <QRegularExpression>
 
-#include "scratchoffice.h"
 #include "support/plan.h"
+#include "support/scratchoffice.h"
 
 using namespace Qt::Literals::StringLiterals;
 

@@ -1,7 +1,7 @@
 #include "data/opening/password.h"
 #include "schema/check.h"
 #include "schema/upgrade.h"
-#include "scratchoffice.h"
+#include "support/scratchoffice.h"
 
 using namespace Qt::Literals::StringLiterals;
 using schema::Database;

@@ -3,7 +3,7 @@
 #include "schema/check.h"
 #include "schema/officebuilder.h"
 #include "schema/upgrade.h"
-#include "scratchoffice.h"
+#include "support/scratchoffice.h"
 
 using namespace Qt::Literals::StringLiterals;
 using schema::Database;

@@ -3,7 +3,7 @@
 #include <algorithm>
 
 #include "schema/tabfile.h"
-#include "scratchoffice.h"
+#include "support/scratchoffice.h"
 
 using namespace Qt::Literals::StringLiterals;
 

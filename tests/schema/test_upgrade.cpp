@@ -1,6 +1,6 @@
 #include "data/dialect/enginedialect.h"
 #include "schema/upgrade.h"
-#include "scratchoffice.h"
+#include "support/scratchoffice.h"
 
 using namespace Qt::Literals::StringLiterals;
 using schema::UpgradeStep;

@@ -2,7 +2,7 @@
 
 #include "data/dialect/enginedialect.h"
 #include "data/values/fold.h"
-#include "scratchoffice.h"
+#include "support/scratchoffice.h"
 #include "support/sqlitetrace.h"
 
 using namespace Qt::Literals::StringLiterals;

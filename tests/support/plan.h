@@ -2,7 +2,7 @@
 #pragma once
 
 #include "data/connection.h"
-#include "schema/demo.h"
+#include "demo/demo.h"
 #include "support/testengine.h"
 
 namespace support {
