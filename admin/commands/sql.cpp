@@ -1,6 +1,7 @@
 #include "admin/command.h"
 #include "admin/output.h"
 #include "admin/seat.h"
+#include "copies/upgradecopy.h"
 #include "data/error.h"
 #include "data/recordset.h"
 #include "data/values/format.h"
@@ -41,7 +42,7 @@ ExitCode sql(const Arguments& arguments) {
     const Seat seat(folder);
     data::Connection connection;
     if (write)
-        schema::open(connection, string);
+        copies::openUpgraded(connection, string);
     else
         schema::openToRead(connection, string);
     if (connection.translate(statement)->kind == data::StatementKind::Select) {

@@ -10,7 +10,7 @@
 
 #include "data/error.h"
 
-namespace schema {
+namespace copies {
 namespace {
 
 using namespace Qt::Literals::StringLiterals;
@@ -118,4 +118,4 @@ QStringList extractArchive(const QString& archive, const QString& folder, const 
     return found;
 }
 
-}  // namespace schema
+}  // namespace copies

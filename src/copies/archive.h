@@ -5,7 +5,7 @@
 #include <QStringList>
 #include <QVector>
 
-namespace schema {
+namespace copies {
 
 struct ArchiveMember {
     QString name;  // plain, without a folder
@@ -20,4 +20,4 @@ void writeArchive(const QString& archive, const QVector<ArchiveMember>& members)
 // names found. Throws data::Error: Corrupt for a damaged archive or a file that is none.
 QStringList extractArchive(const QString& archive, const QString& folder, const QStringList& names);
 
-}  // namespace schema
+}  // namespace copies

@@ -6,7 +6,7 @@
 #include "data/dialect/enginedialect.h"
 #include "data/smallrows.h"
 
-namespace schema {
+namespace copies {
 namespace {
 
 using namespace Qt::Literals::StringLiterals;
@@ -76,4 +76,4 @@ QByteArray sha256Of(const QString& file) {
     return hash.result().toHex();
 }
 
-}  // namespace schema
+}  // namespace copies

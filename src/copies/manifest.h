@@ -8,9 +8,7 @@
 
 #include "data/connection.h"
 
-namespace schema {
-
-using namespace Qt::Literals::StringLiterals;
+namespace copies {
 
 using RowCounts = QMap<QString, qint64>;  // by table
 
@@ -26,7 +24,6 @@ struct Manifest {
     QString folder;
     QMap<QString, Member> members;  // by file name
 
-    static QString fileName() { return u"contents.tsv"_s; }
     QByteArray toText() const;
     // Throws data::Error(Corrupt) for a text that is none.
     static Manifest fromText(const QByteArray& text);
@@ -34,4 +31,4 @@ struct Manifest {
 
 QByteArray sha256Of(const QString& file);  // throws data::Error when it can't be read
 
-}  // namespace schema
+}  // namespace copies

@@ -12,7 +12,7 @@
 #include "schema/officebuilder.h"
 #include "schema/upgrade.h"
 
-namespace schema {
+namespace copies {
 namespace {
 
 using namespace Qt::Literals::StringLiterals;
@@ -21,6 +21,15 @@ using data::Connection;
 using data::Error;
 using data::ErrorCategory;
 using data::TableInfo;
+using schema::allDatabases;
+using schema::connectionString;
+using schema::currentVersion;
+using schema::Database;
+using schema::databaseFileName;
+using schema::databasePath;
+using schema::findings;
+using schema::Progress;
+using schema::storedVersion;
 
 constexpr qsizetype mostFaultsTold = 20;
 
@@ -63,7 +72,7 @@ QString rowName(const TableInfo& table, qint64 identity, qint64 place) {
 class Source {
 public:
     Source(const QString& folder, Database database) : database_(database) {
-        openAsItIs(connection_, connectionString(database, databasePath(folder, database)));
+        schema::openAsItIs(connection_, connectionString(database, databasePath(folder, database)));
         try {
             connection_.engine().holdStill();
         } catch (const Error& error) {
@@ -162,14 +171,14 @@ void copyDatabase(Source& source, const QString& file, const Progress& progress)
     Connection target;
     target.open(connectionString(source.database(), file));
     data::Transaction transaction(target);
-    makeTables(target, source.database());
+    schema::makeTables(target, source.database());
     Pass pass(progress, u"Μεταφορά του "_s + databaseFileName(source.database()), source.rows());
     for (const TableInfo& table : source.tables()) copyTable(source, target, table, pass);
-    makeIndexes(target, source.database());
+    schema::makeIndexes(target, source.database());
     const auto properties = source.connection().engine().properties();
     for (auto property = properties.cbegin(); property != properties.cend(); ++property)
         target.engine().setProperty(property.key(), property.value());
-    storeVersion(target, storedVersion(source.connection()));
+    schema::storeVersion(target, storedVersion(source.connection()));
     transaction.commit();
     target.engine().afterLoading(target.catalog());
 }
@@ -225,7 +234,7 @@ void compareRest(Source& source, Connection& target) {
 void compareDatabase(Source& source, const QString& file, const Progress& progress, MoveInfo& info) {
     Connection target;
     Pass pass(progress, u"Σύγκριση του "_s + databaseFileName(source.database()), source.rows());
-    openToRead(target, connectionString(source.database(), file));
+    schema::openToRead(target, connectionString(source.database(), file));
     target.engine().beginSnapshot();
     for (const TableInfo& table : source.tables()) compareTable(source, target, table, pass, info);
     compareRest(source, target);
@@ -236,7 +245,7 @@ void compareDatabase(Source& source, const QString& file, const Progress& progre
 
 MoveInfo moveOffice(const QString& from, const QString& to, const MoveOptions& options) {
     std::array<std::unique_ptr<Source>, std::size(allDatabases)> sources;
-    OfficeBuilder builder(to, options.server);
+    schema::OfficeBuilder builder(to, options.server);
     for (size_t i = 0; i < sources.size(); ++i) sources[i] = std::make_unique<Source>(from, allDatabases[i]);
     for (const auto& source : sources) requireStorable(*source, !options.server, options.progress);
     for (const Database database : allDatabases) builder.make(database);
@@ -248,4 +257,4 @@ MoveInfo moveOffice(const QString& from, const QString& to, const MoveOptions& o
     return info;
 }
 
-}  // namespace schema
+}  // namespace copies

@@ -2,17 +2,18 @@
 #pragma once
 
 #include <QString>
+#include <QVector>
 #include <optional>
 
-#include "copies/backup.h"
 #include "data/opening/serverdescription.h"
+#include "schema/progress.h"
 
-namespace schema {
+namespace copies {
 
 struct MoveOptions {
     // With a server, the databases go into two new schemas there (see NewOffice); without, into two files.
     std::optional<data::ServerDescription> server = {};
-    Progress progress = {};
+    schema::Progress progress = {};
 };
 
 struct MoveInfo {
@@ -26,4 +27,4 @@ struct MoveInfo {
 // old office open. On any failure nothing of the new one stays behind.
 MoveInfo moveOffice(const QString& from, const QString& to, const MoveOptions& options = {});
 
-}  // namespace schema
+}  // namespace copies

@@ -1,22 +1,36 @@
+#include "copies/restore.h"
+
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
 
-#include "copies/backupparts.h"
+#include "copies/manifest.h"
 #include "copies/schemarestore.h"
+#include "copies/unpacking.h"
+#include "data/connection.h"
+#include "data/error.h"
 #include "data/opening/fileidentity.h"
 #include "data/postgres/pgengine.h"
 #include "platform/filestate.h"
-#include "schema/exchange.h"
+#include "schema/databasefiles.h"
+#include "schema/filereplacement.h"
 #include "schema/office.h"
 #include "schema/officebuilder.h"
 #include "schema/upgrade.h"
+#include "schema/workfolder.h"
 
-namespace schema {
+namespace copies {
 
 using namespace Qt::Literals::StringLiterals;
 using data::Error;
 using data::ErrorCategory;
+using schema::connectionString;
+using schema::Database;
+using schema::databaseFileName;
+using schema::databasePath;
+using schema::dumpFileName;
+using schema::refuseIfThere;
+using schema::report;
 
 namespace {
 
@@ -52,7 +66,7 @@ bool isOnServer(const QString& file) {
 
 // Where a database of a dump goes: what the command says, or the description that is there.
 data::ServerDescription placeOnServer(const RestoreOptions& options, const QString& target, Database database) {
-    if (options.server) return serverFor(*options.server, database);
+    if (options.server) return schema::serverFor(*options.server, database);
     if (isOnServer(target)) return data::readServerDescription(target);
     throw Error(ErrorCategory::Constraint,
                 u"Το αντίγραφο είναι γραφείου σε διακομιστή και ο φάκελος δεν λέει σε ποιον να επανέλθει. Δώστε με "
@@ -77,17 +91,17 @@ void requireFilesWanted(const RestoreOptions& options, const QString& target) {
 void finishDump(const QString& file, Database database, const RowCounts& wanted) {
     data::Connection connection;
     connection.open(connectionString(database, file));
-    const int version = storedVersion(connection);
-    if (version > currentVersion)
+    const int version = schema::storedVersion(connection);
+    if (version > schema::currentVersion)
         throw Error(
             ErrorCategory::Connection,
             u"Το αντίγραφο είναι νεότερης έκδοσης (%1) από όσες γνωρίζει αυτό το πρόγραμμα (έως %2)."_s.arg(version)
-                .arg(currentVersion));
+                .arg(schema::currentVersion));
     // A function may know its schema by the name that it had; the opening makes them all again.
     connection.engine().setProperty(u"functions"_s, {});
     connection.open(connectionString(database, file));
     data::Transaction transaction(connection);
-    makeIndexes(connection, database, version);
+    schema::makeIndexes(connection, database, version);
     transaction.commit();
     if (rowCounts(connection) != wanted)
         throw Error(ErrorCategory::Corrupt,
@@ -99,8 +113,8 @@ void finishDump(const QString& file, Database database, const RowCounts& wanted)
 // the end is undone.
 class Restoring {
 public:
-    Restoring(const QString& workshop, const QString& folder, const RestoreOptions& options)
-        : workshop_(workshop), folder_(folder), options_(options) {}
+    Restoring(const QString& workFolder, const QString& folder, const RestoreOptions& options)
+        : workFolder_(workFolder), folder_(folder), options_(options) {}
 
     void prepareFile(Database database) {
         requireFilesWanted(options_, databasePath(folder_, database));
@@ -108,9 +122,9 @@ public:
     }
     void prepareDump(Database database, const Manifest::Member& member) {
         const data::ServerDescription place = placeOnServer(options_, databasePath(folder_, database), database);
-        const QString file = databasePath(workshop_, database);
+        const QString file = databasePath(workFolder_, database);
         schemas_.push_back(std::make_unique<SchemaRestore>(place, options_));
-        schemas_.back()->fill(QDir(workshop_).filePath(dumpName(database)), member.schema);
+        schemas_.back()->fill(QDir(workFolder_).filePath(dumpFileName(database)), member.schema);
         data::writeServerDescription(file, schemas_.back()->filled());
         report(options_.progress, u"Ευρετήρια του "_s + databaseFileName(database), 0);
         finishDump(file, database, member.rows);
@@ -129,10 +143,11 @@ public:
             if (const QString old = schema->exchange(*work); !old.isEmpty()) aside += u"σχήμα "_s + old;
         }
         for (const Database database : files_)
-            aside += exchange_.put(databasePath(workshop_, database), databasePath(folder_, database), options_.now);
+            aside +=
+                replacement_.put(databasePath(workFolder_, database), databasePath(folder_, database), options_.now);
         for (const auto& [name, work] : servers) work->commit();
         for (const auto& schema : schemas_) schema->keep();
-        exchange_.keep();
+        replacement_.keep();
         aside.removeAll({});
         return aside;
     }
@@ -147,18 +162,18 @@ private:
         keepOthersOut(*old_.back(), database, target);
     }
 
-    QString workshop_, folder_;
+    QString workFolder_, folder_;
     const RestoreOptions& options_;
     std::vector<std::unique_ptr<data::Connection>> old_;  // kept to the end, lest somebody opens what is being moved
     std::vector<std::unique_ptr<SchemaRestore>> schemas_;
     QVector<Database> files_;
-    Exchange exchange_;
+    schema::FileReplacement replacement_;
 };
 
 // A description that a dump goes by is no database to be spared; the schema that it names is.
 void refuseDatabasesThere(const QString& folder, const RestoreOptions& options) {
     if (options.force) return;
-    for (const Database database : allDatabases) {
+    for (const Database database : schema::allDatabases) {
         const QString file = databasePath(folder, database);
         if (options.server || !isOnServer(file)) refuseIfThere(file);
     }
@@ -173,11 +188,11 @@ QStringList restoreOffice(const QString& file, const QString& folder, const Rest
     const bool folderWasThere = QFileInfo::exists(folder);
     if (!QDir().mkpath(folder)) throw Error(ErrorCategory::Full, u"Δεν δημιουργείται ο φάκελος «%1»."_s.arg(folder));
     try {
-        const auto workshop = workshopIn(folder);
-        const Manifest manifest = unpackChecked(file, workshop->path(), options.tools, options.progress);
-        Restoring restoring(workshop->path(), folder, options);
+        const auto workFolder = schema::workFolderIn(folder);
+        const Manifest manifest = unpackChecked(file, workFolder->path(), options.tools, options.progress);
+        Restoring restoring(workFolder->path(), folder, options);
         for (const Database database : options.databases) {
-            if (const QString dump = dumpName(database); manifest.members.contains(dump))
+            if (const QString dump = dumpFileName(database); manifest.members.contains(dump))
                 restoring.prepareDump(database, manifest.members[dump]);
             else
                 restoring.prepareFile(database);
@@ -189,4 +204,4 @@ QStringList restoreOffice(const QString& file, const QString& folder, const Rest
     }
 }
 
-}  // namespace schema
+}  // namespace copies

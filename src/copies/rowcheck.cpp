@@ -7,7 +7,7 @@
 
 #include "data/values/format.h"
 
-namespace schema {
+namespace copies {
 namespace {
 
 using namespace Qt::Literals::StringLiterals;
@@ -115,4 +115,4 @@ int differingColumn(const data::TableInfo& table, const Cell* one, const Cell* o
     return -1;
 }
 
-}  // namespace schema
+}  // namespace copies

@@ -6,7 +6,7 @@
 #include "data/rowstore.h"
 #include "data/types.h"
 
-namespace schema {
+namespace copies {
 
 struct CellFault {
     int column;
@@ -19,4 +19,4 @@ std::optional<CellFault> unfitCell(const data::TableInfo& table, const data::Cel
 // The first column in which two rows of the table differ, -1 when they are the same.
 int differingColumn(const data::TableInfo& table, const data::Cell* one, const data::Cell* other);
 
-}  // namespace schema
+}  // namespace copies

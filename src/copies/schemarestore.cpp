@@ -2,10 +2,11 @@
 
 #include <QFileInfo>
 
-#include "copies/backupparts.h"
+#include "data/error.h"
 #include "data/postgres/pgengine.h"
+#include "schema/databasefiles.h"
 
-namespace schema {
+namespace copies {
 
 using namespace Qt::Literals::StringLiterals;
 using data::Error;
@@ -143,7 +144,7 @@ QString SchemaRestore::exchange(data::PgSchemaWork& work) {
     const QString name = place_.schemaName();
     QString aside;
     if (work.hasObjects(name)) {
-        const QString dated = u'_' + stamp(options_.now);
+        const QString dated = u'_' + schema::stamp(options_.now);
         aside = data::pgNameWith(name, dated);
         for (int i = 2; work.has(aside); ++i) aside = data::pgNameWith(name, u"%1-%2"_s.arg(dated).arg(i));
         work.rename(name, aside);
@@ -155,4 +156,4 @@ QString SchemaRestore::exchange(data::PgSchemaWork& work) {
     return aside;
 }
 
-}  // namespace schema
+}  // namespace copies

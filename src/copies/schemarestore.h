@@ -1,11 +1,10 @@
 // A dump put into a schema of a server.
 #pragma once
 
-#include "copies/backup.h"
-#include "copies/manifest.h"
+#include "copies/restoreoptions.h"
 #include "data/postgres/pgschemas.h"
 
-namespace schema {
+namespace copies {
 
 // What is there stays as it is until the exchange: the dump is filled into a schema with a name of its own
 // ("dorvalist_restoring"), indexed and counted there. What a killed one leaves under that name goes away with the next.
@@ -40,4 +39,4 @@ private:
     bool mine_ = false, kept_ = false;
 };
 
-}  // namespace schema
+}  // namespace copies

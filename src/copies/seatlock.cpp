@@ -14,7 +14,7 @@
 
 using namespace Qt::Literals::StringLiterals;
 
-namespace schema {
+namespace copies {
 
 namespace {
 
@@ -102,8 +102,9 @@ QDateTime timeOfNewFile(const QString& folder) {
 }
 
 bool isOnServer(const QString& folder) {
+    using schema::Database;
     const auto onServer = [&](Database database) {
-        return data::identifyFile(databasePath(folder, database)).kind == data::FileKind::ServerDescription;
+        return data::identifyFile(schema::databasePath(folder, database)).kind == data::FileKind::ServerDescription;
     };
     return onServer(Database::Main) && onServer(Database::Users);
 }
@@ -157,4 +158,4 @@ void SeatLock::touch() {
     emit lost();
 }
 
-}  // namespace schema
+}  // namespace copies

@@ -7,7 +7,7 @@
 
 #include "platform/filesystemkind.h"
 
-namespace schema {
+namespace copies {
 
 // The embedded engine keeps part of its bookkeeping in memory that seats on one machine share; seats on several
 // machines would each have their own and damage the file. A lock file beside the databases tells a second seat so. It
@@ -51,4 +51,4 @@ private:
     QTimer timer_;
 };
 
-}  // namespace schema
+}  // namespace copies

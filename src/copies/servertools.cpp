@@ -7,7 +7,7 @@
 #include "data/postgres/pgschemas.h"
 #include "platform/serverprograms.h"
 
-namespace schema {
+namespace copies {
 namespace {
 
 using namespace Qt::Literals::StringLiterals;
@@ -175,4 +175,4 @@ void readDump(const ServerTools& tools, const QString& file, const QString& sect
         {}, goOn, hear);
 }
 
-}  // namespace schema
+}  // namespace copies

@@ -7,7 +7,7 @@
 #include "copies/manifest.h"
 #include "data/opening/serverdescription.h"
 
-namespace schema {
+namespace copies {
 
 struct ServerTools {
     QString dump, restore;  // paths of pg_dump and pg_restore
@@ -34,4 +34,4 @@ using Hear = std::function<void(const QByteArray& text)>;
 void readDump(const ServerTools& tools, const QString& file, const QString& section, const Hear& hear,
               const GoOn& goOn);
 
-}  // namespace schema
+}  // namespace copies

@@ -4,7 +4,7 @@
 
 using namespace Qt::Literals::StringLiterals;
 
-namespace schema {
+namespace copies {
 namespace {
 
 constexpr int mostRows = 500;
@@ -90,4 +90,4 @@ const data::Cell* TableReader::nextRow() {
     return rows_.row(at_);
 }
 
-}  // namespace schema
+}  // namespace copies

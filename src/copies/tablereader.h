@@ -4,7 +4,7 @@
 #include "data/connection.h"
 #include "data/rowstore.h"
 
-namespace schema {
+namespace copies {
 
 // Reads in the order of the rows' identities, a piece of some hundred rows and some megabytes at a time. The connection
 // must outlive it and hold a snapshot.
@@ -32,4 +32,4 @@ private:
     bool started_ = false;
 };
 
-}  // namespace schema
+}  // namespace copies

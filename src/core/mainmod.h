@@ -26,9 +26,9 @@ public:
     explicit MainMod(platform::Services services) : services(services) {}
 
     platform::Services services;
-    schema::SeatLock::Probe fileSystemKind = platform::fileSystemKind;
+    copies::SeatLock::Probe fileSystemKind = platform::fileSystemKind;
 
-    schema::SeatLock gSeat;       // given back after the databases are closed
+    copies::SeatLock gSeat;       // given back after the databases are closed
     data::Connection gConn;       // dorvalist.mdb
     data::Connection gConnUsers;  // dorvalistu.mdb
     QString gDataPath;            // folder of both files, without a trailing separator

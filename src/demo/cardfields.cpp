@@ -2,7 +2,7 @@
 
 #include "demo/values.h"
 
-namespace schema::demo {
+namespace demo {
 
 using namespace Qt::Literals::StringLiterals;
 
@@ -56,4 +56,4 @@ const QVector<CardField>& cardFields() {
     return all;
 }
 
-}  // namespace schema::demo
+}  // namespace demo

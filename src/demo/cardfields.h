@@ -6,7 +6,7 @@
 
 #include "demo/person.h"
 
-namespace schema::demo {
+namespace demo {
 
 // A column of Cards and what an invented person puts there.
 struct CardField {
@@ -16,4 +16,4 @@ struct CardField {
 
 const QVector<CardField>& cardFields();
 
-}  // namespace schema::demo
+}  // namespace demo

@@ -9,25 +9,19 @@
 #include "demo/values.h"
 #include "schema/tablewriter.h"
 
-namespace schema {
+namespace demo {
 namespace {
 
 using namespace Qt::Literals::StringLiterals;
-using demo::CardField;
-using demo::cardFields;
-using demo::CardRef;
-using demo::dateOrNull;
-using demo::euros;
-using demo::Person;
-using demo::textOrNull;
-using demo::timeOrNull;
-using demo::World;
+using schema::Database;
+using schema::findTable;
+using schema::TableWriter;
 
 constexpr int cardsKnownToTheDiary = 2000;
 constexpr int progressEvery = 5000;
 
-const Table& mainTable(QStringView name) {
-    const Table* table = findTable(Database::Main, name);
+const schema::Table& mainTable(QStringView name) {
+    const schema::Table* table = findTable(Database::Main, name);
     Q_ASSERT(table);
     return *table;
 }
@@ -49,14 +43,14 @@ QHash<QString, QDate> readNameDays(data::Connection& main) {
 }
 
 void writeSettings(data::Connection& main) {
-    for (const auto& category : demo::categories())
+    for (const auto& category : categories())
         main.execute(u"insert into CardKategory (Description,payable) values ('%1',%2)"_s.arg(category.name)
                          .arg(int(category.payable)));
-    for (int list = 0; list < demo::lookupLists().size(); ++list)
-        for (const QString& value : demo::lookupLists()[list].values)
+    for (int list = 0; list < lookupLists().size(); ++list)
+        for (const QString& value : lookupLists()[list].values)
             main.execute(u"insert into Combo%1 (Description) values ('%2')"_s.arg(list + 1).arg(value));
     QStringList changes;
-    for (const auto& caption : demo::captions()) {
+    for (const auto& caption : captions()) {
         changes += u"%1='%2'"_s.arg(caption.column, caption.caption);
         if (!caption.flag.isEmpty()) changes += caption.flag + u"=1"_s;
     }
@@ -76,7 +70,7 @@ public:
         values.reserve(cardFields().size());
         for (const CardField& field : cardFields()) values += field.value(person);
         const qint64 code = cards_.write(values);
-        for (const demo::Movement& movement : person.movements)
+        for (const Movement& movement : person.movements)
             movements_.write({code, dateOrNull(movement.day), movement.reason, euros(movement.debitCents),
                               euros(movement.creditCents), movement.document, movement.vatPercent});
         if (number % linkEvery == 0)
@@ -110,15 +104,15 @@ void writeDiary(data::Connection& main, const World& world, const QVector<CardRe
                       {u"codecard"_s, u"contact"_s, u"Subject"_s, u"Location"_s, u"Day"_s, u"Start"_s, u"End"_s,
                        u"Remind"_s, u"notes"_s, u"User"_s, u"Entoleas"_s});
     for (int user = 0; user < users.size(); ++user)
-        for (const demo::Appointment& a : makeAppointments(world, users, user, cards))
+        for (const Appointment& a : makeAppointments(world, users, user, cards))
             dates.write({a.with.code, a.with.name, a.subject, a.location, dateOrNull(a.day), timeOrNull(a.start),
                          timeOrNull(a.end), timeOrNull(a.remind), textOrNull(a.notes), a.user, a.placedBy});
     TableWriter tasks(main, mainTable(u"ThinksToDo"),
                       {u"Subject"_s, u"Priority"_s, u"notes"_s, u"User"_s, u"Entoleas"_s});
-    for (const demo::Task& task : demo::makeTasks(world, users))
+    for (const Task& task : makeTasks(world, users))
         tasks.write({task.subject, task.priority, textOrNull(task.notes), task.user, task.placedBy});
     TableWriter calls(main, mainTable(u"Calls"), {u"ΗΜΕΡΟΜΗΝΙΑ"_s, u"ΩΡΑ"_s, u"ΟΝΟΜΑ"_s, u"ΤΗΛΕΦΩΝΟ"_s, u"CODECARD"_s});
-    for (const demo::Call& call : demo::makeCalls(world, cards))
+    for (const Call& call : makeCalls(world, cards))
         calls.write({dateOrNull(call.day), call.time.toString(u"HH:mm:ss"), call.caller.name,
                      textOrNull(call.caller.telephone), call.caller.code});
 }
@@ -149,4 +143,4 @@ void fillDemo(data::Connection& main, data::Connection& users, const DemoOptions
     writeUsers(users);
 }
 
-}  // namespace schema
+}  // namespace demo

@@ -8,7 +8,7 @@
 
 #include "data/connection.h"
 
-namespace schema {
+namespace demo {
 
 using namespace Qt::Literals::StringLiterals;
 
@@ -35,4 +35,4 @@ const QVector<DemoUser>& demoUsers();
 // nothing of the main database stays.
 void fillDemo(data::Connection& main, data::Connection& users, const DemoOptions& options);
 
-}  // namespace schema
+}  // namespace demo

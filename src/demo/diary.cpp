@@ -1,6 +1,6 @@
 #include "demo/diary.h"
 
-namespace schema::demo {
+namespace demo {
 namespace {
 
 using namespace Qt::Literals::StringLiterals;
@@ -106,4 +106,4 @@ QVector<Call> makeCalls(const World& world, const QVector<CardRef>& cards) {
     return calls;
 }
 
-}  // namespace schema::demo
+}  // namespace demo

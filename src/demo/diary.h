@@ -8,7 +8,7 @@
 
 #include "demo/person.h"
 
-namespace schema::demo {
+namespace demo {
 
 struct CardRef {
     qint64 code = 0;  // 0: somebody without a card
@@ -40,4 +40,4 @@ QVector<Task> makeTasks(const World& world, const QStringList& users);
 // Of the two weeks that end with the reference date, in order of time.
 QVector<Call> makeCalls(const World& world, const QVector<CardRef>& cards);
 
-}  // namespace schema::demo
+}  // namespace demo

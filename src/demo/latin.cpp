@@ -2,7 +2,7 @@
 
 #include "data/values/fold.h"
 
-namespace schema::demo {
+namespace demo {
 namespace {
 
 struct Sound {
@@ -50,4 +50,4 @@ QString latinName(QStringView greek) {
     return latin;
 }
 
-}  // namespace schema::demo
+}  // namespace demo

@@ -2,9 +2,9 @@
 
 #include <QString>
 
-namespace schema::demo {
+namespace demo {
 
 // A Greek name in small Latin letters, as people spell themselves in e-mail addresses; anything else is left out.
 QString latinName(QStringView greek);
 
-}  // namespace schema::demo
+}  // namespace demo

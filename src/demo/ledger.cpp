@@ -1,6 +1,6 @@
 #include "demo/person.h"
 
-namespace schema::demo {
+namespace demo {
 namespace {
 
 using namespace Qt::Literals::StringLiterals;
@@ -49,4 +49,4 @@ QVector<Movement> makeMovements(Random& random, QDate today) {
     return movements;
 }
 
-}  // namespace schema::demo
+}  // namespace demo

@@ -1,6 +1,6 @@
 #include "demo/lists.h"
 
-namespace schema::demo {
+namespace demo {
 
 using namespace Qt::Literals::StringLiterals;
 
@@ -54,4 +54,4 @@ const QVector<QString>& sellers() {
     return all;
 }
 
-}  // namespace schema::demo
+}  // namespace demo

@@ -5,7 +5,7 @@
 #include <QStringList>
 #include <QVector>
 
-namespace schema::demo {
+namespace demo {
 
 struct LookupList {
     QString caption;
@@ -28,4 +28,4 @@ const QVector<Caption>& captions();
 const QVector<QString>& taxOffices();
 const QVector<QString>& sellers();
 
-}  // namespace schema::demo
+}  // namespace demo

@@ -1,6 +1,6 @@
 #include "demo/words.h"
 
-namespace schema::demo {
+namespace demo {
 namespace {
 
 using namespace Qt::Literals::StringLiterals;
@@ -197,4 +197,4 @@ const QVector<QString>& femaleNames() {
     return all;
 }
 
-}  // namespace schema::demo
+}  // namespace demo

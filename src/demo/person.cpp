@@ -5,7 +5,7 @@
 #include "demo/portrait.h"
 #include "demo/words.h"
 
-namespace schema::demo {
+namespace demo {
 namespace {
 
 using namespace Qt::Literals::StringLiterals;
@@ -175,4 +175,4 @@ Person makePerson(const World& world, int number) {
     return person;
 }
 
-}  // namespace schema::demo
+}  // namespace demo

@@ -9,7 +9,7 @@
 
 #include "demo/random.h"
 
-namespace schema::demo {
+namespace demo {
 
 // What all draws of a run share.
 struct World {
@@ -60,4 +60,4 @@ Person makePerson(const World& world, int number);
 // Movements of a customer over the last two years, ended by `today`.
 QVector<Movement> makeMovements(Random& random, QDate today);
 
-}  // namespace schema::demo
+}  // namespace demo

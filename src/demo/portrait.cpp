@@ -2,7 +2,7 @@
 
 #include <QtEndian>
 
-namespace schema::demo {
+namespace demo {
 namespace {
 
 constexpr int width = 64;  // a multiple of four, so that rows need no padding
@@ -72,4 +72,4 @@ QByteArray portrait(Random& random, bool man) {
     return bitmap(rows, palette);
 }
 
-}  // namespace schema::demo
+}  // namespace demo

@@ -4,9 +4,9 @@
 
 #include "demo/random.h"
 
-namespace schema::demo {
+namespace demo {
 
 // A small drawn head and shoulders as the bytes of a BMP file of a few kilobytes.
 QByteArray portrait(Random& random, bool man);
 
-}  // namespace schema::demo
+}  // namespace demo

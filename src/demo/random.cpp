@@ -1,6 +1,6 @@
 #include "demo/random.h"
 
-namespace schema::demo {
+namespace demo {
 namespace {
 
 constexpr quint64 goldenGamma = 0x9E3779B97F4A7C15;
@@ -29,4 +29,4 @@ int Random::between(int first, int last) {
     return first + below(last - first + 1);
 }
 
-}  // namespace schema::demo
+}  // namespace demo

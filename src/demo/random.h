@@ -4,7 +4,7 @@
 #include <QVector>
 #include <QtGlobal>
 
-namespace schema::demo {
+namespace demo {
 
 // SplitMix64. Each use takes a generator of its own from (seed, purpose, number), so that a change in what one
 // card draws moves no other card.
@@ -32,4 +32,4 @@ private:
     quint64 state_;
 };
 
-}  // namespace schema::demo
+}  // namespace demo

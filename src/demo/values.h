@@ -5,7 +5,7 @@
 
 #include "data/values/format.h"
 
-namespace schema::demo {
+namespace demo {
 
 inline QVariant textOrNull(const QString& text) {
     return text.isEmpty() ? QVariant() : QVariant(text);
@@ -23,4 +23,4 @@ inline double euros(qint64 cents) {
     return double(cents) / 100;
 }
 
-}  // namespace schema::demo
+}  // namespace demo

@@ -1,6 +1,6 @@
 #include "demo/words.h"
 
-namespace schema::demo {
+namespace demo {
 
 using namespace Qt::Literals::StringLiterals;
 
@@ -193,4 +193,4 @@ const QVector<QString>& longNotes() {
     return all;
 }
 
-}  // namespace schema::demo
+}  // namespace demo

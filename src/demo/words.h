@@ -4,7 +4,7 @@
 #include <QString>
 #include <QVector>
 
-namespace schema::demo {
+namespace demo {
 
 struct MaleName {
     QString name;
@@ -37,4 +37,4 @@ const QVector<QString>& companyForms();
 const QVector<QString>& cardNotes();
 const QVector<QString>& longNotes();
 
-}  // namespace schema::demo
+}  // namespace demo

@@ -1,6 +1,7 @@
 // The tool as its users meet it: a process with words, streams and an exit code.
 #include <QtTest>
 
+#include "copies/upgradecopy.h"
 #include "data/connection.h"
 #include "schema/office.h"
 #include "support/testengine.h"
@@ -47,7 +48,7 @@ class TestCli : public QObject {
     }
     void spoil(const QByteArray& script) {
         data::Connection main;
-        schema::open(main, schema::connectionString(schema::Database::Main, schema::mainDatabasePath(office_)));
+        copies::openUpgraded(main, schema::connectionString(schema::Database::Main, schema::mainDatabasePath(office_)));
         main.engine().script(script);
     }
 

@@ -3,10 +3,12 @@
 
 #include <QtTest>
 
+#include "copies/upgradecopy.h"
 #include "data/dialect/enginedialect.h"
 #include "data/opening/password.h"
 #include "data/recordset.h"
 #include "schema/check.h"
+#include "schema/creation.h"
 #include "schema/office.h"
 #include "schema/tablewriter.h"
 #include "schema/upgrade.h"
@@ -72,7 +74,7 @@ class TestMove : public QObject {
     }
     static std::unique_ptr<data::Connection> open(const QString& folder, Database database) {
         auto connection = std::make_unique<data::Connection>();
-        schema::open(*connection, schema::connectionString(database, schema::databasePath(folder, database)));
+        copies::openUpgraded(*connection, schema::connectionString(database, schema::databasePath(folder, database)));
         return connection;
     }
 
@@ -153,9 +155,9 @@ private slots:
         QFETCH(bool, toServer);
         const QString from = newOffice(fromServer ? std::optional(newServer()) : std::nullopt), to = newFolder();
         const QByteArray before = contents(from);
-        schema::MoveOptions options;
+        copies::MoveOptions options;
         if (toServer) options.server = newServer();
-        const schema::MoveInfo info = schema::moveOffice(from, to, options);
+        const copies::MoveInfo info = copies::moveOffice(from, to, options);
         QCOMPARE(info.pictures, 6);
         QCOMPARE(info.pictureBytes, 4 * 3'000'000 + 6 + 6);
         QVERIFY(contents(from) == before);
@@ -192,11 +194,11 @@ private slots:
         const QByteArray before = contents(from);
         for (const QString& where : {u"Έλεγχος του dorvalist.mdb"_s, u"Μεταφορά του dorvalist.mdb"_s,
                                      u"Μεταφορά του dorvalistu.mdb"_s, u"Σύγκριση του dorvalistu.mdb"_s}) {
-            schema::MoveOptions options;
+            copies::MoveOptions options;
             if (toServer) options.server = newServer();
             options.progress = [&](const QString& what, int percent) { return what != where || percent < 30; };
             const QString to = newFolder();
-            QVERIFY(failureOf([&] { schema::moveOffice(from, to, options); }).contains(u"διακόπηκε"));
+            QVERIFY(failureOf([&] { copies::moveOffice(from, to, options); }).contains(u"διακόπηκε"));
             verifyNothingIsLeft(to, options.server);
             QVERIFY(contents(from) == before);
         }
@@ -251,7 +253,7 @@ private slots:
             began = began || what.startsWith(u"Μεταφορά");
             return true;
         };
-        const QString failure = failureOf([&] { schema::moveOffice(from, to, {server, watch}); });
+        const QString failure = failureOf([&] { copies::moveOffice(from, to, {server, watch}); });
         for (const QString& part : parts) QVERIFY2(failure.contains(part), qPrintable(failure));
         QVERIFY(!began);
         verifyNothingIsLeft(to, server);
@@ -259,7 +261,7 @@ private slots:
 
     void filesKeepTheCharacterNul() {
         const QString from = smallOffice("UPDATE Cards SET σχολια='a'||char(0)||'b' WHERE code=3"), to = newFolder();
-        schema::moveOffice(from, to);
+        copies::moveOffice(from, to);
         QVERIFY(contents(to) == contents(from));
     }
 
@@ -292,7 +294,7 @@ private slots:
         QFETCH(QStringList, parts);
         QFETCH(bool, toServer);
         const QString from = smallOffice(), to = newFolder();
-        schema::MoveOptions options;
+        copies::MoveOptions options;
         if (toServer) options.server = newServer();
         bool spoilt = false;
         options.progress = [&](const QString& what, int) {
@@ -301,7 +303,7 @@ private slots:
             open(QDir(to).filePath(workshop), Database::Main)->engine().script(script);
             return spoilt = true;
         };
-        const QString failure = failureOf([&] { schema::moveOffice(from, to, options); });
+        const QString failure = failureOf([&] { copies::moveOffice(from, to, options); });
         for (const QString& part : parts) QVERIFY2(failure.contains(part), qPrintable(failure));
         verifyNothingIsLeft(to, options.server);
     }
@@ -318,7 +320,7 @@ private slots:
         for (const Database database : schema::allDatabases) {
             const auto seat = open(from, database);
             const QString to = newFolder();
-            const QString failure = failureOf([&] { schema::moveOffice(from, to); });
+            const QString failure = failureOf([&] { copies::moveOffice(from, to); });
             QVERIFY2(failure.contains(u"Κλείστε το πρόγραμμα"), qPrintable(failure));
             QVERIFY(!QFileInfo::exists(to));
         }
@@ -333,7 +335,7 @@ private slots:
             tries += refused.isEmpty() ? -1000 : 1;
             return true;
         };
-        schema::moveOffice(from, newFolder(), {{}, intrude});
+        copies::moveOffice(from, newFolder(), {{}, intrude});
         QVERIFY(tries > 0);
         open(from, Database::Main)->execute(u"insert into Calls (ΟΝΟΜΑ) values ('after')"_s);
     }
@@ -341,12 +343,12 @@ private slots:
     void anOfficeThatIsThereIsLeftAlone() {
         const QString from = smallOffice(), to = newFolder();
         const auto server = newServer();
-        schema::moveOffice(from, to, {server, {}});
+        copies::moveOffice(from, to, {server, {}});
         open(to, Database::Main)->execute(u"delete from Cards"_s);
         const QByteArray emptied = contents(to);
-        QVERIFY(failureOf([&] { schema::moveOffice(from, to); }).contains(u"Υπάρχει ήδη"));
+        QVERIFY(failureOf([&] { copies::moveOffice(from, to); }).contains(u"Υπάρχει ήδη"));
         const QString other = newFolder();
-        QVERIFY(failureOf([&] { schema::moveOffice(from, other, {server, {}}); }).contains(u"έχει ήδη πίνακες"));
+        QVERIFY(failureOf([&] { copies::moveOffice(from, other, {server, {}}); }).contains(u"έχει ήδη πίνακες"));
         QVERIFY(!QFileInfo::exists(other));
         QVERIFY(contents(to) == emptied);
     }

@@ -1,5 +1,6 @@
 // Adding, changing, saving and deleting; the photo; two seats on one office.
 #include "cards/carddriver.h"
+#include "copies/upgradecopy.h"
 
 using namespace Qt::Literals::StringLiterals;
 
@@ -366,7 +367,7 @@ private slots:
         card.press(9);
         QVERIFY(office.desk.prompts.lastText().startsWith(saveFailure));
         QCOMPARE(card.text(8)->text(), QString("Χανιά"));
-        schema::open(office.mod.gConn, connection);
+        copies::openUpgraded(office.mod.gConn, connection);
         card.press(9);
         QCOMPARE(office.value("select πολη from cards").toString(), QString("Χανιά"));
     }

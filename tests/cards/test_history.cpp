@@ -3,6 +3,7 @@
 
 #include "cards/carddriver.h"
 #include "cards/frmhistory.h"
+#include "schema/office.h"
 
 using cards::frmHistory;
 using support::CardDriver;

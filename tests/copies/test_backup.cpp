@@ -12,7 +12,10 @@
 #include <csignal>
 #endif
 
+#include "copies/restore.h"
+#include "copies/upgradecopy.h"
 #include "data/opening/password.h"
+#include "schema/office.h"
 #include "support/scratchoffice.h"
 
 using namespace Qt::Literals::StringLiterals;
@@ -43,8 +46,8 @@ struct Site {
     QStringList left() {
         return QDir(scratch.path()).entryList(QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot);
     }
-    schema::BackupInfo backup(const schema::BackupOptions& options = {}) {
-        return schema::backupOffice(office.folder.path(), file, options);
+    copies::BackupInfo backup(const copies::BackupOptions& options = {}) {
+        return copies::backupOffice(office.folder.path(), file, options);
     }
 
     ScratchOffice office;
@@ -59,7 +62,7 @@ public:
     explicit Writer(const QString& file) {
         thread_ = std::thread([this, file] {
             data::Connection connection;
-            schema::open(connection, schema::connectionString(Database::Main, file));
+            copies::openUpgraded(connection, schema::connectionString(Database::Main, file));
             while (!stop_) {
                 data::Transaction transaction(connection);
                 connection.execute(u"update Cards set total=total-1 where code=1"_s);
@@ -87,18 +90,18 @@ class TestBackup : public QObject {
 private slots:
     void aRoundTripKeepsEverything() {
         Site site;
-        const schema::BackupInfo info = site.backup({.now = moment});
+        const copies::BackupInfo info = site.backup({.now = moment});
         QCOMPARE(info.made, moment);
         QCOMPARE(info.folder, site.office.folder.path());
         QVERIFY(info.rows > 400);
         QCOMPARE(site.left(), QStringList({u"αντίγραφο.tar"_s}));
         QCOMPARE(QFileInfo(site.file).permissions() & 0x77, QFile::Permissions());
-        QCOMPARE(schema::checkBackup(site.file).rows, info.rows);
+        QCOMPARE(copies::checkBackup(site.file).rows, info.rows);
 
-        QVERIFY(schema::restoreOffice(site.file, site.other).isEmpty());
+        QVERIFY(copies::restoreOffice(site.file, site.other).isEmpty());
         data::Connection main, users;
-        schema::open(main, schema::connectionString(Database::Main, schema::mainDatabasePath(site.other)));
-        schema::open(users, schema::connectionString(Database::Users, schema::usersDatabasePath(site.other)));
+        copies::openUpgraded(main, schema::connectionString(Database::Main, schema::mainDatabasePath(site.other)));
+        copies::openUpgraded(users, schema::connectionString(Database::Users, schema::usersDatabasePath(site.other)));
         QCOMPARE(site.cards(main), u"400"_s);
         QVERIFY(data::verifyPassword(firstText(users, u"select Pass from Admin"_s), u"secret"_s));
     }
@@ -124,9 +127,9 @@ private slots:
             site.backup({.replace = true, .now = moment, .progress = wait});
             QVERIFY(waits > 2);
             QDir(site.other).removeRecursively();
-            schema::restoreOffice(site.file, site.other);
+            copies::restoreOffice(site.file, site.other);
             data::Connection copy;
-            schema::open(copy, schema::connectionString(Database::Main, schema::mainDatabasePath(site.other)));
+            copies::openUpgraded(copy, schema::connectionString(Database::Main, schema::mainDatabasePath(site.other)));
             const QString total = firstText(copy, u"select total from Cards where code=1"_s);
             QVERIFY(total.toInt() < 0);
             QCOMPARE(firstText(copy, u"select count(*) from Calls"_s).toInt(), -total.toInt());
@@ -139,7 +142,7 @@ private slots:
         QVERIFY(failureOf([&] { site.backup(); }).contains(u"Υπάρχει ήδη"));
         QCOMPARE(contents(site.file), QByteArray("mine"));
         site.backup({.replace = true});
-        schema::checkBackup(site.file);
+        copies::checkBackup(site.file);
     }
 
     void aMissingTargetFolder() {
@@ -206,11 +209,11 @@ private slots:
         if (kind == 4) bytes.truncate(bytes.size() - 20000);
         QFile::remove(site.file);
         overwrite(site.file, 0, bytes);
-        QVERIFY(!failureOf([&] { schema::checkBackup(site.file); }).isEmpty());
-        QVERIFY(!failureOf([&] { schema::restoreOffice(site.file, site.other); }).isEmpty());
+        QVERIFY(!failureOf([&] { copies::checkBackup(site.file); }).isEmpty());
+        QVERIFY(!failureOf([&] { copies::restoreOffice(site.file, site.other); }).isEmpty());
         QVERIFY(!QFileInfo::exists(site.other));
         QVERIFY(!failureOf([&] {
-                     schema::restoreOffice(site.file, site.office.folder.path(), {.force = true});
+                     copies::restoreOffice(site.file, site.office.folder.path(), {.force = true});
                  }).isEmpty());
         QCOMPARE(site.cards(site.office.main), u"400"_s);
     }
@@ -220,13 +223,13 @@ private slots:
         site.backup();
         site.office.main.execute(u"delete from Cards where code>50"_s);
         const QString folder = site.office.folder.path();
-        QVERIFY(failureOf([&] { schema::restoreOffice(site.file, folder); }).contains(u"Υπάρχει ήδη"));
+        QVERIFY(failureOf([&] { copies::restoreOffice(site.file, folder); }).contains(u"Υπάρχει ήδη"));
         QVERIFY(failureOf([&] {
-                    schema::restoreOffice(site.file, folder, {.force = true});
+                    copies::restoreOffice(site.file, folder, {.force = true});
                 }).contains(u"Κάποιος δουλεύει"));
         QCOMPARE(site.cards(site.office.main), u"50"_s);
         site.office.closeBoth();
-        const QStringList aside = schema::restoreOffice(site.file, folder, {.force = true, .now = moment});
+        const QStringList aside = copies::restoreOffice(site.file, folder, {.force = true, .now = moment});
         QCOMPARE(aside, QStringList({site.office.mainFile() + u".20261105-103000"_s,
                                      site.office.usersFile() + u".20261105-103000"_s}));
         site.office.openBoth();
@@ -243,7 +246,7 @@ private slots:
         site.office.closeBoth();
         overwrite(site.office.mainFile(), 0, QByteArray(4096, '\x5A'));
         overwrite(site.office.mainFile() + u"-wal"_s, 0, "journal");
-        const QStringList aside = schema::restoreOffice(site.file, site.office.folder.path(),
+        const QStringList aside = copies::restoreOffice(site.file, site.office.folder.path(),
                                                         {.force = true, .databases = {Database::Main}, .now = moment});
         QCOMPARE(aside.size(), 1);
         QCOMPARE(contents(aside[0] + u"-wal"_s), QByteArray("journal"));

@@ -3,9 +3,13 @@
 
 #include "copies/backup.h"
 #include "copies/backupparts.h"
+#include "copies/restore.h"
 #include "data/opening/databasepassword.h"
 #include "data/opening/fileidentity.h"
 #include "platform/filestate.h"
+#include "schema/creation.h"
+#include "schema/office.h"
+#include "schema/workfolder.h"
 #include "support/scratchoffice.h"
 
 #ifdef Q_OS_UNIX
@@ -39,14 +43,14 @@ bool isJournalAhead(const QString& file) {
 // An office with one card, and a copy of it from before there was any.
 struct Site {
     Site() {
-        schema::backupOffice(folder(), file);
+        copies::backupOffice(folder(), file);
         office.main.execute(u"insert into Cards (ΕΠΩΝΥΜΟ) values ('νέα')"_s);
         office.closeBoth();
     }
     QString folder() const { return office.folder.path(); }
     QString main() const { return office.mainFile(); }
-    QStringList restore(const schema::RestoreOptions& options = {.force = true, .now = moment}) {
-        return schema::restoreOffice(file, folder(), options);
+    QStringList restore(const copies::RestoreOptions& options = {.force = true, .now = moment}) {
+        return copies::restoreOffice(file, folder(), options);
     }
     // The number of cards in a sound office.
     QString cards() {
@@ -164,7 +168,7 @@ private slots:
     void aKilledRestoringLeavesTheOffice() {
         Site site;
         int steps = 0;
-        schema::restoreOffice(site.file, site.scratch.filePath(u"δοκιμή"_s),
+        copies::restoreOffice(site.file, site.scratch.filePath(u"δοκιμή"_s),
                               {.progress = [&](const QString&, int) { return ++steps > 0; }});
         const pid_t child = fork();
         if (child == 0) {
@@ -261,7 +265,7 @@ private slots:
         if (name.contains(u'%')) name = name.arg(QFileInfo(site.folder()).fileName());
         const QString target = QDir(site.folder()).filePath(name);
         QVERIFY(
-            failureOf([&] { schema::backupOffice(site.folder(), target, {.replace = true}); }).contains(u"άλλο όνομα"));
+            failureOf([&] { copies::backupOffice(site.folder(), target, {.replace = true}); }).contains(u"άλλο όνομα"));
         QCOMPARE(site.cards(), u"1"_s);
     }
 

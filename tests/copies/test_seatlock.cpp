@@ -9,8 +9,8 @@
 
 using namespace Qt::Literals::StringLiterals;
 
+using copies::SeatLock;
 using platform::FileSystemKind;
-using schema::SeatLock;
 
 namespace {
 

@@ -4,8 +4,15 @@
 
 #include <csignal>
 
+#include "copies/backup.h"
 #include "copies/backupparts.h"
+#include "copies/databasecopy.h"
+#include "copies/manifest.h"
+#include "copies/restore.h"
+#include "copies/servertools.h"
+#include "copies/upgradecopy.h"
 #include "schema/check.h"
+#include "schema/office.h"
 #include "schema/officebuilder.h"
 #include "support/scratchoffice.h"
 
@@ -23,14 +30,14 @@ struct Site {
         office.main.execute(u"delete from Cards where code=300"_s);
         transaction.commit();
     }
-    schema::BackupInfo backup(const schema::BackupOptions& options = {}) {
-        return schema::backupOffice(office.folder.path(), file, options);
+    copies::BackupInfo backup(const copies::BackupOptions& options = {}) {
+        return copies::backupOffice(office.folder.path(), file, options);
     }
     QStringList left() {
         return QDir(scratch.path()).entryList(QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot);
     }
-    QString restoreFailure(const QString& folder, const schema::RestoreOptions& options) {
-        return failureOf([&] { schema::restoreOffice(file, folder, options); });
+    QString restoreFailure(const QString& folder, const copies::RestoreOptions& options) {
+        return failureOf([&] { copies::restoreOffice(file, folder, options); });
     }
 
     ScratchOffice office;
@@ -65,7 +72,7 @@ QString count(data::Connection& connection) {
 class TestServerBackup : public QObject {
     Q_OBJECT
 private slots:
-    void initTestCase() { QVERIFY2(schema::findServerTools().found(), "pg_dump and pg_restore are needed"); }
+    void initTestCase() { QVERIFY2(copies::findServerTools().found(), "pg_dump and pg_restore are needed"); }
 
     // Others write between the counting and the dump's end; the copy is of one moment.
     void aCopyIsOfOneMoment() {
@@ -76,19 +83,19 @@ private slots:
                 written += int(site.office.main.execute(u"insert into Cards (ΕΠΩΝΥΜΟ) values ('late')"_s));
             return true;
         };
-        const qint64 before = schema::rowCounts(site.office.main)[u"Cards"_s];
-        const schema::BackupInfo info = site.backup({.progress = intrude});
+        const qint64 before = copies::rowCounts(site.office.main)[u"Cards"_s];
+        const copies::BackupInfo info = site.backup({.progress = intrude});
         QVERIFY(written >= 2);
         QCOMPARE(site.left(), QStringList({u"αντίγραφο.tar"_s}));
         QCOMPARE(QFileInfo(site.file).permissions() & 0x77, QFile::Permissions());
-        QCOMPARE(schema::checkBackup(site.file).rows, info.rows);
+        QCOMPARE(copies::checkBackup(site.file).rows, info.rows);
         const OtherDatabase other(site.office.main);
         const QString folder = site.scratch.filePath(u"άλλο"_s);
         data::ServerDescription place = other.server();
         place.schema = u"νέο γραφείο"_s;
-        schema::restoreOffice(site.file, folder, {.server = place});
+        copies::restoreOffice(site.file, folder, {.server = place});
         data::Connection main;
-        schema::open(main, schema::connectionString(Database::Main, schema::mainDatabasePath(folder)));
+        copies::openUpgraded(main, schema::connectionString(Database::Main, schema::mainDatabasePath(folder)));
         QVERIFY(count(main).toInt() >= before && count(main).toInt() < before + written);
     }
 
@@ -97,13 +104,13 @@ private slots:
         site.backup();
         const OtherDatabase other(site.office.main);
         const QString folder = site.scratch.filePath(u"άλλο"_s);
-        QVERIFY(schema::restoreOffice(site.file, folder, {.server = other.server()}).isEmpty());
+        QVERIFY(copies::restoreOffice(site.file, folder, {.server = other.server()}).isEmpty());
         {
             data::Connection main, users;
-            schema::open(main, schema::connectionString(Database::Main, schema::mainDatabasePath(folder)));
-            schema::open(users, schema::connectionString(Database::Users, schema::usersDatabasePath(folder)));
+            copies::openUpgraded(main, schema::connectionString(Database::Main, schema::mainDatabasePath(folder)));
+            copies::openUpgraded(users, schema::connectionString(Database::Users, schema::usersDatabasePath(folder)));
             QCOMPARE(schema::findings(main, Database::Main) + schema::findings(users, Database::Users), QStringList());
-            QCOMPARE(schema::rowCounts(main), schema::rowCounts(site.office.main));
+            QCOMPARE(copies::rowCounts(main), copies::rowCounts(site.office.main));
             QCOMPARE(firstText(main, u"select σχολια from Cards where code=7"_s),
                      firstText(site.office.main, u"select σχολια from Cards where code=7"_s));
             main.execute(u"insert into Cards (ΕΠΩΝΥΜΟ) values ('next')"_s);
@@ -124,9 +131,9 @@ private slots:
         const QString folder = site.scratch.filePath(u"άλλο"_s);
         data::ServerDescription place = other.server();
         place.schema = u"με άλλο όνομα"_s;
-        schema::restoreOffice(site.file, folder, {.server = place});
+        copies::restoreOffice(site.file, folder, {.server = place});
         data::Connection restored;
-        schema::open(restored, schema::connectionString(Database::Main, schema::mainDatabasePath(folder)));
+        copies::openUpgraded(restored, schema::connectionString(Database::Main, schema::mainDatabasePath(folder)));
         for (data::Connection* connection : {&site.office.main, &restored}) {
             data::Engine& engine = connection->engine();
             QCOMPARE(failureOf([&] {
@@ -145,9 +152,9 @@ private slots:
         site.backup();
         const OtherDatabase other(site.office.main, " LOCALE_PROVIDER libc LOCALE 'C' ENCODING 'UTF8'");
         const QString folder = site.scratch.filePath(u"άλλο"_s);
-        schema::restoreOffice(site.file, folder, {.server = other.server()});
+        copies::restoreOffice(site.file, folder, {.server = other.server()});
         data::Connection main;
-        schema::open(main, schema::connectionString(Database::Main, schema::mainDatabasePath(folder)));
+        copies::openUpgraded(main, schema::connectionString(Database::Main, schema::mainDatabasePath(folder)));
         QVERIFY(schema::hindrances(main, Database::Main).value(0).contains(u"γράμματα"));
         main.engine().script("DROP EXTENSION pg_trgm CASCADE");
         main.reloadCatalog();
@@ -165,7 +172,7 @@ private slots:
         QVERIFY(site.restoreFailure(folder, {.force = true}).contains(u"ανοιχτή"));
         QCOMPARE(count(site.office.main), u"0"_s);
         site.office.closeBoth();
-        const QStringList aside = schema::restoreOffice(
+        const QStringList aside = copies::restoreOffice(
             site.file, folder, {.force = true, .now = QDateTime(QDate(2026, 11, 5), QTime(9, 0))});
         site.office.openBoth();
         QCOMPARE(count(site.office.main), u"299"_s);
@@ -199,10 +206,10 @@ private slots:
         QVERIFY(site.restoreFailure(folder, {}).contains(u"--server"));
         QVERIFY(!QFileInfo::exists(folder));
         // The living office has the name that stands in the dump.
-        QVERIFY(schema::restoreOffice(site.file, folder, {.server = beside}).isEmpty());
+        QVERIFY(copies::restoreOffice(site.file, folder, {.server = beside}).isEmpty());
         QCOMPARE(count(site.office.main), u"0"_s);
         data::Connection copy;
-        schema::open(copy, schema::connectionString(Database::Main, schema::mainDatabasePath(folder)));
+        copies::openUpgraded(copy, schema::connectionString(Database::Main, schema::mainDatabasePath(folder)));
         QCOMPARE(count(copy), u"299"_s);
         copy.close();
         for (const Database database : schema::allDatabases) data::dropPgDatabase(schema::serverFor(beside, database));
@@ -223,7 +230,7 @@ private slots:
                     if (what == where) raise(SIGKILL);
                     return true;
                 };
-                schema::restoreOffice(site.file, folder, {.force = true, .progress = die});
+                copies::restoreOffice(site.file, folder, {.force = true, .progress = die});
                 _exit(0);
             }
             int status = 0;
@@ -236,7 +243,7 @@ private slots:
                      QStringList());
             site.office.closeBoth();
         }
-        const QStringList aside = schema::restoreOffice(site.file, folder, {.force = true, .now = moment});
+        const QStringList aside = copies::restoreOffice(site.file, folder, {.force = true, .now = moment});
         QCOMPARE(aside.size(), 2);
         site.office.openBoth();
         QCOMPARE(count(site.office.main), u"299"_s);
@@ -256,28 +263,28 @@ private slots:
         data::Connection& main = site.office.main;
         const QString file = site.office.mainFile();
         const QDateTime now(QDate(2026, 11, 5), QTime(10, 30), Qt::UTC);
-        const schema::RowCounts counts = schema::rowCounts(main);
-        QCOMPARE(schema::copyBeforeUpgrade(main, Database::Main, file, now, {}, {}), QString());
-        const QString copy = schema::copyBeforeUpgrade(main, Database::Main, file, now);
+        const copies::RowCounts counts = copies::rowCounts(main);
+        QCOMPARE(copies::copyBeforeUpgrade(main, Database::Main, file, now, {}, {}), QString());
+        const QString copy = copies::copyBeforeUpgrade(main, Database::Main, file, now);
         QCOMPARE(copy, file + u".v%1-20261105-103000"_s.arg(schema::currentVersion));
         QCOMPARE(main.execute(u"delete from Cards where code=1"_s), 1);
-        schema::checkDump(copy, Database::Main, counts, schema::findServerTools(), {});
+        copies::checkDump(copy, Database::Main, counts, copies::findServerTools(), {});
         QCOMPARE(QFileInfo(copy).permissions() & 0x77, QFile::Permissions());
-        const schema::ServerTools broken{schema::findServerTools().restore, u"x"_s};
-        QVERIFY(!failureOf([&] { schema::copyBeforeUpgrade(main, Database::Main, file, now, {}, broken); }).isEmpty());
+        const copies::ServerTools broken{copies::findServerTools().restore, u"x"_s};
+        QVERIFY(!failureOf([&] { copies::copyBeforeUpgrade(main, Database::Main, file, now, {}, broken); }).isEmpty());
         QCOMPARE(QDir(site.office.folder.path()).entryList(QDir::Files | QDir::Hidden).size(), 3);
     }
 
     void withoutTheProgramsNothingIsWritten_data() {
-        QTest::addColumn<schema::ServerTools>("tools");
+        QTest::addColumn<copies::ServerTools>("tools");
         QTest::addColumn<QString>("part");
-        QTest::newRow("not installed") << schema::ServerTools() << u"postgresql-client"_s;
-        QTest::newRow("can't start") << schema::ServerTools{u"/nowhere/pg_dump"_s, u"/nowhere/pg_restore"_s}
+        QTest::newRow("not installed") << copies::ServerTools() << u"postgresql-client"_s;
+        QTest::newRow("can't start") << copies::ServerTools{u"/nowhere/pg_dump"_s, u"/nowhere/pg_restore"_s}
                                      << u"/nowhere/pg_dump"_s;
-        QTest::newRow("fails") << schema::ServerTools{schema::findServerTools().restore, u"x"_s} << u"απέτυχε"_s;
+        QTest::newRow("fails") << copies::ServerTools{copies::findServerTools().restore, u"x"_s} << u"απέτυχε"_s;
     }
     void withoutTheProgramsNothingIsWritten() {
-        QFETCH(schema::ServerTools, tools);
+        QFETCH(copies::ServerTools, tools);
         QFETCH(QString, part);
         Site site;
         const QString failure = failureOf([&] { site.backup({.tools = tools}); });
@@ -297,19 +304,19 @@ private slots:
 
     void aRowTooFewIsNoticed() {
         Site site;
-        const schema::ServerTools tools = schema::findServerTools();
+        const copies::ServerTools tools = copies::findServerTools();
         const QString dump = site.scratch.filePath(u"d"_s);
         site.office.main.engine().beginSnapshot();
-        schema::RowCounts counts = schema::rowCounts(site.office.main);
-        schema::dumpSchema(tools, data::readServerDescription(site.office.mainFile()),
+        copies::RowCounts counts = copies::rowCounts(site.office.main);
+        copies::dumpSchema(tools, data::readServerDescription(site.office.mainFile()),
                            site.office.main.engine().snapshotName(), dump, {});
         site.office.main.engine().rollback();
-        QCOMPARE(failureOf([&] { schema::checkDump(dump, Database::Main, counts, tools, {}); }), QString());
+        QCOMPARE(failureOf([&] { copies::checkDump(dump, Database::Main, counts, tools, {}); }), QString());
         ++counts[u"Cards"_s];
-        QVERIFY(!failureOf([&] { schema::checkDump(dump, Database::Main, counts, tools, {}); }).isEmpty());
+        QVERIFY(!failureOf([&] { copies::checkDump(dump, Database::Main, counts, tools, {}); }).isEmpty());
         QFile cut(dump);
         QVERIFY(cut.resize(cut.size() / 2));
-        QVERIFY(!failureOf([&] { schema::rowsInDump(tools, dump, {}); }).isEmpty());
+        QVERIFY(!failureOf([&] { copies::rowsInDump(tools, dump, {}); }).isEmpty());
     }
 };
 

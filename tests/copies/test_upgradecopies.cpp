@@ -1,5 +1,6 @@
 // Copies of the files made before an upgrade.
-#include "copies/backup.h"
+#include "copies/upgradecopy.h"
+#include "schema/office.h"
 #include "schema/upgrade.h"
 #include "support/scratchoffice.h"
 
@@ -20,7 +21,7 @@ private slots:
         for (const auto& [database, connection, file] :
              {std::tuple(schema::Database::Main, &office.main, office.mainFile()),
               std::tuple(schema::Database::Users, &office.users, office.usersFile())}) {
-            const auto copy = [&] { copies += schema::copyBeforeUpgrade(*connection, database, file, now); };
+            const auto copy = [&] { copies += copies::copyBeforeUpgrade(*connection, database, file, now); };
             const QVector<UpgradeStep> steps = {
                 {first, [](data::Connection& c) { c.engine().script("CREATE TABLE added (a)"); }},
                 {first + 1, [](data::Connection& c) {
@@ -48,7 +49,7 @@ private slots:
         QVERIFY(QFile::copy(office.usersFile(), foreign));
         QString last;
         for (int day = 1; day <= 6; ++day)
-            last = schema::copyBeforeUpgrade(office.main, schema::Database::Main, office.mainFile(),
+            last = copies::copyBeforeUpgrade(office.main, schema::Database::Main, office.mainFile(),
                                              QDateTime(QDate(2026, 11, day), QTime(9, 0), Qt::UTC));
         QCOMPARE(QDir(office.folder.path()).entryList({u"dorvalist.mdb.v*"_s}).size(), 3 + 1);
         QVERIFY(QFileInfo::exists(foreign));

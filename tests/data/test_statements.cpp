@@ -3,8 +3,10 @@
 #include <QTemporaryDir>
 #include <QtTest/QtTest>
 
+#include "copies/upgradecopy.h"
 #include "data/error.h"
 #include "data/recordset.h"
+#include "schema/creation.h"
 #include "schema/office.h"
 #include "statementfile.h"
 #include "statementrows.h"
@@ -26,8 +28,8 @@ public:
         schema::NewOffice office{u"secret"_s, {}};
         if (server) office.server = testengine::server(testengine::Schema::newName());
         schema::createOffice(folder_.path(), office);
-        schema::open(main, schema::connectionString(schema::Database::Main, mainFile()));
-        schema::open(users, schema::connectionString(schema::Database::Users, usersFile()));
+        copies::openUpgraded(main, schema::connectionString(schema::Database::Main, mainFile()));
+        copies::openUpgraded(users, schema::connectionString(schema::Database::Users, usersFile()));
     }
     ~Seat() {
         main.close();

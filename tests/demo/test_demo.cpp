@@ -16,8 +16,8 @@ namespace {
 constexpr int cards = 1200;
 const QDate today(2026, 11, 23);
 
-schema::DemoOptions options(quint64 seed, int count = cards) {
-    schema::DemoOptions options;
+demo::DemoOptions options(quint64 seed, int count = cards) {
+    demo::DemoOptions options;
     options.cards = count;
     options.seed = seed;
     options.referenceDate = today;
@@ -56,14 +56,14 @@ class TestDemo : public QObject {
 private slots:
     void initTestCase() {
         office_ = std::make_unique<ScratchOffice>(QString::fromUtf8(DORV_REFERENCE));
-        schema::fillDemo(main(), office_->users, options(7));
+        demo::fillDemo(main(), office_->users, options(7));
     }
     void cleanupTestCase() { office_.reset(); }
 
     void sameSeedSameOffice() {
         const auto hashOf = [](quint64 seed) {
             ScratchOffice office(QString::fromUtf8(DORV_REFERENCE));
-            schema::fillDemo(office.main, office.users, options(seed, 60));
+            demo::fillDemo(office.main, office.users, options(seed, 60));
             return dumpHash(office.main);
         };
         const QByteArray one = hashOf(1);
@@ -126,7 +126,7 @@ private slots:
                                                         {u"Παύλος"_s, u"pavlos"_s},
                                                         {u"Παπαδοπούλου"_s, u"papadopoulou"_s},
                                                         {u"Άγγελος Ψυχάρης"_s, u"angelospsycharis"_s}};
-        for (const auto& [greek, latin] : names) QCOMPARE(schema::demo::latinName(greek), latin);
+        for (const auto& [greek, latin] : names) QCOMPARE(demo::latinName(greek), latin);
     }
 
     void photosAreImages() {
@@ -166,7 +166,7 @@ private slots:
         data::Recordset fields(main(), u"select FIELdchar1,fc1,fc4,FieldCombo1,fcb1 from CustomFields"_s);
         QCOMPARE(fields.field(0).text(), u"ΑΦΜ"_s);
         QVERIFY(fields.field(1).toBool() && !fields.field(2).toBool() && fields.field(4).toBool());
-        for (const schema::DemoUser& user : schema::demoUsers()) {
+        for (const demo::DemoUser& user : demo::demoUsers()) {
             data::Recordset row(office_->users, u"select * from users where UserName='%1'"_s.arg(user.name));
             QVERIFY(data::isVerifier(row[u"Password"].text()));
             QVERIFY(data::verifyPassword(row[u"Password"].text(), user.password));
@@ -176,7 +176,7 @@ private slots:
 
     void emptyOfficeIsFine() {
         ScratchOffice office;
-        schema::fillDemo(office.main, office.users, options(1, 0));
+        demo::fillDemo(office.main, office.users, options(1, 0));
         QCOMPARE(firstText(office.main, u"select count(*) from Cards"_s), u"0"_s);
     }
 };

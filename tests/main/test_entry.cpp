@@ -6,6 +6,8 @@
 #include "core/backupfolder.h"
 #include "main/program.h"
 #include "platform/folders.h"
+#include "schema/creation.h"
+#include "schema/office.h"
 #include "support/office.h"
 
 using namespace Qt::Literals::StringLiterals;
@@ -165,7 +167,7 @@ private slots:
         QDir().mkpath(folder);
         core::setBackupFolder(site.desk.settings, folder);
         const QDateTime made = site.desk.clock.now().addDays(-2);
-        schema::backupOffice(site.office, folder + '/' + core::backupName(site.office, made, core::BackupKind::Daily),
+        copies::backupOffice(site.office, folder + '/' + core::backupName(site.office, made, core::BackupKind::Daily),
                              {.now = made});
         const QString damaged = main ? site.main() : site.users(), whole = main ? site.users() : site.main();
         const QByteArray noise(70000, '\x5A'), before = contents(whole);

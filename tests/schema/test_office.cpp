@@ -1,5 +1,8 @@
+#include "copies/upgradecopy.h"
 #include "data/opening/password.h"
 #include "schema/check.h"
+#include "schema/creation.h"
+#include "schema/office.h"
 #include "schema/upgrade.h"
 #include "support/scratchoffice.h"
 
@@ -134,7 +137,7 @@ private slots:
             const bool main = database == Database::Main;
             const QString file = main ? schema::mainDatabasePath(folder) : schema::usersDatabasePath(folder);
             data::Connection connection;
-            schema::open(connection, schema::connectionString(database, file));
+            copies::openUpgraded(connection, schema::connectionString(database, file));
             QVERIFY(connection.isOpen());
         }
     }
@@ -173,7 +176,7 @@ private slots:
             const QString folder = parent.filePath(u"a"_s);
             const QString file = main ? schema::mainDatabasePath(folder) : schema::usersDatabasePath(folder);
             data::Connection connection;
-            schema::open(connection, schema::connectionString(database, file));
+            copies::openUpgraded(connection, schema::connectionString(database, file));
             QCOMPARE(schema::findings(connection, database), QStringList());
             connection.close();
             data::dropPgDatabase(data::readServerDescription(file));
@@ -185,9 +188,10 @@ private slots:
         office.closeBoth();
         data::Connection connection;
         const QString swapped = schema::connectionString(Database::Users, office.mainFile());
-        QVERIFY(failureOf([&] { schema::open(connection, swapped); }).contains(u"είναι η κύρια βάση"));
+        QVERIFY(failureOf([&] { copies::openUpgraded(connection, swapped); }).contains(u"είναι η κύρια βάση"));
         const QString swappedBack = schema::connectionString(Database::Main, office.usersFile());
-        QVERIFY(failureOf([&] { schema::open(connection, swappedBack); }).contains(u"είναι η βάση των χρηστών"));
+        QVERIFY(
+            failureOf([&] { copies::openUpgraded(connection, swappedBack); }).contains(u"είναι η βάση των χρηστών"));
         QVERIFY(!connection.isOpen());
     }
 
@@ -205,8 +209,8 @@ private slots:
         office.closeBoth();
         const QByteArray before = bytesOf(office.mainFile());
         data::Connection connection;
-        const QString text =
-            failureOf([&] { schema::open(connection, schema::connectionString(Database::Main, office.mainFile())); });
+        const QString text = failureOf(
+            [&] { copies::openUpgraded(connection, schema::connectionString(Database::Main, office.mainFile())); });
         QVERIFY2(text.contains(part), qPrintable(text));
         if (version > 0) QVERIFY(text.contains(QString::number(schema::currentVersion)));
         QVERIFY(!connection.isOpen());
@@ -218,7 +222,7 @@ private slots:
         schema::storeVersion(office.main, 731);  // stays in the journal while this connection is open
         data::Connection second;
         QVERIFY(!failureOf([&] {
-                     schema::open(second, schema::connectionString(Database::Main, office.mainFile()));
+                     copies::openUpgraded(second, schema::connectionString(Database::Main, office.mainFile()));
                  }).isEmpty());
     }
 

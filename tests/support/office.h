@@ -3,8 +3,10 @@
 
 #include <QTemporaryDir>
 
+#include "copies/upgradecopy.h"
 #include "core/mainmod.h"
 #include "data/recordset.h"
+#include "schema/creation.h"
 #include "schema/office.h"
 #include "support/services.h"
 #include "support/testengine.h"
@@ -40,8 +42,9 @@ public:
     // A further seat on the same folder.
     void open(core::MainMod& seat) {
         using schema::Database;
-        schema::open(seat.gConn, schema::connectionString(Database::Main, schema::mainDatabasePath(folder())));
-        schema::open(seat.gConnUsers, schema::connectionString(Database::Users, schema::usersDatabasePath(folder())));
+        copies::openUpgraded(seat.gConn, schema::connectionString(Database::Main, schema::mainDatabasePath(folder())));
+        copies::openUpgraded(seat.gConnUsers,
+                             schema::connectionString(Database::Users, schema::usersDatabasePath(folder())));
     }
 
     qint64 addCard(const QString& surname, const QString& name, const QVariantMap& more = {}) {

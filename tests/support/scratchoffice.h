@@ -4,7 +4,9 @@
 #include <QTemporaryDir>
 #include <QtTest>
 
+#include "copies/upgradecopy.h"
 #include "data/recordset.h"
+#include "schema/creation.h"
 #include "schema/office.h"
 #include "support/failure.h"
 #include "support/testengine.h"
@@ -27,8 +29,8 @@ public:
     }
     void openBoth() {
         using schema::Database;
-        schema::open(main, schema::connectionString(Database::Main, mainFile()));
-        schema::open(users, schema::connectionString(Database::Users, usersFile()));
+        copies::openUpgraded(main, schema::connectionString(Database::Main, mainFile()));
+        copies::openUpgraded(users, schema::connectionString(Database::Users, usersFile()));
     }
     void closeBoth() {
         main.close();

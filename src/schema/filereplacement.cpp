@@ -1,11 +1,11 @@
-#include "schema/exchange.h"
+#include "schema/filereplacement.h"
 
 #include <QFile>
 #include <QFileInfo>
 #include <filesystem>
 
-#include "copies/backupparts.h"
 #include "platform/filestate.h"
+#include "schema/databasefiles.h"
 
 namespace schema {
 
@@ -36,17 +36,17 @@ QString asideName(const QString& file, const QDateTime& now) {
 
 }  // namespace
 
-Exchange::~Exchange() {
+FileReplacement::~FileReplacement() {
     if (kept_) return;
     for (auto move = moves_.crbegin(); move != moves_.crend(); ++move) moveBack(move->second, move->first);
 }
 
-void Exchange::move(const QString& from, const QString& to) {
+void FileReplacement::move(const QString& from, const QString& to) {
     moveTo(from, to, false);
     moves_.append({from, to});
 }
 
-QString Exchange::put(const QString& fresh, const QString& target, const QDateTime& now) {
+QString FileReplacement::put(const QString& fresh, const QString& target, const QDateTime& now) {
     const bool replaces = QFileInfo::exists(target);
     const QString aside = asideName(target, now);
     if (replaces) QFile::setPermissions(fresh, QFile::permissions(target));  // others may share this office

@@ -9,12 +9,12 @@ namespace schema {
 
 // Each old file is kept beside the new one under a dated name, with the journals that belong to it; at no moment is
 // there none. Unless it is kept, everything goes back.
-class Exchange {
+class FileReplacement {
 public:
-    Exchange() = default;
-    ~Exchange();
-    Exchange(const Exchange&) = delete;
-    Exchange& operator=(const Exchange&) = delete;
+    FileReplacement() = default;
+    ~FileReplacement();
+    FileReplacement(const FileReplacement&) = delete;
+    FileReplacement& operator=(const FileReplacement&) = delete;
 
     // Moves `fresh`, which is on the same file system, to `target`, with the rights and the owner of what is there, or
     // the folder's owner. Journals that were left behind there go aside even without their file: they would be taken
