@@ -54,8 +54,8 @@ void PieceLength::took(double milliseconds) {
 
 JournalReader::JournalReader(data::Connection& connection, const JournalFilter& filter)
     : connection_(connection), filter_(filter), next_(filter.from) {
-    options_.searchOrder = connection.searchOrder(journalStatement(filter, filter.from, filter.to));
-    if (options_.searchOrder == data::SearchOrder::WordsFirst) return;
+    options_.accessPath = connection.accessPath(journalStatement(filter, filter.from, filter.to));
+    if (options_.accessPath == data::AccessPath::WordIndex) return;
     // Centuries without a movement aren't walked through.
     next_ = std::max(filter.from, outermostDay(connection, u"min"_s));
     filter_.to = std::min(filter.to, outermostDay(connection, u"max"_s));
@@ -64,7 +64,7 @@ JournalReader::JournalReader(data::Connection& connection, const JournalFilter& 
 bool JournalReader::step() {
     if (next_ > filter_.to) return false;
     // A piece would look up the same words in the whole table as all of them together.
-    const bool atOnce = options_.searchOrder == data::SearchOrder::WordsFirst;
+    const bool atOnce = options_.accessPath == data::AccessPath::WordIndex;
     QElapsedTimer clock;
     clock.start();
     const QDate last = atOnce ? filter_.to : std::min(next_.addDays(piece_.days() - 1), filter_.to);

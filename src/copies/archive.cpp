@@ -56,18 +56,18 @@ void writeMember(archive* tar, QSaveFile& target, const ArchiveMember& member) {
     }
 }
 
-struct Source {
+struct ArchiveFile {
     QFile file;
     QByteArray bytes = QByteArray(chunk, Qt::Uninitialized);
 };
 
 la_ssize_t readBytes(archive*, void* client, const void** bytes) {
-    auto* source = static_cast<Source*>(client);
+    auto* source = static_cast<ArchiveFile*>(client);
     *bytes = source->bytes.constData();
     return source->file.read(source->bytes.data(), chunk);
 }
 
-void extractMember(archive* tar, archive_entry* entry, const QString& target, const Source& source) {
+void extractMember(archive* tar, archive_entry* entry, const QString& target, const ArchiveFile& source) {
     // A sparse member could be larger than any disk.
     if (archive_entry_filetype(entry) != AE_IFREG || archive_entry_size(entry) > source.file.size())
         failDamaged(source.file.fileName());
@@ -98,7 +98,7 @@ void writeArchive(const QString& archive, const QVector<ArchiveMember>& members)
 }
 
 QStringList extractArchive(const QString& archive, const QString& folder, const QStringList& names) {
-    Source source;
+    ArchiveFile source;
     source.file.setFileName(archive);
     if (!source.file.open(QIODevice::ReadOnly)) failReading(source.file);
     const Reader tar(archive_read_new(), archive_read_free);

@@ -69,9 +69,9 @@ QString rowName(const TableInfo& table, qint64 identity, qint64 place) {
 }
 
 // One database of the office that is carried, held still as long as this lives.
-class Source {
+class SourceDatabase {
 public:
-    Source(const QString& folder, Database database) : database_(database) {
+    SourceDatabase(const QString& folder, Database database) : database_(database) {
         schema::openAsItIs(connection_, connectionString(database, databasePath(folder, database)));
         try {
             connection_.engine().holdStill();
@@ -84,7 +84,7 @@ public:
         requireSound();
         for (const qint64 rows : rowCounts(connection_)) rows_ += rows;
     }
-    ~Source() { connection_.engine().rollback(); }
+    ~SourceDatabase() { connection_.engine().rollback(); }
 
     Connection& connection() { return connection_; }
     Database database() const { return database_; }
@@ -114,7 +114,7 @@ private:
 };
 
 // Before anything is made: what the new engine would refuse half way.
-void requireStorable(Source& source, bool nulAllowed, const Progress& progress) {
+void requireStorable(SourceDatabase& source, bool nulAllowed, const Progress& progress) {
     Pass pass(progress, u"Έλεγχος του "_s + databaseFileName(source.database()), source.rows());
     QStringList faults;
     for (const TableInfo& table : source.tables()) {
@@ -144,7 +144,7 @@ QVector<QVector<QVariant>> valuesOf(const data::RowStore& rows, qsizetype column
     return all;
 }
 
-void copyTable(Source& source, Connection& target, const TableInfo& table, Pass& pass) {
+void copyTable(SourceDatabase& source, Connection& target, const TableInfo& table, Pass& pass) {
     TableReader reader(source.connection(), table);
     qint64 place = 0;
     while (reader.nextPiece()) {
@@ -167,7 +167,7 @@ void copyTable(Source& source, Connection& target, const TableInfo& table, Pass&
 }
 
 // Everything in one transaction; the indexes last, since sorting once is quicker than keeping them.
-void copyDatabase(Source& source, const QString& file, const Progress& progress) {
+void copyDatabase(SourceDatabase& source, const QString& file, const Progress& progress) {
     Connection target;
     target.open(connectionString(source.database(), file));
     data::Transaction transaction(target);
@@ -191,7 +191,7 @@ void countPictures(const TableInfo& table, const Cell* row, MoveInfo& info) {
     }
 }
 
-void compareTable(Source& source, Connection& target, const TableInfo& table, Pass& pass, MoveInfo& info) {
+void compareTable(SourceDatabase& source, Connection& target, const TableInfo& table, Pass& pass, MoveInfo& info) {
     const TableInfo* there = target.catalog().find(table.name);
     if (!there) throw Error(ErrorCategory::Corrupt, u"Στον προορισμό λείπει ο πίνακας %1."_s.arg(table.name));
     TableReader old(source.connection(), table), fresh(target, *there);
@@ -218,7 +218,7 @@ void compareTable(Source& source, Connection& target, const TableInfo& table, Pa
     info.rows += rows;
 }
 
-void compareRest(Source& source, Connection& target) {
+void compareRest(SourceDatabase& source, Connection& target) {
     data::Engine &from = source.connection().engine(), &to = target.engine();
     for (const TableInfo& table : source.tables())
         if (table.autonumber >= 0 && from.lastNumber(table) != to.lastNumber(table))
@@ -231,7 +231,7 @@ void compareRest(Source& source, Connection& target) {
 }
 
 // Read anew, through a connection that hasn't written any of it.
-void compareDatabase(Source& source, const QString& file, const Progress& progress, MoveInfo& info) {
+void compareDatabase(SourceDatabase& source, const QString& file, const Progress& progress, MoveInfo& info) {
     Connection target;
     Pass pass(progress, u"Σύγκριση του "_s + databaseFileName(source.database()), source.rows());
     schema::openToRead(target, connectionString(source.database(), file));
@@ -244,9 +244,9 @@ void compareDatabase(Source& source, const QString& file, const Progress& progre
 }  // namespace
 
 MoveInfo moveOffice(const QString& from, const QString& to, const MoveOptions& options) {
-    std::array<std::unique_ptr<Source>, std::size(allDatabases)> sources;
+    std::array<std::unique_ptr<SourceDatabase>, std::size(allDatabases)> sources;
     schema::OfficeBuilder builder(to, options.server);
-    for (size_t i = 0; i < sources.size(); ++i) sources[i] = std::make_unique<Source>(from, allDatabases[i]);
+    for (size_t i = 0; i < sources.size(); ++i) sources[i] = std::make_unique<SourceDatabase>(from, allDatabases[i]);
     for (const auto& source : sources) requireStorable(*source, !options.server, options.progress);
     for (const Database database : allDatabases) builder.make(database);
     for (const auto& source : sources) copyDatabase(*source, builder.file(source->database()), options.progress);

@@ -1,12 +1,12 @@
 #include "data/connection.h"
 
+#include "data/dialect/translator.h"
 #include "data/opening/connectionstring.h"
 #include "data/opening/fileidentity.h"
 #include "data/postgres/pgengine.h"
-#include "data/recordset.h"
-#include "data/rowstore.h"
 #include "data/sqlite/sqliteengine.h"
-#include "data/values/fold.h"
+#include "data/sqlite/sqliteparserlimit.h"
+#include "data/values/format.h"
 
 using namespace Qt::Literals::StringLiterals;
 
@@ -64,7 +64,7 @@ void Connection::open(const QString& connectionString) {
     close();
     std::unique_ptr<Engine> engine = openEngine(settingsFrom(connectionString));
     d->catalog = engine->readCatalog();
-    d->translator = std::make_unique<Translator>(d->catalog, engine->dialect());
+    d->translator = std::make_unique<Translator>(d->catalog, engine->dialect(), sqliteParserLimit());
     d->engine = std::move(engine);
     d->connectionString = connectionString;
 }
@@ -113,12 +113,12 @@ std::shared_ptr<const Translation> Connection::translate(const QString& sql, con
     }
 }
 
-SearchOrder Connection::searchOrder(const QString& sql, const OpenOptions& options) {
+AccessPath Connection::accessPath(const QString& sql, const OpenOptions& options) {
     const auto translation = translate(sql, options);
-    if (translation->probe.isEmpty()) return SearchOrder::PeriodFirst;
+    if (translation->probe.isEmpty()) return AccessPath::Period;
     try {
         const bool few = engine().query(translation->probe, {}, nullptr) <= Translation::probeLimit;
-        return few ? SearchOrder::WordsFirst : SearchOrder::PeriodFirst;
+        return few ? AccessPath::WordIndex : AccessPath::Period;
     } catch (const Error& error) {
         throw Error(error.category(), error.text(), sql, error.engineCode());
     }
@@ -141,22 +141,6 @@ qint64 Connection::execute(const QString& sql, const Parameters& parameters) {
     } catch (const Error& error) {
         throw Error(error.category(), error.text(), sql, error.engineCode());
     }
-}
-
-Recordset Connection::openSchemaTables() {
-    engine();
-    QStringList names;
-    for (const TableInfo& table : d->catalog.tables()) names.append(table.name);
-    std::sort(names.begin(), names.end(), [](const QString& a, const QString& b) { return fold(a) < fold(b); });
-    RowStore rows(2);
-    for (const QString& name : names) {
-        const QByteArray utf8 = name.toUtf8();
-        rows.beginRow();
-        rows.text(utf8.constData(), utf8.size());
-        rows.text("TABLE", 5);
-    }
-    return Recordset({{u"TABLE_NAME"_s, ColumnType::Text, 255, -1}, {u"TABLE_TYPE"_s, ColumnType::Text, 255, -1}},
-                     std::move(rows));
 }
 
 QVector<QVariant> parameterValues(const Translation& translation, const Parameters& given) {

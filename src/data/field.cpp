@@ -1,6 +1,7 @@
 #include <cmath>
 
-#include "data/recordsetprivate.h"
+#include "data/recordset.h"
+#include "data/recordsetstate.h"
 #include "data/values/convert.h"
 
 using namespace Qt::Literals::StringLiterals;

@@ -3,6 +3,7 @@
 #include "data/dialect/enginedialect.h"
 #include "data/opening/fileidentity.h"
 #include "data/sqlite/sqliteengine.h"
+#include "data/sqlite/sqliteparserlimit.h"
 #include "data/values/format.h"
 
 using namespace Qt::Literals::StringLiterals;
@@ -131,7 +132,7 @@ DialectDatabase::DialectDatabase(Engine engine) {
         engine_->script(dialect().createTable(table, table.name == u"Groups" ? u"code"_s : QString()));
     engine_->commit();
     catalog_ = engine_->readCatalog();
-    translator_ = std::make_unique<Translator>(catalog_, dialect());
+    translator_ = std::make_unique<Translator>(catalog_, dialect(), sqliteParserLimit());
 }
 
 DialectDatabase::~DialectDatabase() = default;

@@ -5,7 +5,7 @@
 #include <QStringList>
 #include <QTemporaryDir>
 
-#include "data/dialect/translation.h"
+#include "data/dialect/translator.h"
 #include "data/engine.h"
 #include "support/testengine.h"
 

@@ -379,7 +379,7 @@ private slots:
     }
 
     void schemaTables() {
-        Recordset tables = connection_->openSchemaTables();
+        Recordset tables = openSchemaTables(*connection_);
         QCOMPARE(tables.recordCount(), 2);
         QCOMPARE(tables[u"TABLE_NAME"].text(), "Cards");
         QCOMPARE(tables[u"table_type"].text(), "TABLE");

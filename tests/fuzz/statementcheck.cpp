@@ -4,6 +4,7 @@
 
 #include "data/error.h"
 #include "data/postgres/pgdialect.h"
+#include "data/sqlite/sqliteparserlimit.h"
 #include "data/sqlite/wordindex.h"
 
 using namespace Qt::Literals::StringLiterals;
@@ -78,9 +79,9 @@ bool isTranslators(int category) {
 
 StatementCheck::StatementCheck()
     : serverCatalog_(withServerIdentities(database_.catalog())),
-      server_(serverCatalog_, pgDialect()),
+      server_(serverCatalog_, pgDialect(), sqliteParserLimit()),
       wordedCatalog_(withWords(database_)),
-      worded_(wordedCatalog_, database_.dialect()) {}
+      worded_(wordedCatalog_, database_.dialect(), sqliteParserLimit()) {}
 
 StatementCheck::Outcome StatementCheck::outcome(Translator& translator, const QString& sql,
                                                 const DialectOptions& options) {

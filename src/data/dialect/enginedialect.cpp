@@ -50,8 +50,12 @@ static QByteArray quoted(QStringView text, char quote) {
     return out;
 }
 
-QByteArray EngineDialect::identifier(QStringView name) const {
+QByteArray quotedIdentifier(QStringView name) {
     return quoted(name, '"');
+}
+
+QByteArray EngineDialect::identifier(QStringView name) const {
+    return quotedIdentifier(name);
 }
 
 QByteArray EngineDialect::textLiteral(QStringView text) const {

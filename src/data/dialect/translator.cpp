@@ -1,11 +1,10 @@
+#include "data/dialect/translator.h"
+
 #include <QHash>
 
 #include "data/dialect/binder.h"
 #include "data/dialect/parser.h"
 #include "data/dialect/renderer.h"
-#include "data/dialect/translation.h"
-#include "data/sqlite/sqlitedialect.h"
-#include "data/sqlite/sqliteerror.h"
 
 using namespace Qt::Literals::StringLiterals;
 
@@ -28,6 +27,7 @@ struct Remembered {
 struct Translator::Private {
     const Catalog& catalog;
     const EngineDialect& dialect;
+    ParserLimit limit;
     dialect::ColumnIndex columns;
     std::vector<Remembered> remembered;
 
@@ -51,20 +51,19 @@ struct Translator::Private {
         return translation;
     }
 
-    // An office may move from one engine to the other, so what the one with the smaller parser can't take, none takes.
     void requireRoom(const dialect::Statement& statement, const Translation& translation, const dialect::Places& places,
                      qsizetype position) const {
         Translation small;
-        if (&dialect != &sqliteDialect()) dialect::Renderer(sqliteDialect(), places).render(statement, small);
-        if (!sqliteHasRoomFor(small.sql.isEmpty() ? translation.sql : small.sql))
+        if (&dialect != &limit.dialect) dialect::Renderer(limit.dialect, places).render(statement, small);
+        if (!limit.hasRoomFor(small.sql.isEmpty() ? translation.sql : small.sql))
             places.fail(position,
                         u"η εντολή έχει πάρα πολλά επίπεδα το ένα μέσα στο άλλο· χωρίστε την "
                         "σε μικρότερες"_s);
     }
 };
 
-Translator::Translator(const Catalog& catalog, const EngineDialect& dialect)
-    : d(new Private{catalog, dialect, {}, {}}) {}
+Translator::Translator(const Catalog& catalog, const EngineDialect& dialect, const ParserLimit& limit)
+    : d(new Private{catalog, dialect, limit, {}, {}}) {}
 
 Translator::~Translator() = default;
 

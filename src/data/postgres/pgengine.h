@@ -8,9 +8,10 @@
 
 #include "data/engine.h"
 #include "data/opening/serverdescription.h"
-#include "data/postgres/pgschemas.h"
 
 namespace data {
+
+class PgSchemaWork;
 
 class PgEngine : public Engine {
 public:

@@ -44,9 +44,9 @@ FileIdentity requireOurs(const QString& file) {
 }
 
 // Binds in the stored form. Texts and bytes are lent to the statement, so they live in `held` until its reset.
-class Binder {
+class ParameterBinder {
 public:
-    Binder(sqlite3* database, sqlite3_stmt* statement, const QByteArray& sql)
+    ParameterBinder(sqlite3* database, sqlite3_stmt* statement, const QByteArray& sql)
         : database_(database), statement_(statement), sql_(sql) {}
 
     void bind(const QVector<QVariant>& values) {
@@ -205,7 +205,7 @@ Catalog SqliteEngine::readCatalog() {
 
 ExecuteResult SqliteEngine::execute(const QByteArray& sql, const QVector<QVariant>& parameters) {
     StatementCache::Lease statement(statements_, sql);
-    Binder binder(database_, statement.get(), sql);
+    ParameterBinder binder(database_, statement.get(), sql);
     binder.bind(parameters);
     const qint64 before = sqlite3_total_changes64(database_);
     int code;
@@ -222,7 +222,7 @@ qint64 SqliteEngine::query(const QByteArray& sql, const QVector<QVariant>& param
     if (!sqlite3_stmt_readonly(statement.get())) {
         throw Error(ErrorCategory::ReadOnly, u"Εδώ επιτρέπεται μόνο ανάγνωση."_s, QString::fromUtf8(sql));
     }
-    Binder binder(database_, statement.get(), sql);
+    ParameterBinder binder(database_, statement.get(), sql);
     binder.bind(parameters);
     const int columns = sqlite3_column_count(statement.get());
     qint64 rows = 0;

@@ -18,7 +18,4 @@ Error sqliteOpenError(int code, const QString& file);
 // A result that no number can hold.
 Error sqliteRangeError(const QByteArray& sql);
 
-// Whether the engine's parser has room for the nesting of a statement; anything else about it isn't asked.
-bool sqliteHasRoomFor(const QByteArray& sql);
-
 }  // namespace data

@@ -1,16 +1,16 @@
-// The inside of a Recordset, shared by its parts.
+// The inside of a Recordset: its rows, where it stands among them, and the row that is being changed.
 #pragma once
 
 #include <QHash>
 #include <QMap>
 
-#include "data/recordset.h"
+#include "data/connection.h"
 #include "data/rowstore.h"
 #include "data/rowwriter.h"
 
 namespace data {
 
-struct Recordset::Private {
+struct RecordsetState {
     Connection* connection = nullptr;  // null for rows of no statement
     QString sql;
     OpenOptions options;

@@ -1,10 +1,10 @@
-#include "data/recordsetprivate.h"
+#include "data/recordsetstate.h"
 
 using namespace Qt::Literals::StringLiterals;
 
 namespace data {
 
-void Recordset::Private::setColumns(const QVector<OutputColumn>& list) {
+void RecordsetState::setColumns(const QVector<OutputColumn>& list) {
     columns = list;
     byKey.clear();
     bySpelling.clear();
@@ -12,7 +12,7 @@ void Recordset::Private::setColumns(const QVector<OutputColumn>& list) {
     for (int i = int(columns.size()) - 1; i >= 0; --i) byKey.insert(nameKey(columns[i].name), i);
 }
 
-void Recordset::Private::fetch() {
+void RecordsetState::fetch() {
     const auto translation = connection->translate(sql, options);
     if (translation->kind != StatementKind::Select)
         throw Error(ErrorCategory::State, u"Η εντολή δεν επιστρέφει εγγραφές."_s, sql);
@@ -20,8 +20,8 @@ void Recordset::Private::fetch() {
         translation->baseTable.isEmpty() ? nullptr : connection->catalog().find(translation->baseTable);
     const auto periodFirst = [&] {
         if (translation->periodFirst.isEmpty()) return false;
-        const SearchOrder order = options.searchOrder ? *options.searchOrder : connection->searchOrder(sql, options);
-        return order == SearchOrder::PeriodFirst;
+        const AccessPath path = options.accessPath ? *options.accessPath : connection->accessPath(sql, options);
+        return path == AccessPath::Period;
     };
     const QByteArray& engineSql = periodFirst() ? translation->periodFirst : translation->sql;
     RowStore fetched(int(translation->columns.size()) + (translation->baseTable.isEmpty() ? 0 : 1));
@@ -38,7 +38,7 @@ void Recordset::Private::fetch() {
     endEdit();
 }
 
-int Recordset::Private::indexOf(QStringView name) {
+int RecordsetState::indexOf(QStringView name) {
     const auto known = bySpelling.constFind(QString::fromRawData(name.data(), name.size()));
     if (known != bySpelling.constEnd()) return *known;
     const auto found = byKey.constFind(nameKey(name));
@@ -47,71 +47,71 @@ int Recordset::Private::indexOf(QStringView name) {
     return *found;
 }
 
-void Recordset::Private::requireOpen() const {
+void RecordsetState::requireOpen() const {
     if (!isOpen) throw Error(ErrorCategory::State, u"Το σύνολο εγγραφών είναι κλειστό."_s);
 }
 
-void Recordset::Private::requireRow() const {
+void RecordsetState::requireRow() const {
     requireOpen();
     if (!hasRow()) throw Error(ErrorCategory::State, u"Δεν υπάρχει τρέχουσα εγγραφή."_s, sql);
 }
 
-void Recordset::Private::requireUpdatable() const {
+void RecordsetState::requireUpdatable() const {
     requireOpen();
     if (table.name.isEmpty()) throw Error(ErrorCategory::State, u"Αυτές οι εγγραφές δεν αλλάζουν."_s, sql);
 }
 
-void Recordset::Private::moveTo(qint64 target) {
+void RecordsetState::moveTo(qint64 target) {
     position = target;
     chunkPosition.clear();
 }
 
-const Cell* Recordset::Private::cell(int column) const {
+const Cell* RecordsetState::cell(int column) const {
     if (mode == EditMode::Add) return nullptr;
     requireRow();
     return rows.row(position) + column;
 }
 
-QVariant Recordset::Private::pendingValue(int column) const {
+QVariant RecordsetState::pendingValue(int column) const {
     const auto chunk = chunks.constFind(column);
     if (chunk == chunks.constEnd()) return pending.value(column);
     if (columns[column].type == ColumnType::Memo) return QString::fromUtf8(*chunk);
     return *chunk;
 }
 
-QVariant Recordset::Private::value(int column) const {
+QVariant RecordsetState::value(int column) const {
     if (isPending(column)) return pendingValue(column);
     if (const Cell* const current = cell(column)) return cellValue(*current, columns[column].type);
     return columns[column].type == ColumnType::YesNo ? QVariant(false) : QVariant();
 }
 
 // The column behind a field, for its conversion.
-ColumnInfo Recordset::Private::columnInfo(int column) const {
+ColumnInfo RecordsetState::columnInfo(int column) const {
     const int base = columns[column].baseColumn;
     if (base < 0)
         throw Error(ErrorCategory::State, u"Το πεδίο «%1» υπολογίζεται και δεν αλλάζει."_s.arg(columns[column].name));
     return table.columns[base];
 }
 
-void Recordset::Private::beginEdit() {
+void RecordsetState::beginEdit() {
     if (mode != EditMode::None) return;
     requireRow();
     mode = EditMode::InProgress;
 }
 
-void Recordset::Private::endEdit() {
+void RecordsetState::endEdit() {
     mode = EditMode::None;
     pending.clear();
     chunks.clear();
     chunkPosition.clear();
 }
 
-QVariant Recordset::Private::identity() const {
+QVariant RecordsetState::identity() const {
     return cellParameter(rows.row(position)[columns.size()]);
 }
 
 // What the buffer holds and the row doesn't; in an add, all that was given.
-QVector<ColumnChange> Recordset::Private::changes() const {
+QVector<ColumnChange> RecordsetState::changes() const {
     QVector<ColumnChange> result;
     for (int column = 0; column < columns.size(); ++column) {
         if (!isPending(column)) continue;
@@ -127,7 +127,7 @@ QVector<ColumnChange> Recordset::Private::changes() const {
     return result;
 }
 
-void Recordset::Private::writeChanges() {
+void RecordsetState::writeChanges() {
     const QVector<ColumnChange> changed = changes();
     for (const ColumnChange& change : changed) {
         if (change.column == table.autonumber)
@@ -141,7 +141,7 @@ void Recordset::Private::writeChanges() {
     endEdit();
 }
 
-void Recordset::Private::writeNew() {
+void RecordsetState::writeNew() {
     RowWriter writer(connection->engine(), table);
     const qint64 added = writer.insert(changes());
     // From here the row exists: a failure to read it must not leave a buffer that would add it again.
