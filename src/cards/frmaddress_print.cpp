@@ -2,6 +2,7 @@
 #include "cards/frmaddress.h"
 #include "cards/kartela.h"
 #include "core/printlist.h"
+#include "core/printout.h"
 
 using namespace Qt::Literals::StringLiterals;
 
@@ -79,8 +80,8 @@ void frmAddress::printCard() {
 }
 
 void frmAddress::printMovements() {
-    if (core::gPrintListView(mod_, this, history_->list(), u"ΙΣΤΟΡΙΚΟ ΕΠΑΦΗΣ "_s + history_->period(), shownText(0),
-                             shownText(1), shownText(9), shownText(11)))
+    if (core::gPrintListView(mod_, this, history_->list(), u"ΙΣΤΟΡΙΚΟ ΕΠΑΦΗΣ "_s + history_->period(),
+                             {shownText(0), shownText(1), shownText(9), shownText(11)}))
         tellPrinted(u"Η εκτύπωση ολοκληρώθηκε"_s);
 }
 

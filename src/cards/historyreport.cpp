@@ -1,5 +1,6 @@
 #include "cards/historyreport.h"
 
+#include "core/printout.h"
 #include "data/recordset.h"
 #include "data/values/format.h"
 

@@ -1,6 +1,7 @@
 #include "core/printlist.h"
 
 #include "core/guard.h"
+#include "core/printout.h"
 #include "data/error.h"
 
 using namespace Qt::Literals::StringLiterals;
@@ -179,10 +180,10 @@ bool gPrintListView(MainMod& mod, QWidget* parent, const controls::ListView& lis
 }
 
 bool gPrintListView(MainMod& mod, QWidget* parent, const controls::ListView& list, const QString& title,
-                    const QString& surname, const QString& firstName, const QString& telephone, const QString& mobile) {
+                    const PrintedCard& card) {
     PrintedList printed = contents(mod, list, title);
     printed.owner = ownerDetails(mod.services.settings);
-    printed.card = PrintedCard{surname, firstName, telephone, mobile};
+    printed.card = card;
     return printList(mod, parent, printed);
 }
 

@@ -7,8 +7,9 @@
 #include <QLabel>
 #include <QSpinBox>
 
+#include "core/mainmod.h"
 #include "core/pageview.h"
-#include "core/printout.h"
+#include "core/printjob.h"
 
 class QHBoxLayout;
 class QPushButton;

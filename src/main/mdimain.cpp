@@ -14,7 +14,7 @@
 #include "controls/names.h"
 #include "controls/theme.h"
 #include "core/contactnoun.h"
-#include "core/printout.h"
+#include "core/printsettings.h"
 #include "data/values/format.h"
 #include "users/frmadmin.h"
 #include "users/frmowner.h"

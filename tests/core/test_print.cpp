@@ -6,6 +6,7 @@
 #include "controls/theme.h"
 #include "core/guard.h"
 #include "core/printlist.h"
+#include "core/printout.h"
 #include "core/printpreview.h"
 #include "core/printsettings.h"
 #include "core/workprogress.h"
@@ -123,7 +124,7 @@ private slots:
         for (const auto& [key, value] : owner) desk.settings.setValue("Settings", key, value);
         const std::unique_ptr<controls::ListView> list(listOf(1));
         const bool printed =
-            form == 2 ? core::gPrintListView(mod, nullptr, *list, "Κινήσεις", "Σκίννερ", "Άννα", "2310", "6970")
+            form == 2 ? core::gPrintListView(mod, nullptr, *list, "Κινήσεις", {"Σκίννερ", "Άννα", "2310", "6970"})
                       : core::gPrintListView(mod, nullptr, *list, "Κινήσεις",
                                              form ? core::ListHeading::Owner : core::ListHeading::Plain);
         QVERIFY(printed);

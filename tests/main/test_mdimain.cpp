@@ -2,7 +2,7 @@
 #include <QSignalSpy>
 #include <QTimer>
 
-#include "core/printout.h"
+#include "core/printsettings.h"
 #include "main/mdimain.h"
 #include "support/office.h"
 #include "users/frmowner.h"
