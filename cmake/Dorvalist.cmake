@@ -36,7 +36,7 @@ function(dorv_room name)
 endfunction()
 
 # The rooms where plain bytes may still become text by themselves.
-set(DORV_ASCII_ROOMS data schema)
+set(DORV_ASCII_ROOMS data schema copies demo)
 
 # dorv_precompile(TARGET KIND [STRICT]): the precompiled headers, core and widgets, are built once and shared by all
 # targets with the same compiler options. A STRICT target takes no plain bytes where a text is wanted. Tests may do so;
