@@ -5,26 +5,29 @@
 namespace demo {
 namespace {
 
+using namespace Qt::Literals::StringLiterals;
+
 struct Sound {
-    const char16_t* greek;
-    const char* latin;
+    QString greek;
+    QString latin;
 };
 
 // Two letters before one, since the first match counts.
-constexpr Sound sounds[] = {
-    {u"ου", "ou"}, {u"γγ", "ng"}, {u"γχ", "nch"}, {u"α", "a"},  {u"β", "v"}, {u"γ", "g"}, {u"δ", "d"},
-    {u"ε", "e"},   {u"ζ", "z"},   {u"η", "i"},    {u"θ", "th"}, {u"ι", "i"}, {u"κ", "k"}, {u"λ", "l"},
-    {u"μ", "m"},   {u"ν", "n"},   {u"ξ", "x"},    {u"ο", "o"},  {u"π", "p"}, {u"ρ", "r"}, {u"σ", "s"},
-    {u"τ", "t"},   {u"φ", "f"},   {u"χ", "ch"},   {u"ψ", "ps"}, {u"ω", "o"},
+const Sound sounds[] = {
+    {u"ου"_s, u"ou"_s}, {u"γγ"_s, u"ng"_s}, {u"γχ"_s, u"nch"_s}, {u"α"_s, u"a"_s}, {u"β"_s, u"v"_s},  {u"γ"_s, u"g"_s},
+    {u"δ"_s, u"d"_s},   {u"ε"_s, u"e"_s},   {u"ζ"_s, u"z"_s},    {u"η"_s, u"i"_s}, {u"θ"_s, u"th"_s}, {u"ι"_s, u"i"_s},
+    {u"κ"_s, u"k"_s},   {u"λ"_s, u"l"_s},   {u"μ"_s, u"m"_s},    {u"ν"_s, u"n"_s}, {u"ξ"_s, u"x"_s},  {u"ο"_s, u"o"_s},
+    {u"π"_s, u"p"_s},   {u"ρ"_s, u"r"_s},   {u"σ"_s, u"s"_s},    {u"τ"_s, u"t"_s}, {u"φ"_s, u"f"_s},  {u"χ"_s, u"ch"_s},
+    {u"ψ"_s, u"ps"_s},  {u"ω"_s, u"o"_s},
 };
 
 constexpr QStringView voiceless = u"θκξπστφχψ";
 
 // αυ and ευ sound as av and ev, before a voiceless consonant as af and ef.
-const char* upsilon(QStringView text, qsizetype at) {
+QString upsilon(QStringView text, qsizetype at) {
     const bool afterVowel = at > 0 && (text[at - 1] == u'α' || text[at - 1] == u'ε');
-    if (!afterVowel) return "y";
-    return at + 1 < text.size() && voiceless.contains(text[at + 1]) ? "f" : "v";
+    if (!afterVowel) return u"y"_s;
+    return at + 1 < text.size() && voiceless.contains(text[at + 1]) ? u"f"_s : u"v"_s;
 }
 
 }  // namespace
@@ -34,15 +37,14 @@ QString latinName(QStringView greek) {
     QString latin;
     for (qsizetype at = 0; at < folded.size();) {
         if (folded[at] == u'υ') {
-            latin += QLatin1StringView(upsilon(folded, at++));
+            latin += upsilon(folded, at++);
             continue;
         }
         qsizetype step = 1;
         for (const Sound& sound : sounds) {
-            const QStringView letters(sound.greek);
-            if (!QStringView(folded).mid(at).startsWith(letters)) continue;
-            latin += QLatin1StringView(sound.latin);
-            step = letters.size();
+            if (!QStringView(folded).mid(at).startsWith(sound.greek)) continue;
+            latin += sound.latin;
+            step = sound.greek.size();
             break;
         }
         at += step;

@@ -48,7 +48,7 @@ QString makeVerifier(const QString& password, PasswordCost cost) {
     if (crypto_pwhash_str_alg(verifier, utf8.constData(), utf8.size(), work.passes, work.memory,
                               crypto_pwhash_ALG_ARGON2ID13) != 0)
         throw Error(ErrorCategory::Other, u"Δεν υπάρχει αρκετή μνήμη για τον έλεγχο του κωδικού."_s);
-    return QString::fromLatin1(verifier);
+    return QString::fromUtf8(verifier);
 }
 
 bool isVerifier(const QString& stored) {

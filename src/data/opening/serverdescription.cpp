@@ -12,17 +12,17 @@ namespace data {
 namespace {
 
 struct Key {
-    const char16_t* name;
+    QString name;
     QString ServerDescription::*value;
 };
 
 // The first name of a value is the one that is written.
-constexpr Key keys[] = {
-    {u"host", &ServerDescription::host},         {u"port", &ServerDescription::port},
-    {u"database", &ServerDescription::database}, {u"user", &ServerDescription::user},
-    {u"password", &ServerDescription::password}, {u"sslmode", &ServerDescription::sslMode},
-    {u"service", &ServerDescription::service},   {u"schema", &ServerDescription::schema},
-    {u"server", &ServerDescription::host},       {u"dbname", &ServerDescription::database},
+const Key keys[] = {
+    {u"host"_s, &ServerDescription::host},         {u"port"_s, &ServerDescription::port},
+    {u"database"_s, &ServerDescription::database}, {u"user"_s, &ServerDescription::user},
+    {u"password"_s, &ServerDescription::password}, {u"sslmode"_s, &ServerDescription::sslMode},
+    {u"service"_s, &ServerDescription::service},   {u"schema"_s, &ServerDescription::schema},
+    {u"server"_s, &ServerDescription::host},       {u"dbname"_s, &ServerDescription::database},
 };
 
 constexpr qint64 longestFile = 64 * 1024;
@@ -36,7 +36,7 @@ constexpr qsizetype longestSchema = 63 - 16;
 void set(ServerDescription& server, const QString& name, const QString& value, const QString& where,
          qsizetype schemaBytes = longestSchema) {
     for (const Key& key : keys)
-        if (name.compare(QStringView(key.name), Qt::CaseInsensitive) == 0) {
+        if (name.compare(key.name, Qt::CaseInsensitive) == 0) {
             server.*key.value = value;
             if (key.value == &ServerDescription::schema && value.toUtf8().size() > schemaBytes)
                 refuse(where +
@@ -93,7 +93,7 @@ bool looksLikeDescription(const QString& text) {
             if (c < u' ' && c != u'\t' && c != u'\r') return false;
         if (!split(line, key, value) || !line.contains(u'=')) continue;
         for (const Key& known : keys)
-            names |= key.compare(QStringView(known.name), Qt::CaseInsensitive) == 0 &&
+            names |= key.compare(known.name, Qt::CaseInsensitive) == 0 &&
                      (known.value == &ServerDescription::host || known.value == &ServerDescription::database ||
                       known.value == &ServerDescription::service);
     }
@@ -148,8 +148,8 @@ void writeServerDescription(const QString& file, const ServerDescription& server
     for (const Key& key : keys) {
         const QString value = server.*key.value;
         if (value.isEmpty()) continue;
-        if (QStringView(key.name) == u"server") break;
-        text += u"%1 = %2\n"_s.arg(QStringView(key.name), wrapped(value));
+        if (key.name == u"server") break;
+        text += u"%1 = %2\n"_s.arg(key.name, wrapped(value));
     }
     QFile target(file);
     const QByteArray bytes = text.toUtf8();

@@ -14,7 +14,7 @@ using namespace Qt::Literals::StringLiterals;
 namespace data {
 namespace {
 
-const char functionsProperty[] = "functions";
+const QString functionsProperty = u"functions"_s;
 
 [[noreturn]] void refuseForeign(const ServerDescription& server) {
     throw Error(ErrorCategory::Connection,
@@ -40,7 +40,7 @@ public:
             {"user", server.user},
             {"password", server.password},
             {"sslmode", server.sslMode},
-            {"application_name", QString::fromLatin1(seatName(server))},
+            {"application_name", seatName(server)},
             {"client_encoding", u"UTF8"_s},
             {"connect_timeout", u"10"_s},
             // A server that vanishes is missed within half a minute, whether bytes were on their way or not.
@@ -141,7 +141,7 @@ void PgEngine::configure() {
         connection_, [](void*, const char*) {}, nullptr);
     script(pgSessionSettings(server_, settings_));
     // The clock of the statements is the one on the wall here. A server may not know the zone by its name.
-    const QByteArray zone = pgDialect().EngineDialect::textLiteral(QString::fromLatin1(QTimeZone::systemTimeZoneId()));
+    const QByteArray zone = pgDialect().EngineDialect::textLiteral(QString::fromUtf8(QTimeZone::systemTimeZoneId()));
     const PgResult set(PQexec(connection_, ("SET TIME ZONE " + zone).constData()));
     if (PQresultStatus(set.get()) != PGRES_COMMAND_OK) {
         const int minutes = QDateTime::currentDateTime().offsetFromUtc() / 60;
@@ -188,7 +188,7 @@ void PgEngine::requireOurs() {
 }
 
 void PgEngine::refreshFunctions() {
-    const QString name = QString::fromLatin1(functionsProperty);
+    const QString& name = functionsProperty;
     if (property(name).toInt() >= postgres::functionsVersion) return;
     begin();
     try {

@@ -39,7 +39,7 @@ static void registerAll(sqlite3* database, const std::vector<SqlFunction>& funct
                                        const_cast<SqlFunction*>(&function), runGuarded, nullptr, nullptr, nullptr);
         if (code != SQLITE_OK)
             throw Error(ErrorCategory::Other,
-                        u"Η βάση δεν δέχεται τη συνάρτηση %1"_s.arg(QString::fromLatin1(function.name)), {}, code);
+                        u"Η βάση δεν δέχεται τη συνάρτηση %1"_s.arg(QString::fromUtf8(function.name)), {}, code);
     }
 }
 

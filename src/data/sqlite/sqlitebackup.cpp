@@ -47,7 +47,7 @@ public:
 private:
     void discard() {
         sqlite3_close(database_);
-        for (const char* ending : {"", "-journal"}) QFile::remove(file_ + QLatin1String(ending));
+        for (const QString& file : {file_, file_ + u"-journal"_s}) QFile::remove(file);
     }
 
     QString file_;

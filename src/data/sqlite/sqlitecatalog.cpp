@@ -23,8 +23,8 @@ public:
 // several names for it; a column may have taken the usual one.
 QString rowIdentityOf(const TableInfo& table) {
     if (table.autonumber >= 0) return table.columns[table.autonumber].name;
-    for (const char16_t* name : {u"rowid", u"_rowid_", u"oid"})
-        if (table.indexOf(QStringView(name)) < 0) return QString::fromUtf16(name);
+    for (const QString& name : {u"rowid"_s, u"_rowid_"_s, u"oid"_s})
+        if (table.indexOf(name) < 0) return name;
     return {};
 }
 

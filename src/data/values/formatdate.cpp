@@ -15,16 +15,16 @@ struct Token {
     QString text;  // of a literal
 };
 
-constexpr const char16_t* dayNames[] = {u"Δευτέρα",   u"Τρίτη",   u"Τετάρτη", u"Πέμπτη",
-                                        u"Παρασκευή", u"Σάββατο", u"Κυριακή"};
-constexpr const char16_t* monthNames[] = {u"Ιανουάριος",  u"Φεβρουάριος", u"Μάρτιος",   u"Απρίλιος",
-                                          u"Μάιος",       u"Ιούνιος",     u"Ιούλιος",   u"Αύγουστος",
-                                          u"Σεπτέμβριος", u"Οκτώβριος",   u"Νοέμβριος", u"Δεκέμβριος"};
-constexpr const char16_t* monthGenitives[] = {u"Ιανουαρίου",  u"Φεβρουαρίου", u"Μαρτίου",   u"Απριλίου",
-                                              u"Μαΐου",       u"Ιουνίου",     u"Ιουλίου",   u"Αυγούστου",
-                                              u"Σεπτεμβρίου", u"Οκτωβρίου",   u"Νοεμβρίου", u"Δεκεμβρίου"};
-constexpr const char16_t* monthShort[] = {u"Ιαν",  u"Φεβ", u"Μαρ", u"Απρ", u"Μαϊ", u"Ιουν",
-                                          u"Ιουλ", u"Αυγ", u"Σεπ", u"Οκτ", u"Νοε", u"Δεκ"};
+const QString dayNames[] = {u"Δευτέρα"_s,   u"Τρίτη"_s,   u"Τετάρτη"_s, u"Πέμπτη"_s,
+                            u"Παρασκευή"_s, u"Σάββατο"_s, u"Κυριακή"_s};
+const QString monthNames[] = {u"Ιανουάριος"_s,  u"Φεβρουάριος"_s, u"Μάρτιος"_s,   u"Απρίλιος"_s,
+                              u"Μάιος"_s,       u"Ιούνιος"_s,     u"Ιούλιος"_s,   u"Αύγουστος"_s,
+                              u"Σεπτέμβριος"_s, u"Οκτώβριος"_s,   u"Νοέμβριος"_s, u"Δεκέμβριος"_s};
+const QString monthGenitives[] = {u"Ιανουαρίου"_s,  u"Φεβρουαρίου"_s, u"Μαρτίου"_s,   u"Απριλίου"_s,
+                                  u"Μαΐου"_s,       u"Ιουνίου"_s,     u"Ιουλίου"_s,   u"Αυγούστου"_s,
+                                  u"Σεπτεμβρίου"_s, u"Οκτωβρίου"_s,   u"Νοεμβρίου"_s, u"Δεκεμβρίου"_s};
+const QString monthShort[] = {u"Ιαν"_s,  u"Φεβ"_s, u"Μαρ"_s, u"Απρ"_s, u"Μαϊ"_s, u"Ιουν"_s,
+                              u"Ιουλ"_s, u"Αυγ"_s, u"Σεπ"_s, u"Οκτ"_s, u"Νοε"_s, u"Δεκ"_s};
 
 Part partOf(QChar letter) {
     switch (letter.toLower().unicode()) {
@@ -105,7 +105,7 @@ QString padded(int value, int count, int width = 2) {
 
 QString dayText(QDate date, int count) {
     if (count <= 2) return padded(date.day(), count);
-    const QString name = QString::fromUtf16(dayNames[date.dayOfWeek() - 1]);
+    const QString name = dayNames[date.dayOfWeek() - 1];
     if (count > 3) return name;
     return date.dayOfWeek() == 6 ? u"Σαβ"_s : name.left(3);
 }
@@ -113,7 +113,7 @@ QString dayText(QDate date, int count) {
 QString monthText(QDate date, int count, bool afterDay) {
     if (count <= 2) return padded(date.month(), count);
     const auto& names = count == 3 ? monthShort : afterDay ? monthGenitives : monthNames;
-    return QString::fromUtf16(names[date.month() - 1]);
+    return names[date.month() - 1];
 }
 
 }  // namespace

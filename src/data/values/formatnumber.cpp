@@ -59,7 +59,7 @@ QStringView sectionFor(const Decimal& value, QStringView pattern, bool* ownNegat
 
 QString integerText(const Decimal& value, const Layout& layout) {
     QString text;
-    if (value.point > 0) text = QString::fromLatin1(value.digits.left(value.point).leftJustified(value.point, '0'));
+    if (value.point > 0) text = QString::fromUtf8(value.digits.left(value.point).leftJustified(value.point, '0'));
     text = text.rightJustified(layout.integerZeros, u'0');
     if (!layout.grouped) return text;
     QString grouped;
@@ -74,7 +74,7 @@ QString fractionText(const Decimal& value, const Layout& layout) {
     QByteArray text;
     if (value.point < 0) text = QByteArray(qMin(-value.point, layout.fractionPlaces), '0');
     text += value.digits.mid(qMax(0, value.point));
-    return QString::fromLatin1(text.leftJustified(layout.fractionZeros, '0'));
+    return QString::fromUtf8(text.leftJustified(layout.fractionZeros, '0'));
 }
 
 }  // namespace

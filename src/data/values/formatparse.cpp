@@ -4,6 +4,8 @@
 #include "data/values/fold.h"
 #include "data/values/format.h"
 
+using namespace Qt::Literals::StringLiterals;
+
 namespace data {
 namespace {
 
@@ -62,14 +64,13 @@ enum class HalfDay { None, Morning, Afternoon };
 // Cuts "πμ", "μμ", "AM", "PM" off the end.
 HalfDay takeHalfDay(QString& text) {
     static const struct {
-        const char16_t* word;
+        QString word;
         HalfDay half;
-    } words[] = {{u"πμ", HalfDay::Morning},     {u"μμ", HalfDay::Afternoon}, {u"π.μ.", HalfDay::Morning},
-                 {u"μ.μ.", HalfDay::Afternoon}, {u"am", HalfDay::Morning},   {u"pm", HalfDay::Afternoon}};
+    } words[] = {{u"πμ"_s, HalfDay::Morning},     {u"μμ"_s, HalfDay::Afternoon}, {u"π.μ."_s, HalfDay::Morning},
+                 {u"μ.μ."_s, HalfDay::Afternoon}, {u"am"_s, HalfDay::Morning},   {u"pm"_s, HalfDay::Afternoon}};
     for (const auto& [word, half] : words) {
-        const QStringView ending(word);
-        if (!text.endsWith(ending)) continue;
-        text = text.chopped(ending.size()).trimmed();
+        if (!text.endsWith(word)) continue;
+        text = text.chopped(word.size()).trimmed();
         return half;
     }
     return HalfDay::None;
