@@ -119,7 +119,7 @@ void ListEditor::refresh(const QVariant& selected) {
     for (int i = 0; i < list_->count(); ++i)
         if (i == 0 || list_->row(i).tag == selected) list_->selectRow(i);
     showList();
-    emit changed();
+    mod_.doors.listsChanged();
 }
 
 QVariant ListEditor::selectedCode() const {

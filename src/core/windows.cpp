@@ -6,13 +6,20 @@ Form* Windows::find(const QString& name) const {
     return forms_.value(name);
 }
 
+void Windows::open(const QString& name, QWidget* parent) {
+    if (dialogs_.contains(name))
+        dialog(name, parent)->exec();
+    else
+        front(name);
+}
+
 Form* Windows::front(const QString& name) {
     if (Form* form = find(name)) {
         host_.bringToFront(form);
         return form;
     }
-    if (!knows(name)) return nullptr;
-    Form* form = factories_.value(name)();
+    if (!factories_.contains(name)) return nullptr;
+    Form* form = factories_[name]();
     forms_.insert(name, form);
     order_.append(name);
     QObject::connect(form, &Form::openRequested, form, [this](const QString& other) { front(other); });
