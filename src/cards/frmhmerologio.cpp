@@ -49,8 +49,8 @@ frmHmerologio::frmHmerologio(core::MainMod& mod)
     controls::add(controls::pageLayout(this), {filter(), {ListView1, 1}, foot()});
     setMinimumSize(720, 480);
     on(ListView1, &controls::ListView::columnClicked, [this](int column) { columnClicked(column); });
-    on(ListView1, &controls::ListView::rowActivated, [this] {
-        if (const QVariant card = ListView1->currentTag(); card.isValid()) mod_.doors.openCard(card.toLongLong());
+    on(ListView1, &controls::ListView::rowActivated, [this](int row) {
+        if (const QVariant card = ListView1->row(row).tag; card.isValid()) mod_.doors.openCard(card.toLongLong());
     });
     enterRuns(txtAitia, [this] { FillList(); });
 }
