@@ -25,8 +25,8 @@ namespace {
 const QString section = u"lvFind"_s;
 
 // The columns in the order of the condition; the order of the rows is their own.
-constexpr const char16_t* searched[] = {u"επωνυμο",   u"ονομα",     u"εταιρια", u"τηλεφωνο1", u"τηλεφωνο2",
-                                        u"τηλεφωνο3", u"τηλεφωνο4", u"email",   u"κινητο"};
+const QString searched[] = {u"επωνυμο"_s,   u"ονομα"_s,     u"εταιρια"_s, u"τηλεφωνο1"_s, u"τηλεφωνο2"_s,
+                            u"τηλεφωνο3"_s, u"τηλεφωνο4"_s, u"email"_s,   u"κινητο"_s};
 
 bool isNumber(QStringView column) {
     return column.startsWith(u"τηλεφωνο") || column == u"κινητο";
@@ -45,12 +45,11 @@ QVector<controls::ListColumn> columns() {
 QString findStatement(const QString& text) {
     const QString pattern = core::sqlText(text);
     QStringList conditions;
-    for (const char16_t* column : searched) conditions << u"%1 like '%2%'"_s.arg(QString::fromUtf16(column), pattern);
+    for (const QString& column : searched) conditions << u"%1 like '%2%'"_s.arg(column, pattern);
     // A telephone number is the same one however it was written, and however the search writes it.
     if (!text.startsWith(u' ') && data::looksLikePhone(text))
-        for (const char16_t* column : searched)
-            if (isNumber(column))
-                conditions << u"phonekey(%1) like '%2%'"_s.arg(QString::fromUtf16(column), data::phoneKey(text));
+        for (const QString& column : searched)
+            if (isNumber(column)) conditions << u"phonekey(%1) like '%2%'"_s.arg(column, data::phoneKey(text));
     return u"Select [επωνυμο],[ονομα],[εταιρια],[διευθυνση],[τηλεφωνο1],[email],[code] from cards where "_s +
            conditions.join(u" or "_s) + u" ORDER BY επωνυμο,ονομα,email"_s;
 }

@@ -64,10 +64,9 @@ void MDIMain::load() {
     tick();
     if (mod_.services.settings.value(settingsSection, u"Name"_s).isEmpty())
         windows_.open(u"frmOwner"_s, isVisible() ? this : nullptr);
-    for (const char* name : {"frmTodayShow", "frmNameDay"})
-        if (windows_.knows(QString::fromLatin1(name)) &&
-            mod_.services.settings.number(optionsSection, QString::fromLatin1(name) + u"Start"_s, 1) == 1)
-            windows_.front(QString::fromLatin1(name));
+    for (const QString& name : {u"frmTodayShow"_s, u"frmNameDay"_s})
+        if (windows_.knows(name) && mod_.services.settings.number(optionsSection, name + u"Start"_s, 1) == 1)
+            windows_.front(name);
 }
 
 void MDIMain::buildMenus() {
