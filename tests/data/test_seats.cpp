@@ -117,7 +117,7 @@ private slots:
         QMap<qint64, qint64> saved;  // row to the last value reported
         for (int round = 0; round < kills; ++round) {
             QProcess writer;
-            writer.start(QString::fromUtf8(ROAD_WRITER), {office_->file(), QString::number(next)});
+            writer.start(QString::fromUtf8(DORV_PROGRAM), {office_->file(), QString::number(next)});
             QVERIFY(writer.waitForStarted());
             const int lines = round % 12;
             QByteArray output;

@@ -1,15 +1,24 @@
 // What a failing piece of work says.
 #pragma once
 
+#include <optional>
+
 #include "data/error.h"
 
-// The text of the failure, "" when there was none.
-template <typename Work>
-QString failureOf(Work work) {
+// Any other kind of failure goes on to the caller.
+template <typename Failure = data::Error, typename Work>
+std::optional<Failure> errorOf(Work work) {
     try {
         work();
-    } catch (const data::Error& error) {
-        return error.text();
+    } catch (const Failure& error) {
+        return error;
     }
     return {};
+}
+
+// The text of the failure, "" when there was none.
+template <typename Failure = data::Error, typename Work>
+QString failureOf(Work work) {
+    const auto error = errorOf<Failure>(work);
+    return error ? error->text() : QString();
 }
