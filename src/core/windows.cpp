@@ -1,5 +1,9 @@
 #include "core/windows.h"
 
+#include "core/printpreview.h"
+
+using namespace Qt::Literals::StringLiterals;
+
 namespace core {
 
 Form* Windows::find(const QString& name) const {
@@ -45,6 +49,14 @@ bool Windows::unloadAll() {
     while (!order_.isEmpty())
         if (!unload(order_.last())) return false;
     return true;
+}
+
+void addWindows(Windows& windows, MainMod& mod) {
+    // With an empty page in it: a preview is always of something.
+    windows.addDialog(u"PrintPreview"_s, [&mod](QWidget* parent) {
+        const PrintJob nothing{u"Προεπισκόπηση"_s, [](platform::Printer&, const PrintStep&) {}};
+        return std::make_unique<PrintPreview>(mod, parent, nothing);
+    });
 }
 
 }  // namespace core

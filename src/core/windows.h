@@ -59,4 +59,7 @@ private:
     QStringList order_;
 };
 
+// The windows of this room.
+void addWindows(Windows& windows, MainMod& mod);
+
 }  // namespace core

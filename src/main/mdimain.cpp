@@ -46,6 +46,7 @@ MDIMain::MDIMain(core::MainMod& mod) : mod_(mod), windows_(*this), area_(new QMd
     };
     for (int i = 1; i <= 3; ++i) ownActions_.insert(controls::arrayName(u"MnuCat"_s, i), [this, i] { setNoun(i); });
     for (int i = 0; i <= 2; ++i) ownActions_.insert(controls::arrayName(u"mnuTheme"_s, i), [this, i] { setTheme(i); });
+    core::addWindows(windows_, mod_);
     cards::addWindows(windows_, mod_);
     users::addWindows(windows_, mod_);
     buildMenus();
