@@ -11,7 +11,6 @@
 #include "controls/theme.h"
 #include "core/columnwidths.h"
 #include "core/printlist.h"
-#include "core/sqltext.h"
 #include "data/format.h"
 #include "data/recordset.h"
 
@@ -166,8 +165,8 @@ JournalFilter frmHmerologio::filter() {
     JournalFilter filter{*from, *to, txtAitia->text(), {}};
     const QString category = Combo1->currentText();
     if (category.isEmpty()) return filter;
-    data::Recordset found(
-        mod_.gConn, u"select description,code from cardKategory where description='%1'"_s.arg(core::sqlText(category)));
+    data::Recordset found(mod_.gConn,
+                          data::Sql(u"select description,code from cardKategory where description=?"_s, category));
     if (found.isEmpty())
         throw data::Error(data::ErrorCategory::Constraint, u"Η κατηγορία «%1» δεν υπάρχει πια."_s.arg(category));
     filter.category = found[u"code"].toLong();
