@@ -5,8 +5,8 @@
 #include "controls/theme.h"
 #include "core/printlist.h"
 #include "core/required.h"
-#include "core/sqltext.h"
 #include "data/recordset.h"
+#include "data/sql.h"
 
 using namespace Qt::Literals::StringLiterals;
 
@@ -99,8 +99,8 @@ JournalFilter frmHmerologio::chosen() {
     JournalFilter filter{days.from, days.to, txtAitia->text(), {}};
     const QString category = Combo1->currentText();
     if (category.isEmpty()) return filter;
-    data::Recordset found(
-        mod_.gConn, u"select description,code from cardKategory where description='%1'"_s.arg(core::sqlText(category)));
+    data::Recordset found(mod_.gConn,
+                          data::Sql(u"select description,code from cardKategory where description=?"_s, category));
     if (found.isEmpty())
         throw data::Error(data::ErrorCategory::Constraint, u"Η κατηγορία «%1» δεν υπάρχει πια."_s.arg(category));
     filter.category = found[u"code"].toLong();
