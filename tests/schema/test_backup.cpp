@@ -13,9 +13,11 @@
 #endif
 
 #include "data/password.h"
-#include "scratchoffice.h"
+#include "support/failure.h"
+#include "support/officefolder.h"
 
 using namespace Qt::Literals::StringLiterals;
+using namespace support;
 using schema::Database;
 
 namespace {
@@ -44,7 +46,7 @@ struct Site {
         return QDir(scratch.path()).entryList(QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot);
     }
     schema::BackupInfo backup(const schema::BackupOptions& options = {}) {
-        return schema::backupOffice(office.folder.path(), file, options);
+        return schema::backupOffice(office.folder(), file, options);
     }
 
     ScratchOffice office;
@@ -89,7 +91,7 @@ private slots:
         Site site;
         const schema::BackupInfo info = site.backup({.now = moment});
         QCOMPARE(info.made, moment);
-        QCOMPARE(info.folder, site.office.folder.path());
+        QCOMPARE(info.folder, site.office.folder());
         QVERIFY(info.rows > 400);
         QCOMPARE(site.left(), QStringList({u"αντίγραφο.tar"_s}));
         QCOMPARE(QFileInfo(site.file).permissions() & 0x77, QFile::Permissions());
@@ -210,7 +212,7 @@ private slots:
         QVERIFY(!failureOf([&] { schema::restoreOffice(site.file, site.other); }).isEmpty());
         QVERIFY(!QFileInfo::exists(site.other));
         QVERIFY(!failureOf([&] {
-                     schema::restoreOffice(site.file, site.office.folder.path(), {.force = true});
+                     schema::restoreOffice(site.file, site.office.folder(), {.force = true});
                  }).isEmpty());
         QCOMPARE(site.cards(site.office.main), u"400"_s);
     }
@@ -219,7 +221,7 @@ private slots:
         Site site;
         site.backup();
         site.office.main.execute(u"delete from Cards where code>50"_s);
-        const QString folder = site.office.folder.path();
+        const QString folder = site.office.folder();
         QVERIFY(failureOf([&] { schema::restoreOffice(site.file, folder); }).contains(u"Υπάρχει ήδη"));
         QVERIFY(failureOf([&] {
                     schema::restoreOffice(site.file, folder, {.force = true});
@@ -243,7 +245,7 @@ private slots:
         site.office.closeBoth();
         overwrite(site.office.mainFile(), 0, QByteArray(4096, '\x5A'));
         overwrite(site.office.mainFile() + u"-wal"_s, 0, "journal");
-        const QStringList aside = schema::restoreOffice(site.file, site.office.folder.path(),
+        const QStringList aside = schema::restoreOffice(site.file, site.office.folder(),
                                                         {.force = true, .databases = {Database::Main}, .now = moment});
         QCOMPARE(aside.size(), 1);
         QCOMPARE(contents(aside[0] + u"-wal"_s), QByteArray("journal"));

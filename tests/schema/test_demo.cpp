@@ -6,9 +6,11 @@
 #include "data/password.h"
 #include "schema/demo/latin.h"
 #include "schema/tables.h"
-#include "scratchoffice.h"
+#include "support/failure.h"
+#include "support/officefolder.h"
 
 using namespace Qt::Literals::StringLiterals;
+using namespace support;
 using schema::Database;
 
 namespace {

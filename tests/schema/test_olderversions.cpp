@@ -3,9 +3,11 @@
 #include "schema/check.h"
 #include "schema/officebuilder.h"
 #include "schema/upgrade.h"
-#include "scratchoffice.h"
+#include "support/failure.h"
+#include "support/officefolder.h"
 
 using namespace Qt::Literals::StringLiterals;
+using namespace support;
 using schema::Database;
 
 namespace {

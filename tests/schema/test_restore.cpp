@@ -6,7 +6,8 @@
 #include "platform/filestate.h"
 #include "schema/backup.h"
 #include "schema/backupparts.h"
-#include "scratchoffice.h"
+#include "support/failure.h"
+#include "support/officefolder.h"
 
 #ifdef Q_OS_UNIX
 #include <sys/stat.h>
@@ -17,6 +18,7 @@
 #endif
 
 using namespace Qt::Literals::StringLiterals;
+using namespace support;
 using schema::Database;
 
 namespace {
@@ -43,7 +45,7 @@ struct Site {
         office.main.execute(u"insert into Cards (ΕΠΩΝΥΜΟ) values ('νέα')"_s);
         office.closeBoth();
     }
-    QString folder() const { return office.folder.path(); }
+    QString folder() const { return office.folder(); }
     QString main() const { return office.mainFile(); }
     QStringList restore(const schema::RestoreOptions& options = {.force = true, .now = moment}) {
         return schema::restoreOffice(file, folder(), options);

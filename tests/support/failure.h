@@ -1,6 +1,7 @@
 // What a failing piece of work says.
 #pragma once
 
+#include <QtTest>
 #include <optional>
 
 #include "data/error.h"
@@ -22,3 +23,19 @@ QString failureOf(Work work) {
     const auto error = errorOf<Failure>(work);
     return error ? error->text() : QString();
 }
+
+// The statements fail with an error of this category.
+#define VERIFY_ERROR(wanted, ...)                                                      \
+    do {                                                                               \
+        const auto thrown_ = errorOf([&] { __VA_ARGS__; });                            \
+        QVERIFY2(thrown_.has_value(), "nothing was thrown");                           \
+        QVERIFY2(thrown_->category() == data::ErrorCategory::wanted, thrown_->what()); \
+    } while (false)
+
+// The statements fail with an error whose text has this part.
+#define VERIFY_FAILURE(part, ...)                                  \
+    do {                                                           \
+        const auto thrown_ = errorOf([&] { __VA_ARGS__; });        \
+        QVERIFY2(thrown_.has_value(), "nothing was thrown");       \
+        QVERIFY2(thrown_->text().contains(part), thrown_->what()); \
+    } while (false)
