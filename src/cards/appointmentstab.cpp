@@ -56,8 +56,9 @@ void AppointmentsTab::fill(const QString& code) {
     QVector<controls::ListRow> rows;
     try {
         for (data::Recordset dates(mod_.gConn,
-                                   u"Select aa,[contact],[subject],[location],[day],[start],[end],[notes] "
-                                   "from dates where codecard=%1"_s.arg(code));
+                                   data::Sql(u"Select aa,[contact],[subject],[location],[day],[start],[end],[notes] "
+                                             "from dates where codecard=?"_s,
+                                             code.toLongLong()));
              !dates.eof(); dates.moveNext())
             rows.append({{dates[u"subject"].text(), dates[u"location"].text(), dayText(dates[u"day"].toDate()),
                           timeText(dates[u"start"].value()), timeText(dates[u"end"].value()), dates[u"notes"].text()},
@@ -83,7 +84,7 @@ void AppointmentsTab::deleteAppointment() {
     if (row < 0 ||
         !mod_.services.prompts.question(this, core::programTitle(), u"Να συνεχίσω με διαγραφή της Συνάντησης;"_s))
         return;
-    mod_.gConn.execute(u"Delete from dates where aa=%1"_s.arg(ListView3->row(row).tag.toLongLong()));
+    mod_.gConn.execute(data::Sql(u"Delete from dates where aa=?"_s, ListView3->row(row).tag.toLongLong()));
     fill(code_);
 }
 

@@ -192,12 +192,12 @@ void frmAddress::refillLists() {
     const QString shown = categories->currentText();
     FillCombo();
     if (categories->currentText() == shown) return;
-    const QVariant code =
-        isEditing() && mRsCard.isOpen() && !mAdding
-            ? mRsCard[u"category"].value()
-            : data::Recordset(mod_.gConn, u"select category from cards where code=%1"_s.arg(CurrentCode.toLongLong()))
-                  .field(0)
-                  .value();
+    const QVariant code = isEditing() && mRsCard.isOpen() && !mAdding
+                              ? mRsCard[u"category"].value()
+                              : data::Recordset(mod_.gConn, data::Sql(u"select category from cards where code=?"_s,
+                                                                      CurrentCode.toLongLong()))
+                                    .field(0)
+                                    .value();
     if (!mAdding) categories->setCurrentIndex(std::max(0, categories->findText(categoryName(code))));
 }
 
@@ -219,7 +219,8 @@ void frmAddress::FillCombo() {
     fill(u"Combo3"_s, u"select ONOMA,HMERA from NameDay order by onoma"_s,
          [](data::Recordset& row) { return nameDayLine(row[u"ONOMA"].text(), row[u"HMERA"].toDate()); });
     for (int n = 1; n <= 4; ++n)
-        fill(controls::arrayName(u"Combo4"_s, n - 1), u"select Description from combo%1 order by Description"_s.arg(n),
+        fill(controls::arrayName(u"Combo4"_s, n - 1),
+             data::Sql(u"select Description from ? order by Description"_s, data::Sql::name(u"combo%1"_s.arg(n))),
              description);
 }
 
@@ -252,7 +253,7 @@ void frmAddress::ShowCard(bool Reload) {
     ClearCard();
     try {
         const BusyCursor busy;  // gone before any box
-        data::Recordset row(mod_.gConn, u"Select * from cards where code=%1 "_s.arg(CurrentCode));
+        data::Recordset row(mod_.gConn, data::Sql(u"Select * from cards where code=?"_s, CurrentCode.toLongLong()));
         if (row.isEmpty()) {
             mod_.beep();
             return;
@@ -317,8 +318,8 @@ void frmAddress::SendMail(const QString& to) {
 
 QString frmAddress::categoryName(const QVariant& code) {
     if (!code.isValid()) return {};
-    data::Recordset category(mod_.gConn,
-                             u"select description,Payable from cardKategory where code=%1"_s.arg(code.toLongLong()));
+    data::Recordset category(
+        mod_.gConn, data::Sql(u"select description,Payable from cardKategory where code=?"_s, code.toLongLong()));
     return category.isEmpty() ? QString() : category[u"description"].text();
 }
 
@@ -367,7 +368,7 @@ void frmAddress::PreviousCard() {
 }
 
 void frmAddress::GoToRec(double Code) {
-    mRsCards.find(u"code=%1"_s.arg(static_cast<qint64>(Code)));
+    mRsCards.find(data::Sql(u"code=?"_s, static_cast<qint64>(Code)));
     CurrentCode = mRsCards[u"code"].text();
     ShowCard(true);
 }
@@ -388,7 +389,7 @@ void frmAddress::goTo(qint64 code) {
         return core::complain(mod_, this,
                               u"Η καρτέλα που φαίνεται είναι σε διόρθωση.\nΑποθηκεύστε ή "
                               "ακυρώστε πρώτα τις αλλαγές."_s);
-    const QString criterion = u"code=%1"_s.arg(code);
+    const QString criterion = data::Sql(u"code=?"_s, code);
     if (hasCards()) mRsCards.moveFirst();
     mRsCards.find(criterion);
     if (mRsCards.eof()) {

@@ -2,14 +2,13 @@
 #include "cards/cardbinding.h"
 #include "cards/frmaddress.h"
 #include "cards/photofile.h"
-#include "core/sqltext.h"
 
 using namespace Qt::Literals::StringLiterals;
 
 namespace cards {
 
 void frmAddress::openCarrier() {
-    mRsCard.open(mod_.gConn, u"Select * from cards where code=%1 "_s.arg(CurrentCode));
+    mRsCard.open(mod_.gConn, data::Sql(u"Select * from cards where code=?"_s, CurrentCode.toLongLong()));
 }
 
 void frmAddress::startEditing(const QString& title) {
@@ -101,8 +100,8 @@ void frmAddress::SaveCard() {
 void frmAddress::writeCard() {
     if (!mRsCard.isOpen()) openCarrier();
     const QString name = qobject_cast<QComboBox*>(view_->control(u"Combo1"_s))->currentText();
-    data::Recordset category(
-        mod_.gConn, u"select description,code from cardKategory where description='%1'"_s.arg(core::sqlText(name)));
+    data::Recordset category(mod_.gConn,
+                             data::Sql(u"select description,code from cardKategory where description=?"_s, name));
     if (category.isEmpty())
         throw data::Error(data::ErrorCategory::Constraint, u"Η κατηγορία «%1» δεν υπάρχει πια."_s.arg(name));
     if (mAdding && mRsCard.editMode() != data::EditMode::Add) mRsCard.addNew();
@@ -121,7 +120,7 @@ void frmAddress::afterSave() {
     view_->selectTab(CardTab::Basic);
     mRsCard.close();
     mRsCards.requery();
-    mRsCards.find(u"code="_s + CurrentCode);
+    mRsCards.find(data::Sql(u"code=?"_s, CurrentCode.toLongLong()));
     if (mRsCards.eof() && !mRsCards.isEmpty()) mRsCards.moveFirst();  // deleted again meanwhile
     ShowCard(true);
 }
@@ -148,7 +147,7 @@ void frmAddress::CancelCard() {
 void frmAddress::alignKeySet() {
     if (!mRsCards.eof() && !mRsCards.bof() && mRsCards[u"code"].text() == CurrentCode) return;
     mRsCards.moveFirst();
-    mRsCards.find(u"code="_s + CurrentCode);
+    mRsCards.find(data::Sql(u"code=?"_s, CurrentCode.toLongLong()));
     if (!mRsCards.eof()) return;
     mRsCards.moveFirst();
     throw data::Error(data::ErrorCategory::Conflict, u"Η καρτέλα διαγράφηκε στο μεταξύ."_s);
@@ -160,8 +159,8 @@ void frmAddress::DeleteCard() {
     if (!hasCards()) return ClearCard();
     alignKeySet();
     data::Transaction transaction(mod_.gConn);
-    const QString entry = core::sqlText(mRsCards[u"OutlookEntryID"].text());
-    mod_.gConn.execute(u"Insert Into ToBeDeleted (EntryID) Values ('%1')"_s.arg(entry));
+    mod_.gConn.execute(
+        data::Sql(u"Insert Into ToBeDeleted (EntryID) Values (?)"_s, mRsCards[u"OutlookEntryID"].text()));
     mRsCards.remove();
     transaction.commit();
     if (!mRsCards.isEmpty()) return showFirst();

@@ -37,8 +37,8 @@ const QVector<FieldGroup> historyGroups = {
 }  // namespace
 
 FieldsEditor::FieldsEditor(core::MainMod& mod, const QString& name, const QString& caption,
-                           const QVector<FieldGroup>& groups, int columns, std::function<void(int)> openList)
-    : Form(mod, name, caption, {u"Fields"_s, 1000, 0}), openList_(std::move(openList)) {
+                           const QVector<FieldGroup>& groups, int columns, bool editableLists)
+    : Form(mod, name, caption, {u"Fields"_s, 1000, 0}), editableLists_(editableLists) {
     auto* layout = new QVBoxLayout(this);
     layout->setContentsMargins(12, 10, 12, 10);
     layout->setSpacing(10);
@@ -83,10 +83,10 @@ QGroupBox* FieldsEditor::buildGroup(const FieldGroup& group) {
             grid->addWidget(row.check, i + 1, 1, Qt::AlignCenter);
         }
         grid->addWidget(row.text, i + 1, 2);
-        if (lists && openList_) {
+        if (lists && editableLists_) {
             auto* values = named(new QPushButton(u"Τιμές..."_s), arrayName(u"cmdCombo"_s, i));
             values->setAccessibleName(u"Τιμές λίστας %1"_s.arg(i + 1));
-            on(values, &QPushButton::clicked, [this, i] { openList_(i + 1); });
+            on(values, &QPushButton::clicked, [this, i] { mod_.doors.openValues(i + 1); });
             grid->addWidget(values, i + 1, 3);
         }
         rows_.append(row);
@@ -131,8 +131,8 @@ bool FieldsEditor::queryUnload() {
                                           u"Οι αλλαγές των πεδίων δεν επικυρώθηκαν.\nΝα κλείσει χωρίς αυτές;"_s);
 }
 
-frmFields::frmFields(core::MainMod& mod, std::function<void(int)> openList)
-    : FieldsEditor(mod, u"frmFields"_s, u"Παραμετρικά Πεδία Καρτέλας"_s, cardGroups, 3, std::move(openList)) {}
+frmFields::frmFields(core::MainMod& mod)
+    : FieldsEditor(mod, u"frmFields"_s, u"Παραμετρικά Πεδία Καρτέλας"_s, cardGroups, 3, true) {}
 
 frmFields1::frmFields1(core::MainMod& mod)
     : FieldsEditor(mod, u"frmFields1"_s, u"Παραμετρικά Πεδία Ιστορικού"_s, historyGroups, 1) {}

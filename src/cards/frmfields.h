@@ -27,9 +27,9 @@ struct FieldGroup {
 class FieldsEditor : public core::Form {
     Q_OBJECT
 protected:
-    // `lists` gets a button beside each of its rows that opens the values of that list.
+    // With `editableLists` each of the lists gets a button that opens its values.
     FieldsEditor(core::MainMod& mod, const QString& name, const QString& caption, const QVector<FieldGroup>& groups,
-                 int columns, std::function<void(int)> openList = {});
+                 int columns, bool editableLists = false);
     void onLoad() override;
     bool queryUnload() override;
 
@@ -42,7 +42,7 @@ private:
     QGroupBox* buildGroup(const FieldGroup& group);
     void confirm();
 
-    std::function<void(int)> openList_;
+    bool editableLists_;
     QVector<Row> rows_;
     bool confirmed_ = false;
     QStringList loaded_;
@@ -53,8 +53,7 @@ private:
 class frmFields : public FieldsEditor {
     Q_OBJECT
 public:
-    // `openList` opens the values of a list, by its number from 1.
-    frmFields(core::MainMod& mod, std::function<void(int)> openList);
+    explicit frmFields(core::MainMod& mod);
 };
 
 // Fields of the movements.

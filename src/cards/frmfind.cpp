@@ -10,7 +10,6 @@
 #include "core/columnwidths.h"
 #include "core/guard.h"
 #include "core/placement.h"
-#include "core/sqltext.h"
 #include "data/recordset.h"
 #include "data/values/phonekey.h"
 
@@ -24,14 +23,6 @@ namespace {
 
 const QString section = u"lvFind"_s;
 
-// The columns in the order of the condition; the order of the rows is their own.
-const QString searched[] = {u"επωνυμο"_s,   u"ονομα"_s,     u"εταιρια"_s, u"τηλεφωνο1"_s, u"τηλεφωνο2"_s,
-                            u"τηλεφωνο3"_s, u"τηλεφωνο4"_s, u"email"_s,   u"κινητο"_s};
-
-bool isNumber(QStringView column) {
-    return column.startsWith(u"τηλεφωνο") || column == u"κινητο";
-}
-
 QVector<controls::ListColumn> columns() {
     return {{u"Name"_s, u"Επώνυμο"_s},
             {u"Code"_s, u"Όνομα"_s},
@@ -43,15 +34,17 @@ QVector<controls::ListColumn> columns() {
 }  // namespace
 
 QString findStatement(const QString& text) {
-    const QString pattern = core::sqlText(text);
-    QStringList conditions;
-    for (const QString& column : searched) conditions << u"%1 like '%2%'"_s.arg(column, pattern);
+    using data::Sql;
     // A telephone number is the same one however it was written, and however the search writes it.
-    if (!text.startsWith(u' ') && data::looksLikePhone(text))
-        for (const QString& column : searched)
-            if (isNumber(column)) conditions << u"phonekey(%1) like '%2%'"_s.arg(column, data::phoneKey(text));
-    return u"Select [επωνυμο],[ονομα],[εταιρια],[διευθυνση],[τηλεφωνο1],[email],[code] from cards where "_s +
-           conditions.join(u" or "_s) + u" ORDER BY επωνυμο,ονομα,email"_s;
+    const bool isPhone = !text.startsWith(u' ') && data::looksLikePhone(text);
+    const Sql::Value number = isPhone ? Sql::starting(data::phoneKey(text)) : Sql::Value(std::nullopt);
+    return Sql(
+        u"Select [επωνυμο],[ονομα],[εταιρια],[διευθυνση],[τηλεφωνο1],[email],[code] from cards where "
+        "επωνυμο like ? or ονομα like ? or εταιρια like ? or τηλεφωνο1 like ? or τηλεφωνο2 like ? or "
+        "τηλεφωνο3 like ? or τηλεφωνο4 like ? or email like ? or κινητο like ? "
+        "{or phonekey(τηλεφωνο1) like ? or phonekey(τηλεφωνο2) like ? or phonekey(τηλεφωνο3) like ? or "
+        "phonekey(τηλεφωνο4) like ? or phonekey(κινητο) like ?} ORDER BY επωνυμο,ονομα,email"_s,
+        QVector<Sql::Value>(9, Sql::starting(text)) + QVector<Sql::Value>(5, number));
 }
 
 frmFind::frmFind(core::MainMod& mod, QWidget* parent, std::function<void(const FoundCard&)> chosen)

@@ -201,7 +201,7 @@ void frmHistory::load() {
 }
 
 void frmHistory::openCarrier() {
-    mRsHistory.open(mod_.gConn, EditMode ? u"select * from HISTORY where aa=%1"_s.arg(MovementId)
+    mRsHistory.open(mod_.gConn, EditMode ? data::Sql(u"select * from HISTORY where aa=?"_s, MovementId)
                                          : u"select * from history where aa=0"_s);
 }
 

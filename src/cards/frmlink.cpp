@@ -85,7 +85,7 @@ bool frmLink::load() {
 }
 
 bool frmLink::readLinkRow() {
-    mRsLink.open(mod_.gConn, u"select * from links where aa=%1"_s.arg(LinkId));
+    mRsLink.open(mod_.gConn, data::Sql(u"select * from links where aa=?"_s, LinkId));
     if (mRsLink.isEmpty()) {
         core::complain(mod_, this, u"Η συγκεκριμένη σύνδεση έχει ακυρωθεί !"_s);
         return false;
@@ -136,7 +136,7 @@ void frmLink::save() {
         return Text1->setFocus(Qt::OtherFocusReason);
     }
     if (path_.isEmpty()) return core::complain(mod_, this, u"Δεν έχετε επιλέξει αρχείο για τη σύνδεση !"_s, choose_);
-    if (!mRsLink.isOpen()) mRsLink.open(mod_.gConn, u"select * from links where aa=%1"_s.arg(LinkId));
+    if (!mRsLink.isOpen()) mRsLink.open(mod_.gConn, data::Sql(u"select * from links where aa=?"_s, LinkId));
     if (!EditMode && mRsLink.editMode() != data::EditMode::Add) mRsLink.addNew();
     writeText(mRsLink[u"ΠΕΡΙΓΡΑΦΗ"], Text1->text());
     mRsLink[u"ΣΥΝΔΕΣΗ"].setValue(path_);

@@ -147,9 +147,9 @@ void HistoryTab::fill(const QString& code) {
     if (!from || !to) throw data::Error(data::ErrorCategory::Type, u"Η περίοδος των κινήσεων δεν είναι σωστή."_s);
     Ledger ledger(*from, *to);
     // Named columns, since notes and photos of every movement would be read along with all of them.
-    data::Recordset rows(mod_.gConn,
-                         u"Select aa,ΗΜΕΡΟΜΗΝΙΑ,ΑΙΤΙΟΛΟΓΙΑ,ΧΡΕΩΣΗ,ΠΙΣΤΩΣΗ from History where "
-                         "codecards=%1 order by ημερομηνια,aa"_s.arg(code));
+    data::Recordset rows(mod_.gConn, data::Sql(u"Select aa,ΗΜΕΡΟΜΗΝΙΑ,ΑΙΤΙΟΛΟΓΙΑ,ΧΡΕΩΣΗ,ΠΙΣΤΩΣΗ from History where "
+                                               "codecards=? order by ημερομηνια,aa"_s,
+                                               code.toLongLong()));
     for (; !rows.eof(); rows.moveNext())
         ledger.add({rows.field(0).toLong(), rows.field(1).toDate(), rows.field(2).text(),
                     Money::of(rows.field(3).toDouble()), Money::of(rows.field(4).toDouble())});
@@ -172,9 +172,9 @@ void HistoryTab::selectChanged() {
 }
 
 void HistoryTab::storeBalance() {
-    data::Recordset stored(mod_.gConn, u"select total from cards where code=%1"_s.arg(code_));
+    data::Recordset stored(mod_.gConn, data::Sql(u"select total from cards where code=?"_s, code_.toLongLong()));
     if (stored.isEmpty() || (!stored[u"total"].isNull() && stored[u"total"].toDouble() == balance_.toDouble())) return;
-    mod_.gConn.execute(u"Update cards set total=%1 Where code=%2"_s.arg(balance_.sqlText(), code_));
+    mod_.gConn.execute(data::Sql(u"Update cards set total=? Where code=?"_s, balance_.toDouble(), code_.toLongLong()));
 }
 
 void HistoryTab::clear() {
@@ -237,7 +237,7 @@ void HistoryTab::deleteMovement() {
     if (!browsing_ || !movement) return;
     ListView1->setFocus(Qt::OtherFocusReason);
     if (!mod_.services.prompts.question(this, core::programTitle(), u"Να συνεχίσω με διαγραφή της κίνησης;"_s)) return;
-    mod_.gConn.execute(u"Delete from history where aa=%1"_s.arg(*movement));
+    mod_.gConn.execute(data::Sql(u"Delete from history where aa=?"_s, *movement));
     refresh();
 }
 

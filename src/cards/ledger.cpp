@@ -53,10 +53,6 @@ QString Money::text() const {
     return QString(reinterpret_cast<const QChar*>(at), buffer + 40 - at);
 }
 
-QString Money::sqlText() const {
-    return data::numberText(toDouble()).replace(u',', u'.');
-}
-
 Money& Money::operator+=(Money other) {
     units_ = saturatedSum(units_, other.units_);
     return *this;

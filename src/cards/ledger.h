@@ -16,8 +16,7 @@ public:
     static Money of(double amount);  // the nearest one
 
     double toDouble() const;
-    QString text() const;     // "#,##0.00"
-    QString sqlText() const;  // with a decimal point, as a statement wants it
+    QString text() const;  // "#,##0.00"
 
     Money& operator+=(Money other);
     Money& operator-=(Money other);

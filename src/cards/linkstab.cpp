@@ -56,7 +56,8 @@ void LinksTab::storeWidths() {
 
 void LinksTab::fill(const QString& code) {
     QVector<controls::ListRow> rows;
-    for (data::Recordset links(mod_.gConn, u"Select * from LINKS where codecards=%1 order by ΠΕΡΙΓΡΑΦΗ,aa"_s.arg(code));
+    for (data::Recordset links(mod_.gConn, data::Sql(u"Select * from LINKS where codecards=? order by ΠΕΡΙΓΡΑΦΗ,aa"_s,
+                                                     code.toLongLong()));
          !links.eof(); links.moveNext())
         rows.append({{links[u"ΠΕΡΙΓΡΑΦΗ"].text(), links[u"ΣΥΝΔΕΣΗ"].text()}, links[u"aa"].value(), {}});
     ListView2->setRows(std::move(rows));
@@ -106,7 +107,7 @@ void LinksTab::deleteLink() {
     if (row < 0 ||
         !mod_.services.prompts.question(this, core::programTitle(), u"Να συνεχίσω με διαγραφή της σύνδεσης;"_s))
         return;
-    mod_.gConn.execute(u"Delete from links where aa=%1"_s.arg(ListView2->row(row).tag.toLongLong()));
+    mod_.gConn.execute(data::Sql(u"Delete from links where aa=?"_s, ListView2->row(row).tag.toLongLong()));
     fill(code_);
 }
 

@@ -106,11 +106,11 @@ void ListEditor::Refresh() {
 }
 
 void ListEditor::refresh(const QVariant& selected) {
-    const QString check = hasCheck() ? u",payable"_s : QString();
+    const QString statement = hasCheck() ? u"Select Description,Code,payable from ? ORDER BY Description"_s
+                                         : u"Select Description,Code from ? ORDER BY Description"_s;
     QVector<controls::ListRow> rows;
-    for (data::Recordset found(mod_.gConn,
-                               u"Select Description,Code%1 from %2 ORDER BY Description"_s.arg(check, table()));
-         !found.eof(); found.moveNext()) {
+    for (data::Recordset found(mod_.gConn, data::Sql(statement, data::Sql::name(table()))); !found.eof();
+         found.moveNext()) {
         const bool red = hasCheck() && found[u"payable"].toBool();
         rows.append(
             {{found[u"Description"].text()}, found[u"Code"].value(), red ? controls::theme().danger : QColor()});
@@ -119,7 +119,7 @@ void ListEditor::refresh(const QVariant& selected) {
     for (int i = 0; i < list_->count(); ++i)
         if (i == 0 || list_->row(i).tag == selected) list_->selectRow(i);
     showList();
-    emit changed();
+    mod_.doors.listsChanged();
 }
 
 QVariant ListEditor::selectedCode() const {
@@ -147,7 +147,7 @@ void ListEditor::showList() {
 }
 
 void ListEditor::newRow() {
-    record_.open(mod_.gConn, u"select * from %1 "_s.arg(table()));
+    record_.open(mod_.gConn, data::Sql(u"select * from ?"_s, data::Sql::name(table())));
     record_.addNew();
     description_->clear();
     if (Check1) Check1->setChecked(false);
@@ -155,7 +155,8 @@ void ListEditor::newRow() {
 }
 
 void ListEditor::openSelected() {
-    record_.open(mod_.gConn, u"select * from %1 where code=%2"_s.arg(table()).arg(selectedCode().toLongLong()));
+    record_.open(mod_.gConn,
+                 data::Sql(u"select * from ? where code=?"_s, data::Sql::name(table()), selectedCode().toLongLong()));
     if (!record_.isEmpty()) return;
     record_.close();
     Refresh();

@@ -34,9 +34,6 @@ public:
     void deleteRow();
     bool isEditing() const { return record_.isOpen(); }
 
-signals:
-    void changed();  // after every refresh; open cards reload their lists
-
 protected:
     ListEditor(core::MainMod& mod, const QString& name, const QString& caption, ListEditorTexts texts,
                const QString& checkCaption);

@@ -5,6 +5,7 @@
 #include <functional>
 
 #include "copies/seatlock.h"
+#include "core/doors.h"
 #include "core/logondelay.h"
 #include "data/connection.h"
 #include "platform/filesystemkind.h"
@@ -40,6 +41,8 @@ public:
     LogonDelay logonDelay;
 
     QString gSqlOrdr, gSqlOrdr1, gSqlOrdr2;  // sort columns of the list in front, the newest first
+
+    Doors doors;
 
     bool gAddressOpen = false;  // frmAddress is loaded
 

@@ -6,6 +6,7 @@
 #include <memory>
 
 #include "data/connection.h"
+#include "data/sql.h"
 
 namespace data {
 

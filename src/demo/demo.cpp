@@ -44,17 +44,18 @@ QHash<QString, QDate> readNameDays(data::Connection& main) {
 
 void writeSettings(data::Connection& main) {
     for (const auto& category : categories())
-        main.execute(u"insert into CardKategory (Description,payable) values ('%1',%2)"_s.arg(category.name)
-                         .arg(int(category.payable)));
+        main.execute(data::Sql(u"insert into CardKategory (Description,payable) values (?,?)"_s, category.name,
+                               category.payable));
     for (int list = 0; list < lookupLists().size(); ++list)
         for (const QString& value : lookupLists()[list].values)
-            main.execute(u"insert into Combo%1 (Description) values ('%2')"_s.arg(list + 1).arg(value));
-    QStringList changes;
+            main.execute(data::Sql(u"insert into ? (Description) values (?)"_s,
+                                   data::Sql::name(u"Combo%1"_s.arg(list + 1)), value));
+    data::Recordset fields(main, u"select * from CustomFields where id=1"_s);
     for (const auto& caption : captions()) {
-        changes += u"%1='%2'"_s.arg(caption.column, caption.caption);
-        if (!caption.flag.isEmpty()) changes += caption.flag + u"=1"_s;
+        fields[caption.column].setValue(caption.caption);
+        if (!caption.flag.isEmpty()) fields[caption.flag].setValue(true);
     }
-    main.execute(u"update CustomFields set "_s + changes.join(u',') + u" where id=1"_s);
+    fields.update();
 }
 
 class CardsWriter {

@@ -17,7 +17,7 @@ struct Outcome {
 
 Outcome runTool(const QStringList& words) {
     QProcess process;
-    process.start(QString::fromUtf8(DORV_ADMIN), words);
+    process.start(QString::fromUtf8(DORV_PROGRAM), words);
     process.closeWriteChannel();
     if (!process.waitForFinished(120000)) return {-1, {}, u"the tool did not end"_s};
     const int code = process.exitStatus() == QProcess::NormalExit ? process.exitCode() : -2;

@@ -359,7 +359,7 @@ private slots:
         const QString words = u"host='%1' database=postgres user=postgres schema=%2"_s.arg(server.host, server.schema);
         const auto run = [&](const QStringList& arguments) {
             QProcess tool;
-            tool.start(QString::fromUtf8(DORV_ADMIN), arguments);
+            tool.start(QString::fromUtf8(DORV_PROGRAM), arguments);
             tool.closeWriteChannel();
             if (!tool.waitForFinished(60000)) return u"the tool did not end"_s;
             return QString::number(tool.exitCode()) + u'\n' + QString::fromUtf8(tool.readAllStandardOutput()) +

@@ -220,7 +220,7 @@ private slots:
         office.mod.gConn.execute(QString("Insert into History (codecards,ΗΜΕΡΟΜΗΝΙΑ,ΑΙΤΙΟΛΟΓΙΑ,ΧΡΕΩΣΗ,ΠΙΣΤΩΣΗ) values "
                                          "(%1,#2026/11/03#,'Επίσκεψη',10,2.5)")
                                      .arg(code));
-        cards::frmHmerologio journal(office.mod, [](qint64) {});
+        cards::frmHmerologio journal(office.mod);
         journal.load();
         journal.findChild<QAbstractButton*>("lblClick(1)")->click();
         QCOMPARE(office.desk.prompts.lastText(), QString("Η εκτύπωση ολοκληρώθηκε"));

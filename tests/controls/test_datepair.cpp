@@ -1,7 +1,8 @@
-#include <QSignalSpy>
-#include <QTest>
-
 #include "controls/datepair.h"
+
+#include <QSignalSpy>
+
+#include "support/incase.h"
 
 using namespace controls;
 
@@ -16,8 +17,7 @@ struct Form : QWidget {
 
     Form() {
         auto* layout = new QVBoxLayout(this);
-        for (QWidget* widget : std::initializer_list<QWidget*>{before, box, picker, other, after})
-            layout->addWidget(widget);
+        for (QWidget* widget : QWidgetList{before, box, picker, other, after}) layout->addWidget(widget);
         pairUp(box, picker);
         show();
         activateWindow();
@@ -44,106 +44,87 @@ private slots:
     void cleanup() { form_.reset(); }
 
     void blank() {
-        QCOMPARE(form_->box->formattedText(), QString("__/__/____"));
-        QCOMPARE(form_->box->text(), QString("__/__/____"));
-        QVERIFY(form_->box->isBlank() && !form_->box->date());
-        form_->box->setDate(QDate(2026, 11, 5));
-        QVERIFY(!form_->box->isBlank());
-        for (const QString& nothing : {QString(), QString("__/__/____"), QString("Α/Β")}) {
-            form_->box->setFormattedText("05/11/2026");
+        for (const char* nothing : {"", "__/__/____", "Α/Β"}) {
+            form_->box->setDate(QDate(2026, 11, 5));
+            QVERIFY(!form_->box->isBlank());
             form_->box->setFormattedText(nothing);
-            QVERIFY(form_->box->isBlank());
+            QVERIFY2(form_->box->isBlank() && !form_->box->date(), nothing);
+            QCOMPARE(form_->box->formattedText(), "__/__/____");
+            QCOMPARE(form_->box->text(), "__/__/____");
         }
     }
 
-    void typing_data() {
-        QTest::addColumn<QString>("typed");
-        QTest::addColumn<QString>("shown");
-        QTest::addColumn<QDate>("date");
-        QTest::newRow("digits skip the slashes") << "05112026"
-                                                 << "05/11/2026" << QDate(2026, 11, 5);
-        QTest::newRow("slashes typed") << "5/1/2026"
-                                       << "5_/1_/2026" << QDate(2026, 1, 5);
-        QTest::newRow("letters are dropped") << "a0b5c11x2026"
-                                             << "05/11/2026" << QDate(2026, 11, 5);
-        QTest::newRow("leap day") << "29022024"
-                                  << "29/02/2024" << QDate(2024, 2, 29);
-        QTest::newRow("no leap day") << "29022026"
-                                     << "29/02/2026" << QDate();
-        QTest::newRow("day is first") << "13012026"
-                                      << "13/01/2026" << QDate(2026, 1, 13);
-        QTest::newRow("month 13") << "01132026"
-                                  << "01/13/2026" << QDate();
-        QTest::newRow("two-digit year") << "051126"
-                                        << "05/11/26__" << QDate();
-        QTest::newRow("year 99") << "05110099"
-                                 << "05/11/0099" << QDate();
-        QTest::newRow("year 100") << "01010100"
-                                  << "01/01/0100" << QDate(100, 1, 1);
-        QTest::newRow("day 0") << "00112026"
-                               << "00/11/2026" << QDate();
-    }
     void typing() {
-        QFETCH(QString, typed);
-        QFETCH(QString, shown);
-        QFETCH(QDate, date);
-        form_->box->setFormattedText("31/12/1999");
-        form_->box->setFocus(Qt::TabFocusReason);
-        QTest::keyClicks(form_->box, typed);
-        QCOMPARE(form_->box->text(), shown);
-        QCOMPARE(form_->box->date().value_or(QDate()), date);
+        struct Case {
+            QString typed, shown;
+            QDate date;
+        };
+        const Case cases[] = {
+            {"05112026", "05/11/2026", {2026, 11, 5}},
+            {"5/1/2026", "5_/1_/2026", {2026, 1, 5}},
+            {"a0b5c11x2026", "05/11/2026", {2026, 11, 5}},
+            {"29022024", "29/02/2024", {2024, 2, 29}},
+            {"29022026", "29/02/2026", {}},
+            {"13012026", "13/01/2026", {2026, 1, 13}},
+            {"01132026", "01/13/2026", {}},
+            {"051126", "05/11/26__", {}},
+            {"05110099", "05/11/0099", {}},
+            {"01010100", "01/01/0100", {100, 1, 1}},
+            {"00112026", "00/11/2026", {}},
+        };
+        for (const Case& c : cases) {
+            const support::InCase in(c.typed);
+            form_->box->setFormattedText("31/12/1999");
+            form_->box->setFocus(Qt::TabFocusReason);
+            form_->box->selectAll();
+            QTest::keyClicks(form_->box, c.typed);
+            QCOMPARE(form_->box->text(), c.shown);
+            QCOMPARE(form_->box->date().value_or(QDate()), c.date);
+        }
     }
 
-    void paste_data() {
-        QTest::addColumn<QString>("pasted");
-        QTest::addColumn<QString>("shown");
-        QTest::newRow("short figures") << " 5/1/2026\n"
-                                       << "05/01/2026";
-        QTest::newRow("dashes") << "5-11-2026"
-                                << "05/11/2026";
-        QTest::newRow("points") << "05.11.2026"
-                                << "05/11/2026";
-        QTest::newRow("words") << "χθες"
-                               << "__/__/____";
-        QTest::newRow("long") << QString(10000, u'x') << "__/__/____";
-    }
     void paste() {
-        QFETCH(QString, pasted);
-        QFETCH(QString, shown);
-        QGuiApplication::clipboard()->setText(pasted);
+        const std::pair<QString, const char*> cases[] = {{" 5/1/2026\n", "05/01/2026"},
+                                                         {"5-11-2026", "05/11/2026"},
+                                                         {"05.11.2026", "05/11/2026"},
+                                                         {"χθες", "__/__/____"},
+                                                         {QString(10000, u'x'), "__/__/____"}};
         form_->box->setFocus(Qt::TabFocusReason);
-        QTest::keySequence(form_->box, QKeySequence::Paste);
-        QCOMPARE(form_->box->text(), shown);
+        for (const auto& [pasted, shown] : cases) {
+            const support::InCase in(pasted);
+            form_->box->setFormattedText("");
+            QGuiApplication::clipboard()->setText(pasted);
+            QTest::keySequence(form_->box, QKeySequence::Paste);
+            QCOMPARE(form_->box->text(), shown);
+        }
     }
 
-    void leavingWithNoDateIsRefusedOnce_data() {
-        QTest::addColumn<QString>("text");
-        QTest::newRow("blank") << "";
-        QTest::newRow("no such day") << "31/02/2026";
-        QTest::newRow("half") << "05/11/____";
-    }
     void leavingWithNoDateIsRefusedOnce() {
-        QFETCH(QString, text);
-        form_->box->setFormattedText(text);
-        form_->box->setFocus(Qt::TabFocusReason);
         bool hadFocus = false;
         connect(form_->box, &DateBox::refused, this, [&] { hadFocus = form_->box->hasFocus(); });
-        QSignalSpy refused(form_->box, &DateBox::refused);
-        QSignalSpy accepted(form_->box, &DateBox::accepted);
-        QTest::keyClick(form_->box, Qt::Key_Tab);
-        QVERIFY(form_->box->hasFocus() && hadFocus);
-        QTest::keyClick(form_->box, Qt::Key_Return);
-        QTest::keyClick(form_->box, Qt::Key_Backtab);
-        QTest::mouseClick(form_->after, Qt::LeftButton);
-        QVERIFY(form_->box->hasFocus());
-        QCOMPARE(refused.count(), 4);
+        QSignalSpy refused(form_->box, &DateBox::refused), accepted(form_->box, &DateBox::accepted);
+        const std::function<void()> ways[] = {[&] { QTest::keyClick(form_->box, Qt::Key_Tab); },
+                                              [&] { QTest::keyClick(form_->box, Qt::Key_Return); },
+                                              [&] { QTest::keyClick(form_->box, Qt::Key_Backtab); },
+                                              [&] { QTest::mouseClick(form_->after, Qt::LeftButton); }};
+        int expected = 0;
+        for (const char* text : {"", "31/02/2026", "05/11/____"}) {
+            const support::InCase in(text);
+            form_->box->setFormattedText(text);
+            form_->box->setFocus(Qt::TabFocusReason);
+            for (const auto& leave : ways) {
+                hadFocus = false;
+                leave();
+                QVERIFY(form_->box->hasFocus() && hadFocus);
+                QCOMPARE(refused.count(), ++expected);
+            }
+        }
         QCOMPARE(accepted.count(), 0);
     }
 
     void twoBadBoxesDoNotFight() {
         form_->box->setFocus();
-        QSignalSpy first(form_->box, &DateBox::refused);
-        QSignalSpy second(form_->other, &DateBox::refused);
+        QSignalSpy first(form_->box, &DateBox::refused), second(form_->other, &DateBox::refused);
         form_->other->setFocus();
         QVERIFY(form_->box->hasFocus());
         QCOMPARE(first.count(), 1);
@@ -221,7 +202,7 @@ private slots:
         QTest::keyClick(form_->box, Qt::Key_Return);
         QVERIFY(form_->picker->hasFocus());
         QCOMPARE(form_->picker->value(), QDate(2026, 1, 5));
-        QCOMPARE(form_->box->text(), QString("05/01/2026"));
+        QCOMPARE(form_->box->text(), "05/01/2026");
         QCOMPARE(accepted.count(), 1);
         QCOMPARE(accepted[0][0].toDate(), QDate(2026, 1, 5));
     }
@@ -240,7 +221,7 @@ private slots:
         QTest::keyClick(days, Qt::Key_Return);
         settle();
         QVERIFY(!form_->calendar());
-        QCOMPARE(form_->box->text(), QString("12/11/2026"));
+        QCOMPARE(form_->box->text(), "12/11/2026");
         QCOMPARE(form_->picker->value(), QDate(2026, 11, 12));
         QCOMPARE(picked.count(), 1);
         QVERIFY(form_->box->hasFocus());
@@ -268,7 +249,7 @@ private slots:
         QTest::keyClick(form_->calendar()->findChild<QAbstractItemView*>(), Qt::Key_Escape);
         settle();
         QVERIFY(!form_->calendar());
-        QCOMPARE(form_->box->text(), QString("05/11/2026"));
+        QCOMPARE(form_->box->text(), "05/11/2026");
     }
 
     void blankBoxReachesItsCalendar() {

@@ -1,7 +1,6 @@
-#include <QTest>
-
 #include "controls/boxes.h"
 #include "controls/theme.h"
+#include "support/incase.h"
 
 using namespace controls;
 
@@ -25,17 +24,11 @@ double contrastSeen(QWidget* widget) {
     const QRect inside = image.rect().adjusted(4, 4, -4, -4);
     for (int y = inside.top(); y <= inside.bottom(); ++y)
         for (int x = inside.left(); x <= inside.right(); ++x) ++counts[image.pixel(x, y)];
-    QRgb ground = 0;
-    int most = 0;
-    for (auto it = counts.cbegin(); it != counts.cend(); ++it) {
-        if (it.value() > most) {
-            most = it.value();
-            ground = it.key();
-        }
-    }
+    const QRgb ground = std::max_element(counts.keyValueBegin(), counts.keyValueEnd(), [](auto a, auto b) {
+                            return a.second < b.second;
+                        })->first;
     double best = 1;
-    for (auto it = counts.cbegin(); it != counts.cend(); ++it)
-        best = std::max(best, contrast(QColor(it.key()), QColor(ground)));
+    for (const QRgb ink : counts.keys()) best = std::max(best, contrast(QColor(ink), QColor(ground)));
     return best;
 }
 
@@ -49,15 +42,14 @@ const QStringList symbols{"prev",    "next",   "search",   "add",       "edit", 
 class TestLook : public QObject {
     Q_OBJECT
 
-    static void themes() {
-        QTest::addColumn<int>("kind");
-        QTest::newRow("light") << int(ThemeKind::Light);
-        QTest::newRow("dark") << int(ThemeKind::Dark);
-    }
-    static void apply() {
-        QFETCH(int, kind);
-        applyTheme(*qApp, ThemeKind(kind));
-        QCOMPARE(theme().dark, ThemeKind(kind) == ThemeKind::Dark);
+    // Once in each theme.
+    static void inThemes(const std::function<void()>& check) {
+        for (const ThemeKind kind : {ThemeKind::Light, ThemeKind::Dark}) {
+            const support::InCase in(kind == ThemeKind::Dark ? "dark" : "light");
+            applyTheme(*qApp, kind);
+            QCOMPARE(theme().dark, kind == ThemeKind::Dark);
+            check();
+        }
     }
 
 private slots:
@@ -69,81 +61,75 @@ private slots:
         QCOMPARE(theme().dark, desktopIsDark);
     }
 
-    void coloursAreReadable_data() { themes(); }
     void coloursAreReadable() {
-        apply();
-        const Theme& t = theme();
-        for (const QColor& ground : {t.window, t.base, t.alternateBase}) {
-            for (const QColor& ink : {t.text, t.mutedText, t.danger})
-                QVERIFY2(contrast(ink, ground) >= 4.5, qPrintable(ink.name() + " on " + ground.name()));
-        }
-        QVERIFY(contrast(t.text, t.highlightBox) >= 4.5);
-        QVERIFY(contrast(t.mutedText, t.highlightBox) >= 4.5);
-        QVERIFY(contrast(t.accentText, t.accent) >= 4.5);
+        inThemes([] {
+            const Theme& t = theme();
+            for (const QColor& ground : {t.window, t.base, t.alternateBase}) {
+                for (const QColor& ink : {t.text, t.mutedText, t.danger})
+                    QVERIFY2(contrast(ink, ground) >= 4.5, qPrintable(ink.name() + " on " + ground.name()));
+            }
+            QVERIFY(contrast(t.text, t.highlightBox) >= 4.5);
+            QVERIFY(contrast(t.mutedText, t.highlightBox) >= 4.5);
+            QVERIFY(contrast(t.accentText, t.accent) >= 4.5);
+        });
     }
 
     // As drawn, not as meant: the style sheet has the last word.
-    void lockedAndDisabledStayReadable_data() { themes(); }
     void lockedAndDisabledStayReadable() {
-        apply();
-        TextBox locked;
-        locked.setReadOnly(true);
-        locked.setText("ΗΗΗΗΗΗΗ");
-        TextBox disabled;
-        disabled.setText("ΗΗΗΗΗΗΗ");
-        disabled.setEnabled(false);
-        MemoBox memo;
-        memo.setReadOnly(true);
-        memo.setText("ΗΗΗΗΗΗΗ");
-        QComboBox combo;
-        combo.addItem("ΗΗΗΗΗΗΗ");
-        combo.setEnabled(false);
-        QPushButton button("ΗΗΗΗΗΗΗ");
-        button.setEnabled(false);
-        QCheckBox check("ΗΗΗΗΗΗΗ");
-        check.setEnabled(false);
-        QLabel label("ΗΗΗΗΗΗΗ");
-        label.setEnabled(false);
-        for (QWidget* widget :
-             std::initializer_list<QWidget*>{&locked, &disabled, &memo, &combo, &button, &check, &label}) {
-            widget->resize(140, 40);
-            QVERIFY2(contrastSeen(widget) >= 4.5, widget->metaObject()->className());
-        }
+        inThemes([] {
+            const QString text = "ΗΗΗΗΗΗΗ";
+            TextBox locked, disabled;
+            MemoBox memo;
+            QComboBox combo;
+            QPushButton button(text);
+            QCheckBox check(text);
+            QLabel label(text);
+            for (TextBox* box : {&locked, &disabled}) box->setText(text);
+            memo.setText(text);
+            combo.addItem(text);
+            locked.setReadOnly(true);
+            memo.setReadOnly(true);
+            for (QWidget* widget : QWidgetList{&disabled, &combo, &button, &check, &label}) widget->setEnabled(false);
+            for (QWidget* widget : QWidgetList{&locked, &disabled, &memo, &combo, &button, &check, &label}) {
+                widget->resize(140, 40);
+                QVERIFY2(contrastSeen(widget) >= 4.5, widget->metaObject()->className());
+            }
+        });
     }
 
-    void styleSheetIsComplete_data() { themes(); }
     void styleSheetIsComplete() {
         QTest::failOnWarning(QRegularExpression("."));
-        apply();
-        QVERIFY(qApp->styleSheet().size() > 1000);
-        QVERIFY2(!qApp->styleSheet().contains('@'), "a colour name was not replaced");
-        static const QRegularExpression url("url\\((:[^)]*)\\)");
-        for (auto it = url.globalMatch(qApp->styleSheet()); it.hasNext();) {
-            const QString path = it.next().captured(1);
-            QVERIFY2(QFile::exists(path), qPrintable(path));
-        }
+        inThemes([] {
+            QVERIFY(qApp->styleSheet().size() > 1000);
+            QVERIFY2(!qApp->styleSheet().contains('@'), "a colour name was not replaced");
+            static const QRegularExpression url("url\\((:[^)]*)\\)");
+            for (auto it = url.globalMatch(qApp->styleSheet()); it.hasNext();) {
+                const QString path = it.next().captured(1);
+                QVERIFY2(QFile::exists(path), qPrintable(path));
+            }
+        });
     }
 
-    void symbolsInAllModes_data() { themes(); }
     void symbolsInAllModes() {
-        apply();
-        for (const QString& name : symbols) {
-            const QIcon symbol = icon(name);
-            QVERIFY2(!symbol.isNull(), qPrintable(name));
-            QSet<QByteArray> looks;
-            for (const QIcon::Mode mode : {QIcon::Normal, QIcon::Active, QIcon::Disabled, QIcon::Selected}) {
-                const QPixmap picture = symbol.pixmap(QSize(24, 24), 2.0, mode);
-                QCOMPARE(picture.size(), QSize(48, 48));
-                QCOMPARE(picture.devicePixelRatio(), 2.0);
-                const QImage image = picture.toImage().convertToFormat(QImage::Format_ARGB32);
-                int inked = 0;
-                for (int y = 0; y < 48; ++y)
-                    for (int x = 0; x < 48; ++x) inked += qAlpha(image.pixel(x, y)) > 60;
-                QVERIFY2(inked > 60 && inked < 48 * 48, qPrintable(name));
-                looks.insert(QByteArray(reinterpret_cast<const char*>(image.constBits()), image.sizeInBytes()));
+        inThemes([] {
+            for (const QString& name : symbols) {
+                const QIcon symbol = icon(name);
+                QVERIFY2(!symbol.isNull(), qPrintable(name));
+                QSet<QByteArray> looks;
+                for (const QIcon::Mode mode : {QIcon::Normal, QIcon::Active, QIcon::Disabled, QIcon::Selected}) {
+                    const QPixmap picture = symbol.pixmap(QSize(24, 24), 2.0, mode);
+                    QCOMPARE(picture.size(), QSize(48, 48));
+                    QCOMPARE(picture.devicePixelRatio(), 2.0);
+                    const QImage image = picture.toImage().convertToFormat(QImage::Format_ARGB32);
+                    int inked = 0;
+                    for (int y = 0; y < 48; ++y)
+                        for (int x = 0; x < 48; ++x) inked += qAlpha(image.pixel(x, y)) > 60;
+                    QVERIFY2(inked > 60 && inked < 48 * 48, qPrintable(name));
+                    looks.insert(QByteArray(reinterpret_cast<const char*>(image.constBits()), image.sizeInBytes()));
+                }
+                QCOMPARE(looks.size(), name == "dorvalist" ? 2 : 4);
             }
-            QCOMPARE(looks.size(), name == "dorvalist" ? 2 : 4);
-        }
+        });
     }
 
     void aKeptIconFollowsTheTheme() {
@@ -155,28 +141,21 @@ private slots:
         QVERIFY(icon("no such symbol").isNull() && icon("../theme").isNull() && icon("").isNull());
     }
 
-    void fontsHaveGreek_data() {
-        QTest::addColumn<QString>("name");
-        QTest::addColumn<bool>("fixed");
-        QTest::newRow("Tahoma") << "Tahoma" << false;
-        QTest::newRow("MS Sans Serif") << "MS Sans Serif" << false;
-        QTest::newRow("Arial Greek") << "Arial Greek" << false;
-        QTest::newRow("Courier New Greek") << "Courier New Greek" << true;
-        QTest::newRow("unknown") << "No Such Font 42" << false;
-        QTest::newRow("empty") << "" << false;
-    }
     void fontsHaveGreek() {
-        QFETCH(QString, name);
-        QFETCH(bool, fixed);
-        const QFont made = font(name, 9.5, true);
-        QCOMPARE(made.pointSizeF(), 9.5);
-        QVERIFY(made.bold());
-        QVERIFY2(QFontDatabase::hasFamily(made.family()), qPrintable(made.family()));
-        const QFontMetrics metrics(made);
-        for (const QChar c : QString::fromUtf8("ΑΩαωάέήίόύώϊΐϋΰςΆΈΉΊΌΎΏ€"))
-            QVERIFY2(metrics.inFont(c), qPrintable(QString(c)));
-        QCOMPARE(metrics.horizontalAdvance("ι") == metrics.horizontalAdvance("Ω"), fixed);
-        QVERIFY(font(name, -3).pointSizeF() > 0);
+        for (const char* name :
+             {"Tahoma", "MS Sans Serif", "Arial Greek", "Courier New Greek", "No Such Font 42", ""}) {
+            const support::InCase in(name);
+            const QFont made = font(name, 9.5, true);
+            QCOMPARE(made.pointSizeF(), 9.5);
+            QVERIFY(made.bold());
+            QVERIFY2(QFontDatabase::hasFamily(made.family()), qPrintable(made.family()));
+            const QFontMetrics metrics(made);
+            for (const QChar c : QString::fromUtf8("ΑΩαωάέήίόύώϊΐϋΰςΆΈΉΊΌΎΏ€"))
+                QVERIFY2(metrics.inFont(c), qPrintable(QString(c)));
+            QCOMPARE(metrics.horizontalAdvance("ι") == metrics.horizontalAdvance("Ω"),
+                     QString(name).startsWith("Courier"));
+            QVERIFY(font(name, -3).pointSizeF() > 0);
+        }
     }
 
     void toolkitSpeaksGreek() {

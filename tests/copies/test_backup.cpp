@@ -16,9 +16,11 @@
 #include "copies/upgradecopy.h"
 #include "data/opening/password.h"
 #include "schema/office.h"
-#include "support/scratchoffice.h"
+#include "support/failure.h"
+#include "support/officefolder.h"
 
 using namespace Qt::Literals::StringLiterals;
+using namespace support;
 using schema::Database;
 
 namespace {
@@ -47,7 +49,7 @@ struct Site {
         return QDir(scratch.path()).entryList(QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot);
     }
     copies::BackupInfo backup(const copies::BackupOptions& options = {}) {
-        return copies::backupOffice(office.folder.path(), file, options);
+        return copies::backupOffice(office.folder(), file, options);
     }
 
     ScratchOffice office;
@@ -92,7 +94,7 @@ private slots:
         Site site;
         const copies::BackupInfo info = site.backup({.now = moment});
         QCOMPARE(info.made, moment);
-        QCOMPARE(info.folder, site.office.folder.path());
+        QCOMPARE(info.folder, site.office.folder());
         QVERIFY(info.rows > 400);
         QCOMPARE(site.left(), QStringList({u"αντίγραφο.tar"_s}));
         QCOMPARE(QFileInfo(site.file).permissions() & 0x77, QFile::Permissions());
@@ -212,9 +214,7 @@ private slots:
         QVERIFY(!failureOf([&] { copies::checkBackup(site.file); }).isEmpty());
         QVERIFY(!failureOf([&] { copies::restoreOffice(site.file, site.other); }).isEmpty());
         QVERIFY(!QFileInfo::exists(site.other));
-        QVERIFY(!failureOf([&] {
-                     copies::restoreOffice(site.file, site.office.folder.path(), {.force = true});
-                 }).isEmpty());
+        QVERIFY(!failureOf([&] { copies::restoreOffice(site.file, site.office.folder(), {.force = true}); }).isEmpty());
         QCOMPARE(site.cards(site.office.main), u"400"_s);
     }
 
@@ -222,7 +222,7 @@ private slots:
         Site site;
         site.backup();
         site.office.main.execute(u"delete from Cards where code>50"_s);
-        const QString folder = site.office.folder.path();
+        const QString folder = site.office.folder();
         QVERIFY(failureOf([&] { copies::restoreOffice(site.file, folder); }).contains(u"Υπάρχει ήδη"));
         QVERIFY(failureOf([&] {
                     copies::restoreOffice(site.file, folder, {.force = true});
@@ -246,7 +246,7 @@ private slots:
         site.office.closeBoth();
         overwrite(site.office.mainFile(), 0, QByteArray(4096, '\x5A'));
         overwrite(site.office.mainFile() + u"-wal"_s, 0, "journal");
-        const QStringList aside = copies::restoreOffice(site.file, site.office.folder.path(),
+        const QStringList aside = copies::restoreOffice(site.file, site.office.folder(),
                                                         {.force = true, .databases = {Database::Main}, .now = moment});
         QCOMPARE(aside.size(), 1);
         QCOMPARE(contents(aside[0] + u"-wal"_s), QByteArray("journal"));

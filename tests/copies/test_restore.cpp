@@ -2,7 +2,6 @@
 #include <sqlite3.h>
 
 #include "copies/backup.h"
-#include "copies/backupparts.h"
 #include "copies/restore.h"
 #include "data/opening/databasepassword.h"
 #include "data/opening/fileidentity.h"
@@ -10,7 +9,8 @@
 #include "schema/creation.h"
 #include "schema/office.h"
 #include "schema/workfolder.h"
-#include "support/scratchoffice.h"
+#include "support/failure.h"
+#include "support/officefolder.h"
 
 #ifdef Q_OS_UNIX
 #include <sys/stat.h>
@@ -21,6 +21,7 @@
 #endif
 
 using namespace Qt::Literals::StringLiterals;
+using namespace support;
 using schema::Database;
 
 namespace {
@@ -47,7 +48,7 @@ struct Site {
         office.main.execute(u"insert into Cards (ΕΠΩΝΥΜΟ) values ('νέα')"_s);
         office.closeBoth();
     }
-    QString folder() const { return office.folder.path(); }
+    QString folder() const { return office.folder(); }
     QString main() const { return office.mainFile(); }
     QStringList restore(const copies::RestoreOptions& options = {.force = true, .now = moment}) {
         return copies::restoreOffice(file, folder(), options);

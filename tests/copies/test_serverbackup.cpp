@@ -5,7 +5,6 @@
 #include <csignal>
 
 #include "copies/backup.h"
-#include "copies/backupparts.h"
 #include "copies/databasecopy.h"
 #include "copies/manifest.h"
 #include "copies/restore.h"
@@ -14,9 +13,11 @@
 #include "schema/check.h"
 #include "schema/office.h"
 #include "schema/officebuilder.h"
-#include "support/scratchoffice.h"
+#include "support/failure.h"
+#include "support/officefolder.h"
 
 using namespace Qt::Literals::StringLiterals;
+using namespace support;
 using schema::Database;
 
 namespace {
@@ -31,7 +32,7 @@ struct Site {
         transaction.commit();
     }
     copies::BackupInfo backup(const copies::BackupOptions& options = {}) {
-        return copies::backupOffice(office.folder.path(), file, options);
+        return copies::backupOffice(office.folder(), file, options);
     }
     QStringList left() {
         return QDir(scratch.path()).entryList(QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot);
@@ -165,7 +166,7 @@ private slots:
     void aCopyComesBackInItsOwnPlace() {
         Site site;
         site.backup();
-        const QString folder = site.office.folder.path();
+        const QString folder = site.office.folder();
         const auto main = data::readServerDescription(site.office.mainFile());
         site.office.main.execute(u"delete from Cards"_s);
         QVERIFY(site.restoreFailure(folder, {}).contains(u"έχει ήδη πίνακες"));
@@ -193,7 +194,7 @@ private slots:
         site.office.users.execute(u"insert into Users (UserName) values ('late')"_s);
         site.office.main.execute(u"delete from Cards"_s);
         site.office.main.close();  // the users database stays open
-        const QString failure = site.restoreFailure(site.office.folder.path(), {.force = true});
+        const QString failure = site.restoreFailure(site.office.folder(), {.force = true});
         QVERIFY2(failure.contains(u"ανοιχτή"), qPrintable(failure));
         site.office.closeBoth();
         site.office.openBoth();
@@ -221,7 +222,7 @@ private slots:
         site.backup();
         site.office.main.execute(u"delete from Cards"_s);
         site.office.closeBoth();
-        const QString folder = site.office.folder.path();
+        const QString folder = site.office.folder();
         for (const QString& where :
              {u"Επαναφορά του dorvalist.dump"_s, u"Ευρετήρια του dorvalist.mdb"_s, u"Ευρετήρια του dorvalistu.mdb"_s}) {
             const pid_t child = fork();
@@ -272,7 +273,7 @@ private slots:
         QCOMPARE(QFileInfo(copy).permissions() & 0x77, QFile::Permissions());
         const copies::ServerTools broken{copies::findServerTools().restore, u"x"_s};
         QVERIFY(!failureOf([&] { copies::copyBeforeUpgrade(main, Database::Main, file, now, {}, broken); }).isEmpty());
-        QCOMPARE(QDir(site.office.folder.path()).entryList(QDir::Files | QDir::Hidden).size(), 3);
+        QCOMPARE(QDir(site.office.folder()).entryList(QDir::Files | QDir::Hidden).size(), 3);
     }
 
     void withoutTheProgramsNothingIsWritten_data() {

@@ -2,9 +2,11 @@
 #include "copies/upgradecopy.h"
 #include "schema/office.h"
 #include "schema/upgrade.h"
-#include "support/scratchoffice.h"
+#include "support/failure.h"
+#include "support/officefolder.h"
 
 using namespace Qt::Literals::StringLiterals;
+using namespace support;
 using schema::UpgradeStep;
 
 class TestUpgradeCopies : public QObject {
@@ -51,7 +53,7 @@ private slots:
         for (int day = 1; day <= 6; ++day)
             last = copies::copyBeforeUpgrade(office.main, schema::Database::Main, office.mainFile(),
                                              QDateTime(QDate(2026, 11, day), QTime(9, 0), Qt::UTC));
-        QCOMPARE(QDir(office.folder.path()).entryList({u"dorvalist.mdb.v*"_s}).size(), 3 + 1);
+        QCOMPARE(QDir(office.folder()).entryList({u"dorvalist.mdb.v*"_s}).size(), 3 + 1);
         QVERIFY(QFileInfo::exists(foreign));
         QVERIFY(QFileInfo::exists(last));
     }

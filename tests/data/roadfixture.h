@@ -1,4 +1,4 @@
-// A scratch folder with a small database of this program, and what tests of the road ask about errors.
+// A scratch folder with a small database of this program.
 #pragma once
 
 #include <QTemporaryDir>
@@ -8,6 +8,7 @@
 #include "data/opening/fileidentity.h"
 #include "data/recordset.h"
 #include "data/sqlite/sqliteengine.h"
+#include "support/failure.h"
 #include "support/testengine.h"
 
 namespace road {
@@ -54,23 +55,5 @@ private:
     QTemporaryDir folder_;
     std::unique_ptr<testengine::Schema> schema_;
 };
-
-// The category of the error that `action` throws, and its text; nothing thrown is a failure of the test.
-template <typename Action>
-std::optional<data::Error> errorOf(Action action) {
-    try {
-        action();
-    } catch (const data::Error& error) {
-        return error;
-    }
-    return {};
-}
-
-#define VERIFY_ERROR(wanted, ...)                                                      \
-    do {                                                                               \
-        const auto thrown_ = road::errorOf([&] { __VA_ARGS__; });                      \
-        QVERIFY2(thrown_.has_value(), "nothing was thrown");                           \
-        QVERIFY2(thrown_->category() == data::ErrorCategory::wanted, thrown_->what()); \
-    } while (false)
 
 }  // namespace road

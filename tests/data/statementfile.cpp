@@ -14,16 +14,15 @@ void readOption(TypedStatement& statement, const QString& text) {
         statement.user = true;
     else if (text == u"users")
         statement.usersDatabase = true;
-    else if (text.contains(u'='))
-        statement.parameters.insert(text.section(u'=', 0, 0).trimmed(), text.section(u'=', 1).trimmed());
     else
-        throw std::runtime_error(qPrintable(u"option: "_s + text));
+        statement.parameters.insert(text.section(u'=', 0, 0).trimmed(),
+                                    text.contains(u'=') ? QVariant(text.section(u'=', 1).trimmed()) : QVariant());
 }
 
 void readRefusal(TypedStatement& statement, const QString& text) {
     statement.category = text.section(u' ', 0, 0);
     statement.position = text.section(u' ', 1, 1).toInt();
-    statement.says = text.section(u' ', 2);
+    statement.says = text.section(u' ', 2).split(u" | "_s);
 }
 
 }  // namespace
@@ -44,9 +43,9 @@ QVector<TypedStatement> readStatements(const QString& name) {
             continue;
         }
         if (all.isEmpty() || !u"=>!?"_s.contains(sign) || sign.isNull()) {
-            next.place = QFileInfo(name).fileName() + u':' + QString::number(number);
+            next.name = QFileInfo(name).fileName() + u':' + QString::number(number);
             next.sql = line;
-            next.sql.replace(u"\\n"_s, u"\n"_s);
+            next.sql.replace(u"\\r\\n"_s, u"\r\n"_s).replace(u"\\n"_s, u"\n"_s);
             all << std::exchange(next, {});
             continue;
         }

@@ -1,23 +1,19 @@
-// The dialect's functions, called through translated statements.
-#include <QtTest/QtTest>
-
-#include "data/error.h"
+// The dialect's functions, called through translated statements; more are among the typed ones.
 #include "dialectdatabase.h"
+#include "support/cases.h"
+#include "support/failure.h"
 
 using namespace Qt::Literals::StringLiterals;
-
-using namespace data;
 
 namespace {
 
 struct Case {
-    const char16_t* expression;
+    const char16_t* name;  // an expression
     const char16_t* value;
 };
 
 constexpr Case cases[] = {
     // Month ends and leap years
-    {u"dateadd('m',1,#2026/01/31#)", u"28/02/2026"},
     {u"dateadd('m',1,#2024/01/31#)", u"29/02/2024"},
     {u"dateadd('m',-1,#2026/03/31#)", u"28/02/2026"},
     {u"dateadd('yyyy',1,#2024/02/29#)", u"28/02/2025"},
@@ -26,7 +22,6 @@ constexpr Case cases[] = {
     {u"dateadd('d',0,#2026/12/31#)", u"31/12/2026"},
     {u"dateadd('d','2',#2026/12/31#)", u"02/01/2027"},
     {u"dateadd('D',1.5,#2026/12/30#)", u"01/01/2027"},
-    {u"dateadd('ww',-1,#2026/01/03#)", u"27/12/2025"},
     {u"dateadd('h',25,#2026/01/01#)", u"02/01/2026 01:00:00"},
     {u"dateadd('n',-1,#2026/01/01#)", u"31/12/2025 23:59:00"},
     {u"dateadd('s',90,#10:00#)", u"10:01:30"},
@@ -43,22 +38,14 @@ constexpr Case cases[] = {
     {u"dateadd('m',-9,#0100/09/30#)", u"-"},
     {u"dateadd('yyyy',7973.5,#2026/12/31#)", u"-"},
     {u"dateadd('m',2.5,#9999/10/31#)", u"31/12/9999"},
-    {u"datediff('yyyy',#2025/12/31#,#2026/01/01#)", u"1"},
     {u"datediff('m',#2026/01/31#,#2026/02/01#)", u"1"},
-    {u"datediff('q',#2026/03/31#,#2026/04/01#)", u"1"},
     {u"datediff('d',#2026/03/28 23:00#,#2026/03/30 01:00#)", u"2"},
     {u"datediff('d',#2026/03/30#,#2026/03/28#)", u"-2"},
-    {u"datediff('h',#10:59#,#11:01#)", u"1"},
     {u"datediff('n',#10:59:59#,#11:00:00#)", u"1"},
     {u"datediff('s',#1899/12/29#,#1899/12/30#)", u"86400"},
     {u"datediff('w',#2026/01/01#,#2026/01/15#)", u"2"},
-    {u"datediff('ww',#2026/11/07#,#2026/11/08#)", u"1"},
     {u"datediff('ww',#2026/11/08#,#2026/11/09#,2)", u"1"},
-    {u"datepart('q',#2026/11/05#)", u"4"},
-    {u"datepart('y',#2024/12/31#)", u"366"},
-    {u"datepart('w',#2026/11/08#)", u"1"},
     {u"datepart('w',#2026/11/08#,2)", u"7"},
-    {u"datepart('ww',#2026/01/04#)", u"2"},
     {u"datepart('ww',#2026/01/04#,2)", u"1"},
     {u"datepart('ww',#2027/01/01#,2,2)", u"53"},
     {u"datepart('ww',#2025/12/29#,2,2)", u"1"},
@@ -68,21 +55,9 @@ constexpr Case cases[] = {
     {u"year(#2026/11/05#)*10000+month(#2026/11/05#)*100+day(#2026/11/05#)", u"20261105"},
     {u"hour(#14:30:05#)*10000+minute(#14:30:05#)*100+second(#14:30:05#)", u"143005"},
     {u"day('22/11/2026')", u"22"},
-    {u"dateserial(2026,3,0)", u"28/02/2026"},
-    {u"dateserial(2026,14,1)", u"01/02/2027"},
     {u"dateserial(26,1,1)", u"01/01/2026"},
-    {u"timeserial(9,90,0)", u"10:30:00"},
-    {u"datevalue(#2026/11/05 14:30#)", u"05/11/2026"},
-    {u"timevalue(#2026/11/05 14:30#)", u"14:30:00"},
-    {u"monthname(11)", u"Νοέμβριος"},
-    {u"monthname(13)", u"-"},
-    {u"weekdayname(weekday(#2026/11/09#))", u"Δευτέρα"},
-    {u"cdate('5/11/2026')", u"05/11/2026"},
-    {u"cdate(1)", u"31/12/1899"},
     {u"cdbl(#1899/12/31 12:00#)", u"1,5"},
-    {u"date()-int(now())", u"30/12/1899"},
     {u"(now()-date())<1", u"True"},
-    {u"time()<1", u"True"},
     {u"date=date()", u"True"},
     // Texts
     {u"left('Γιώργος',3)", u"Γιώ"},
@@ -117,28 +92,20 @@ constexpr Case cases[] = {
     {u"phonekey('τηλ 2310')", u""},
     {u"phonekey('++30')", u""},
     {u"phonekey(null)", u"-"},
-    {u"format(#2026/11/05#,'dd/mm/yyyy')", u"05/11/2026"},
-    {u"format(1234.5,'#,##0.00')", u"1.234,50"},
     {u"format('5/11/2026','yyyy/mm/dd')", u"2026/11/05"},
-    {u"format(null,'0')", u""},
     {u"cstr(1.5)", u"1,5"},
     {u"cstr(#14:30#)", u"14:30:00"},
     // Numbers
     {u"int(-1.5)", u"-2"},
     {u"fix(-1.5)", u"-1"},
     {u"round(0.5) & round(1.5) & round(2.5) & round(-2.5)", u"022-2"},
-    {u"round(2.675,2)", u"2,68"},
     {u"round(2.665,2)", u"2,66"},
     {u"round(-1.005,2)", u"-1"},
     {u"round(1234567.8915,3)", u"1234567,892"},
     {u"cint(2.5) & cint(3.5) & clng('7,6')", u"248"},
     {u"abs(-3) & abs(-1.5) & sgn(-7) & sgn(0)", u"31,5-10"},
-    {u"sqr(-1)", u"-"},
     {u"val(' 12 34.5abc')", u"1234,5"},
-    {u"val('12,5')", u"12"},
     {u"val('x')", u"0"},
-    {u"cdbl('1.234,5')", u"1234,5"},
-    {u"10^400", u"-"},
     // Choices and tests
     {u"iif(1=1,'α','β')", u"α"},
     {u"iif(null,'α','β')", u"β"},
@@ -157,64 +124,46 @@ constexpr Case cases[] = {
 
 class TestDialectFunctions : public QObject {
     Q_OBJECT
-private slots:
-    void value_data();
-    void value();
-    void tooLarge();
-    void overColumns();
 
-private:
     DialectDatabase database_;
+
+private slots:
+    void values() {
+        const int wrong = support::countFaults(cases, [&](const Case& one) {
+            const QString answer = database_.run(u"select "_s + QString::fromUtf16(one.name));
+            return answer == QStringView(one.value) ? QString() : answer;
+        });
+        QCOMPARE(wrong, 0);
+    }
+
+    // Beyond all numbers: the embedded engine counts on, the server refuses, and both live.
+    void tooLarge() {
+        const QString sql = u"select 1e308*10 > 1"_s;
+        if (testengine::isPostgres())
+            VERIFY_ERROR(Type, database_.run(sql));
+        else
+            QCOMPARE(database_.run(sql), u"True"_s);
+    }
+
+    // Values that the statement doesn't know: wrong and empty ones give Null, and nothing fails.
+    void overColumns() {
+        for (const QString& value : {u"'5/11/2026'"_s, u"'1,5'"_s, u"'άλλο'"_s, u"null"_s})
+            database_.run(u"insert into combo1 (description) values (%1)"_s.arg(value));
+        constexpr Case columns[] = {
+            {u"cdate(description)", u"05/11/2026 / - / - / -"},
+            {u"cdbl(description)", u"- / 1,5 / - / -"},
+            {u"day(description)", u"5 / - / - / -"},
+            {u"dateadd(description,1,#2026/01/01#)", u"- / - / - / -"},
+            {u"isnumeric(description)", u"False / True / False / False"},
+            {u"description*2", u"- / 3 / - / -"},
+            {u"description & '.'", u"5/11/2026. / 1,5. / άλλο. / ."},
+        };
+        support::forEach(columns, [&](const Case& one) {
+            const QString sql = u"select %1 from combo1 order by code"_s.arg(QStringView(one.name));
+            QCOMPARE(database_.run(sql), QString::fromUtf16(one.value));
+        });
+    }
 };
-
-void TestDialectFunctions::value_data() {
-    QTest::addColumn<QString>("expression");
-    QTest::addColumn<QString>("expected");
-    for (const Case& c : cases)
-        QTest::newRow(qPrintable(QString::fromUtf16(c.expression)))
-            << QString::fromUtf16(c.expression) << QString::fromUtf16(c.value);
-}
-
-void TestDialectFunctions::value() {
-    QFETCH(QString, expression);
-    QString answer;
-    try {
-        answer = database_.run(u"select "_s + expression);
-    } catch (const std::exception& error) {
-        answer = QString::fromUtf8(error.what());
-    }
-    QTEST(answer, "expected");
-}
-
-// Beyond all numbers: the embedded engine counts on, the server refuses, and both live.
-void TestDialectFunctions::tooLarge() {
-    QString answer;
-    try {
-        answer = database_.run(u"select 1e308*10 > 1"_s);
-    } catch (const Error& error) {
-        QCOMPARE(error.category(), ErrorCategory::Type);
-        answer = error.text();
-    }
-    QCOMPARE(answer, testengine::isPostgres() ? u"Ένας αριθμός είναι έξω από τα όρια."_s : u"True"_s);
-}
-
-// Values that the statement doesn't know: wrong and empty ones give Null, and nothing fails.
-void TestDialectFunctions::overColumns() {
-    database_.run(u"insert into combo1 (description) values ('5/11/2026')"_s);
-    database_.run(u"insert into combo1 (description) values ('1,5')"_s);
-    database_.run(u"insert into combo1 (description) values ('άλλο')"_s);
-    database_.run(u"insert into combo1 (description) values (null)"_s);
-    const auto column = [&](const char16_t* expression) {
-        return database_.run(u"select %1 from combo1 order by code"_s.arg(QString::fromUtf16(expression)));
-    };
-    QCOMPARE(column(u"cdate(description)"), u"05/11/2026 / - / - / -"_s);
-    QCOMPARE(column(u"cdbl(description)"), u"- / 1,5 / - / -"_s);
-    QCOMPARE(column(u"day(description)"), u"5 / - / - / -"_s);
-    QCOMPARE(column(u"dateadd(description,1,#2026/01/01#)"), u"- / - / - / -"_s);
-    QCOMPARE(column(u"isnumeric(description)"), u"False / True / False / False"_s);
-    QCOMPARE(column(u"description*2"), u"- / 3 / - / -"_s);
-    QCOMPARE(column(u"description & '.'"), u"5/11/2026. / 1,5. / άλλο. / ."_s);
-}
 
 QTEST_GUILESS_MAIN(TestDialectFunctions)
 #include "test_dialect_functions.moc"

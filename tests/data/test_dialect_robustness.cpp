@@ -1,9 +1,10 @@
 // Nonsense: whatever comes in, the answer is an error or a statement that the engine takes.
-#include <QtTest/QtTest>
+#include <QtTest>
 #include <random>
 
 #include "data/error.h"
 #include "dialectdatabase.h"
+#include "statementfile.h"
 
 using namespace Qt::Literals::StringLiterals;
 
@@ -57,10 +58,7 @@ void TestDialectRobustness::check(const QString& sql) {
 }
 
 void TestDialectRobustness::initTestCase() {
-    QFile file(QFINDTESTDATA("corpus/statements.txt"));
-    QVERIFY(file.open(QIODevice::ReadOnly));
-    for (const QString& line : QString::fromUtf8(file.readAll()).split(u'\n'))
-        if (!line.isEmpty() && !line.startsWith(u'#') && !line.startsWith(u'@')) corpus_ << line;
+    for (const TypedStatement& typed : readStatements(QFINDTESTDATA("statements/windows.txt"))) corpus_ << typed.sql;
     QVERIFY(corpus_.size() > 100);
     words_ =
         u"select from where order by group having union all distinct top 1 inner left right join on as "
@@ -117,49 +115,17 @@ void TestDialectRobustness::mutatedStatements() {
 }
 
 QString TestDialectRobustness::operand(int depth) {
-    static const QStringList leaves = {
-        u"code"_s,         u"total"_s,   u"επωνυμο"_s, u"σχολια"_s, u"FieldYes1"_s, u"ΗΜ_ΓΕΝΗΣΗΣ"_s,
-        u"photo"_s,        u"5"_s,       u"-2.5"_s,    u"'α%'"_s,   u"'5,5'"_s,     u"'5/11/2026'"_s,
-        u"#2026/11/05#"_s, u"#09:00#"_s, u"true"_s,    u"null"_s,   u"p1"_s};
+    static const QStringList leaves =
+        u"code|total|επωνυμο|σχολια|FieldYes1|ΗΜ_ΓΕΝΗΣΗΣ|photo|5|-2.5|'α%'|'5,5'|'5/11/2026'|"
+        "#2026/11/05#|#09:00#|true|null|p1"_s.split(u'|');
     // %1 to %3 are operands.
-    static const QStringList shapes = {u"%1+%2"_s,
-                                       u"%1-%2"_s,
-                                       u"%1*%2"_s,
-                                       u"%1/%2"_s,
-                                       u"%1\\%2"_s,
-                                       u"%1 mod %2"_s,
-                                       u"%1^%2"_s,
-                                       u"%1&%2"_s,
-                                       u"-%1"_s,
-                                       u"(%1)"_s,
-                                       u"%1=%2"_s,
-                                       u"%1<>%2"_s,
-                                       u"%1<%2"_s,
-                                       u"%1>=%2"_s,
-                                       u"%1 and %2"_s,
-                                       u"%1 or %2"_s,
-                                       u"%1 xor %2"_s,
-                                       u"not %1"_s,
-                                       u"%1 like %2"_s,
-                                       u"%1 not like %2"_s,
-                                       u"%1 between %2 and %3"_s,
-                                       u"%1 in (%2,%3)"_s,
-                                       u"%1 is null"_s,
-                                       u"(%1 is not null)"_s,
-                                       u"iif(%1,%2,%3)"_s,
-                                       u"nz(%1,%2)"_s,
-                                       u"left(%1,%2)"_s,
-                                       u"dateadd('d',%1,%2)"_s,
-                                       u"datediff('m',%1,%2)"_s,
-                                       u"format(%1,%2)"_s,
-                                       u"cstr(%1)"_s,
-                                       u"cdate(%1)"_s,
-                                       u"cdbl(%1)"_s,
-                                       u"cint(%1)"_s,
-                                       u"isnull(%1)"_s,
-                                       u"(select max(%1) from cards)"_s,
-                                       u"%1 in (select %2 from cards)"_s,
-                                       u"exists (select * from history where aa=%1)"_s};
+    static const QStringList shapes =
+        u"%1+%2|%1-%2|%1*%2|%1/%2|%1\\%2|%1 mod %2|%1^%2|%1&%2|-%1|(%1)|%1=%2|%1<>%2|%1<%2|%1>=%2|"
+        "%1 and %2|%1 or %2|%1 xor %2|not %1|%1 like %2|%1 not like %2|%1 between %2 and %3|"
+        "%1 in (%2,%3)|%1 is null|(%1 is not null)|iif(%1,%2,%3)|nz(%1,%2)|left(%1,%2)|"
+        "dateadd('d',%1,%2)|datediff('m',%1,%2)|format(%1,%2)|cstr(%1)|cdate(%1)|cdbl(%1)|cint(%1)|"
+        "isnull(%1)|(select max(%1) from cards)|%1 in (select %2 from cards)|"
+        "exists (select * from history where aa=%1)"_s.split(u'|');
     if (depth == 0 || below(4) == 0) return pick(leaves);
     QString shape = pick(shapes);
     for (const QString& place : {u"%1"_s, u"%2"_s, u"%3"_s})
@@ -172,14 +138,12 @@ void TestDialectRobustness::grownExpressions() {
     accepted_ = 0;
     database_.run(
         u"insert into cards (επωνυμο, total, ΗΜ_ΓΕΝΗΣΗΣ, FieldYes1) values ('Παππάς', 5.5, #2026/11/05#, true)"_s);
-    static const QStringList frames = {u"select %1 from cards"_s,
-                                       u"select code from cards where %1"_s,
-                                       u"select code from cards order by %1"_s,
-                                       u"select %1, count(*) from cards group by %1"_s,
-                                       u"select distinct %1 from cards order by 1"_s,
-                                       u"select %1 from cards union select %2 from cards order by 1"_s,
-                                       u"select max(%1), sum(%2), first(%1) from cards"_s,
-                                       u"select x from (select %1 as x from cards where %2) t where x is not null"_s};
+    static const QStringList frames =
+        u"select %1 from cards|select code from cards where %1|select code from cards order by %1|"
+        "select %1, count(*) from cards group by %1|select distinct %1 from cards order by 1|"
+        "select %1 from cards union select %2 from cards order by 1|"
+        "select max(%1), sum(%2), first(%1) from cards|"
+        "select x from (select %1 as x from cards where %2) t where x is not null"_s.split(u'|');
     for (int round = 0; round < rounds_; ++round) {
         QString sql = pick(frames);
         sql.replace(u"%1"_s, operand(3)).replace(u"%2"_s, operand(2));

@@ -6,8 +6,8 @@
 #include "data/opening/databasepassword.h"
 #include "data/opening/password.h"
 #include "roadfixture.h"
-
-Q_DECLARE_METATYPE(data::FileKind)
+#include "support/cases.h"
+#include "support/rowtexts.h"
 
 using namespace data;
 
@@ -41,47 +41,46 @@ class TestFiles : public QObject {
     Q_OBJECT
 
 private slots:
-    void refused_data() {
-        QTest::addColumn<QByteArray>("bytes");
-        QTest::addColumn<FileKind>("kind");
-        QTest::addColumn<bool>("corrupt");
-        QTest::addColumn<QString>("says");
+    void refused() {
         const QByteArray jet = QByteArray("\0\1\0\0Standard Jet DB\0", 20) + QByteArray(2000, '\x5a');
         QByteArray ace = jet;
         ace.replace("Jet", "ACE");
-        QTest::newRow("empty") << QByteArray() << FileKind::Empty << true << "άδειο";
-        QTest::newRow("Jet") << jet << FileKind::Jet << true << "Access";
-        QTest::newRow("ACE") << ace << FileKind::Jet << true << "Access";
-        QTest::newRow("noise") << QByteArray("\x01\x02\xff\xfe").repeated(500) << FileKind::Noise << true
-                               << "αντίγραφο";
-        QTest::newRow("zeros") << QByteArray(8192, '\0') << FileKind::Noise << true << "αντίγραφο";
-        QTest::newRow("prose") << QByteArray("Αγαπητέ κύριε,\nσας στέλνω\n") << FileKind::Noise << true << "αντίγραφο";
-        QTest::newRow("other settings") << QByteArray("colour=blue\n") << FileKind::Noise << true << "αντίγραφο";
-        QTest::newRow("server") << QByteArray("\xEF\xBB\xBF# γραφείο\r\nHost = /none\r\ndatabase=dorvalist\r\n")
-                                << FileKind::ServerDescription << false << "Η σύνδεση με τον διακομιστή";
-        QTest::newRow("foreign SQLite") << sqliteBytes(0x12345678) << FileKind::ForeignSqlite << true << "άλλου";
-        QTest::newRow("SQLite's name alone")
-            << QByteArray("SQLite format 3\0", 16) << FileKind::Noise << true << "αντίγραφο";
-    }
-    void refused() {
-        QFETCH(QByteArray, bytes);
-        QFETCH(FileKind, kind);
-        QFETCH(bool, corrupt);
-        QFETCH(QString, says);
-        QTemporaryDir folder;
-        const QString file = folder.filePath("dorvalist.mdb");
-        write(file, bytes);
-        const QDateTime modified = QFileInfo(file).lastModified();
-        QCOMPARE(identifyFile(file).kind, kind);
-        Connection connection;
-        const auto error = road::errorOf([&] { connection.open("data source=" + file); });
-        QVERIFY(error);
-        QCOMPARE(error->category(), corrupt ? ErrorCategory::Corrupt : ErrorCategory::Connection);
-        QVERIFY2(error->text().contains(says), error->what());
-        QVERIFY(!connection.isOpen());
-        QCOMPARE(read(file), bytes);
-        QCOMPARE(QFileInfo(file).lastModified(), modified);
-        QCOMPARE(QDir(folder.path()).entryList(QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot).size(), 1);
+        const struct {
+            const char* name;
+            QByteArray bytes;
+            FileKind kind;
+            ErrorCategory category;
+            const char* says;
+        } cases[] = {
+            {"empty", QByteArray(), FileKind::Empty, ErrorCategory::Corrupt, "άδειο"},
+            {"Jet", jet, FileKind::Jet, ErrorCategory::Corrupt, "Access"},
+            {"ACE", ace, FileKind::Jet, ErrorCategory::Corrupt, "Access"},
+            {"noise", QByteArray("\x01\x02\xff\xfe").repeated(500), FileKind::Noise, ErrorCategory::Corrupt,
+             "αντίγραφο"},
+            {"zeros", QByteArray(8192, '\0'), FileKind::Noise, ErrorCategory::Corrupt, "αντίγραφο"},
+            {"prose", QByteArray("Αγαπητέ κύριε,\nσας στέλνω\n"), FileKind::Noise, ErrorCategory::Corrupt, "αντίγραφο"},
+            {"other settings", QByteArray("colour=blue\n"), FileKind::Noise, ErrorCategory::Corrupt, "αντίγραφο"},
+            {"server", QByteArray("\xEF\xBB\xBF# γραφείο\r\nHost = /none\r\ndatabase=dorvalist\r\n"),
+             FileKind::ServerDescription, ErrorCategory::Connection, "Η σύνδεση με τον διακομιστή"},
+            {"foreign SQLite", sqliteBytes(0x12345678), FileKind::ForeignSqlite, ErrorCategory::Corrupt, "άλλου"},
+            {"SQLite's name alone", QByteArray("SQLite format 3\0", 16), FileKind::Noise, ErrorCategory::Corrupt,
+             "αντίγραφο"},
+        };
+        support::forEach(cases, [](const auto& one) {
+            QTemporaryDir folder;
+            const QString file = folder.filePath("dorvalist.mdb");
+            write(file, one.bytes);
+            const QDateTime modified = QFileInfo(file).lastModified();
+            QCOMPARE(identifyFile(file).kind, one.kind);
+            Connection connection;
+            const auto error = errorOf([&] { connection.open("data source=" + file); });
+            QVERIFY(error && !connection.isOpen());
+            QCOMPARE(error->category(), one.category);
+            QVERIFY2(error->text().contains(one.says), error->what());
+            QCOMPARE(read(file), one.bytes);
+            QCOMPARE(QFileInfo(file).lastModified(), modified);
+            QCOMPARE(QDir(folder.path()).entryList(QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot).size(), 1);
+        });
     }
 
     void notAFile() {
@@ -98,35 +97,26 @@ private slots:
         QCOMPARE(QDir(folder.path()).entryList(QDir::Files | QDir::System).size(), 1);
     }
 
-    void connectionStrings_data() {
-        QTest::addColumn<QString>("text");
-        QTest::addColumn<QString>("source");
-        QTest::addColumn<QString>("password");
-        QTest::newRow("as the program writes it")
-            << "Provider=microsoft.jet.oledb.4.0;data source=/γρα φείο/dorvalist.mdb; Jet OLEDB:Database Password=tbw"
-            << "/γρα φείο/dorvalist.mdb"
-            << "tbw";
-        QTest::newRow("case and blanks") << " DATA SOURCE = C:\\x\\O'Neil=2.mdb ;;junk; "
-                                         << "C:\\x\\O'Neil=2.mdb"
-                                         << "";
-        QTest::newRow("quoted") << "Data Source=\"/a;b/\"\"c\"\".mdb\" ;jet oledb:database password=' x '"
-                                << "/a;b/\"c\".mdb"
-                                << " x ";
-        QTest::newRow("unclosed quote") << "data source='/a"
-                                        << "/a"
-                                        << "";
-        QTest::newRow("empty") << ""
-                               << ""
-                               << "";
-        QTest::newRow("last counts") << "data source=a;data source=b"
-                                     << "b"
-                                     << "";
-    }
     void connectionStrings() {
-        QFETCH(QString, text);
-        const auto properties = parseConnectionString(text);
-        QTEST(properties.value("data source"), "source");
-        QTEST(properties.value("jet oledb:database password"), "password");
+        const struct {
+            const char* name;
+            QString text, source, password;
+        } cases[] = {
+            {"as the program writes it",
+             "Provider=microsoft.jet.oledb.4.0;data source=/γρα φείο/dorvalist.mdb; Jet OLEDB:Database Password=tbw",
+             "/γρα φείο/dorvalist.mdb", "tbw"},
+            {"case and blanks", " DATA SOURCE = C:\\x\\O'Neil=2.mdb ;;junk; ", "C:\\x\\O'Neil=2.mdb", ""},
+            {"quoted", "Data Source=\"/a;b/\"\"c\"\".mdb\" ;jet oledb:database password=' x '", "/a;b/\"c\".mdb",
+             " x "},
+            {"unclosed quote", "data source='/a", "/a", ""},
+            {"empty", "", "", ""},
+            {"last counts", "data source=a;data source=b", "b", ""},
+        };
+        support::forEach(cases, [](const auto& one) {
+            const auto properties = parseConnectionString(one.text);
+            QCOMPARE(properties.value("data source"), one.source);
+            QCOMPARE(properties.value("jet oledb:database password"), one.password);
+        });
     }
 
     void databasePassword() {
@@ -180,24 +170,11 @@ private slots:
         road::Office office;
         for (int i = 0; i < 2; ++i) {
             SqliteEngine engine(settings(office.file()));
-            const auto pragma = [&engine](const char* name) {
-                struct Sink : RowSink {
-                    QString value;
-                    void beginRow() override {}
-                    void null() override {}
-                    void integer(qint64 n) override { value = QString::number(n); }
-                    void real(double) override {}
-                    void text(const char* t, qsizetype n) override { value = QString::fromUtf8(t, n); }
-                    void blob(const char*, qsizetype) override {}
-                } sink;
-                engine.query(QByteArray("PRAGMA ") + name, {}, &sink);
-                return sink.value;
-            };
             engine.execute("INSERT INTO Saves (a) VALUES (1)", {});
             QVERIFY(QFileInfo(office.file() + "-wal").size() > 0);
-            QCOMPARE(pragma("synchronous"), "2");
-            QCOMPARE(pragma("foreign_keys"), "0");
-            QCOMPARE(pragma("busy_timeout"), "50");
+            QCOMPARE(support::rowTexts(engine, "PRAGMA synchronous"), QStringList("2"));
+            QCOMPARE(support::rowTexts(engine, "PRAGMA foreign_keys"), QStringList("0"));
+            QCOMPARE(support::rowTexts(engine, "PRAGMA busy_timeout"), QStringList("50"));
         }
     }
 
@@ -230,15 +207,13 @@ private slots:
             const QByteArray sql = "SELECT " + QByteArray::number(i);
             QCOMPARE(engine.query(sql, {}, nullptr), 1);
         }
-        struct Nested : RowSink {
+        struct Nested : support::RowTexts {
             SqliteEngine* engine = nullptr;
             qint64 inner = 0;
-            void beginRow() override { inner += engine->query("SELECT 1 UNION SELECT 2", {}, nullptr); }
-            void null() override {}
-            void integer(qint64) override {}
-            void real(double) override {}
-            void text(const char*, qsizetype) override {}
-            void blob(const char*, qsizetype) override {}
+            void beginRow() override {
+                RowTexts::beginRow();
+                inner += engine->query("SELECT 1 UNION SELECT 2", {}, nullptr);
+            }
         } nested;
         nested.engine = &engine;
         QCOMPARE(engine.query("SELECT 1 UNION SELECT 2", {}, &nested), 2);

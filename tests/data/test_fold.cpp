@@ -1,7 +1,6 @@
-#include <QtTest>
-
 #include "data/types.h"
 #include "data/values/fold.h"
+#include "support/cases.h"
 
 using namespace Qt::Literals::StringLiterals;
 
@@ -11,43 +10,34 @@ class TestFold : public QObject {
     Q_OBJECT
 
 private slots:
-    void texts_data() {
-        QTest::addColumn<QString>("text");
-        QTest::addColumn<QString>("folded");
-        QTest::newRow("capitals carry no accents") << "ΠΑΠΑΔΟΠΟΥΛΟΣ"
-                                                   << "παπαδοπουλοσ";
-        QTest::newRow("small letters do") << "Παπαδόπουλος"
-                                          << "παπαδοπουλοσ";
-        QTest::newRow("both dots and accent") << "Μαΐου Λαΰσ Ϊ Ϋ"
-                                              << "μαιου λαυσ ι υ";
-        QTest::newRow("polytonic") << "ᾼᾳ Ὦ ῥῶ ᾅ"
-                                   << "αα ω ρω α";
-        QTest::newRow("decomposed") << u"α\u0301ι\u0308\u0301 e\u0301"_s << "αι e";
-        QTest::newRow("latin") << "ÀÉîõü Ñ Çé Åß İ"
-                               << "aeiou n ce aß i";
-        QTest::newRow("micro sign") << u"\u00B5m"_s << u"\u03BCm"_s;
-        QTest::newRow("ohm and kelvin signs") << u"\u2126\u212A"_s << u"ωk"_s;
-        QTest::newRow("other scripts keep their marks") << "でガ Привет עִברית"
-                                                        << "でガ привет עִברית";
-        QTest::newRow("emoji") << "👨‍👩‍👧 A"
-                               << "👨‍👩‍👧 a";
-        QTest::newRow("deseret capital") << QString::fromUcs4(U"\U00010400") << QString::fromUcs4(U"\U00010428");
-        QTest::newRow("grows in UTF-8") << u"ȺȺȺȺȺȺȺ"_s << u"ⱥⱥⱥⱥⱥⱥⱥ"_s;
-        QTest::newRow("NUL") << QString::fromUtf8("Ά\0Β", 5) << QString::fromUtf8("α\0β", 5);
-        QTest::newRow("lone surrogates") << QString(QChar(0xD801)) + "Α" << QString(QChar(0xD801)) + "α";
-        QTest::newRow("empty") << ""
-                               << "";
-        QTest::newRow("ASCII edges") << "@AZ[`az{ABCDEFGH"
-                                     << "@az[`az{abcdefgh";
-    }
     void texts() {
-        QFETCH(QString, text);
-        QFETCH(QString, folded);
-        QCOMPARE(fold(text), folded);
-        if (text.isValidUtf16()) {
-            const QByteArray utf8 = text.toUtf8();
-            QCOMPARE(QString::fromUtf8(foldUtf8(utf8.constData(), utf8.size())), folded);
-        }
+        const struct {
+            const char* name;
+            QString text, folded;
+        } cases[] = {
+            {"capitals carry no accents", "ΠΑΠΑΔΟΠΟΥΛΟΣ", "παπαδοπουλοσ"},
+            {"small letters do", "Παπαδόπουλος", "παπαδοπουλοσ"},
+            {"both dots and accent", "Μαΐου Λαΰσ Ϊ Ϋ", "μαιου λαυσ ι υ"},
+            {"polytonic", "ᾼᾳ Ὦ ῥῶ ᾅ", "αα ω ρω α"},
+            {"decomposed", u"α\u0301ι\u0308\u0301 e\u0301"_s, "αι e"},
+            {"latin", "ÀÉîõü Ñ Çé Åß İ", "aeiou n ce aß i"},
+            {"micro sign", u"\u00B5m"_s, u"\u03BCm"_s},
+            {"ohm and kelvin signs", u"\u2126\u212A"_s, u"ωk"_s},
+            {"other scripts keep their marks", "でガ Привет עִברית", "でガ привет עִברית"},
+            {"emoji", "👨‍👩‍👧 A", "👨‍👩‍👧 a"},
+            {"deseret capital", QString::fromUcs4(U"\U00010400"), QString::fromUcs4(U"\U00010428")},
+            {"grows in UTF-8", u"ȺȺȺȺȺȺȺ"_s, u"ⱥⱥⱥⱥⱥⱥⱥ"_s},
+            {"NUL", QString::fromUtf8("Ά\0Β", 5), QString::fromUtf8("α\0β", 5)},
+            {"lone surrogates", QString(QChar(0xD801)) + "Α", QString(QChar(0xD801)) + "α"},
+            {"empty", "", ""},
+            {"ASCII edges", "@AZ[`az{ABCDEFGH", "@az[`az{abcdefgh"},
+        };
+        support::forEach(cases, [](const auto& one) {
+            QCOMPARE(fold(one.text), one.folded);
+            if (!one.text.isValidUtf16()) return;
+            const QByteArray utf8 = one.text.toUtf8();
+            QCOMPARE(QString::fromUtf8(foldUtf8(utf8.constData(), utf8.size())), one.folded);
+        });
     }
 
     // Every character: the fold of the fold is the fold, it doesn't grow, and both roads give the same.
@@ -68,19 +58,20 @@ private slots:
         QCOMPARE(fold(capitals), order);
     }
 
-    void brokenUtf8_data() {
-        QTest::addColumn<QByteArray>("bytes");
-        QTest::addColumn<QByteArray>("folded");
-        QTest::newRow("cut letter") << QByteArray("A\xCE") << QByteArray("a\xCE");
-        QTest::newRow("cut emoji") << QByteArray("A\xF0\x9F\x98") << QByteArray("a\xF0\x9F\x98");
-        QTest::newRow("Windows-1253") << QByteArray("\xC1\xC2 \xDD Z") << QByteArray("\xC1\xC2 \xDD z");
-        QTest::newRow("overlong") << QByteArray("\xC1\x81\xE0\x80\x81") << QByteArray("\xC1\x81\xE0\x80\x81");
-        QTest::newRow("surrogate") << QByteArray("\xED\xA0\x81Z") << QByteArray("\xED\xA0\x81z");
-        QTest::newRow("beyond Unicode") << QByteArray("\xF4\x90\x80\x80Z") << QByteArray("\xF4\x90\x80\x80z");
-    }
     void brokenUtf8() {
-        QFETCH(QByteArray, bytes);
-        QTEST(foldUtf8(bytes.constData(), bytes.size()), "folded");
+        const struct {
+            const char* name;
+            QByteArray bytes, folded;
+        } cases[] = {
+            {"cut letter", "A\xCE", "a\xCE"},
+            {"cut emoji", "A\xF0\x9F\x98", "a\xF0\x9F\x98"},
+            {"Windows-1253", "\xC1\xC2 \xDD Z", "\xC1\xC2 \xDD z"},
+            {"overlong", "\xC1\x81\xE0\x80\x81", "\xC1\x81\xE0\x80\x81"},
+            {"surrogate", "\xED\xA0\x81Z", "\xED\xA0\x81z"},
+            {"beyond Unicode", "\xF4\x90\x80\x80Z", "\xF4\x90\x80\x80z"},
+        };
+        support::forEach(
+            cases, [](const auto& one) { QCOMPARE(foldUtf8(one.bytes.constData(), one.bytes.size()), one.folded); });
     }
 
     void names() {

@@ -1,6 +1,5 @@
-#include <QtTest>
-
 #include "data/values/format.h"
+#include "support/cases.h"
 
 using namespace data;
 
@@ -16,101 +15,57 @@ class TestFormat : public QObject {
 private slots:
     void initTestCase() { QLocale::setDefault(QLocale(QLocale::English, QLocale::UnitedStates)); }
 
-    void patterns_data() {
-        QTest::addColumn<QVariant>("value");
-        QTest::addColumn<QString>("pattern");
-        QTest::addColumn<QString>("text");
-        const QVariant moment = at(2026, 11, 5, 14, 3, 9);
-        QTest::newRow("day first") << moment << "dd/mm/yyyy"
-                                   << "05/11/2026";
-        QTest::newRow("month first") << moment << "MM/DD/YYYY"
-                                     << "11/05/2026";
-        QTest::newRow("short") << moment << "d/m/yy"
-                               << "5/11/26";
-        QTest::newRow("minutes after hour") << moment << "HH:MM"
-                                            << "14:03";
-        QTest::newRow("minutes before second") << moment << "mm:ss"
-                                               << "03:09";
-        QTest::newRow("both m") << moment << "dd/mm/yyyy hh:mm:ss"
-                                << "05/11/2026 14:03:09";
-        QTest::newRow("n") << moment << "h:n"
-                           << "14:3";
-        QTest::newRow("names") << moment << "DDDD DD MMM YYYY"
-                               << "Πέμπτη 05 Νοε 2026";
-        QTest::newRow("nominative") << moment << "MMMM YYYY"
-                                    << "Νοέμβριος 2026";
-        QTest::newRow("genitive") << moment << "d mmmm"
-                                  << "5 Νοεμβρίου";
-        QTest::newRow("short day") << at(2026, 11, 7) << "ddd"
-                                   << "Σαβ";
-        QTest::newRow("month alone") << moment << "m"
-                                     << "11";
-        QTest::newRow("afternoon") << moment << "h:mm AM/PM"
-                                   << "2:03 μμ";
-        QTest::newRow("midnight") << at(2026, 1, 1, 0, 30) << "hh:mm am/pm"
-                                  << "12:30 πμ";
-        QTest::newRow("quoted letters") << moment << "d \"d\\m\" \\y"
-                                        << "5 d\\m y";
-        QTest::newRow("year 812") << at(812, 1, 2) << "dd/mm/yyyy"
-                                  << "02/01/0812";
-        QTest::newRow("text date") << QVariant("5/11/26") << "yyyy/mm/dd"
-                                   << "2026/11/05";
-        QTest::newRow("text no date") << QVariant("αύριο") << "yyyy/mm/dd"
-                                      << "αύριο";
-        QTest::newRow("days") << QVariant(2.5) << "dd/mm/yyyy hh:mm"
-                              << "01/01/1900 12:00";
-        QTest::newRow("Null") << QVariant() << "dd/mm/yyyy"
-                              << "";
-        QTest::newRow("invalid date") << QVariant(QDateTime()) << "dd/mm/yyyy"
-                                      << "";
-
-        QTest::newRow("amount") << QVariant(1234567.891) << "#,##0.00"
-                                << "1.234.567,89";
-        QTest::newRow("small amount") << QVariant(0.5) << "#,##0.00"
-                                      << "0,50";
-        QTest::newRow("as a person sees it") << QVariant(2.675) << "0.00"
-                                             << "2,68";
-        QTest::newRow("1,005") << QVariant(1.005) << "0.00"
-                               << "1,01";
-        QTest::newRow("half away") << QVariant(-2.5) << "0"
-                                   << "-3";
-        QTest::newRow("carry") << QVariant(9.999) << "0.00"
-                               << "10,00";
-        QTest::newRow("no negative zero") << QVariant(-0.001) << "0.00"
-                                          << "0,00";
-        QTest::newRow("just under a cent") << QVariant(0.005) << "0.00"
-                                           << "0,01";
-        QTest::newRow("grouped whole") << QVariant(qint64(-1234)) << "#,##0"
-                                       << "-1.234";
-        QTest::newRow("three digits") << QVariant(123) << "#,##0"
-                                      << "123";
-        QTest::newRow("optional digits") << QVariant(12.5) << "#.##"
-                                         << "12,5";
-        QTest::newRow("padding") << QVariant(7) << "000"
-                                 << "007";
-        QTest::newRow("with words") << QVariant(7.5) << "0.00 €"
-                                    << "7,50 €";
-        QTest::newRow("percent") << QVariant(0.125) << "0.0%"
-                                 << "12,5%";
-        QTest::newRow("Greek dress") << QVariant(1234.5) << "#.##0,00"
-                                     << "1.234,50";
-        QTest::newRow("sections") << QVariant(-5) << "0;(0);-"
-                                  << "(5)";
-        QTest::newRow("zero section") << QVariant(0) << "0;(0);-"
-                                      << "-";
-        QTest::newRow("greatest long") << QVariant(std::numeric_limits<qint64>::max()) << "0"
-                                       << "9223372036854775807";
-        QTest::newRow("tiny") << QVariant(5e-324) << "0.00"
-                              << "0,00";
-        QTest::newRow("text number") << QVariant("1.234,5") << "0.00"
-                                     << "1234,50";
-        QTest::newRow("text no number") << QVariant("abc") << "0.00"
-                                        << "abc";
-    }
     void patterns() {
-        QFETCH(QVariant, value);
-        QFETCH(QString, pattern);
-        QTEST(format(value, pattern), "text");
+        const QVariant moment = at(2026, 11, 5, 14, 3, 9), none;
+        const struct {
+            const char* name;
+            QVariant value;
+            QString pattern, text;
+        } cases[] = {
+            {"day first", moment, "dd/mm/yyyy", "05/11/2026"},
+            {"month first", moment, "MM/DD/YYYY", "11/05/2026"},
+            {"short", moment, "d/m/yy", "5/11/26"},
+            {"minutes after hour", moment, "HH:MM", "14:03"},
+            {"minutes before second", moment, "mm:ss", "03:09"},
+            {"both m", moment, "dd/mm/yyyy hh:mm:ss", "05/11/2026 14:03:09"},
+            {"n", moment, "h:n", "14:3"},
+            {"names", moment, "DDDD DD MMM YYYY", "Πέμπτη 05 Νοε 2026"},
+            {"nominative", moment, "MMMM YYYY", "Νοέμβριος 2026"},
+            {"genitive", moment, "d mmmm", "5 Νοεμβρίου"},
+            {"short day", at(2026, 11, 7), "ddd", "Σαβ"},
+            {"month alone", moment, "m", "11"},
+            {"afternoon", moment, "h:mm AM/PM", "2:03 μμ"},
+            {"midnight", at(2026, 1, 1, 0, 30), "hh:mm am/pm", "12:30 πμ"},
+            {"quoted letters", moment, "d \"d\\m\" \\y", "5 d\\m y"},
+            {"year 812", at(812, 1, 2), "dd/mm/yyyy", "02/01/0812"},
+            {"text date", "5/11/26", "yyyy/mm/dd", "2026/11/05"},
+            {"text no date", "αύριο", "yyyy/mm/dd", "αύριο"},
+            {"days", 2.5, "dd/mm/yyyy hh:mm", "01/01/1900 12:00"},
+            {"Null", none, "dd/mm/yyyy", ""},
+            {"invalid date", QDateTime(), "dd/mm/yyyy", ""},
+            {"amount", 1234567.891, "#,##0.00", "1.234.567,89"},
+            {"small amount", 0.5, "#,##0.00", "0,50"},
+            {"as a person sees it", 2.675, "0.00", "2,68"},
+            {"1,005", 1.005, "0.00", "1,01"},
+            {"half away", -2.5, "0", "-3"},
+            {"carry", 9.999, "0.00", "10,00"},
+            {"no negative zero", -0.001, "0.00", "0,00"},
+            {"just under a cent", 0.005, "0.00", "0,01"},
+            {"grouped whole", qint64(-1234), "#,##0", "-1.234"},
+            {"three digits", 123, "#,##0", "123"},
+            {"optional digits", 12.5, "#.##", "12,5"},
+            {"padding", 7, "000", "007"},
+            {"with words", 7.5, "0.00 €", "7,50 €"},
+            {"percent", 0.125, "0.0%", "12,5%"},
+            {"Greek dress", 1234.5, "#.##0,00", "1.234,50"},
+            {"sections", -5, "0;(0);-", "(5)"},
+            {"zero section", 0, "0;(0);-", "-"},
+            {"greatest long", std::numeric_limits<qint64>::max(), "0", "9223372036854775807"},
+            {"tiny", 5e-324, "0.00", "0,00"},
+            {"text number", "1.234,5", "0.00", "1234,50"},
+            {"text no number", "abc", "0.00", "abc"},
+        };
+        support::forEach(cases, [](const auto& one) { QCOMPARE(format(one.value, one.pattern), one.text); });
     }
 
     void hugeNumbers() {
@@ -120,92 +75,93 @@ private slots:
         QVERIFY(!format(std::numeric_limits<double>::infinity(), u"0.00").isEmpty());
     }
 
-    void dates_data() {
-        QTest::addColumn<QString>("text");
-        QTest::addColumn<QVariant>("expected");
-        QTest::addColumn<bool>("monthFirst");
-        const QVariant day = at(2026, 11, 5), none;
-        QTest::newRow("slashes") << "5/11/2026" << day << false;
-        QTest::newRow("month first") << "11/5/2026" << day << true;
-        QTest::newRow("dashes") << "05-11-26" << day << false;
-        QTest::newRow("points") << " 5.11.2026 " << day << false;
-        QTest::newRow("year first") << "2026/11/05" << day << true;
-        QTest::newRow("ISO") << "2026-11-05 14:30:05" << at(2026, 11, 5, 14, 30, 5) << false;
-        QTest::newRow("ISO with T") << "2026-11-05T14:30:05" << at(2026, 11, 5, 14, 30, 5) << false;
-        QTest::newRow("other way round") << "11/25/2026" << at(2026, 11, 25) << false;
-        QTest::newRow("other way round, month first") << "25/11/2026" << at(2026, 11, 25) << true;
-        QTest::newRow("no month") << "13/25/2026" << none << false;
-        QTest::newRow("no year") << "5/11" << day << false;
-        QTest::newRow("window low") << "1/1/29" << at(2029, 1, 1) << false;
-        QTest::newRow("window high") << "1/1/30" << at(1930, 1, 1) << false;
-        QTest::newRow("leap day") << "29/2/2024" << at(2024, 2, 29) << false;
-        QTest::newRow("no leap day") << "29/2/2026" << none << false;
-        QTest::newRow("time") << "14:30" << at(1899, 12, 30, 14, 30) << false;
-        QTest::newRow("Greek afternoon") << "2:30 μμ" << at(1899, 12, 30, 14, 30) << false;
-        QTest::newRow("Greek morning") << "12:30 Π.Μ." << at(1899, 12, 30, 0, 30) << false;
-        QTest::newRow("English") << "2:30PM" << at(1899, 12, 30, 14, 30) << false;
-        QTest::newRow("hour and word") << "2 μμ" << at(1899, 12, 30, 14, 0) << false;
-        QTest::newRow("both") << "5/11/2026 2:30 μμ" << at(2026, 11, 5, 14, 30) << false;
-        QTest::newRow("no time") << "25:00" << none << false;
-        QTest::newRow("14 o'clock in the afternoon") << "14:30 μμ" << none << false;
-        QTest::newRow("empty mask") << "__/__/____" << none << false;
-        QTest::newRow("empty time mask") << "__:__" << none << false;
-        QTest::newRow("number") << "12345" << none << false;
-        QTest::newRow("small number") << "5" << none << false;
-        QTest::newRow("year 99") << "1/1/0099" << none << false;
-        QTest::newRow("year 10000") << "1/1/10000" << none << false;
-        QTest::newRow("mixed") << "5/11-2026" << none << false;
-        QTest::newRow("two days") << "5/11/2026 6/11/2026" << none << false;
-        QTest::newRow("word") << "5/11/2026 κάτι" << none << false;
-        QTest::newRow("half day alone") << "5/11/2026 μμ" << none << false;
-        QTest::newRow("empty") << "" << none << false;
-        QTest::newRow("NUL") << QString(3, QChar(0)) << none << false;
-        QTest::newRow("long") << QString(10000, u'1') << none << false;
-    }
     void dates() {
-        QFETCH(QString, text);
-        QFETCH(QVariant, expected);
-        QFETCH(bool, monthFirst);
-        const auto read = parseDate(text, monthFirst ? DateOrder::MonthFirst : DateOrder::DayFirst, QDate(2026, 3, 1));
-        QCOMPARE(read.has_value(), expected.isValid());
-        if (read) QCOMPARE(*read, expected.toDateTime());
+        const QVariant day = at(2026, 11, 5), none;
+        const struct {
+            const char* name;
+            QString text;
+            QVariant expected;
+            DateOrder order = DateOrder::DayFirst;
+        } cases[] = {
+            {"slashes", "5/11/2026", day},
+            {"month first", "11/5/2026", day, DateOrder::MonthFirst},
+            {"dashes", "05-11-26", day},
+            {"points", " 5.11.2026 ", day},
+            {"year first", "2026/11/05", day, DateOrder::MonthFirst},
+            {"ISO", "2026-11-05 14:30:05", at(2026, 11, 5, 14, 30, 5)},
+            {"ISO with T", "2026-11-05T14:30:05", at(2026, 11, 5, 14, 30, 5)},
+            {"other way round", "11/25/2026", at(2026, 11, 25)},
+            {"other way round, month first", "25/11/2026", at(2026, 11, 25), DateOrder::MonthFirst},
+            {"no month", "13/25/2026", none},
+            {"no year", "5/11", day},
+            {"window low", "1/1/29", at(2029, 1, 1)},
+            {"window high", "1/1/30", at(1930, 1, 1)},
+            {"leap day", "29/2/2024", at(2024, 2, 29)},
+            {"no leap day", "29/2/2026", none},
+            {"time", "14:30", at(1899, 12, 30, 14, 30)},
+            {"Greek afternoon", "2:30 μμ", at(1899, 12, 30, 14, 30)},
+            {"Greek morning", "12:30 Π.Μ.", at(1899, 12, 30, 0, 30)},
+            {"English", "2:30PM", at(1899, 12, 30, 14, 30)},
+            {"hour and word", "2 μμ", at(1899, 12, 30, 14, 0)},
+            {"both", "5/11/2026 2:30 μμ", at(2026, 11, 5, 14, 30)},
+            {"no time", "25:00", none},
+            {"14 o'clock in the afternoon", "14:30 μμ", none},
+            {"empty mask", "__/__/____", none},
+            {"empty time mask", "__:__", none},
+            {"number", "12345", none},
+            {"small number", "5", none},
+            {"year 99", "1/1/0099", none},
+            {"year 10000", "1/1/10000", none},
+            {"mixed", "5/11-2026", none},
+            {"two days", "5/11/2026 6/11/2026", none},
+            {"word", "5/11/2026 κάτι", none},
+            {"half day alone", "5/11/2026 μμ", none},
+            {"empty", "", none},
+            {"NUL", QString(3, QChar(0)), none},
+            {"long", QString(10000, u'1'), none},
+        };
+        support::forEach(cases, [](const auto& one) {
+            const auto read = parseDate(one.text, one.order, QDate(2026, 3, 1));
+            QCOMPARE(read ? QVariant(*read) : QVariant(), one.expected);
+        });
     }
 
-    void numbers_data() {
-        QTest::addColumn<QString>("text");
-        QTest::addColumn<QVariant>("number");
-        const QVariant none;
-        QTest::newRow("decimal comma") << "12,5" << QVariant(12.5);
-        QTest::newRow("grouped") << "1.234,50" << QVariant(1234.5);
-        QTest::newRow("groups only") << "1.234.567" << QVariant(1234567.0);
-        QTest::newRow("thousand") << "1.234" << QVariant(1234.0);
-        QTest::newRow("point") << "12.5" << QVariant(12.5);
-        QTest::newRow("sign and blanks") << " -0,25 " << QVariant(-0.25);
-        QTest::newRow("plus") << "+3" << QVariant(3.0);
-        QTest::newRow("bare comma") << ",5" << QVariant(0.5);
-        QTest::newRow("trailing comma") << "5," << QVariant(5.0);
-        QTest::newRow("exponent") << "1,5E+3" << QVariant(1500.0);
-        QTest::newRow("bad groups") << "12.34,5" << none;
-        QTest::newRow("two commas") << "1,2,3" << none;
-        QTest::newRow("point after comma") << "1,234.5" << none;
-        QTest::newRow("comma only") << "," << none;
-        QTest::newRow("empty") << "" << none;
-        QTest::newRow("blanks") << "   " << none;
-        QTest::newRow("letters") << "12α" << none;
-        QTest::newRow("hex") << "0x10" << none;
-        QTest::newRow("inf") << "inf" << none;
-        QTest::newRow("nan") << "NaN" << none;
-        QTest::newRow("overflow") << "1e999" << none;
-        QTest::newRow("two signs") << "--5" << none;
-        QTest::newRow("inner blank") << "1 2" << none;
-        QTest::newRow("long") << QString(10000, u'9') << none;
-    }
     void numbers() {
-        QFETCH(QString, text);
-        QFETCH(QVariant, number);
-        const auto read = parseNumber(text);
-        QCOMPARE(read.has_value(), number.isValid());
-        if (read) QCOMPARE(*read, number.toDouble());
+        const QVariant none;
+        const struct {
+            const char* name;
+            QString text;
+            QVariant number;
+        } cases[] = {
+            {"decimal comma", "12,5", 12.5},
+            {"grouped", "1.234,50", 1234.5},
+            {"groups only", "1.234.567", 1234567.0},
+            {"thousand", "1.234", 1234.0},
+            {"point", "12.5", 12.5},
+            {"sign and blanks", " -0,25 ", -0.25},
+            {"plus", "+3", 3.0},
+            {"bare comma", ",5", 0.5},
+            {"trailing comma", "5,", 5.0},
+            {"exponent", "1,5E+3", 1500.0},
+            {"bad groups", "12.34,5", none},
+            {"two commas", "1,2,3", none},
+            {"point after comma", "1,234.5", none},
+            {"comma only", ",", none},
+            {"empty", "", none},
+            {"blanks", "   ", none},
+            {"letters", "12α", none},
+            {"hex", "0x10", none},
+            {"inf", "inf", none},
+            {"nan", "NaN", none},
+            {"overflow", "1e999", none},
+            {"two signs", "--5", none},
+            {"inner blank", "1 2", none},
+            {"long", QString(10000, u'9'), none},
+        };
+        support::forEach(cases, [](const auto& one) {
+            const auto read = parseNumber(one.text);
+            QCOMPARE(read ? QVariant(*read) : QVariant(), one.number);
+        });
     }
 
     void numberRoundTrip() {

@@ -10,36 +10,22 @@
 #include "data/postgres/pgdialect.h"
 #include "data/values/fold.h"
 #include "roadfixture.h"
+#include "support/cases.h"
+#include "support/rowtexts.h"
 
 using namespace Qt::Literals::StringLiterals;
 
 using namespace data;
+using support::rowTexts;
 
 namespace {
-
-class Texts : public RowSink {
-public:
-    QStringList values;
-    void beginRow() override {}
-    void null() override { values << u"-"_s; }
-    void integer(qint64 value) override { values << QString::number(value); }
-    void real(double value) override { values << QString::number(value); }
-    void text(const char* utf8, qsizetype size) override { values << QString::fromUtf8(utf8, size); }
-    void blob(const char*, qsizetype) override {}
-};
-
-QStringList texts(Engine& engine, const QByteArray& sql, const QVector<QVariant>& parameters = {}) {
-    Texts sink;
-    engine.query(sql, parameters, &sink);
-    return sink.values;
-}
 
 // Ends the session of an engine from another one, as a server that restarts does.
 void cut(PgEngine& victim, const ServerDescription& server) {
     PgEngine other(server, {});
     other.query("SELECT pg_terminate_backend($1)", {victim.backendId()}, nullptr);
     // The session is gone when the server says so, not when it was told to go.
-    while (texts(other, "SELECT count(*) FROM pg_stat_activity WHERE pid = $1", {victim.backendId()}) !=
+    while (rowTexts(other, "SELECT count(*) FROM pg_stat_activity WHERE pid = $1", {victim.backendId()}) !=
            QStringList("0")) {
     }
 }
@@ -77,10 +63,6 @@ class TestPostgres : public QObject {
 
     std::unique_ptr<road::Office> office_;
     const ServerDescription& server() const { return office_->server(); }
-    Error errorOf(const std::function<void()>& action) {
-        const auto error = road::errorOf(action);
-        return error ? *error : Error(ErrorCategory::Other, u"nothing was thrown"_s);
-    }
 
 private slots:
     void init() { office_ = std::make_unique<road::Office>(); }
@@ -97,13 +79,13 @@ private slots:
         }
         PgEngine engine(server(), {});
         const QStringList wanted = fold(all).split(u'\n');
-        const QStringList alone =
-            texts(engine, "SELECT fold(c) FROM regexp_split_to_table($1, E'\n') WITH ORDINALITY AS t(c, n) ORDER BY n",
-                  {all});
+        const QStringList alone = rowTexts(
+            engine, "SELECT fold(c) FROM regexp_split_to_table($1, E'\n') WITH ORDINALITY AS t(c, n) ORDER BY n",
+            {all});
         QCOMPARE(alone.size(), wanted.size());
         for (qsizetype i = 0; i < alone.size(); ++i)
             QVERIFY2(alone[i] == wanted[i], qPrintable(u"%1: %2 for %3"_s.arg(i).arg(alone[i], wanted[i])));
-        QCOMPARE(texts(engine, "SELECT fold('ΠαπαδόπουλοΣ «Ά» – 5€')"), QStringList("παπαδοπουλοσ «α» – 5€"));
+        QCOMPARE(rowTexts(engine, "SELECT fold('ΠαπαδόπουλοΣ «Ά» – 5€')"), QStringList("παπαδοπουλοσ «α» – 5€"));
     }
 
     // An office whose functions are of an older program gets today's at its next opening, with an index on one of them.
@@ -120,11 +102,11 @@ private slots:
             engine.setProperty(u"functions"_s, u"2"_s);
         }
         PgEngine engine(server(), {});
-        QCOMPARE(texts(engine, "SELECT jet_dateadd('m', 1, timestamp '2026-01-31')::date::text"),
+        QCOMPARE(rowTexts(engine, "SELECT jet_dateadd('m', 1, timestamp '2026-01-31')::date::text"),
                  QStringList("2026-02-28"));
-        QCOMPARE(texts(engine,
-                       "SELECT count(*) FROM pg_proc WHERE proname = 'jet_addmonths' AND pronamespace = (SELECT oid "
-                       "FROM pg_namespace WHERE nspname = current_schema())"),
+        QCOMPARE(rowTexts(engine,
+                          "SELECT count(*) FROM pg_proc WHERE proname = 'jet_addmonths' AND pronamespace = (SELECT oid "
+                          "FROM pg_namespace WHERE nspname = current_schema())"),
                  QStringList("1"));
     }
 
@@ -153,11 +135,10 @@ private slots:
         PgEngine engine(server(), {});
         engine.execute("INSERT INTO \"Saves\" (a) VALUES ($1)", {1});
         cut(engine, server());
-        const Error lost = errorOf([&] { engine.execute("INSERT INTO \"Saves\" (a) VALUES ($1)", {2}); });
-        QVERIFY2(lost.category() == ErrorCategory::Connection, lost.what());
+        VERIFY_ERROR(Connection, engine.execute("INSERT INTO \"Saves\" (a) VALUES ($1)", {2}));
         engine.execute("INSERT INTO \"Saves\" (a) VALUES ($1)", {3});
-        QCOMPARE(texts(engine, "SELECT a FROM \"Saves\" ORDER BY a"), QStringList({"1", "3"}));
-        QCOMPARE(texts(engine, "SELECT fold('Ώ')"), QStringList("ω"));  // the new session is set up as the first was
+        QCOMPARE(rowTexts(engine, "SELECT a FROM \"Saves\" ORDER BY a"), QStringList({"1", "3"}));
+        QCOMPARE(rowTexts(engine, "SELECT fold('Ώ')"), QStringList("ω"));  // the new session is set up as the first was
     }
 
     // The server carries out what it got; only its answer is missing, and another try would write it twice.
@@ -170,9 +151,8 @@ private slots:
         const auto insert = [&] { engine.execute("INSERT INTO \"Saves\" (a) VALUES (7)", {}); };
         insert();
         ::shutdown(mine[0].toInt(), SHUT_RD);
-        const Error lost = errorOf(insert);
-        QVERIFY2(lost.text().contains(u"πριν δοκιμάσετε ξανά"), lost.what());
-        while (texts(engine, "SELECT count(*) FROM \"Saves\"") != QStringList("2")) {
+        VERIFY_FAILURE(u"πριν δοκιμάσετε ξανά", insert());
+        while (rowTexts(engine, "SELECT count(*) FROM \"Saves\"") != QStringList("2")) {
         }
     }
 
@@ -183,23 +163,21 @@ private slots:
         engine.execute("INSERT INTO \"Saves\" (a) VALUES (1)", {});
         cut(engine, server());
         for (int i = 0; i < 3; ++i)
-            QCOMPARE(errorOf([&] { engine.execute("INSERT INTO \"Saves\" (a) VALUES (2)", {}); }).category(),
-                     ErrorCategory::Connection);
-        QCOMPARE(errorOf([&] { engine.commit(); }).category(), ErrorCategory::Connection);
+            VERIFY_ERROR(Connection, engine.execute("INSERT INTO \"Saves\" (a) VALUES (2)", {}));
+        VERIFY_ERROR(Connection, engine.commit());
         engine.rollback();
-        QCOMPARE(texts(engine, "SELECT count(*) FROM \"Saves\""), QStringList("0"));
+        QCOMPARE(rowTexts(engine, "SELECT count(*) FROM \"Saves\""), QStringList("0"));
     }
 
     void failedTransactionIsNotSaved() {
         PgEngine engine(server(), {});
         engine.begin();
-        QCOMPARE(errorOf([&] { engine.begin(); }).category(), ErrorCategory::State);
+        VERIFY_ERROR(State, engine.begin());
         engine.execute("INSERT INTO \"Saves\" (a) VALUES (1)", {});
-        QCOMPARE(errorOf([&] { engine.execute("INSERT INTO \"Saves\" (a) VALUES ($1)", {"x"}); }).category(),
-                 ErrorCategory::Type);
-        QCOMPARE(errorOf([&] { engine.script("nonsense"); }).category(), ErrorCategory::Syntax);
-        QCOMPARE(errorOf([&] { engine.commit(); }).category(), ErrorCategory::State);
-        QCOMPARE(texts(engine, "SELECT count(*) FROM \"Saves\""), QStringList("0"));
+        VERIFY_ERROR(Type, engine.execute("INSERT INTO \"Saves\" (a) VALUES ($1)", {"x"}));
+        VERIFY_ERROR(Syntax, engine.script("nonsense"));
+        VERIFY_ERROR(State, engine.commit());
+        QCOMPARE(rowTexts(engine, "SELECT count(*) FROM \"Saves\""), QStringList("0"));
     }
 
     void deadlock() {
@@ -210,9 +188,9 @@ private slots:
         one.execute("UPDATE \"Saves\" SET b=1 WHERE a=1", {});
         two.execute("UPDATE \"Saves\" SET b=2 WHERE a=2", {});
         auto waiting = std::async(std::launch::async, [&] {
-            return road::errorOf([&] { one.execute("UPDATE \"Saves\" SET b=1 WHERE a=2", {}); });
+            return errorOf([&] { one.execute("UPDATE \"Saves\" SET b=1 WHERE a=2", {}); });
         });
-        const auto mine = road::errorOf([&] { two.execute("UPDATE \"Saves\" SET b=2 WHERE a=1", {}); });
+        const auto mine = errorOf([&] { two.execute("UPDATE \"Saves\" SET b=2 WHERE a=1", {}); });
         if (mine) two.rollback();
         const auto theirs = waiting.get();
         QVERIFY(mine.has_value() != theirs.has_value());
@@ -250,7 +228,8 @@ private slots:
                                 "insert into Numbered (name) values ('γ')", "insert into Numbered values (5,'δ')",
                                 "insert into Numbered (name) values ('ε')"})
             connection.execute(sql);
-        QCOMPARE(texts(engine, "SELECT code FROM \"Numbered\" ORDER BY code"), QStringList({"1", "5", "7", "8", "9"}));
+        QCOMPARE(rowTexts(engine, "SELECT code FROM \"Numbered\" ORDER BY code"),
+                 QStringList({"1", "5", "7", "8", "9"}));
         VERIFY_ERROR(Constraint, connection.execute("insert into Numbered values (9,'ζ')"));
     }
 
@@ -302,10 +281,9 @@ private slots:
             PgEngine theirs(owner.in(office), {}), engine(member.in(office), {});
             engine.script("CREATE TABLE \"Saves\" (a integer)");
             theirs.script("ALTER TABLE \"Saves\" ADD b integer");
-            QCOMPARE(texts(engine, "SHOW default_transaction_isolation"), QStringList("read committed"));
+            QCOMPARE(rowTexts(engine, "SHOW default_transaction_isolation"), QStringList("read committed"));
         }
-        const Error foreign = errorOf([&] { PgEngine(stranger.in(office), {}); });
-        QVERIFY2(foreign.text().contains(u"δικαίωμα στο σχήμα"), foreign.what());
+        VERIFY_FAILURE(u"δικαίωμα στο σχήμα", PgEngine(stranger.in(office), {}));
         dropPgDatabase(member.in(office));
         QCOMPARE(pgSchemaState(office), PgSchemaState::Empty);  // the schema is the administrator's
     }
@@ -319,7 +297,7 @@ private slots:
         admin.script("CREATE SCHEMA " + schema + "; CREATE FUNCTION " + schema +
                      ".theirs() RETURNS integer LANGUAGE sql AS 'SELECT 1'");
         VERIFY_ERROR(Constraint, createPgDatabase(office, DatabaseKind::Main));
-        QCOMPARE(texts(admin, "SELECT " + schema + ".theirs()"), QStringList("1"));
+        QCOMPARE(rowTexts(admin, "SELECT " + schema + ".theirs()"), QStringList("1"));
         admin.script("DROP SCHEMA " + schema + " CASCADE");
     }
 
@@ -332,56 +310,38 @@ private slots:
         VERIFY_ERROR(Connection, PgEngine(foreign, {}));
         ServerDescription noDatabase = server();
         noDatabase.database = u"there's none"_s;
-        const Error answered = errorOf([&] { PgEngine(noDatabase, {}); });
-        QVERIFY2(answered.text().startsWith(u"Ο διακομιστής της βάσης απάντησε"), answered.what());
+        VERIFY_FAILURE(u"Ο διακομιστής της βάσης απάντησε", PgEngine(noDatabase, {}));
     }
 
-    void descriptions_data() {
-        QTest::addColumn<QString>("text");
-        QTest::addColumn<QString>("host");
-        QTest::addColumn<QString>("database");
-        QTest::addColumn<QString>("refusal");
-        QTest::newRow("plain") << "host=a\ndatabase=b\n"
-                               << "a"
-                               << "b"
-                               << "";
-        QTest::newRow("blanks, case, comment, other words")
-            << "\uFEFF# γραφείο\r\n\r\n Server = a.b \r\nDBNAME=μία βάση\r\n"
-            << "a.b"
-            << "μία βάση"
-            << "";
-        QTest::newRow("unknown word") << "host=a\nhots=b"
-                                      << ""
-                                      << ""
-                                      << "γραμμή 2";
-        QTest::newRow("comment and quotes") << "host=a # ο παλιός\ndatabase = ' b # \"c\" '  # και αυτή"
-                                            << "a"
-                                            << " b # \"c\" "
-                                            << "";
-        QTest::newRow("no equals sign") << "host=a\nuser maria"
-                                        << ""
-                                        << ""
-                                        << "γραμμή 2";
-        QTest::newRow("schema's name too long") << "host=a\nschema=" + QString(24, u'ω') << ""
-                                                << ""
-                                                << "μακρύ";
-        QTest::newRow("no value") << "host"
-                                  << ""
-                                  << ""
-                                  << "";
-    }
     void descriptions() {
-        QFETCH(QString, text);
-        QFETCH(QString, refusal);
-        if (!refusal.isEmpty()) {
-            QVERIFY(looksLikeDescription(decodeDescription(text.toUtf8())));
-            const Error error = errorOf([&] { parseServerDescription(text, "x"); });
-            QVERIFY2(error.category() == ErrorCategory::Connection && error.text().contains(refusal), error.what());
-            return;
-        }
-        const ServerDescription read = parseServerDescription(decodeDescription(text.toUtf8()));
-        QTEST(read.host, "host");
-        QTEST(read.database, "database");
+        const struct {
+            const char* name;
+            QString text, host, database;
+        } cases[] = {
+            {"plain", "host=a\ndatabase=b\n", "a", "b"},
+            {"blanks, case, comment, other words", "\uFEFF# γραφείο\r\n\r\n Server = a.b \r\nDBNAME=μία βάση\r\n",
+             "a.b", "μία βάση"},
+            {"comment and quotes", "host=a # ο παλιός\ndatabase = ' b # \"c\" '  # και αυτή", "a", " b # \"c\" "},
+            {"no value", "host", "", ""},
+        };
+        support::forEach(cases, [](const auto& one) {
+            const ServerDescription read = parseServerDescription(decodeDescription(one.text.toUtf8()));
+            QCOMPARE(read.host, one.host);
+            QCOMPARE(read.database, one.database);
+        });
+        const struct {
+            QString text, says;
+        } refusals[] = {
+            {"host=a\nhots=b", "γραμμή 2"},
+            {"host=a\nuser maria", "γραμμή 2"},
+            {"host=a\nschema=" + QString(24, u'ω'), "μακρύ"},
+        };
+        support::forEach(refusals, [](const auto& one) {
+            QVERIFY(looksLikeDescription(decodeDescription(one.text.toUtf8())));
+            const auto error = errorOf([&] { parseServerDescription(one.text, "x"); });
+            QVERIFY(error && error->category() == ErrorCategory::Connection);
+            QVERIFY2(error->text().contains(one.says), error->what());
+        });
     }
 
     void descriptionsReadAsTheyWereWritten() {

@@ -6,9 +6,11 @@
 #include "data/opening/password.h"
 #include "demo/latin.h"
 #include "schema/tables.h"
-#include "support/scratchoffice.h"
+#include "support/failure.h"
+#include "support/officefolder.h"
 
 using namespace Qt::Literals::StringLiterals;
+using namespace support;
 using schema::Database;
 
 namespace {

@@ -4,14 +4,8 @@
 #include <QScrollBar>
 #include <QTabWidget>
 
-#include "cards/frmfind.h"
-#include "cards/frmhistory.h"
-#include "cards/frmlink.h"
-#include "core/printpreview.h"
-#include "main/mdimain.h"
-#include "support/office.h"
-#include "users/frmlogon.h"
-#include "users/frmowner.h"
+#include "support/incase.h"
+#include "support/windowwalk.h"
 
 namespace {
 
@@ -41,36 +35,12 @@ class TestAccessibility : public QObject {
 private slots:
     void everyControlHasAName() {
         support::Office office;
-        office.desk.settings.setValue("Settings", "Name", "Γραφείο");
-        office.addCard("Α", "Β");
-        QStringList flags;
-        for (const char* prefix : {"fc1", "fn1", "fd1", "fy1", "fcb1"}) flags << QString("%1=True").arg(prefix);
-        // Fields without a name have one when they are spoken.
-        office.mod.gConn.execute("update CustomFields set Memo3='',FIELdchar1='',fy2=True,FieldYes2=''," +
-                                 flags.join(',') + " where id=1");
-        users::frmLogon logon(office.mod);
-        users::frmOwner owner(office.mod);
-        entry::MDIMain window(office.mod);
-        window.load();
-        window.show();
-        for (const char* entry :
-             {"mnuCards", "MnuΗμερολόγιο", "mnuCategory", "mnuFieldsCard", "mnuFieldsHistory", "mnuPass", "mnuUsers"})
-            window.menu(entry)->trigger();
-        window.windows().front("frmCombos");
-        cards::frmFind find(office.mod, nullptr, [](const cards::FoundCard&) {});
-        cards::frmHistory movement(office.mod, nullptr, [](qint64) {});
-        movement.load();
-        cards::frmLink link(office.mod, nullptr, [] {});
-        link.load();
-        core::PrintPreview preview(
-            office.mod, nullptr,
-            {"Σελίδα", [](platform::Printer& printer, const core::PrintStep&) { printer.print("Σελίδα"); }});
-        for (QWidget* dialog : {static_cast<QWidget*>(&find), static_cast<QWidget*>(&movement),
-                                static_cast<QWidget*>(&link), static_cast<QWidget*>(&preview)})
-            QCOMPARE(nameless(*dialog).join(", "), QString());
-        for (QWidget* each :
-             {static_cast<QWidget*>(&logon), static_cast<QWidget*>(&owner), static_cast<QWidget*>(&window)})
-            QCOMPARE(nameless(*each).join(", "), QString());
+        support::furnish(office);
+        support::WindowWalk walk(office.mod);
+        walk.each([](const QString& name, QWidget& window) {
+            const support::InCase in(name);
+            QCOMPARE(nameless(window).join(", "), QString());
+        });
     }
 
     void windowsOpenWithTheFocusOnTheirFirstControl() {

@@ -1,4 +1,6 @@
 // The drawing surface, and what reaches a PDF.
+#include "support/failure.h"
+#include "support/incase.h"
 #include "support/printedpdf.h"
 
 using namespace Qt::Literals::StringLiterals;
@@ -64,50 +66,46 @@ private slots:
         QVERIFY(isAt(pdf.boxOf("Δεύτερη"), 300, 2880 + 4 * height));
     }
 
-    void paperHasItsSize_data() {
-        QTest::addColumn<int>("paper");
-        QTest::addColumn<bool>("landscape");
-        QTest::addColumn<QSizeF>("points");
-        QTest::newRow("A4") << int(QPageSize::A4) << false << QSizeF(595, 842);
-        QTest::newRow("A4 turned") << int(QPageSize::A4) << true << QSizeF(842, 595);
-        QTest::newRow("A5") << int(QPageSize::A5) << false << QSizeF(420, 595);
-    }
     void paperHasItsSize() {
-        QFETCH(int, paper);
-        QFETCH(bool, landscape);
-        QFETCH(QSizeF, points);
-        const PageSetup setup{QPageSize(static_cast<QPageSize::PageSizeId>(paper)), landscape};
-        const PrintedPdf pdf = printedPdf(
-            [](Printer& printer) {
-                printer.printAt(printer.scaleWidth() - printer.textWidth("Γωνία"),
-                                printer.scaleHeight() - printer.textHeight(), "Γωνία");
-            },
-            plainFont, setup);
-        QVERIFY(std::abs(pdf.paper().width() - points.width()) < 1.5);
-        QVERIFY(std::abs(pdf.paper().height() - points.height()) < 1.5);
-        QVERIFY(std::abs(pdf.boxOf("Γωνία").right() - (points.width() - margin / 20)) < 1.5);
-        QCOMPARE(pdf.outside(), QStringList());
+        struct Case {
+            const char* name;
+            QPageSize::PageSizeId paper;
+            bool landscape;
+            QSizeF points;
+        };
+        const Case cases[] = {{"A4", QPageSize::A4, false, {595, 842}},
+                              {"A4 turned", QPageSize::A4, true, {842, 595}},
+                              {"A5", QPageSize::A5, false, {420, 595}}};
+        for (const Case& c : cases) {
+            const support::InCase in(c.name);
+            const PrintedPdf pdf = printedPdf(
+                [](Printer& printer) {
+                    printer.printAt(printer.scaleWidth() - printer.textWidth("Γωνία"),
+                                    printer.scaleHeight() - printer.textHeight(), "Γωνία");
+                },
+                plainFont, {QPageSize(c.paper), c.landscape});
+            QVERIFY(std::abs(pdf.paper().width() - c.points.width()) < 1.5);
+            QVERIFY(std::abs(pdf.paper().height() - c.points.height()) < 1.5);
+            QVERIFY(std::abs(pdf.boxOf("Γωνία").right() - (c.points.width() - margin / 20)) < 1.5);
+            QCOMPARE(pdf.outside(), QStringList());
+        }
     }
 
-    void textRunsOnOverPages_data() {
-        QTest::addColumn<qint64>("memory");
-        QTest::newRow("kept in memory") << platform::PrintDocument::usualMemory;
-        QTest::newRow("kept in a file") << qint64(0);
-        QTest::newRow("some here and some there") << qint64(2000);
-    }
+    // In memory, in a file, and some here and some there.
     void textRunsOnOverPages() {
-        QFETCH(qint64, memory);
-        const PrintedPdf pdf = printedPdf(
-            [](Printer& printer) {
-                for (int i = 1; i <= 1000; ++i) printer.print(QString("Γραμμή%1").arg(i));
-            },
-            plainFont, {}, memory);
-        QVERIFY(pdf.pageCount() > 10 && pdf.pageCount() < 30);
-        QCOMPARE(pdf.outside(), QStringList());
-        QStringList words;
-        for (int page = 0; page < pdf.pageCount(); ++page) words += pdf.text(page).split(u' ');
-        QCOMPARE(words.size(), 1000);
-        for (int i = 1; i <= 1000; ++i) QCOMPARE(words[i - 1], QString("Γραμμή%1").arg(i));
+        QStringList lines;
+        for (int i = 1; i <= 1000; ++i) lines << QString("Γραμμή%1").arg(i);
+        for (const qint64 memory : {platform::PrintDocument::usualMemory, qint64(0), qint64(2000)}) {
+            const support::InCase in(QString::number(memory));
+            const PrintedPdf pdf = printedPdf(
+                [&](Printer& printer) {
+                    for (const QString& line : lines) printer.print(line);
+                },
+                plainFont, {}, memory);
+            QVERIFY(pdf.pageCount() > 10 && pdf.pageCount() < 30);
+            QCOMPARE(pdf.outside(), QStringList());
+            QCOMPARE(pdf.text().split(u' '), lines);
+        }
     }
 
     void documentsEndAndAreForgotten() {
@@ -144,27 +142,27 @@ private slots:
         QVERIFY(printer.textWidth(printer.fitted(QString(200000, u'Ω'), 2000)) < 2000);
     }
 
-    void wrappingLosesNothing_data() {
-        QTest::addColumn<QString>("text");
-        QTest::newRow("words") << QString("Καλημέρα σας από το γραφείο. ").repeated(200);
-        QTest::newRow("one endless word") << QString("Ω").repeated(10000);
-        QTest::newRow("an endless word among words") << "Πριν " + QString("Ψ").repeated(500) + " μετά";
-        QTest::newRow("faces") << QString("😀").repeated(500);
-        QTest::newRow("blanks") << QString("α  β   γ    ").repeated(100);
-        QTest::newRow("empty lines") << QString("α\n\n\nβ\r\nγ");
-        QTest::newRow("right to left") << QString("שלום עולם ").repeated(100);
-    }
     void wrappingLosesNothing() {
-        QFETCH(QString, text);
+        const QString texts[] = {QString("Καλημέρα σας από το γραφείο. ").repeated(200),
+                                 QString("Ω").repeated(10000),
+                                 "Πριν " + QString("Ψ").repeated(500) + " μετά",
+                                 QString("😀").repeated(500),
+                                 QString("α  β   γ    ").repeated(100),
+                                 "α\n\n\nβ\r\nγ",
+                                 QString("שלום עולם ").repeated(100)};
         Printer printer({}, {}, plainFont);
-        const QStringList lines = printer.wrapped(text, 4000);
-        for (const QString& line : lines) {
-            QVERIFY2(printer.textWidth(line) < 4000, qPrintable(line));
-            QVERIFY(line.isEmpty() || !line.back().isHighSurrogate());
+        for (const QString& text : texts) {
+            const support::InCase in(text);
+            const QStringList lines = printer.wrapped(text, 4000);
+            for (const QString& line : lines) {
+                QVERIFY2(printer.textWidth(line) < 4000, qPrintable(line));
+                QVERIFY(line.isEmpty() || !line.back().isHighSurrogate());
+            }
+            const auto letters = [](QString all) { return all.remove(QRegularExpression("\\s")); };
+            QCOMPARE(letters(lines.join(u' ')), letters(text));
         }
-        const auto letters = [](QString all) { return all.remove(QRegularExpression("\\s")); };
-        QCOMPARE(letters(lines.join(u' ')), letters(text));
         QCOMPARE(printer.wrapped("α\n\nβ", 4000), QStringList({"α", "", "β"}));
+        QCOMPARE(printer.wrapped("ένα δύο", printer.textWidth("ένα δύο")), QStringList({"ένα", "δύο"}));
     }
 
     void oddTextIsNoTrouble() {
@@ -224,8 +222,10 @@ private slots:
         QVERIFY(old.open(QIODevice::ReadOnly));
         QCOMPARE(old.readAll(), QByteArray("παλιό"));
         old.close();
-        QVERIFY_THROWS_EXCEPTION(PrintError, printers.writePdf(*document, file("δεν/υπάρχει.pdf"), {}));
-        QVERIFY_THROWS_EXCEPTION(PrintError, printers.writePdf(*document, folder_.path(), {}));
+        for (const QString& place : {file("δεν/υπάρχει.pdf"), folder_.path()})
+            QVERIFY(failureOf<PrintError>([&] {
+                        printers.writePdf(*document, place, {});
+                    }).startsWith("Δεν γράφτηκε το αρχείο «" + place));
         QVERIFY(printers.writePdf(*document, old.fileName(), {}));
         QCOMPARE(PrintedPdf(old.fileName()).pageCount(), 6);
     }
@@ -233,15 +233,9 @@ private slots:
     void aPrinterThatIsNotThereIsToldInGreek() {
         Printer printer({}, "Δοκιμή", plainFont);
         const auto document = printer.endDoc();
-        for (const QString& name : {QString(), QString("Ανύπαρκτος")}) {
-            try {
-                platform::SystemPrinters().print(*document, name, 1, {});
-                QFAIL("printed on nothing");
-            } catch (const PrintError& error) {
-                QVERIFY(error.text().contains("εκτυπωτής") || error.text().contains("εκτυπωτή"));
-                QVERIFY(error.text().contains(name));
-            }
-        }
+        for (const auto& [name, told] : {std::pair("", "Δεν υπάρχει εκτυπωτής στο σύστημα."),
+                                         {"Ανύπαρκτος", "Ο εκτυπωτής «Ανύπαρκτος» δεν βρέθηκε ή δεν αποκρίνεται."}})
+            QCOMPARE(failureOf<PrintError>([&] { platform::SystemPrinters().print(*document, name, 1, {}); }), told);
     }
 };
 

@@ -1,7 +1,8 @@
-#include <QTest>
-
 #include "platform/prompts.h"
 #include "platform/sound.h"
+#include "support/incase.h"
+
+using namespace Qt::Literals::StringLiterals;
 
 using platform::DesktopPrompts;
 using platform::MessageIcon;
@@ -31,64 +32,60 @@ class TestPrompts : public QObject {
     }
 
 private slots:
-    void question_data() {
-        QTest::addColumn<int>("key");
-        QTest::addColumn<bool>("expected");
-        QTest::newRow("a hasty Enter is No") << int(Qt::Key_Return) << false;
-        QTest::newRow("Escape is No") << int(Qt::Key_Escape) << false;
-        QTest::newRow("closing is No") << 0 << false;
-        QTest::newRow("Yes by its key") << int(Qt::Key_Y) << true;
-    }
     void question() {
-        QFETCH(int, key);
-        QFETCH(bool, expected);
-        for (const QString& text :
-             {QString::fromUtf8("Να διαγραφεί η κάρτα <b>του</b> & Σία;"), QString(100000, u'α')}) {
-            whenShown([&](QDialog* dialog) {
-                QCOMPARE(buttonTexts(dialog), QStringList({"Όχι", "Ναι"}));
-                if (key == Qt::Key_Y) {
-                    for (auto* button : dialog->findChildren<QPushButton*>())
-                        if (button->text().contains(QString::fromUtf8("Ναι"))) button->click();
-                } else if (key) {
-                    QTest::keyClick(dialog->focusWidget() ? dialog->focusWidget() : dialog, Qt::Key(key));
-                } else {
-                    dialog->close();
-                }
-            });
-            QCOMPARE(prompts_.question(nullptr, "Dorvalist", text), expected);
+        const std::pair<const char*, int> cases[] = {{"a hasty Enter is No", Qt::Key_Return},
+                                                     {"Escape is No", Qt::Key_Escape},
+                                                     {"closing is No", 0},
+                                                     {"Yes by its key", Qt::Key_Y}};
+        for (const auto& [name, key] : cases) {
+            for (const QString& text : {u"Να διαγραφεί η κάρτα <b>του</b> & Σία;"_s, QString(100000, u'α')}) {
+                const support::InCase in(name);
+                whenShown([key = key](QDialog* dialog) {
+                    QCOMPARE(buttonTexts(dialog), QStringList({"Όχι", "Ναι"}));
+                    if (key == Qt::Key_Y) {
+                        for (auto* button : dialog->findChildren<QPushButton*>())
+                            if (button->text().contains("Ναι")) button->click();
+                    } else if (key) {
+                        QTest::keyClick(dialog->focusWidget() ? dialog->focusWidget() : dialog, Qt::Key(key));
+                    } else {
+                        dialog->close();
+                    }
+                });
+                QCOMPARE(prompts_.question(nullptr, "Dorvalist", text), key == Qt::Key_Y);
+            }
         }
     }
 
-    void message_data() {
-        QTest::addColumn<QString>("text");
-        QTest::newRow("short") << QString::fromUtf8("Η εκτύπωση της καρτέλας ολοκληρώθηκε !");
-        QTest::newRow("markup stays text") << "<h1>a</h1><img src='x'>";
-        QTest::newRow("many lines") << QString("γραμμή\n").repeated(2000);
-        QTest::newRow("one long line") << QString(200000, u'Ω');
-        QTest::newRow("NUL and empty") << QString(QChar(0));
-    }
     void message() {
-        QFETCH(QString, text);
-        whenShown([&](QDialog* dialog) {
-            QCOMPARE(dialog->windowTitle(), QString::fromUtf8("Μήνυμα λάθους"));
-            QCOMPARE(buttonTexts(dialog), QStringList({"Εντάξει"}));
-            const QSize screen = dialog->screen()->availableSize();
-            QVERIFY2(dialog->width() <= screen.width() && dialog->height() <= screen.height(), "outgrows the screen");
-            if (auto* box = qobject_cast<QMessageBox*>(dialog)) QCOMPARE(box->textFormat(), Qt::PlainText);
-            QTest::keyClick(dialog, Qt::Key_Escape);
-        });
-        prompts_.message(nullptr, MessageIcon::Critical, QString::fromUtf8("Μήνυμα λάθους"), text);
+        const QString texts[] = {"Η εκτύπωση της καρτέλας ολοκληρώθηκε !", "<h1>a</h1><img src='x'>",
+                                 QString("γραμμή\n").repeated(2000), QString(200000, u'Ω'), QChar(0)};
+        for (const QString& text : texts) {
+            const support::InCase in(text);
+            bool seen = false;
+            whenShown([&](QDialog* dialog) {
+                seen = true;
+                QCOMPARE(dialog->windowTitle(), "Μήνυμα λάθους");
+                QCOMPARE(buttonTexts(dialog), QStringList("Εντάξει"));
+                const QSize screen = dialog->screen()->availableSize();
+                QVERIFY2(dialog->width() <= screen.width() && dialog->height() <= screen.height(),
+                         "outgrows the screen");
+                if (auto* box = qobject_cast<QMessageBox*>(dialog)) QCOMPARE(box->textFormat(), Qt::PlainText);
+                QTest::keyClick(dialog, Qt::Key_Escape);
+            });
+            prompts_.message(nullptr, MessageIcon::Critical, "Μήνυμα λάθους", text);
+            QVERIFY(seen);
+        }
     }
 
     void input() {
         whenShown([](QDialog* dialog) {
             QCOMPARE(buttonTexts(dialog), QStringList({"Άκυρο", "Εντάξει"}));
             auto* line = dialog->findChild<QLineEdit*>();
-            QCOMPARE(line->text(), QString("0"));
-            line->setText(QString::fromUtf8("Νίκος"));
+            QCOMPARE(line->text(), "0");
+            line->setText(u"Νίκος"_s);
             QTest::keyClick(line, Qt::Key_Return);
         });
-        QCOMPARE(prompts_.input(nullptr, "Dorvalist", "Όνομα", "0"), std::optional(QString::fromUtf8("Νίκος")));
+        QCOMPARE(prompts_.input(nullptr, "Dorvalist", "Όνομα", "0"), std::optional(u"Νίκος"_s));
 
         // An accepted empty text and a cancel are two different answers.
         whenShown([](QDialog* dialog) {
@@ -100,48 +97,45 @@ private slots:
         QCOMPARE(prompts_.input(nullptr, "Dorvalist", "Όνομα", "0"), std::nullopt);
     }
 
-    void fileAndFolder() {
+    void filesAndFolders() {
         QTemporaryDir folder;
-        const QString file = folder.filePath(QString::fromUtf8("φωτό.jpg"));
+        const QString file = folder.filePath("φωτό.jpg");
         QVERIFY(QFile(file).open(QIODevice::WriteOnly));
-        const auto choose = [](const QString& path) {
-            whenShown([path](QDialog* dialog) {
+        const QString photos = "Φωτογραφίες (*.bmp *.jpg);;Όλα (*)", suggested = "Κινήσεις 2026.pdf";
+        struct Case {
+            const char* name;
+            std::function<QString()> ask;
+            QString before, chosen, answer;
+        };
+        const auto open = [&] { return prompts_.openFile(nullptr, "Φωτογραφία", photos); };
+        const auto choose = [&] { return prompts_.chooseFolder(nullptr, "Επιλογή Υποκαταλόγου"); };
+        const auto save = [&] {
+            return prompts_.saveFile(nullptr, "Αποθήκευση σε PDF", suggested, "Αρχεία PDF (*.pdf)");
+        };
+        const Case cases[] = {
+            {"open", open, "", file, file},
+            {"open, cancelled", open, "", "", ""},
+            {"folder", choose, "", folder.path(), folder.path()},
+            {"folder, cancelled", choose, "", "", ""},
+            {"save, without an ending", save, suggested, folder.filePath("άλλο"), folder.filePath("άλλο.pdf")},
+            {"save, cancelled", save, suggested, "", ""},
+        };
+        for (const Case& c : cases) {
+            const support::InCase in(c.name);
+            whenShown([&](QDialog* dialog) {
                 auto* name = dialog->findChild<QLineEdit*>("fileNameEdit");
                 QVERIFY(name);
-                name->setText(path);
-                static_cast<QFileDialog*>(dialog)->findChild<QDialogButtonBox*>()->buttons().constFirst()->click();
+                if (!c.before.isEmpty()) QCOMPARE(name->text(), c.before);
+                if (c.chosen.isEmpty()) return dialog->reject();
+                name->setText(c.chosen);
+                dialog->findChild<QDialogButtonBox*>()->buttons().constFirst()->click();
             });
-        };
-        choose(file);
-        QCOMPARE(prompts_.openFile(nullptr, "Φωτογραφία", "Φωτογραφίες (*.bmp *.jpg);;Όλα (*)"), file);
-        whenShown([](QDialog* dialog) { dialog->reject(); });
-        QVERIFY(prompts_.openFile(nullptr, "Φωτογραφία", "Φωτογραφίες (*.jpg)").isEmpty());
-        choose(folder.path());
-        QCOMPARE(prompts_.chooseFolder(nullptr, "Επιλογή Υποκαταλόγου"), folder.path());
-        whenShown([](QDialog* dialog) { dialog->reject(); });
-        QVERIFY(prompts_.chooseFolder(nullptr, "Επιλογή Υποκαταλόγου").isEmpty());
-    }
-
-    void fileToWrite() {
-        QTemporaryDir folder;
-        const auto type = [](const QString& expected, const QString& path) {
-            whenShown([=](QDialog* dialog) {
-                auto* name = dialog->findChild<QLineEdit*>("fileNameEdit");
-                QVERIFY(name);
-                QCOMPARE(name->text(), expected);
-                if (path.isEmpty()) return dialog->reject();
-                name->setText(path);
-                static_cast<QFileDialog*>(dialog)->findChild<QDialogButtonBox*>()->buttons().constFirst()->click();
-            });
-        };
-        const QString suggested = "Κινήσεις 2026.pdf", filter = "Αρχεία PDF (*.pdf)";
-        type(suggested, folder.filePath("άλλο"));
-        QCOMPARE(prompts_.saveFile(nullptr, "Αποθήκευση σε PDF", suggested, filter), folder.filePath("άλλο.pdf"));
-        type(suggested, {});
-        QVERIFY(prompts_.saveFile(nullptr, "Αποθήκευση σε PDF", suggested, filter).isEmpty());
+            QCOMPARE(c.ask(), c.answer);
+        }
     }
 
     void soundOfNothingIsSilence() {
+        QTest::failOnWarning(QRegularExpression("."));
         const auto sound = platform::systemSound();
         for (const QString& path : {QString(), QString("/nowhere/x.wav"), QDir::tempPath(), QString(5000, u'/')})
             sound->play(path);

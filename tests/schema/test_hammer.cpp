@@ -2,9 +2,11 @@
 
 #include "hammerworker.h"
 #include "schema/check.h"
-#include "support/scratchoffice.h"
+#include "support/failure.h"
+#include "support/officefolder.h"
 
 using namespace Qt::Literals::StringLiterals;
+using namespace support;
 
 // Several programs on one office at once, as the seats of a busy morning: eight on a server, four on one folder.
 class TestHammer : public QObject {
@@ -42,7 +44,7 @@ private slots:
             office.main.execute(u"insert into cards (επωνυμο,ονομα,ΚΕΙΜΕΝΟ1,FIELdnum1) values ('ζ','ζ','ζ',0)"_s);
             office.main.execute(u"insert into History (codecards,ΑΙΤΙΟΛΟΓΙΑ,ΧΡΕΩΣΗ) values (%1,'ζ',0)"_s.arg(i));
         }
-        hammer::Account told = together(office.folder.path(), testengine::isPostgres() ? 8 : 4);
+        hammer::Account told = together(office.folder(), testengine::isPostgres() ? 8 : 4);
         QCOMPARE(told.failures.join(u'\n'), QString());
         QVERIFY(told.conflicts > 0);
         QVERIFY(told.added.size() > deeds / 5);

@@ -1,9 +1,11 @@
 #include <QRegularExpression>
 
+#include "support/failure.h"
+#include "support/officefolder.h"
 #include "support/plan.h"
-#include "support/scratchoffice.h"
 
 using namespace Qt::Literals::StringLiterals;
+using namespace support;
 
 // The windows' own statements meet the indexes that were made for them.
 class TestIndexes : public QObject {

@@ -4,9 +4,12 @@
 #include "schema/creation.h"
 #include "schema/office.h"
 #include "schema/upgrade.h"
-#include "support/scratchoffice.h"
+#include "support/cases.h"
+#include "support/failure.h"
+#include "support/officefolder.h"
 
 using namespace Qt::Literals::StringLiterals;
+using namespace support;
 using schema::Database;
 
 class TestOffice : public QObject {
@@ -26,35 +29,31 @@ private slots:
         QCOMPARE(office.main.catalog().tables().size(), 20);
     }
 
-    void columnsThatInsertsCountOn_data() {
-        QTest::addColumn<QString>("table");
-        QTest::addColumn<int>("position");
-        QTest::addColumn<QString>("column");
-        const auto row = [](const char* table, int position, const char* column) {
-            QTest::addRow("%s %d", table, position)
-                << QString::fromUtf8(table) << position << QString::fromUtf8(column);
-        };
-        row("CustomFields", 1, "id");
-        row("CustomFields", 22, "fnph5");
-        row("CustomFields", 23, "fc1");
-        row("CustomFields", 42, "fd4");
-        row("CustomFields", 43, "FIELdcharh1");
-        row("CustomFields", 54, "fnh4");
-        row("CustomFields", 61, "FieldYes1");
-        row("CustomFields", 84, "fcb4");
-        row("CardKategory", 3, "payable");
-        row("Cards", 6, "category");
-        row("Cards", 29, "ΣΧΟΛΙΑ1");
-        row("Cards", 51, "ΣΥΧΝΟΤΗΤΑ_ΚΙΝΗΣΗΣ");
-        row("Cards", 71, "Photo");
-        row("Cards", 75, "doy");
-        row("MEDRA", 4, "Κατηγορία/Οργανικό Σύστημα (SOC)_   κωδικός");
-    }
     void columnsThatInsertsCountOn() {
-        QFETCH(QString, table);
-        QFETCH(int, position);
-        QFETCH(QString, column);
-        QCOMPARE(schema::findTable(Database::Main, table)->columns.value(position - 1).name, column);
+        const struct {
+            QString table;
+            int position;
+            QString name;
+        } cases[] = {
+            {u"CustomFields"_s, 1, u"id"_s},
+            {u"CustomFields"_s, 22, u"fnph5"_s},
+            {u"CustomFields"_s, 23, u"fc1"_s},
+            {u"CustomFields"_s, 42, u"fd4"_s},
+            {u"CustomFields"_s, 43, u"FIELdcharh1"_s},
+            {u"CustomFields"_s, 54, u"fnh4"_s},
+            {u"CustomFields"_s, 61, u"FieldYes1"_s},
+            {u"CustomFields"_s, 84, u"fcb4"_s},
+            {u"CardKategory"_s, 3, u"payable"_s},
+            {u"Cards"_s, 6, u"category"_s},
+            {u"Cards"_s, 29, u"ΣΧΟΛΙΑ1"_s},
+            {u"Cards"_s, 51, u"ΣΥΧΝΟΤΗΤΑ_ΚΙΝΗΣΗΣ"_s},
+            {u"Cards"_s, 71, u"Photo"_s},
+            {u"Cards"_s, 75, u"doy"_s},
+            {u"MEDRA"_s, 4, u"Κατηγορία/Οργανικό Σύστημα (SOC)_   κωδικός"_s},
+        };
+        forEach(cases, [](const auto& one) {
+            QCOMPARE(schema::findTable(Database::Main, one.table)->columns.value(one.position - 1).name, one.name);
+        });
     }
 
     void defaultRowsLandInTheirColumns() {
@@ -100,45 +99,34 @@ private slots:
         QVERIFY(!bytes.contains("secret"));
         QVERIFY(!bytes.contains(schema::usersDatabasePassword().toUtf8()));
         data::Connection connection;
-        QVERIFY(!failureOf([&] {
-                     connection.open(u"data source=%1; Jet OLEDB:Database Password=wrong"_s.arg(office.usersFile()));
-                 }).isEmpty());
+        VERIFY_ERROR(Password,
+                     connection.open(u"data source=%1; Jet OLEDB:Database Password=wrong"_s.arg(office.usersFile())));
     }
 
-    void creationNeverTouchesWhatIsThere_data() {
-        QTest::addColumn<QString>("existing");
-        QTest::newRow("main") << u"dorvalist.mdb"_s;
-        QTest::newRow("users") << u"dorvalistu.mdb"_s;
-    }
     void creationNeverTouchesWhatIsThere() {
-        QFETCH(QString, existing);
-        QTemporaryDir folder;
-        QFile file(folder.filePath(existing));
-        QVERIFY(file.open(QIODevice::WriteOnly));
-        file.write("mine");
-        file.close();
-        QVERIFY(failureOf([&] { schema::createOffice(folder.path(), {u"x"_s, {}}); }).contains(existing));
-        QCOMPARE(bytesOf(file.fileName()), QByteArray("mine"));
-        QCOMPARE(QDir(folder.path()).entryList(QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot).size(), 1);
+        for (const QString& existing : {u"dorvalist.mdb"_s, u"dorvalistu.mdb"_s}) {
+            QTemporaryDir folder;
+            QFile file(folder.filePath(existing));
+            QVERIFY(file.open(QIODevice::WriteOnly));
+            file.write("mine");
+            file.close();
+            VERIFY_FAILURE(existing, schema::createOffice(folder.path(), {u"x"_s, {}}));
+            QCOMPARE(bytesOf(file.fileName()), QByteArray("mine"));
+            QCOMPARE(QDir(folder.path()).entryList(QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot).size(), 1);
+        }
     }
 
-    void oddFolderNamesWork_data() {
-        QTest::addColumn<QString>("name");
-        QTest::newRow("semicolon") << u"a;b=c"_s;
-        QTest::newRow("quotes") << u"Ο'Neil \"και\" Υιοί"_s;
-        QTest::newRow("blank") << u" γραφείο "_s;
-    }
     void oddFolderNamesWork() {
-        QFETCH(QString, name);
-        QTemporaryDir parent;
-        const QString folder = parent.filePath(name);
-        schema::createOffice(folder, {u"x"_s, {}});
-        for (const Database database : schema::allDatabases) {
-            const bool main = database == Database::Main;
-            const QString file = main ? schema::mainDatabasePath(folder) : schema::usersDatabasePath(folder);
-            data::Connection connection;
-            copies::openUpgraded(connection, schema::connectionString(database, file));
-            QVERIFY(connection.isOpen());
+        for (const QString& name : {u"a;b=c"_s, u"Ο'Neil \"και\" Υιοί"_s, u" γραφείο "_s}) {
+            QTemporaryDir parent;
+            const QString folder = parent.filePath(name);
+            schema::createOffice(folder, {u"x"_s, {}});
+            for (const Database database : schema::allDatabases) {
+                data::Connection connection;
+                copies::openUpgraded(connection,
+                                     schema::connectionString(database, schema::databasePath(folder, database)));
+                QVERIFY2(connection.isOpen(), qPrintable(name));
+            }
         }
     }
 
@@ -146,16 +134,16 @@ private slots:
         ScratchOffice office;
         data::Connection reader;
         schema::openToRead(reader, schema::connectionString(Database::Main, office.mainFile()));
-        QVERIFY(!failureOf([&] { reader.execute(u"delete from Options"_s); }).isEmpty());
+        VERIFY_ERROR(ReadOnly, reader.execute(u"delete from Options"_s));
         QCOMPARE(firstText(reader, u"select aa from Options"_s), u"1"_s);
     }
 
     void failedCreationLeavesNothing() {
         QTemporaryDir parent;
         const QString folder = parent.filePath(u"new/office"_s);
-        QVERIFY(!failureOf([&] { schema::createOffice(folder, {u"x"_s, parent.filePath(u"nowhere"_s)}); }).isEmpty());
+        VERIFY_FAILURE(u"nowhere", schema::createOffice(folder, {u"x"_s, parent.filePath(u"nowhere"_s)}));
         QVERIFY(!QFileInfo::exists(folder));
-        QVERIFY(!failureOf([&] { schema::createOffice(folder, {QString(), {}}); }).isEmpty());
+        VERIFY_ERROR(Constraint, schema::createOffice(folder, {QString(), {}}));
         QVERIFY(!QFileInfo::exists(folder));
     }
 
@@ -165,96 +153,87 @@ private slots:
         QTemporaryDir parent;
         schema::NewOffice wanted{u"x"_s, parent.filePath(u"nowhere"_s),
                                  testengine::server(testengine::Schema::newName())};
-        QVERIFY(!failureOf([&] { schema::createOffice(parent.filePath(u"a"_s), wanted); }).isEmpty());
-        QVERIFY(!QFileInfo::exists(parent.filePath(u"a"_s)));
+        const QString folder = parent.filePath(u"a"_s);
+        VERIFY_FAILURE(u"nowhere", schema::createOffice(folder, wanted));
+        QVERIFY(!QFileInfo::exists(folder));
         wanted.referenceFolder.clear();
-        schema::createOffice(parent.filePath(u"a"_s), wanted);  // the schemas of the failure are free again
-        const QString again = failureOf([&] { schema::createOffice(parent.filePath(u"b"_s), wanted); });
-        QVERIFY2(again.contains(u"έχει ήδη πίνακες"), qPrintable(again));
+        schema::createOffice(folder, wanted);  // the schemas of the failure are free again
+        VERIFY_FAILURE(u"έχει ήδη πίνακες", schema::createOffice(parent.filePath(u"b"_s), wanted));
         for (const Database database : schema::allDatabases) {
-            const bool main = database == Database::Main;
-            const QString folder = parent.filePath(u"a"_s);
-            const QString file = main ? schema::mainDatabasePath(folder) : schema::usersDatabasePath(folder);
             data::Connection connection;
-            copies::openUpgraded(connection, schema::connectionString(database, file));
+            copies::openUpgraded(connection,
+                                 schema::connectionString(database, schema::databasePath(folder, database)));
             QCOMPARE(schema::findings(connection, database), QStringList());
-            connection.close();
-            data::dropPgDatabase(data::readServerDescription(file));
         }
+        dropServerOf(folder);
     }
 
     void opensOnlyItsOwnKind() {
         ScratchOffice office;
         office.closeBoth();
         data::Connection connection;
-        const QString swapped = schema::connectionString(Database::Users, office.mainFile());
-        QVERIFY(failureOf([&] { copies::openUpgraded(connection, swapped); }).contains(u"είναι η κύρια βάση"));
-        const QString swappedBack = schema::connectionString(Database::Main, office.usersFile());
-        QVERIFY(
-            failureOf([&] { copies::openUpgraded(connection, swappedBack); }).contains(u"είναι η βάση των χρηστών"));
+        VERIFY_FAILURE(u"είναι η κύρια βάση",
+                       copies::openUpgraded(connection, schema::connectionString(Database::Users, office.mainFile())));
+        VERIFY_FAILURE(u"είναι η βάση των χρηστών",
+                       copies::openUpgraded(connection, schema::connectionString(Database::Main, office.usersFile())));
         QVERIFY(!connection.isOpen());
     }
 
-    void refusesNewerAndUnfinishedVersions_data() {
-        QTest::addColumn<int>("version");
-        QTest::addColumn<QString>("part");
-        QTest::newRow("newer") << 731 << u"(731)"_s;
-        QTest::newRow("unfinished") << 0 << u"δεν ολοκληρώθηκε"_s;
-    }
     void refusesNewerAndUnfinishedVersions() {
-        QFETCH(int, version);
-        QFETCH(QString, part);
-        ScratchOffice office;
-        schema::storeVersion(office.main, version);
-        office.closeBoth();
-        const QByteArray before = bytesOf(office.mainFile());
-        data::Connection connection;
-        const QString text = failureOf(
-            [&] { copies::openUpgraded(connection, schema::connectionString(Database::Main, office.mainFile())); });
-        QVERIFY2(text.contains(part), qPrintable(text));
-        if (version > 0) QVERIFY(text.contains(QString::number(schema::currentVersion)));
-        QVERIFY(!connection.isOpen());
-        QCOMPARE(bytesOf(office.mainFile()), before);
+        const QString newer = u"(731)"_s;
+        for (const auto& [version, part] : {std::pair(731, newer), {0, u"δεν ολοκληρώθηκε"_s}}) {
+            ScratchOffice office;
+            schema::storeVersion(office.main, version);
+            office.closeBoth();
+            const QByteArray before = bytesOf(office.mainFile());
+            data::Connection connection;
+            const QString string = schema::connectionString(Database::Main, office.mainFile());
+            VERIFY_FAILURE(part, copies::openUpgraded(connection, string));
+            if (part == newer)
+                VERIFY_FAILURE(QString::number(schema::currentVersion), copies::openUpgraded(connection, string));
+            QVERIFY(!connection.isOpen());
+            QCOMPARE(bytesOf(office.mainFile()), before);
+        }
     }
 
     void newerVersionInTheJournalIsSeen() {
         ScratchOffice office;
         schema::storeVersion(office.main, 731);  // stays in the journal while this connection is open
         data::Connection second;
-        QVERIFY(!failureOf([&] {
-                     copies::openUpgraded(second, schema::connectionString(Database::Main, office.mainFile()));
-                 }).isEmpty());
+        VERIFY_FAILURE(u"(731)",
+                       copies::openUpgraded(second, schema::connectionString(Database::Main, office.mainFile())));
     }
 
-    void findingsNameTheDamage_data() {
-        QTest::addColumn<QByteArray>("damage");
-        QTest::addColumn<QString>("finding");
-        QTest::newRow("index gone") << QByteArray("DROP INDEX \"Cards_order\"") << u"λείπει το ευρετήριο Cards_order"_s;
-        QTest::newRow("other index") << QByteArray(
-                                            "DROP INDEX \"Links_card\"; CREATE INDEX \"Links_card\" ON \"Links\"(aa)")
-                                     << u"το ευρετήριο Links_card δεν είναι"_s;
-        QTest::newRow("index more") << QByteArray("CREATE INDEX mine ON \"Links\"(aa)") << u"ευρετήριο mine"_s;
-        QTest::newRow("table gone") << QByteArray("DROP TABLE \"Options\"") << u"Λείπει ο πίνακας Options"_s;
-        QTest::newRow("table more") << QByteArray("CREATE TABLE mine (a INTEGER)") << u"Περισσεύει ο πίνακας mine"_s;
-        QTest::newRow("column gone") << QByteArray("ALTER TABLE \"Calls\" DROP COLUMN \"CODECARD\"")
-                                     << u"λείπει η στήλη CODECARD"_s;
-        QTest::newRow("column more") << QByteArray("ALTER TABLE \"Calls\" ADD COLUMN mine INTEGER")
-                                     << u"περισσεύει η στήλη mine"_s;
-        QTest::newRow("order") << QByteArray("ALTER TABLE \"Calls\" RENAME COLUMN \"ΩΡΑ\" TO mine") << u"στη θέση 3"_s;
-        QTest::newRow("size") << QByteArray("DROP TABLE \"ToBeDeleted\"; CREATE TABLE \"ToBeDeleted\" (\"EntryID\" ") +
-                                     (testengine::isPostgres() ? "varchar(9))" : "TEXT(9))")
-                              << u"Text(9) αντί για Text(255)"_s;
-        QTest::newRow("version") << QByteArray() << u"έκδοση της βάσης είναι 9"_s;
-    }
     void findingsNameTheDamage() {
-        QFETCH(QByteArray, damage);
-        QFETCH(QString, finding);
+        const struct {
+            const char* name;
+            QByteArray damage;
+            QString finding;
+        } cases[] = {
+            {"index gone", "DROP INDEX \"Cards_order\"", u"λείπει το ευρετήριο Cards_order"_s},
+            {"other index", "DROP INDEX \"Links_card\"; CREATE INDEX \"Links_card\" ON \"Links\"(aa)",
+             u"το ευρετήριο Links_card δεν είναι"_s},
+            {"index more", "CREATE INDEX mine ON \"Links\"(aa)", u"ευρετήριο mine"_s},
+            {"table gone", "DROP TABLE \"Options\"", u"Λείπει ο πίνακας Options"_s},
+            {"table more", "CREATE TABLE mine (a INTEGER)", u"Περισσεύει ο πίνακας mine"_s},
+            {"column gone", "ALTER TABLE \"Calls\" DROP COLUMN \"CODECARD\"", u"λείπει η στήλη CODECARD"_s},
+            {"column more", "ALTER TABLE \"Calls\" ADD COLUMN mine INTEGER", u"περισσεύει η στήλη mine"_s},
+            {"order", "ALTER TABLE \"Calls\" RENAME COLUMN \"ΩΡΑ\" TO mine", u"στη θέση 3"_s},
+            {"size",
+             QByteArray("DROP TABLE \"ToBeDeleted\"; CREATE TABLE \"ToBeDeleted\" (\"EntryID\" ") +
+                 (testengine::isPostgres() ? "varchar(9))" : "TEXT(9))"),
+             u"Text(9) αντί για Text(255)"_s},
+            {"version", QByteArray(), u"έκδοση της βάσης είναι 9"_s},
+        };
         ScratchOffice office;
-        if (damage.isEmpty()) schema::storeVersion(office.main, 9);
-        office.main.engine().script(damage);
-        office.main.reloadCatalog();
-        const QStringList found = schema::findings(office.main, Database::Main);
-        QVERIFY2(found.join(u'\n').contains(finding), qPrintable(found.join(u'\n')));
+        forEach(cases, [&](const auto& one) {
+            const data::Transaction undone(office.main);
+            if (one.damage.isEmpty()) schema::storeVersion(office.main, 9);
+            office.main.engine().script(one.damage);
+            office.main.reloadCatalog();
+            const QString found = schema::findings(office.main, Database::Main).join(u'\n');
+            QVERIFY2(found.contains(one.finding), qPrintable(found));
+        });
     }
 };
 

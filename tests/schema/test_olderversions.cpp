@@ -5,9 +5,11 @@
 #include "schema/office.h"
 #include "schema/officebuilder.h"
 #include "schema/upgrade.h"
-#include "support/scratchoffice.h"
+#include "support/failure.h"
+#include "support/officefolder.h"
 
 using namespace Qt::Literals::StringLiterals;
+using namespace support;
 using schema::Database;
 
 namespace {

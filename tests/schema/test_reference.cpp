@@ -3,9 +3,11 @@
 #include <algorithm>
 
 #include "schema/tabfile.h"
-#include "support/scratchoffice.h"
+#include "support/failure.h"
+#include "support/officefolder.h"
 
 using namespace Qt::Literals::StringLiterals;
+using namespace support;
 
 class TestReference : public QObject {
     Q_OBJECT

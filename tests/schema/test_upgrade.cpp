@@ -1,8 +1,10 @@
 #include "data/dialect/enginedialect.h"
 #include "schema/upgrade.h"
-#include "support/scratchoffice.h"
+#include "support/failure.h"
+#include "support/officefolder.h"
 
 using namespace Qt::Literals::StringLiterals;
+using namespace support;
 using schema::UpgradeStep;
 
 // The mechanism, on steps of its own above the current version.

@@ -2,10 +2,12 @@
 
 #include "data/dialect/enginedialect.h"
 #include "data/values/fold.h"
-#include "support/scratchoffice.h"
+#include "support/failure.h"
+#include "support/officefolder.h"
 #include "support/sqlitetrace.h"
 
 using namespace Qt::Literals::StringLiterals;
+using namespace support;
 
 // Searches for words inside texts give, through the index, what reading every row would.
 class TestWordIndex : public QObject {

@@ -35,6 +35,12 @@ public:
         for (const Word& word : words(page)) texts << word.text;
         return texts.join(u' ');
     }
+    // Of all pages.
+    QString text() const {
+        QStringList pages;
+        for (int page = 0; page < pageCount(); ++page) pages << text(page);
+        return pages.join(u' ');
+    }
     QRectF boxOf(const QString& text, int page = 0) const {
         for (const Word& word : words(page))
             if (word.text == text) return word.box;

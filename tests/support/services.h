@@ -159,7 +159,8 @@ public:
     };
 
     QStringList installed{u"Γραφείο"_s};
-    QString failure;  // what goes wrong with every print from now on; empty for nothing
+    QString failure;       // what goes wrong with every print from now on; empty for nothing
+    int stopsAtPage = -1;  // where the user stops every print from now on
     QVector<Sent> sent;
 
     QStringList names() const override { return installed; }
@@ -170,7 +171,7 @@ public:
         if (!installed.contains(printer)) throw platform::PrintError(u"Δεν υπάρχει: "_s + printer);
         Sent now{printer, document.title(), copies, document.setup(), {}};
         for (int page = 0; page < document.pageCount(); ++page) {
-            if (step && !step(page)) return false;
+            if (page == stopsAtPage || (step && !step(page))) return false;
             now.pages.append(document.texts(page));
         }
         sent.append(now);

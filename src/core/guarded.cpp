@@ -1,0 +1,52 @@
+#include "core/guarded.h"
+
+#include <QAbstractButton>
+#include <QCheckBox>
+#include <QShortcut>
+
+#include "controls/datepair.h"
+
+using namespace Qt::Literals::StringLiterals;
+
+namespace core {
+
+void Guarded::onKey(const QKeySequence& key, QWidget* where, std::function<void()> run) {
+    auto* shortcut = new QShortcut(key, where, nullptr, nullptr, Qt::WidgetWithChildrenShortcut);
+    on(shortcut, &QShortcut::activated, std::move(run));
+}
+
+void Guarded::enterRuns(QWidget* box, std::function<void()> run) {
+    for (const Qt::Key key : {Qt::Key_Return, Qt::Key_Enter}) onKey(key, box, run);
+}
+
+bool Guarded::askAndDelete(const QString& question, const std::function<void()>& remove) {
+    if (!ask(question)) return false;
+    remove();
+    return true;
+}
+
+void Guarded::printAndTell(const std::function<bool()>& print) {
+    if (print()) tell(u"Η εκτύπωση ολοκληρώθηκε"_s);
+}
+
+void Guarded::beepForRefusedDates() {
+    for (controls::DateBox* box : self_->findChildren<controls::DateBox*>())
+        QObject::connect(box, &controls::DateBox::refused, self_, [&mod = mod_] { mod.beep(); });
+}
+
+bool Guarded::takesEnter(QKeyEvent& event) {
+    const bool enter = event.key() == Qt::Key_Return || event.key() == Qt::Key_Enter;
+    auto* button = qobject_cast<QAbstractButton*>(self_->focusWidget());
+    if (!enter || !button || !button->isEnabled() || event.isAutoRepeat()) return false;
+    event.accept();
+    if (qobject_cast<QCheckBox*>(button)) {
+        // The toolkit's focusNextChild() isn't public.
+        QKeyEvent tab(QEvent::KeyPress, Qt::Key_Tab, Qt::NoModifier);
+        QCoreApplication::sendEvent(button, &tab);
+    } else {
+        button->click();
+    }
+    return true;
+}
+
+}  // namespace core
