@@ -10,7 +10,7 @@
 #include <QWidget>
 
 #include "cards/cardfields.h"
-#include "cards/photoview.h"
+#include "controls/photoview.h"
 #include "controls/datepair.h"
 
 class QFormLayout;

@@ -1,7 +1,7 @@
 // Adding, changing, saving and deleting a card, and its photo.
 #include "cards/cardbinding.h"
 #include "cards/frmaddress.h"
-#include "cards/photofile.h"
+#include "core/photofile.h"
 
 using namespace Qt::Literals::StringLiterals;
 

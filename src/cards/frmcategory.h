@@ -1,6 +1,6 @@
 #pragma once
 
-#include "cards/listeditor.h"
+#include "core/listeditor.h"
 
 namespace cards {
 

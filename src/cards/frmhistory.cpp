@@ -8,7 +8,7 @@
 
 #include "cards/cardbinding.h"
 #include "cards/ledger.h"
-#include "cards/photofile.h"
+#include "core/photofile.h"
 #include "controls/names.h"
 #include "controls/picturebutton.h"
 #include "controls/theme.h"

@@ -5,7 +5,7 @@
 #include <QLabel>
 #include <functional>
 
-#include "cards/photoview.h"
+#include "controls/photoview.h"
 #include "controls/boxes.h"
 #include "controls/datepair.h"
 #include "core/mainmod.h"

@@ -1,4 +1,4 @@
-#include "cards/listeditor.h"
+#include "core/listeditor.h"
 
 #include <QFormLayout>
 #include <QHBoxLayout>

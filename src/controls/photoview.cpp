@@ -1,4 +1,4 @@
-#include "cards/photoview.h"
+#include "controls/photoview.h"
 
 #include <QBuffer>
 #include <QImageReader>

@@ -1,8 +1,8 @@
-#include "cards/photofile.h"
+#include "core/photofile.h"
 
 #include <QFile>
 
-#include "cards/photoview.h"
+#include "controls/photoview.h"
 
 using namespace Qt::Literals::StringLiterals;
 
