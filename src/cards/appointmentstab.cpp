@@ -60,7 +60,7 @@ void AppointmentsTab::fill(const QString& code) {
                                              "from dates where codecard=?"_s,
                                              code.toLongLong()));
              !dates.eof(); dates.moveNext())
-            rows.append({{dates[u"subject"].text(), dates[u"location"].text(), dayText(dates[u"day"].toDate()),
+            rows.append({{dates[u"subject"].text(), dates[u"location"].text(), data::dayText(dates[u"day"].toDate()),
                           timeText(dates[u"start"].value()), timeText(dates[u"end"].value()), dates[u"notes"].text()},
                          dates[u"aa"].value(),
                          {}});

@@ -305,7 +305,7 @@ QWidget* CardView::notesTab() {
     auto* grid = new QGridLayout(page);
     grid->setContentsMargins(14, 14, 14, 14);
     grid->setHorizontalSpacing(16);
-    photo_ = named(new PhotoView, u"Image1"_s);
+    photo_ = named(new controls::PhotoView, u"Image1"_s);
     loadPhoto_ = named(new QPushButton(controls::icon(u"photo-add"_s), u"Εισαγωγή Φωτογραφίας"_s), u"Command1"_s);
     clearPhoto_ = named(new QPushButton(controls::icon(u"photo-remove"_s), u"Διαγραφή Φωτογραφίας"_s), u"Command3"_s);
     const CardField& notes = fieldNamed(u"Text7(17)"_s);

@@ -10,8 +10,8 @@
 #include <QWidget>
 
 #include "cards/cardfields.h"
-#include "controls/photoview.h"
 #include "controls/datepair.h"
+#include "controls/photoview.h"
 
 class QFormLayout;
 class QStackedWidget;
@@ -57,7 +57,7 @@ public:
     QLabel* counter() const { return counter_; }
     QLabel* saveHint() const { return saveHint_; }
     QTabWidget* tabs() const { return tabs_; }
-    PhotoView* photo() const { return photo_; }
+    controls::PhotoView* photo() const { return photo_; }
     QPushButton* loadPhoto() const { return loadPhoto_; }
     QPushButton* clearPhoto() const { return clearPhoto_; }
     QToolButton* categories() const { return categories_; }
@@ -97,7 +97,7 @@ private:
     QLabel *surname_, *firstName_, *telephone_, *counter_, *saveHint_, *textHeader_, *specialHint_;
     QTabWidget* tabs_;
     QStackedWidget* texts_;
-    PhotoView* photo_;
+    controls::PhotoView* photo_;
     QPushButton *loadPhoto_, *clearPhoto_, *today_;
     QToolButton *categories_, *mail_, *web_;
 };

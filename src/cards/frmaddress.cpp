@@ -6,10 +6,12 @@
 #include <QVBoxLayout>
 
 #include "cards/cardbinding.h"
-#include "cards/dialogplace.h"
 #include "cards/frmfind.h"
 #include "cards/linkopen.h"
 #include "controls/names.h"
+#include "core/categories.h"
+#include "core/customfields.h"
+#include "core/dialog.h"
 
 using namespace Qt::Literals::StringLiterals;
 
@@ -176,12 +178,12 @@ void frmAddress::showFirst() {
 }
 
 void frmAddress::dress() {
-    data::Recordset custom(mod_.gConn, u"Select * from customfields where id=1"_s);
+    core::CustomFields custom(mod_.gConn);
     if (custom.isEmpty()) return;
     for (const CardField& field : cardFields())
         if (!field.captionColumn.isEmpty())
-            view_->dress(field, custom[field.captionColumn].text(),
-                         field.visibleColumn.isEmpty() || custom[field.visibleColumn].toBool());
+            view_->dress(field, custom.caption(field.captionColumn),
+                         field.visibleColumn.isEmpty() || custom.isShown(field.visibleColumn));
     view_->showSpecialHint();
     view_->showText(0);
 }
@@ -202,26 +204,29 @@ void frmAddress::refillLists() {
 }
 
 void frmAddress::FillCombo() {
-    const auto fill = [this](const QString& control, const QString& sql,
-                             const std::function<QString(data::Recordset&)>& line) {
+    const auto fill = [this](const QString& control, const QStringList& choices) {
         auto* combo = qobject_cast<QComboBox*>(view_->control(control));
         const QString shown = combo->currentText();
-        QStringList lines{QString()};
-        for (data::Recordset rows(mod_.gConn, sql); !rows.eof(); rows.moveNext()) lines << line(rows);
+        const QStringList lines = QStringList{QString()} + choices;
         combo->clear();
         combo->addItems(lines);
         // A list refilled under an open card keeps what the card shows.
         combo->setCurrentIndex(std::max<int>(0, lines.indexOf(shown)));
         if (combo->isEditable()) combo->setEditText(shown);
     };
-    const auto description = [](data::Recordset& row) { return row[u"Description"].text(); };
-    fill(u"Combo1"_s, u"select description,code,PAYABLE from cardKategory order by description"_s, description);
-    fill(u"Combo3"_s, u"select ONOMA,HMERA from NameDay order by onoma"_s,
-         [](data::Recordset& row) { return nameDayLine(row[u"ONOMA"].text(), row[u"HMERA"].toDate()); });
+    const auto read = [this](const QString& sql, const std::function<QString(data::Recordset&)>& line) {
+        QStringList lines;
+        for (data::Recordset rows(mod_.gConn, sql); !rows.eof(); rows.moveNext()) lines << line(rows);
+        return lines;
+    };
+    fill(u"Combo1"_s, core::categoryNames(mod_.gConn));
+    fill(u"Combo3"_s, read(u"select ONOMA,HMERA from NameDay order by onoma"_s, [](data::Recordset& row) {
+             return nameDayLine(row[u"ONOMA"].text(), row[u"HMERA"].toDate());
+         }));
     for (int n = 1; n <= 4; ++n)
         fill(controls::arrayName(u"Combo4"_s, n - 1),
-             data::Sql(u"select Description from ? order by Description"_s, data::Sql::name(u"combo%1"_s.arg(n))),
-             description);
+             read(data::Sql(u"select Description from ? order by Description"_s, data::Sql::name(u"combo%1"_s.arg(n))),
+                  [](data::Recordset& row) { return row[u"Description"].text(); }));
 }
 
 void frmAddress::ClearCard() {
@@ -317,10 +322,7 @@ void frmAddress::SendMail(const QString& to) {
 }
 
 QString frmAddress::categoryName(const QVariant& code) {
-    if (!code.isValid()) return {};
-    data::Recordset category(
-        mod_.gConn, data::Sql(u"select description,Payable from cardKategory where code=?"_s, code.toLongLong()));
-    return category.isEmpty() ? QString() : category[u"description"].text();
+    return code.isValid() ? core::categoryName(mod_.gConn, code.toLongLong()) : QString();
 }
 
 void frmAddress::readPhoto(data::Recordset& row) {
@@ -375,7 +377,7 @@ void frmAddress::GoToRec(double Code) {
 
 void frmAddress::openFind() {
     frmFind find(mod_, this, [this](const FoundCard& card) { goToFound(card.code); });
-    placeOver(find, this, {480, 2880});
+    core::placeOver(find, this, {480, 2880});
     find.exec();
 }
 
@@ -405,8 +407,7 @@ void frmAddress::goTo(qint64 code) {
 }
 
 void frmAddress::FindUnLock() {
-    // Nothing sets the find layout any more; windows that jump to a card still leave it first.
-    mFinding = false;
+    // Nothing locks the card for a search any more; windows that jump to a card still unlock it first.
     view_->tabs()->setEnabled(true);
 }
 

@@ -103,7 +103,6 @@ private:
 
     data::Recordset mRsCards;  // keys in surname order, open for the form's life
     data::Recordset mRsCard;   // the one row under an add or a change
-    bool mFinding = false;
     bool mAdding = false;
     bool mEditing = false;
     QByteArray mPhotoBytes;

@@ -1,6 +1,7 @@
 // Adding, changing, saving and deleting a card, and its photo.
 #include "cards/cardbinding.h"
 #include "cards/frmaddress.h"
+#include "core/categories.h"
 #include "core/photofile.h"
 
 using namespace Qt::Literals::StringLiterals;
@@ -100,13 +101,10 @@ void frmAddress::SaveCard() {
 void frmAddress::writeCard() {
     if (!mRsCard.isOpen()) openCarrier();
     const QString name = qobject_cast<QComboBox*>(view_->control(u"Combo1"_s))->currentText();
-    data::Recordset category(mod_.gConn,
-                             data::Sql(u"select description,code from cardKategory where description=?"_s, name));
-    if (category.isEmpty())
-        throw data::Error(data::ErrorCategory::Constraint, u"Η κατηγορία «%1» δεν υπάρχει πια."_s.arg(name));
+    const qint64 category = core::categoryCode(mod_.gConn, name);
     if (mAdding && mRsCard.editMode() != data::EditMode::Add) mRsCard.addNew();
     const int year = mod_.services.clock.today().year();
-    for (const CardField& field : cardFields()) writeField(*view_, field, mRsCard, category[u"code"].toLong(), year);
+    for (const CardField& field : cardFields()) writeField(*view_, field, mRsCard, category, year);
     data::Field photo = mRsCard[u"Photo"];
     if (!photo.isNull() || !mPhotoBytes.isEmpty()) photo.appendChunk(mPhotoBytes);
     mRsCard.update();
@@ -170,7 +168,7 @@ void frmAddress::DeleteCard() {
 }
 
 void frmAddress::loadPhoto() {
-    const auto bytes = choosePhoto(mod_, this);
+    const auto bytes = core::choosePhoto(mod_, this);
     if (!bytes) return;
     mPhotoBytes = *bytes;
     view_->photo()->setBytes(mPhotoBytes);

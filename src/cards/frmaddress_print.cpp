@@ -60,7 +60,7 @@ bool frmAddress::gPrintKartela(const QString& Title) {
             card.special.append({view_->captionText(field), shown(view_->control(field))});
     }
     // Sharp enough for half a page, whatever the camera delivered.
-    if (!mPhotoBytes.isEmpty()) card.photo = PhotoView::read(mPhotoBytes, {1500, 1500});
+    if (!mPhotoBytes.isEmpty()) card.photo = controls::PhotoView::read(mPhotoBytes, {1500, 1500});
     card.surname = shownText(0);
     card.notes = shown(view_->control(u"Text7(17)"_s));
     try {

@@ -7,7 +7,7 @@
 #include <QVBoxLayout>
 
 #include "controls/names.h"
-#include "data/recordset.h"
+#include "core/customfields.h"
 
 using namespace Qt::Literals::StringLiterals;
 
@@ -17,8 +17,6 @@ using controls::arrayName;
 using controls::named;
 
 namespace {
-
-const QString rowSql = u"Select * from customfields where id=1"_s;
 
 const QVector<FieldGroup> cardGroups = {
     {u"Αλφαριθμητικά"_s, u"Πεδίο"_s, 10, u"FIELdchar"_s, u"Text1"_s, 0, 1, u"fc"_s, u"Check1"_s},
@@ -95,10 +93,10 @@ QGroupBox* FieldsEditor::buildGroup(const FieldGroup& group) {
 }
 
 void FieldsEditor::onLoad() {
-    data::Recordset row(mod_.gConn, rowSql);
+    core::CustomFields fields(mod_.gConn);
     for (const Row& each : rows_) {
-        each.text->setText(row[each.captionColumn].text());
-        if (each.check) each.check->setChecked(row[each.flagColumn].toBool());
+        each.text->setText(fields.caption(each.captionColumn));
+        if (each.check) each.check->setChecked(fields.isShown(each.flagColumn));
     }
     loaded_ = shown();
 }
@@ -113,14 +111,14 @@ QStringList FieldsEditor::shown() const {
 // Only what was changed here: another seat may have confirmed names of its own meanwhile.
 void FieldsEditor::confirm() {
     if (loaded_.isEmpty()) return onLoad();  // what couldn't be read is not to be overwritten
-    data::Recordset row(mod_.gConn, rowSql);
+    core::CustomFields fields(mod_.gConn);
     const QStringList now = shown();
     for (int i = 0; i < rows_.size(); ++i) {
         const int text = 2 * i, flag = text + 1;
-        if (now[text] != loaded_[text]) row[rows_[i].captionColumn].setValue(now[text]);
-        if (now[flag] != loaded_[flag]) row[rows_[i].flagColumn].setValue(rows_[i].check->isChecked());
+        if (now[text] != loaded_[text]) fields.setCaption(rows_[i].captionColumn, now[text]);
+        if (now[flag] != loaded_[flag]) fields.setShown(rows_[i].flagColumn, rows_[i].check->isChecked());
     }
-    row.update();
+    fields.save();
     confirmed_ = true;
     emit closeRequested();
 }

@@ -8,11 +8,12 @@
 
 #include "cards/cardbinding.h"
 #include "cards/ledger.h"
-#include "core/photofile.h"
 #include "controls/names.h"
 #include "controls/picturebutton.h"
 #include "controls/theme.h"
+#include "core/customfields.h"
 #include "core/guard.h"
+#include "core/photofile.h"
 #include "data/values/format.h"
 
 using namespace Qt::Literals::StringLiterals;
@@ -123,7 +124,7 @@ QWidget* frmHistory::photoColumn() {
     auto* page = new QWidget;
     auto* layout = new QVBoxLayout(page);
     layout->setContentsMargins(0, 0, 0, 0);
-    Image1 = named(new PhotoView, u"Image1"_s);
+    Image1 = named(new controls::PhotoView, u"Image1"_s);
     layout->addWidget(Image1, 1);
     struct Row {
         QString name;
@@ -138,7 +139,7 @@ QWidget* frmHistory::photoColumn() {
     for (const Row& row :
          {Row{u"Command1"_s, u"photo-add"_s, u"Εισαγωγή Φωτογραφίας"_s,
               [this, setPhoto] {
-                  if (const auto bytes = choosePhoto(mod_, this)) setPhoto(*bytes);
+                  if (const auto bytes = core::choosePhoto(mod_, this)) setPhoto(*bytes);
               }},
           Row{u"Command3"_s, u"photo-remove"_s, u"Διαγραφή Φωτογραφίας"_s, [setPhoto] { setPhoto({}); }}}) {
         auto* button = named(new QPushButton(controls::icon(row.icon), row.caption), row.name);
@@ -222,13 +223,13 @@ void frmHistory::readMovement() {
 }
 
 void frmHistory::dress() {
-    data::Recordset custom(mod_.gConn, u"Select * from customfields where id=1"_s);
+    core::CustomFields custom(mod_.gConn);
     if (custom.isEmpty()) return;
     for (int i = 0; i < parametric().size(); ++i) {
-        const QString caption = custom[parametric()[i].caption].text();
+        const QString caption = custom.caption(parametric()[i].caption);
         Label1[i + 1]->setText(caption);
         controls::setAccessibleCaption(Text7[i + 1], caption.isEmpty() ? u"Πεδίο %1"_s.arg(i + 1) : caption);
-        form_->setRowVisible(Text7[i + 1], custom[parametric()[i].flag].toBool());
+        form_->setRowVisible(Text7[i + 1], custom.isShown(parametric()[i].flag));
     }
 }
 
@@ -254,8 +255,8 @@ bool frmHistory::isComplete() {
     QVector<Test> tests = {
         {!Text7[0]->text().isEmpty(), u"Δεν έχετε συμπληρώσει την Αιτιολογία!"_s, Text7[0]},
         {txtDate->date().has_value(), u"Δεν έχετε συμπληρώσει σωστά την Ημερομηνία!"_s, txtDate},
-        {typedAmount(txtPistosi->text()).has_value(), u"Δεν έχετε συμπληρώσει σωστά την ΠΙΣΤΩΣΗ!"_s, txtPistosi},
-        {typedAmount(txtXreosh->text()).has_value(), u"Δεν έχετε συμπληρώσει σωστά την ΧΡΕΩΣΗ!"_s, txtXreosh}};
+        {data::typedAmount(txtPistosi->text()).has_value(), u"Δεν έχετε συμπληρώσει σωστά την ΠΙΣΤΩΣΗ!"_s, txtPistosi},
+        {data::typedAmount(txtXreosh->text()).has_value(), u"Δεν έχετε συμπληρώσει σωστά την ΧΡΕΩΣΗ!"_s, txtXreosh}};
     for (int i = parametricTexts + 1; i < Text7.size(); ++i)
         tests.append({data::isNumeric(Text7[i]->text()), badNumber, Text7[i]});
     for (const Test& test : tests) {
@@ -288,8 +289,8 @@ void frmHistory::write(data::Recordset& row) {
     writeText(row[u"notes"], Text1->text());
     row[u"ΗΜΕΡΟΜΗΝΙΑ"].setValue(txtDate->formattedText());
     row[u"codecards"].setValue(CodeCards.toLongLong());
-    row[u"ΧΡΕΩΣΗ"].setValue(*typedAmount(txtXreosh->text()));
-    row[u"ΠΙΣΤΩΣΗ"].setValue(*typedAmount(txtPistosi->text()));
+    row[u"ΧΡΕΩΣΗ"].setValue(*data::typedAmount(txtXreosh->text()));
+    row[u"ΠΙΣΤΩΣΗ"].setValue(*data::typedAmount(txtPistosi->text()));
     data::Field photo = row[u"Photo"];
     if (!photo.isNull() || !mPhotoBytes.isEmpty()) photo.setValue(mPhotoBytes);
 }

@@ -5,9 +5,9 @@
 #include <QLabel>
 #include <functional>
 
-#include "controls/photoview.h"
 #include "controls/boxes.h"
 #include "controls/datepair.h"
+#include "controls/photoview.h"
 #include "core/mainmod.h"
 #include "data/recordset.h"
 
@@ -55,7 +55,7 @@ private:
     QVector<QLabel*> Label1;  // captions of Text7
     controls::NumberBox *txtXreosh, *txtPistosi;
     controls::MemoBox* Text1;
-    PhotoView* Image1;
+    controls::PhotoView* Image1;
     QByteArray mPhotoBytes;
     data::Recordset mRsHistory;  // the movement as it was read, so that a change by somebody else is noticed
     QStringList untouched_;      // what the boxes held when nothing was typed yet

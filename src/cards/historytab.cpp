@@ -3,11 +3,11 @@
 #include <QHBoxLayout>
 #include <QVBoxLayout>
 
-#include "cards/dialogplace.h"
 #include "cards/frmhistory.h"
 #include "controls/names.h"
 #include "controls/theme.h"
 #include "core/columnwidths.h"
+#include "core/dialog.h"
 #include "core/guard.h"
 #include "data/recordset.h"
 
@@ -218,7 +218,7 @@ void HistoryTab::open(std::optional<qint64> movement) {
     form.MovementId = movement.value_or(0);
     form.CodeCards = code_;
     form.load();
-    placeOver(form, this, {450, 2450});
+    core::placeOver(form, this, {450, 2450});
     form.exec();
 }
 

@@ -77,7 +77,7 @@ void JournalReader::read(QDate from, QDate to) {
         const QDateTime ofRow = rows.field(0).toDate();
         if (ofRow != day) {
             day = ofRow;
-            shownDay = dayText(day);
+            shownDay = data::dayText(day);
         }
         const Money debit = Money::of(rows.field(5).toDouble()), credit = Money::of(rows.field(6).toDouble());
         debit_ += debit;

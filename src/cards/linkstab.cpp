@@ -3,12 +3,12 @@
 #include <QHBoxLayout>
 #include <QVBoxLayout>
 
-#include "cards/dialogplace.h"
 #include "cards/frmlink.h"
 #include "cards/linkopen.h"
 #include "controls/names.h"
 #include "controls/theme.h"
 #include "core/columnwidths.h"
+#include "core/dialog.h"
 #include "core/guard.h"
 #include "data/recordset.h"
 
@@ -87,7 +87,7 @@ void LinksTab::showForm(std::optional<qint64> link) {
     form.LinkId = link.value_or(0);
     form.CodeCards = code_;
     if (!form.load()) return;
-    placeOver(form, this, {450, 2450});
+    core::placeOver(form, this, {450, 2450});
     form.exec();
 }
 

@@ -4,11 +4,11 @@
 #include <QImageReader>
 #include <QPainter>
 
-#include "controls/theme.h"
+#include "controls/themecolors.h"
 
 using namespace Qt::Literals::StringLiterals;
 
-namespace cards {
+namespace controls {
 
 namespace {
 
@@ -67,7 +67,7 @@ void PhotoView::paintEvent(QPaintEvent* event) {
     QPainter painter(this);
     const QRect room = contentsRect();
     if (picture_.isNull()) {
-        painter.setPen(controls::theme().mutedText);
+        painter.setPen(theme().mutedText);
         painter.drawText(room, Qt::AlignCenter | Qt::TextWordWrap, u"Χωρίς φωτογραφία"_s);
         return;
     }
@@ -75,4 +75,4 @@ void PhotoView::paintEvent(QPaintEvent* event) {
     painter.drawPixmap(QPointF(room.center().x() - size.width() / 2, room.center().y() - size.height() / 2), picture_);
 }
 
-}  // namespace cards
+}  // namespace controls

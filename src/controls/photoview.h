@@ -1,11 +1,11 @@
-// The photo of a card: raw file bytes, decoded only when they come into view.
+// A photo: raw file bytes, decoded only when they come into view.
 #pragma once
 
 #include <QByteArray>
 #include <QFrame>
 #include <QPixmap>
 
-namespace cards {
+namespace controls {
 
 class PhotoView : public QFrame {
     Q_OBJECT
@@ -32,4 +32,4 @@ private:
     bool decoded_ = true;
 };
 
-}  // namespace cards
+}  // namespace controls

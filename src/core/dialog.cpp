@@ -8,18 +8,18 @@
 
 namespace core {
 
+void placeOver(QWidget& window, const QWidget* part, QPoint offset) {
+    const QWidget* below = part;
+    while (!below->isWindow() && !qobject_cast<const Form*>(below)) below = below->parentWidget();
+    const QPoint corner =
+        below->mapToGlobal(QPoint()) + QPoint(controls::toPixels(offset.x()), controls::toPixels(offset.y()));
+    window.move(fitInto({corner, window.size()}, below->screen()->availableGeometry()).topLeft());
+}
+
 Dialog::Dialog(MainMod& mod, QWidget* parent, const QString& name, const QString& caption)
     : QDialog(parent), Guarded(mod, this) {
     setObjectName(name);
     setWindowTitle(caption);
-}
-
-void Dialog::placeOver(const QWidget* part, QPoint offset) {
-    const QWidget* window = part;
-    while (!window->isWindow() && !qobject_cast<const Form*>(window)) window = window->parentWidget();
-    const QPoint corner =
-        window->mapToGlobal(QPoint()) + QPoint(controls::toPixels(offset.x()), controls::toPixels(offset.y()));
-    move(fitInto({corner, size()}, window->screen()->availableGeometry()).topLeft());
 }
 
 void Dialog::reject() {

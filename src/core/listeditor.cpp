@@ -12,11 +12,11 @@
 
 using namespace Qt::Literals::StringLiterals;
 
-namespace cards {
+namespace core {
 
 using controls::named;
 
-ListEditor::ListEditor(core::MainMod& mod, const QString& name, const QString& caption, ListEditorTexts texts,
+ListEditor::ListEditor(MainMod& mod, const QString& name, const QString& caption, ListEditorTexts texts,
                        const QString& checkCaption)
     : Form(mod, name, caption, {u"Category"_s, 1000, 0}), texts_(std::move(texts)) {
     build(checkCaption);
@@ -178,13 +178,13 @@ void ListEditor::deleteRow() {
     const QString question = u"Είστε σίγουρος για διαγραφή του : "_s + record_[u"Description"].text();
     data::Recordset doomed = std::move(record_);
     record_ = {};
-    if (mod_.services.prompts.question(this, core::programTitle(), question)) doomed.remove();
+    if (mod_.services.prompts.question(this, programTitle(), question)) doomed.remove();
     Refresh();
 }
 
 void ListEditor::save() {
     if (!isEditing()) return;
-    if (description_->text().isEmpty()) return core::complain(mod_, this, texts_.empty, description_);
+    if (description_->text().isEmpty()) return complain(texts_.empty, description_);
     record_[u"Description"].setValue(description_->text());
     if (Check1) record_[u"payable"].setValue(Check1->isChecked());
     record_.update();
@@ -208,7 +208,7 @@ void ListEditor::showMenu(int row, QPoint position) {
 bool ListEditor::queryUnload() {
     const bool typed = isEditing() && !description_->text().isEmpty() && description_->isModified();
     return !typed ||
-           mod_.services.prompts.question(this, core::programTitle(),
+           mod_.services.prompts.question(this, programTitle(),
                                           u"Η περιγραφή που γράψατε δεν αποθηκεύτηκε.\nΝα κλείσει χωρίς αποθήκευση;"_s);
 }
 
@@ -216,4 +216,4 @@ void ListEditor::onUnload() {
     record_.close();
 }
 
-}  // namespace cards
+}  // namespace core

@@ -15,7 +15,7 @@
 #include "core/form.h"
 #include "data/recordset.h"
 
-namespace cards {
+namespace core {
 
 // What differs between the windows of this kind.
 struct ListEditorTexts {
@@ -25,7 +25,7 @@ struct ListEditorTexts {
     QString newName, newText, editName, editText, deleteName, deleteText;  // of its entries
 };
 
-class ListEditor : public core::Form {
+class ListEditor : public Form {
     Q_OBJECT
 public:
     void Refresh();
@@ -35,7 +35,7 @@ public:
     bool isEditing() const { return record_.isOpen(); }
 
 protected:
-    ListEditor(core::MainMod& mod, const QString& name, const QString& caption, ListEditorTexts texts,
+    ListEditor(MainMod& mod, const QString& name, const QString& caption, ListEditorTexts texts,
                const QString& checkCaption);
 
     virtual QString table() const = 0;
@@ -73,4 +73,4 @@ private:
     data::Recordset record_;  // the row under edit, closed otherwise
 };
 
-}  // namespace cards
+}  // namespace core

@@ -7,9 +7,9 @@
 
 class QWidget;
 
-namespace cards {
+namespace core {
 
 // Asks for a picture file; its bytes as they are, nothing on a cancel or for a file that is no picture.
-std::optional<QByteArray> choosePhoto(core::MainMod& mod, QWidget* parent);
+std::optional<QByteArray> choosePhoto(MainMod& mod, QWidget* parent);
 
-}  // namespace cards
+}  // namespace core

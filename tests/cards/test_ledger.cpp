@@ -4,7 +4,7 @@
 
 using cards::Ledger;
 using cards::LedgerRow;
-using cards::Money;
+using data::Money;
 
 namespace {
 
@@ -34,53 +34,6 @@ private slots:
         for (int i = 0; i < 1'000'000; ++i) ledger.add(movement(i, today, 0, 0.1));
         QCOMPARE(ledger.balance().toDouble(), 0.0);
         QCOMPARE(shown(std::move(ledger)).last(), QString("|ΣΥΝΟΛΑ|0,00|100.000,00|0,00"));
-    }
-
-    void textOfAmounts_data() {
-        QTest::addColumn<double>("amount");
-        QTest::addColumn<QString>("text");
-        QTest::addColumn<double>("stored");
-        QTest::newRow("zero") << 0.0 << "0,00" << 0.0;
-        QTest::newRow("cents") << 0.07 << "0,07" << 0.07;
-        QTest::newRow("thousands") << 1234567.5 << "1.234.567,50" << 1234567.5;
-        QTest::newRow("negative") << -999.999 << "-1.000,00" << -999.999;
-        QTest::newRow("half a cent") << 2.675 << "2,68" << 2.675;
-        QTest::newRow("too small to show") << -0.004 << "0,00" << -0.004;
-        QTest::newRow("beyond all money") << 1e300 << "900.000.000.000.000,00" << 9e14;
-        QTest::newRow("no number") << qQNaN() << "0,00" << 0.0;
-    }
-    void textOfAmounts() {
-        QFETCH(double, amount);
-        QTEST(Money::of(amount).text(), "text");
-        QTEST(Money::of(amount).toDouble(), "stored");
-    }
-
-    void sumsBeyondAllMoneyStandStill() {
-        Money sum;
-        for (int i = 0; i < 100; ++i) sum += Money::of(9e14);
-        QVERIFY(sum.toDouble() > 9e14);
-        for (int i = 0; i < 300; ++i) sum -= Money::of(9e14);
-        QVERIFY(sum.toDouble() < -9e14);
-    }
-
-    void typedAmounts_data() {
-        QTest::addColumn<QString>("typed");
-        QTest::addColumn<QVariant>("stored");
-        QTest::newRow("rounds up") << "12,345" << QVariant(12.35);
-        QTest::newRow("rounds as a person reads") << "2,675" << QVariant(2.68);
-        QTest::newRow("rounds down") << "0,004" << QVariant(0.0);
-        QTest::newRow("whole") << "100" << QVariant(100.0);
-        QTest::newRow("lone comma end") << "5," << QVariant(5.0);
-        QTest::newRow("two commas") << "1,2,3" << QVariant();
-        QTest::newRow("empty") << "" << QVariant();
-        QTest::newRow("comma") << "," << QVariant();
-        QTest::newRow("more than all money") << QString(30, u'9') << QVariant();
-        QTest::newRow("endless") << QString(10000, u'9') << QVariant();
-    }
-    void typedAmounts() {
-        QFETCH(QString, typed);
-        const auto stored = cards::typedAmount(typed);
-        QTEST(stored ? QVariant(*stored) : QVariant(), "stored");
     }
 
     void rowsOfAPeriod_data() {

@@ -46,6 +46,9 @@ QString numberText(double value);
 // alone for a time on 1899-12-30), numbers by numberText, True as "True", Null as "".
 QString valueText(const QVariant& value);
 
+// A day as lists show it, "dd/mm/yyyy"; empty for none.
+QString dayText(const QDateTime& day);
+
 // Wall clock to whole seconds since 1899-12-30 00:00:00 and back; the stored form of embedded databases.
 qint64 dateToSeconds(const QDateTime& wallClock);
 QDateTime secondsToDate(qint64 seconds);  // invalid when it lies far outside the calendar

@@ -103,14 +103,14 @@ QString padded(int value, int count, int width = 2) {
     return count == 1 ? QString::number(value) : QString::number(value).rightJustified(width, u'0');
 }
 
-QString dayText(QDate date, int count) {
+QString dayPart(QDate date, int count) {
     if (count <= 2) return padded(date.day(), count);
     const QString name = dayNames[date.dayOfWeek() - 1];
     if (count > 3) return name;
     return date.dayOfWeek() == 6 ? u"Σαβ"_s : name.left(3);
 }
 
-QString monthText(QDate date, int count, bool afterDay) {
+QString monthPart(QDate date, int count, bool afterDay) {
     if (count <= 2) return padded(date.month(), count);
     const auto& names = count == 3 ? monthShort : afterDay ? monthGenitives : monthNames;
     return names[date.month() - 1];
@@ -138,11 +138,11 @@ QString formatDate(const QDateTime& wallClock, QStringView pattern) {
                 result += token.text;
                 break;
             case Part::Day:
-                result += dayText(date, token.count);
+                result += dayPart(date, token.count);
                 if (token.count <= 2) afterDay = true;
                 break;
             case Part::Month:
-                result += monthText(date, token.count, afterDay);
+                result += monthPart(date, token.count, afterDay);
                 break;
             case Part::Year:
                 result += token.count <= 2 ? padded(date.year() % 100, 2) : padded(date.year(), 4, 4);
@@ -162,6 +162,20 @@ QString formatDate(const QDateTime& wallClock, QStringView pattern) {
         }
     }
     return result;
+}
+
+QString dayText(const QDateTime& day) {
+    if (!day.isValid()) return {};
+    int year = 0, month = 0, ofMonth = 0;
+    day.date().getDate(&year, &month, &ofMonth);
+    QString text(10, u'/');
+    const auto put = [&text](int at, int value, int digits) {
+        for (int i = digits; i-- > 0; value /= 10) text[at + i] = QChar(u'0' + value % 10);
+    };
+    put(0, ofMonth, 2);
+    put(3, month, 2);
+    put(6, year, 4);
+    return text;
 }
 
 }  // namespace data
