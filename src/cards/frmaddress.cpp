@@ -1,9 +1,6 @@
 #include "cards/frmaddress.h"
 
 #include <QApplication>
-#include <QShortcut>
-#include <QToolButton>
-#include <QVBoxLayout>
 
 #include "cards/cardbinding.h"
 #include "cards/dialogplace.h"
@@ -27,6 +24,14 @@ struct BusyCursor {
 constexpr int shortestMail = 5, shortestWeb = 4;
 constexpr int mailBox = 13, webBox = 14;  // of Text7
 
+QStringList pictures(std::initializer_list<int> indexes) {
+    QStringList names;
+    for (int index : indexes) names << controls::arrayName(u"lblClick"_s, index);
+    return names;
+}
+
+const QString unsaved = u"Η καρτέλα έχει αλλαγές που δεν αποθηκεύτηκαν.\n"_s;
+
 }  // namespace
 
 frmAddress::frmAddress(core::MainMod& mod)
@@ -34,115 +39,86 @@ frmAddress::frmAddress(core::MainMod& mod)
       history_(new HistoryTab(mod)),
       links_(new LinksTab(mod)),
       appointments_(new AppointmentsTab(mod)),
-      view_(new CardView({history_, links_, appointments_})),
-      buttons_(new ButtonRow(mod)) {
-    auto* layout = new QVBoxLayout(this);
-    layout->setContentsMargins(12, 10, 12, 10);
-    layout->setSpacing(8);
-    layout->addWidget(view_, 1);
-    layout->addWidget(buttons_);
+      view_(new CardView),
+      commands_(mod, this, commands()) {
+    view_->build(commands_, {history_, links_, appointments_});
+    controls::add(controls::pageLayout(this), {{view_, 1}, buttons()});
+    for (const CardField& field : cardFields()) fields_.watch(view_->control(field));
+    fields_.watch([this] { return mPhotoBytes; });
+    unsavedQuestion_ = unsaved + u"Να κλείσει χωρίς αποθήκευση;"_s;
     wire();
 }
 
+QVector<core::Command> frmAddress::commands() {
+    const auto browsing = [this] { return !isEditing(); };
+    const auto editing = [this] { return isEditing(); };
+    const auto trusted = [this] { return mod_.gUserGroup != core::groupRestricted; };
+    const auto writing = [=] { return browsing() && trusted(); };
+    const auto key = [](const QString& text) { return QList<QKeySequence>{QKeySequence(text)}; };
+    return {
+        {u"lblClick(1)"_s, u"prev"_s, u"Προηγούμενος"_s, key(u"Ctrl+PgUp"_s), [this] { PreviousCard(); }, browsing},
+        {u"lblClick(2)"_s, u"search"_s, u"Αναζήτηση"_s, key(u"Ctrl+F"_s), [this] { openFind(); }, browsing},
+        {u"lblClick(3)"_s, u"next"_s, u"Επόμενος"_s, key(u"Ctrl+PgDown"_s), [this] { NextCard(); }, browsing},
+        {u"lblClick(5)"_s, u"add"_s, u"Προσθήκη Νέου"_s, key(u"Ctrl+N"_s), [this] { CardAddNew(); }, writing},
+        {u"lblClick(6)"_s, u"edit"_s, u"Διόρθωση Στοιχείων"_s, key(u"F2"_s), [this] { CardEdit(); }, writing},
+        {u"lblClick(7)"_s, u"delete"_s, u"Διαγράφη"_s, key(u"Ctrl+Del"_s), [this] { DeleteCard(); }, writing},
+        {u"lblClick(9)"_s, u"save"_s, u"Ενήμερωση"_s, key(u"F5"_s), [this] { SaveCard(); }, editing},
+        {u"lblClick(10)"_s, u"cancel"_s, u"Ακύρωση"_s, key(u"Esc"_s), [this] { CancelCard(); }, editing},
+        {u"lblClick(11)"_s, u"exit"_s, u"Έξοδος"_s, key(u"Ctrl+F4"_s), [this] { emit closeRequested(); }, browsing},
+        {u"lblClick(12)"_s, u"print"_s, u"Εκτύπωση Καρτέλας"_s, key(u"Ctrl+P"_s), [this] { printCard(); }},
+        {u"Command1"_s, u"photo-add"_s, u"Εισαγωγή Φωτογραφίας"_s, {}, [this] { loadPhoto(); }, editing},
+        {u"Command3"_s, u"photo-remove"_s, u"Διαγραφή Φωτογραφίας"_s, {}, [this] { setPhoto({}); }, editing},
+        {u"cmdΣήμερα"_s, {}, u"Σήμερα"_s, {}, [this] { setLastVisit(*view_, mod_.services.clock.today()); }, editing},
+        {u"Command2"_s,
+         u"category"_s,
+         u"Κατηγορίες Καρτέλας"_s,
+         {},
+         [this] { emit openRequested(u"frmCategory"_s); },
+         trusted},
+        {u"Command5"_s,
+         u"mail"_s,
+         u"Συνταξή και αποστολή e-mail"_s,
+         {},
+         [this] { SendMail(shownText(mailBox)); },
+         [this] { return shownText(mailBox).size() >= shortestMail; }},
+        {u"Command6"_s,
+         u"web"_s,
+         u"Μετάβαση στη σελίδα"_s,
+         {},
+         [this] { openAddress(mod_, this, webAddress(shownText(webBox))); },
+         [this] { return shownText(webBox).size() >= shortestWeb; }},
+    };
+}
+
+QLayout* frmAddress::buttons() {
+    commands_.soundPictures();
+    auto* row = controls::row({}, 4);
+    commands_.addPictures(row, pictures({1, 2, 3, 5, 6, 7, 9, 10}));
+    row->addStretch(1);
+    commands_.addPictures(row, pictures({11, 12}));
+    return row;
+}
+
 void frmAddress::wire() {
-    on(buttons_, &ButtonRow::pressed, [this](CardButton id) { dispatch(id); });
-    on(view_->loadPhoto(), &QPushButton::clicked, [this] { loadPhoto(); });
-    on(view_->categories(), &QToolButton::clicked, [this] { emit openRequested(u"frmCategory"_s); });
-    on(view_->clearPhoto(), &QPushButton::clicked, [this] { clearPhoto(); });
-    on(view_->today(), &QPushButton::clicked, [this] { setLastVisit(*view_, mod_.services.clock.today()); });
     on(history_, &HistoryTab::written, [this] { ShowCard(true); });
     on(links_, &LinksTab::written, [this] { ShowCard(true); });
     on(history_, &HistoryTab::printRequested, [this] { printMovements(); });
-    wireAddresses();
-    for (const CardField& field : cardFields())
-        if (controls::DateBox* box = view_->date(field)) on(box, &controls::DateBox::refused, [this] { mod_.beep(); });
-    addShortcut(Qt::Key_F5, [this] {
-        if (isEditing()) SaveCard();
+    for (int box : {mailBox, webBox})
+        on(view_->text(*cardField(u"Text7"_s, box)), &QLineEdit::textChanged, [this] { commands_.refresh(); });
+    // Where the main window has a key of its own, and where a key alone would take back what was typed, a command has
+    // its key in the tool tip alone.
+    commands_.bindKeys(this, pictures({1, 2, 3, 5, 6, 7, 9, 12}));
+    onKey(Qt::Key_Escape, this, [this] {
+        if (isEditing() && (!fields_.isChanged() || ask(unsaved + u"Να ακυρωθούν;"_s))) CancelCard();
     });
     // The boxes that F3 searches from: surname, first name, first telephone, e-mail.
-    for (int index : {0, 1, 9, 13}) {
-        auto* shortcut = new QShortcut(Qt::Key_F3, view_->control(controls::arrayName(u"Text7"_s, index)), nullptr,
-                                       nullptr, Qt::WidgetShortcut);
-        on(shortcut, &QShortcut::activated, [this] {
-            if (!isEditing()) openFind();
-        });
-    }
-    using enum CardButton;
-    struct Keys {
-        QKeySequence keys;
-        CardButton id;
-    };
-    for (const Keys& row : {Keys{QKeySequence(u"Ctrl+PgUp"_s), Previous},
-                            {QKeySequence(u"Ctrl+PgDown"_s), Next},
-                            {QKeySequence(u"Ctrl+F"_s), Search},
-                            {QKeySequence(u"Ctrl+N"_s), AddNew},
-                            {Qt::Key_F2, Edit},
-                            {QKeySequence(u"Ctrl+Del"_s), Delete},
-                            {QKeySequence(u"Ctrl+P"_s), Print}})
-        addShortcut(row.keys, [this, id = row.id] {
-            if (buttons_->button(id)->isEnabled()) dispatch(id);
-        });
-    // One key alone takes nothing back that was typed.
-    addShortcut(Qt::Key_Escape, [this] {
-        if (isEditing() && mayDiscard(u"Να ακυρωθούν;"_s)) CancelCard();
-    });
-}
-
-void frmAddress::wireAddresses() {
-    on(view_->mail(), &QToolButton::clicked, [this] { SendMail(shownText(mailBox)); });
-    on(view_->web(), &QToolButton::clicked, [this] { openAddress(mod_, this, webAddress(shownText(webBox))); });
-    struct Address {
-        int box;
-        int shortest;
-        QToolButton* button;
-    };
-    for (const Address& address :
-         {Address{mailBox, shortestMail, view_->mail()}, Address{webBox, shortestWeb, view_->web()}}) {
-        address.button->setEnabled(false);
-        connect(view_->text(*cardField(u"Text7"_s, address.box)), &QLineEdit::textChanged, this,
-                [address](const QString& text) { address.button->setEnabled(text.size() >= address.shortest); });
-    }
-}
-
-void frmAddress::addShortcut(const QKeySequence& keys, std::function<void()> action) {
-    auto* shortcut = new QShortcut(keys, this, nullptr, nullptr, Qt::WidgetWithChildrenShortcut);
-    on(shortcut, &QShortcut::activated, std::move(action));
-}
-
-void frmAddress::dispatch(CardButton id) {
-    using enum CardButton;
-    switch (id) {
-        case Previous:
-            return PreviousCard();
-        case Next:
-            return NextCard();
-        case AddNew:
-            return CardAddNew();
-        case Edit:
-            return CardEdit();
-        case Delete:
-            return DeleteCard();
-        case Save:
-            return SaveCard();
-        case Cancel:
-            return CancelCard();
-        case Exit:
-            emit closeRequested();
-            return;
-        case Search:
-            return openFind();
-        case Print:
-            return printCard();
-    }
+    for (int box : {0, 1, 9, 13})
+        onKey(Qt::Key_F3, view_->text(*cardField(u"Text7"_s, box)), [this] { commands_.run(u"lblClick(2)"_s); });
 }
 
 void frmAddress::onLoad() {
     const BusyCursor busy;
     mod_.gAddressOpen = true;
-    view_->categories()->setEnabled(mod_.gUserGroup != core::groupRestricted);
-    history_->load();
-    links_->load();
-    appointments_->load();
     // Locked before anything can fail, so that a card that can't be read can't be typed into.
     ClearCard();
     LockCard();
@@ -150,7 +126,6 @@ void frmAddress::onLoad() {
     openKeySet();
     ClearCard();
     LockCard();
-    buttons_->setBrowsing(mod_.gUserGroup == core::groupRestricted);
     if (mRsCards.isEmpty())
         showCounter();
     else
@@ -171,6 +146,10 @@ bool frmAddress::hasCards() {
 
 void frmAddress::showFirst() {
     mRsCards.moveFirst();
+    showCurrent();
+}
+
+void frmAddress::showCurrent() {
     CurrentCode = mRsCards[u"code"].text();
     ShowCard(true);
 }
@@ -226,13 +205,11 @@ void frmAddress::FillCombo() {
 void frmAddress::ClearCard() {
     clearControls(*view_, mod_.services.clock.today());
     for (QLabel* label : {view_->surname(), view_->firstName(), view_->telephone()}) label->clear();
-    mPhotoBytes.clear();
-    view_->photo()->setBytes({});
+    setPhoto({});
     view_->showText(0);
     history_->clear();
     links_->clear();
     appointments_->clear();
-    if (mod_.gUserGroup == core::groupRestricted) buttons_->setBrowsing(true);
 }
 
 void frmAddress::LockCard() {
@@ -257,13 +234,9 @@ void frmAddress::ShowCard(bool Reload) {
             mod_.beep();
             return;
         }
-        if (!Reload) {
-            mPhotoBytes = photoOnShow;
-            view_->photo()->setBytes(mPhotoBytes);
-        }
+        if (!Reload) setPhoto(photoOnShow);
         showRow(row, Reload);
         CurrentCode = row[u"code"].text();
-        showBrowsing();
         showHeader();
         LockCard();
         showCounter();
@@ -324,12 +297,7 @@ QString frmAddress::categoryName(const QVariant& code) {
 
 void frmAddress::readPhoto(data::Recordset& row) {
     data::Field photo = row[u"Photo"];
-    mPhotoBytes = photo.isNull() ? QByteArray() : photo.getChunk(photo.actualSize());
-    view_->photo()->setBytes(mPhotoBytes);
-}
-
-void frmAddress::showBrowsing() {
-    buttons_->setBrowsing(mod_.gUserGroup == core::groupRestricted);
+    setPhoto(photo.isNull() ? QByteArray() : photo.getChunk(photo.actualSize()));
 }
 
 QString frmAddress::shownText(int box) const {
@@ -354,22 +322,19 @@ void frmAddress::NextCard() {
     if (!hasCards()) return;
     if (mRsCards.absolutePosition() >= mRsCards.recordCount() || mRsCards.eof()) return mod_.beep();
     mRsCards.moveNext();
-    CurrentCode = mRsCards[u"code"].text();
-    ShowCard(true);
+    showCurrent();
 }
 
 void frmAddress::PreviousCard() {
     if (!hasCards()) return;
     if (mRsCards.absolutePosition() < 2 || mRsCards.bof()) return mod_.beep();
     mRsCards.movePrevious();
-    CurrentCode = mRsCards[u"code"].text();
-    ShowCard(true);
+    showCurrent();
 }
 
 void frmAddress::GoToRec(double Code) {
     mRsCards.find(u"code=%1"_s.arg(static_cast<qint64>(Code)));
-    CurrentCode = mRsCards[u"code"].text();
-    ShowCard(true);
+    showCurrent();
 }
 
 void frmAddress::openFind() {
@@ -385,9 +350,9 @@ void frmAddress::goToFound(qint64 code) {
 
 void frmAddress::goTo(qint64 code) {
     if (isEditing())
-        return core::complain(mod_, this,
-                              u"Η καρτέλα που φαίνεται είναι σε διόρθωση.\nΑποθηκεύστε ή "
-                              "ακυρώστε πρώτα τις αλλαγές."_s);
+        return complain(
+            u"Η καρτέλα που φαίνεται είναι σε διόρθωση.\nΑποθηκεύστε ή "
+            "ακυρώστε πρώτα τις αλλαγές."_s);
     const QString criterion = u"code=%1"_s.arg(code);
     if (hasCards()) mRsCards.moveFirst();
     mRsCards.find(criterion);
@@ -405,22 +370,11 @@ void frmAddress::goTo(qint64 code) {
 
 void frmAddress::FindUnLock() {
     // Nothing sets the find layout any more; windows that jump to a card still leave it first.
-    mFinding = false;
     view_->tabs()->setEnabled(true);
-}
-
-bool frmAddress::mayDiscard(const QString& question) {
-    return mod_.services.prompts.question(this, core::programTitle(),
-                                          u"Η καρτέλα έχει αλλαγές που δεν αποθηκεύτηκαν.\n"_s + question);
-}
-
-bool frmAddress::queryUnload() {
-    return !isEditing() || mayDiscard(u"Να κλείσει χωρίς αποθήκευση;"_s);
 }
 
 void frmAddress::onUnload() {
     mod_.gAddressOpen = false;
-    links_->storeWidths();
     mRsCard.close();
     mRsCards.close();
 }
