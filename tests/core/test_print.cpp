@@ -339,7 +339,17 @@ private slots:
         part<QToolButton>(preview, "cmdPrevious")->setFocus();
         QTest::keyClick(part<QToolButton>(preview, "cmdPrevious"), Qt::Key_Return);
         QCOMPARE(view->page(), 2);
+        QKeyEvent held(QEvent::KeyPress, Qt::Key_Return, Qt::NoModifier, "\r", true);
+        QApplication::sendEvent(part<QToolButton>(preview, "cmdPrevious"), &held);
         QVERIFY(preview.isVisible() && studio.desk.printers.sent.isEmpty());
+        // The keys of the pages change no box, not even where there is no such page.
+        preview.activateWindow();
+        QVERIFY(QTest::qWaitForWindowActive(&preview));
+        auto* copies = part<QSpinBox>(preview, "Copies");
+        copies->setFocus();
+        for (int i = 0; i < 4; ++i) QTest::keyClick(copies, Qt::Key_PageUp, Qt::ControlModifier);
+        QCOMPARE(view->page(), 0);
+        QCOMPARE(copies->value(), 1);
         part<QPushButton>(preview, "cmdClose")->setFocus();
         QTest::keyClick(part<QPushButton>(preview, "cmdClose"), Qt::Key_Space);
         QVERIFY(!preview.isVisible() && !preview.isDelivered());
