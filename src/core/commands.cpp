@@ -103,6 +103,7 @@ QToolBar* Commands::toolBar(const QString& objectName, const QStringList& names)
 QMenu* Commands::menu(const QString& objectName, const QStringList& names) {
     auto* made = controls::named(new QMenu(window_), objectName);
     for (const QString& name : orAll(names)) made->addAction(entry(name).action);
+    connect(made, &QMenu::aboutToHide, this, &Commands::refresh);
     return made;
 }
 
@@ -120,8 +121,7 @@ void Commands::popUp(QMenu* menu, int row, QPoint globalPosition) {
     refresh();
     for (const Entry& each : entries_)
         if (each.command.onRow && row < 0) each.action->setEnabled(false);
-    menu->exec(globalPosition);
-    refresh();
+    menu->popup(globalPosition);
 }
 
 }  // namespace core

@@ -51,7 +51,7 @@ public:
     // Where the keys count: while the focus is inside `widget`. Without a call they are told in tool tips alone.
     void bindKeys(QWidget* widget, const QStringList& names = {});
 
-    // Opens the menu; `row` is the list's row under it, -1 beside the rows.
+    // Opens a menu that was made here, and doesn't wait for it; `row` is the list's row under it, -1 beside the rows.
     void popUp(QMenu* menu, int row, QPoint globalPosition);
 
 private:

@@ -14,11 +14,11 @@ public:
 
     bool isEmpty() const { return row_.isEmpty(); }  // the row is missing
     QString caption(const QString& column) { return row_[column].text(); }
+    QVariant value(const QString& column) { return row_[column].value(); }  // a caption or a switch
     bool isShown(const QString& column) { return row_[column].toBool(); }
 
     // Written with save(), and nothing but what was set.
-    void setCaption(const QString& column, const QString& caption) { row_[column].setValue(caption); }
-    void setShown(const QString& column, bool shown) { row_[column].setValue(shown); }
+    void set(const QString& column, const QVariant& value) { row_[column].setValue(value); }
     void save() { row_.update(); }
 
 private:

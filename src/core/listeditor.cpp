@@ -1,12 +1,6 @@
 #include "core/listeditor.h"
 
-#include <QFormLayout>
-#include <QHBoxLayout>
-#include <QLabel>
-#include <QPushButton>
-#include <QShortcut>
-#include <QVBoxLayout>
-
+#include "controls/layout.h"
 #include "controls/names.h"
 #include "controls/theme.h"
 
@@ -14,95 +8,69 @@ using namespace Qt::Literals::StringLiterals;
 
 namespace core {
 
+using controls::Item;
 using controls::named;
 
 ListEditor::ListEditor(MainMod& mod, const QString& name, const QString& caption, ListEditorTexts texts,
                        const QString& checkCaption)
-    : Form(mod, name, caption, {u"Category"_s, 1000, 0}), texts_(std::move(texts)) {
-    build(checkCaption);
-    buildCommands();
-    on(list_, &controls::ListView::rowActivated, [this] { editRow(); });
-    on(list_, &controls::ListView::menuRequested, [this](int row, QPoint position) { showMenu(row, position); });
-    connect(list_, &QTreeView::clicked, this, &ListEditor::enableCommands);
-    on(exit_, &QAbstractButton::clicked, [this] { emit closeRequested(); });
-    enableCommands();
-}
-
-void ListEditor::build(const QString& checkCaption) {
-    toolbar_ = named(new QToolBar, u"Toolbar1"_s);
-    toolbar_->setToolButtonStyle(Qt::ToolButtonTextBesideIcon);
-    list_ = named(new controls::ListView, u"ListView1"_s);
+    : Form(mod, name, caption, {u"Category"_s, 1000, 0}),
+      texts_(std::move(texts)),
+      list_(named(new controls::ListView, u"ListView1"_s)),
+      commands_(mod, this, commands()) {
+    unsavedQuestion_ = u"Η περιγραφή που γράψατε δεν αποθηκεύτηκε.\nΝα κλείσει χωρίς αποθήκευση;"_s;
     list_->setAccessibleName(windowTitle());
     list_->setColumns({{u"Description"_s, u"Περιγραφή"_s, 5000}});
     stack_ = new QStackedWidget;
     stack_->addWidget(list_);
     stack_->addWidget(buildPanel(checkCaption));
-    exit_ = named(new controls::PictureButton(u"Έξοδος"_s, u"exit"_s), controls::arrayName(u"lblClick"_s, 0));
-    auto* layout = new QVBoxLayout(this);
-    layout->setContentsMargins(12, 10, 12, 10);
-    layout->addWidget(toolbar_);
-    layout->addWidget(stack_, 1);
-    layout->addWidget(exit_, 0, Qt::AlignRight);
+    const QStringList onRows{texts_.newName, texts_.editName, texts_.deleteName};
+    const QStringList all{texts_.newName, texts_.editName, u"mnuSave"_s, texts_.deleteName};
+    controls::add(controls::pageLayout(this), {commands_.toolBar(u"Toolbar1"_s, all),
+                                               {stack_, 1},
+                                               controls::row({Item::rest(), commands_.picture(u"lblClick(0)"_s)})});
     setMinimumSize(420, 380);
+    commands_.bindKeys(this, all);
+    on(list_, &controls::ListView::rowActivated, [this] { editRow(); });
+    on(list_, &controls::ListView::menuRequested,
+       [this, menu = commands_.menu(texts_.popUp, onRows)](int row, QPoint position) {
+           commands_.popUp(menu, row, position);
+       });
+}
+
+QVector<Command> ListEditor::commands() {
+    const auto listed = [this] { return !isEditing(); };
+    const auto hasRow = [this] { return !isEditing() && list_->count() > 0; };
+    const auto editing = [this] { return isEditing(); };
+    return {
+        {texts_.newName, u"add"_s, texts_.newText, {Qt::Key_Insert}, [this] { newRow(); }, listed},
+        {texts_.editName, u"edit"_s, texts_.editText, {Qt::Key_F2}, [this] { editRow(); }, hasRow, true},
+        {u"mnuSave"_s, u"save"_s, u"Αποθήκευση"_s, {Qt::Key_F5}, [this] { save(); }, editing},
+        {texts_.deleteName, u"delete"_s, texts_.deleteText, {Qt::Key_Delete}, [this] { deleteRow(); }, hasRow, true},
+        {u"cmdCancel"_s, {}, u"Άκυρο"_s, {Qt::Key_Escape}, [this] { cancel(); }},
+        {u"lblClick(0)"_s, u"exit"_s, u"Έξοδος"_s, {}, [this] { emit closeRequested(); }, listed},
+    };
 }
 
 QWidget* ListEditor::buildPanel(const QString& checkCaption) {
     panel_ = named(new QGroupBox(texts_.panel), u"Frame1"_s);
-    description_ = named(new controls::TextBox, controls::arrayName(u"Text1"_s, 1));
+    description_ = named(new controls::TextBox, u"Text1(1)"_s);
     description_->setHighlighting(true);
-    auto* caption = new QLabel(u" Περιγραφή"_s);
-    controls::tie(caption, description_);
-    auto* form = new QFormLayout(panel_);
-    form->setContentsMargins(16, 18, 16, 16);
-    form->addRow(caption, description_);
+    auto* form = controls::formLayout();
+    controls::addField(form, u" Περιγραφή"_s, description_);
     if (!checkCaption.isEmpty()) {
         Check1 = named(new QCheckBox(checkCaption), u"Check1"_s);
         form->addRow(QString(), Check1);
     }
-    auto* cancel = named(new QPushButton(u"Άκυρο"_s), u"cmdCancel"_s);
-    on(cancel, &QPushButton::clicked, [this] { this->cancel(); });
-    form->addRow(QString(), cancel);
-    // Enter in the description saves, where the other boxes of the program move on.
-    for (const QKeySequence& keys : {QKeySequence(Qt::Key_Return), QKeySequence(Qt::Key_Enter)}) {
-        auto* shortcut = new QShortcut(keys, description_, nullptr, nullptr, Qt::WidgetShortcut);
-        on(shortcut, &QShortcut::activated, [this] { save(); });
-    }
-    auto* escape = new QShortcut(Qt::Key_Escape, panel_, nullptr, nullptr, Qt::WidgetWithChildrenShortcut);
-    on(escape, &QShortcut::activated, [this] { this->cancel(); });
+    auto* cancel = commands_.button(u"cmdCancel"_s);
+    controls::add(controls::tabLayout(panel_), {form, controls::row({Item::rest(), cancel}), Item::rest()});
+    commands_.bindKeys(panel_, {u"cmdCancel"_s});
+    enterRuns(description_, [this] { save(); });
+    fields_.watchAll(panel_);
     return panel_;
 }
 
-void ListEditor::buildCommands() {
-    struct Row {
-        QString icon;
-        QString name, text;
-        QString keys;
-        void (ListEditor::*run)();
-    };
-    const Row rows[] = {{u"add"_s, texts_.newName, texts_.newText, u"Ins"_s, &ListEditor::newRow},
-                        {u"edit"_s, texts_.editName, texts_.editText, u"F2"_s, &ListEditor::editRow},
-                        {u"save"_s, u"mnuSave"_s, u"Αποθήκευση"_s, u"F5"_s, &ListEditor::save},
-                        {u"delete"_s, texts_.deleteName, texts_.deleteText, u"Del"_s, &ListEditor::deleteRow}};
-    popUp_ = named(new QMenu(this), texts_.popUp);
-    for (const Row& row : rows) {
-        auto* command = new QAction(controls::icon(row.icon), row.text, this);
-        command->setObjectName(row.name);
-        command->setShortcut(QKeySequence(row.keys));
-        command->setShortcutContext(Qt::WidgetWithChildrenShortcut);
-        on(command, &QAction::triggered, [this, run = row.run] { (this->*run)(); });
-        addAction(command);
-        toolbar_->addAction(command);
-        if (row.run != &ListEditor::save) popUp_->addAction(command);
-        commands_.append(command);
-    }
-}
-
-void ListEditor::onLoad() {
-    Refresh();
-}
-
 void ListEditor::Refresh() {
-    refresh(selectedCode());
+    refresh(list_->currentTag());
 }
 
 void ListEditor::refresh(const QVariant& selected) {
@@ -116,33 +84,22 @@ void ListEditor::refresh(const QVariant& selected) {
             {{found[u"Description"].text()}, found[u"Code"].value(), red ? controls::theme().danger : QColor()});
     }
     list_->setRows(std::move(rows));
-    for (int i = 0; i < list_->count(); ++i)
-        if (i == 0 || list_->row(i).tag == selected) list_->selectRow(i);
+    if (!list_->selectTag(selected)) list_->selectRow(0);
     showList();
     mod_.doors.listsChanged();
 }
 
-QVariant ListEditor::selectedCode() const {
-    return list_->currentRow() < 0 ? QVariant() : list_->row(list_->currentRow()).tag;
-}
-
-void ListEditor::enableCommands() {
-    const bool editing = isEditing();
-    commands_[New]->setEnabled(!editing);
-    commands_[Save]->setEnabled(editing);
-    for (Command command : {Edit, Delete}) commands_[command]->setEnabled(!editing && list_->count() > 0);
-    exit_->setEnabled(!editing);
-}
-
 void ListEditor::showPanel() {
+    fields_.remember();
     stack_->setCurrentWidget(panel_);
-    enableCommands();
+    commands_.refresh();
     description_->setFocus(Qt::TabFocusReason);
 }
 
 void ListEditor::showList() {
+    fields_.forget();
     stack_->setCurrentWidget(list_);
-    enableCommands();
+    commands_.refresh();
     list_->setFocus(Qt::OtherFocusReason);
 }
 
@@ -154,31 +111,32 @@ void ListEditor::newRow() {
     showPanel();
 }
 
-void ListEditor::openSelected() {
-    record_.open(mod_.gConn,
-                 data::Sql(u"select * from ? where code=?"_s, data::Sql::name(table()), selectedCode().toLongLong()));
-    if (!record_.isEmpty()) return;
-    record_.close();
-    Refresh();
+// Closed when there is no such row; one that another seat deleted leaves the list.
+data::Recordset ListEditor::openSelected() {
+    data::Recordset found;
+    if (!list_->currentTag().isValid() || isEditing()) return found;
+    found.open(mod_.gConn, data::Sql(u"select * from ? where code=?"_s, data::Sql::name(table()),
+                                     list_->currentTag().toLongLong()));
+    if (found.isEmpty()) {
+        found.close();
+        Refresh();
+    }
+    return found;
 }
 
 void ListEditor::editRow() {
-    if (!selectedCode().isValid() || isEditing()) return;
-    openSelected();
-    if (!record_.isOpen()) return;
+    data::Recordset row = openSelected();
+    if (!row.isOpen()) return;
+    record_ = std::move(row);
     description_->setText(record_[u"Description"].text());
     if (Check1) Check1->setChecked(record_[u"payable"].toBool());
     showPanel();
 }
 
 void ListEditor::deleteRow() {
-    if (!selectedCode().isValid() || isEditing()) return;
-    openSelected();
-    if (!record_.isOpen()) return;
-    const QString question = u"Είστε σίγουρος για διαγραφή του : "_s + record_[u"Description"].text();
-    data::Recordset doomed = std::move(record_);
-    record_ = {};
-    if (mod_.services.prompts.question(this, programTitle(), question)) doomed.remove();
+    data::Recordset row = openSelected();
+    if (!row.isOpen()) return;
+    askAndDelete(u"Είστε σίγουρος για διαγραφή του : "_s + row[u"Description"].text(), [&row] { row.remove(); });
     Refresh();
 }
 
@@ -196,24 +154,6 @@ void ListEditor::save() {
 void ListEditor::cancel() {
     record_.close();
     showList();
-}
-
-void ListEditor::showMenu(int row, QPoint position) {
-    enableCommands();
-    for (Command command : {Edit, Delete}) commands_[command]->setEnabled(row >= 0);
-    popUp_->exec(position);
-    enableCommands();
-}
-
-bool ListEditor::queryUnload() {
-    const bool typed = isEditing() && !description_->text().isEmpty() && description_->isModified();
-    return !typed ||
-           mod_.services.prompts.question(this, programTitle(),
-                                          u"Η περιγραφή που γράψατε δεν αποθηκεύτηκε.\nΝα κλείσει χωρίς αποθήκευση;"_s);
-}
-
-void ListEditor::onUnload() {
-    record_.close();
 }
 
 }  // namespace core

@@ -1,17 +1,13 @@
 // A window over a short table of descriptions: the list, and a panel in which one row is added or changed.
 #pragma once
 
-#include <QAction>
 #include <QCheckBox>
 #include <QGroupBox>
-#include <QMenu>
 #include <QStackedWidget>
-#include <QToolBar>
-#include <functional>
 
 #include "controls/boxes.h"
 #include "controls/listview.h"
-#include "controls/picturebutton.h"
+#include "core/commands.h"
 #include "core/form.h"
 #include "data/recordset.h"
 
@@ -41,36 +37,26 @@ protected:
     virtual QString table() const = 0;
     bool hasCheck() const { return Check1 != nullptr; }
 
-    void onLoad() override;
-    bool queryUnload() override;
-    void onUnload() override;
+    void onLoad() override { Refresh(); }
     void cancel();
 
 private:
-    enum Command { New, Edit, Save, Delete };
-    void build(const QString& checkCaption);
-    void buildCommands();
+    QVector<Command> commands();
     QWidget* buildPanel(const QString& checkCaption);
-    void openSelected();
+    data::Recordset openSelected();
     void showPanel();
     void showList();
     void save();
     void refresh(const QVariant& selected);
-    void enableCommands();
-    QVariant selectedCode() const;
-    void showMenu(int row, QPoint position);
 
     ListEditorTexts texts_;
-    QToolBar* toolbar_;
-    QStackedWidget* stack_;
+    data::Recordset record_;  // the row under edit, closed otherwise
     controls::ListView* list_;
+    Commands commands_;
+    QStackedWidget* stack_;
     QGroupBox* panel_;
     controls::TextBox* description_;
     QCheckBox* Check1 = nullptr;
-    controls::PictureButton* exit_;
-    QVector<QAction*> commands_;
-    QMenu* popUp_;
-    data::Recordset record_;  // the row under edit, closed otherwise
 };
 
 }  // namespace core

@@ -328,7 +328,7 @@ private slots:
         HistoryDriver card(office.mod);
         card.openTab("Ιστορικό");
         for (const int row : {-1, 3}) {
-            QTimer::singleShot(0, &card.form, [&] {
+            QTimer::singleShot(0, &card.form, [&, row] {
                 auto* menu = card.find<QMenu>("MnuPopUpHist");
                 QStringList enabled;
                 for (QAction* action : menu->actions())
@@ -338,6 +338,7 @@ private slots:
                                           : QStringList({"Νέα Κίνηση", "Επεξεργασία Κίνηση", "Διαγραφή Κίνησης"}));
             });
             emit card.list(1)->menuRequested(row, QPoint(10, 10));
+            QCoreApplication::processEvents();
         }
         QVERIFY(card.find<QAction>("MnuDelHistory")->isEnabled());
         support::activate(card.form);
