@@ -44,7 +44,8 @@ private slots:
                 complaints += checker.complaints(room, path, QString::fromUtf8(file.readAll()));
             }
         }
-        QVERIFY2(complaints.isEmpty(), qPrintable(u'\n' + complaints.join(u'\n')));
+        for (const QString& complaint : complaints) qWarning().noquote() << complaint;
+        QVERIFY(complaints.isEmpty());
         QVERIFY2(checker.statements() > 40, qPrintable(QString::number(checker.statements())));
     }
 
