@@ -10,24 +10,26 @@ namespace cards {
 
 namespace {
 
+using enum CardButton;
+
 struct ButtonDef {
     CardButton id;
-    const char16_t* caption;
-    const char16_t* icon;
-    const char16_t* keys;  // for the tool tip and the shortcut
+    QString caption;
+    QString icon;
+    QString keys;  // for the tool tip and the shortcut
 };
 
-constexpr ButtonDef buttonDefs[] = {
-    {Previous, u"Προηγούμενος", u"prev", u"Ctrl+PgUp"},
-    {Search, u"Αναζήτηση", u"search", u"Ctrl+F"},
-    {Next, u"Επόμενος", u"next", u"Ctrl+PgDown"},
-    {AddNew, u"Προσθήκη Νέου", u"add", u"Ctrl+N"},
-    {Edit, u"Διόρθωση Στοιχείων", u"edit", u"F2"},
-    {Delete, u"Διαγράφη", u"delete", u"Ctrl+Del"},
-    {Save, u"Ενήμερωση", u"save", u"F5"},
-    {Cancel, u"Ακύρωση", u"cancel", u"Ctrl+Z, Esc"},
-    {Exit, u"Έξοδος", u"exit", u"Ctrl+F4"},
-    {Print, u"Εκτύπωση Καρτέλας", u"print", u"Ctrl+P"},
+const ButtonDef buttonDefs[] = {
+    {Previous, u"Προηγούμενος"_s, u"prev"_s, u"Ctrl+PgUp"_s},
+    {Search, u"Αναζήτηση"_s, u"search"_s, u"Ctrl+F"_s},
+    {Next, u"Επόμενος"_s, u"next"_s, u"Ctrl+PgDown"_s},
+    {AddNew, u"Προσθήκη Νέου"_s, u"add"_s, u"Ctrl+N"_s},
+    {Edit, u"Διόρθωση Στοιχείων"_s, u"edit"_s, u"F2"_s},
+    {Delete, u"Διαγράφη"_s, u"delete"_s, u"Ctrl+Del"_s},
+    {Save, u"Ενήμερωση"_s, u"save"_s, u"F5"_s},
+    {Cancel, u"Ακύρωση"_s, u"cancel"_s, u"Ctrl+Z, Esc"_s},
+    {Exit, u"Έξοδος"_s, u"exit"_s, u"Ctrl+F4"_s},
+    {Print, u"Εκτύπωση Καρτέλας"_s, u"print"_s, u"Ctrl+P"_s},
 };
 
 }  // namespace
@@ -37,10 +39,9 @@ ButtonRow::ButtonRow(core::MainMod& mod, QWidget* parent) : QWidget(parent), mod
     layout->setContentsMargins(0, 0, 0, 0);
     layout->setSpacing(4);
     for (const ButtonDef& def : buttonDefs) {
-        const QString caption = QString::fromUtf16(def.caption);
-        auto* button = controls::named(new controls::PictureButton(caption, QString::fromUtf16(def.icon)),
-                                       controls::arrayName(u"lblClick"_s, def.id));
-        button->setToolTip(u"%1 (%2)"_s.arg(caption, QString::fromUtf16(def.keys).section(u", "_s, -1)));
+        auto* button = controls::named(new controls::PictureButton(def.caption, def.icon),
+                                       controls::arrayName(u"lblClick"_s, int(def.id)));
+        button->setToolTip(u"%1 (%2)"_s.arg(def.caption, def.keys.section(u", "_s, -1)));
         connect(button, &controls::PictureButton::hovered, this, [this] { mod_.playButtonSound(u"NIMOver.wav"_s); });
         connect(button, &controls::PictureButton::pressed, this, [this] { mod_.playButtonSound(u"NIMClick.wav"_s); });
         connect(button, &controls::PictureButton::clicked, this, [this, id = def.id] { emit pressed(id); });

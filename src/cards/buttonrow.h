@@ -11,7 +11,7 @@
 
 namespace cards {
 
-enum CardButton {
+enum class CardButton {
     Previous = 1,
     Search = 2,
     Next = 3,
@@ -40,7 +40,7 @@ signals:
 
 private:
     core::MainMod& mod_;
-    QHash<int, controls::PictureButton*> buttons_;
+    QHash<CardButton, controls::PictureButton*> buttons_;
 };
 
 }  // namespace cards

@@ -65,7 +65,7 @@ void writeText(data::Field column, const QString& text) {
 }
 
 QString nameDayDate(const QString& line, int year) {
-    return u"%1/%2"_s.arg(line.right(5)).arg(year, 4, 10, u'0');
+    return u"%1/%2"_s.arg(line.right(5)).arg(year, 4, 10, QChar(u'0'));
 }
 
 QString nameDayLine(const QString& name, const QDateTime& feast) {

@@ -2,46 +2,46 @@
 
 #include "controls/names.h"
 
+using namespace Qt::Literals::StringLiterals;
+
 namespace cards {
 
 namespace {
 
 struct Row {
-    const char16_t* array;
+    QString array;
     int index;
-    const char16_t* column;
-    const char16_t* caption;
+    QString column;
+    QString caption;
 };
 
 CardField plain(CardKind kind, CardTab tab, const Row& row) {
-    return {kind, QString::fromUtf16(row.array),   row.index, QString::fromUtf16(row.column),
-            tab,  QString::fromUtf16(row.caption), {},        {}};
+    return {kind, row.array, row.index, row.column, tab, row.caption, {}, {}};
 }
 
 struct Family {
     CardKind kind;
     CardTab tab;
-    const char16_t* array;
+    QString array;
     int firstIndex;
     int count;
-    const char16_t* column;         // followed by 1, 2 ...
-    const char16_t* captionColumn;  // likewise
-    const char16_t* visibleColumn;  // likewise; null when always shown
+    QString column;         // followed by 1, 2 ...
+    QString captionColumn;  // likewise
+    QString visibleColumn;  // likewise; empty when always shown
 };
 
 void append(QVector<CardField>& fields, const Family& family) {
     for (int i = 0; i < family.count; ++i) {
         const QString number = QString::number(i + 1);
-        CardField field{family.kind,
-                        QString::fromUtf16(family.array),
-                        family.firstIndex + i,
-                        QString::fromUtf16(family.column) + number,
-                        family.tab,
-                        {},
-                        QString::fromUtf16(family.captionColumn) + number,
-                        {}};
-        if (family.visibleColumn) field.visibleColumn = QString::fromUtf16(family.visibleColumn) + number;
-        fields.append(field);
+        const QString visible = family.visibleColumn.isEmpty() ? QString() : family.visibleColumn + number;
+        fields.append({family.kind,
+                       family.array,
+                       family.firstIndex + i,
+                       family.column + number,
+                       family.tab,
+                       {},
+                       family.captionColumn + number,
+                       visible});
     }
 }
 
@@ -50,44 +50,46 @@ QVector<CardField> build() {
     constexpr CardTab Basic = CardTab::Basic, Special = CardTab::Special, History = CardTab::History,
                       Texts = CardTab::Texts;
     QVector<CardField> fields;
-    for (const Row& row : {Row{u"Text7", 0, u"επωνυμο", u"Επώνυμο:"}, Row{u"Text7", 1, u"ονομα", u"Όνομα:"},
-                           Row{u"Text7", 2, u"πατρονυμο", u"Πατρώνυμο:"}})
+    for (const Row& row : {Row{u"Text7"_s, 0, u"επωνυμο"_s, u"Επώνυμο:"_s}, Row{u"Text7"_s, 1, u"ονομα"_s, u"Όνομα:"_s},
+                           Row{u"Text7"_s, 2, u"πατρονυμο"_s, u"Πατρώνυμο:"_s}})
         fields.append(plain(Text, Basic, row));
-    fields.append(plain(Category, Basic, {u"Combo1", -1, u"category", u"Κατηγορία:"}));
-    fields.append(plain(BirthDate, Basic, {u"txtDate", -1, u"ΗΜ_ΓΕΝΗΣΗΣ", u"Ημ.Γέννησης:"}));
-    fields.append(plain(Text, Basic, {u"Text7", 3, u"ΤΟΠΟΣ_ΓΕΝΗΣΗΣ", u"Τόπος Γέννησης:"}));
-    fields.append(plain(NameDay, Basic, {u"Combo3", -1, u"KEIM_ΕΟΡΤΗΣ", u"Εορτή:"}));
+    fields.append(plain(Category, Basic, {u"Combo1"_s, -1, u"category"_s, u"Κατηγορία:"_s}));
+    fields.append(plain(BirthDate, Basic, {u"txtDate"_s, -1, u"ΗΜ_ΓΕΝΗΣΗΣ"_s, u"Ημ.Γέννησης:"_s}));
+    fields.append(plain(Text, Basic, {u"Text7"_s, 3, u"ΤΟΠΟΣ_ΓΕΝΗΣΗΣ"_s, u"Τόπος Γέννησης:"_s}));
+    fields.append(plain(NameDay, Basic, {u"Combo3"_s, -1, u"KEIM_ΕΟΡΤΗΣ"_s, u"Εορτή:"_s}));
     for (const Row& row : {
-             Row{u"Text7", 4, u"επαγγελμα", u"Επάγγελμα:"},
-             Row{u"Text7", 5, u"διευθυνση", u"Διεύθυνση:"},
-             Row{u"Text7", 6, u"περιοχη", u"Περιοχή:"},
-             Row{u"Text7", 7, u"ταχ_κωδ", u"Ταχ. Κώδικας:"},
-             Row{u"Text7", 8, u"πολη", u"Πόλη:"},
-             Row{u"Text7", 9, u"τηλεφωνο1", u"Τηλ. Οικίας 1:"},
-             Row{u"Text7", 10, u"τηλεφωνο2", u"Τηλ. Εργασίας 1:"},
-             Row{u"Text7", 20, u"τηλεφωνο3", u"Τηλ. Οικίας 2:"},
-             Row{u"Text7", 21, u"τηλεφωνο4", u"Τηλ. Εργασίας 2:"},
-             Row{u"Text7", 11, u"ΚΙΝΗΤΟ", u"Κινητό:"},
-             Row{u"Text7", 12, u"FAX", u"Fax:"},
-             Row{u"Text7", 13, u"email", u"e-mail:"},
-             Row{u"Text7", 14, u"URL", u"URL:"},
+             Row{u"Text7"_s, 4, u"επαγγελμα"_s, u"Επάγγελμα:"_s},
+             Row{u"Text7"_s, 5, u"διευθυνση"_s, u"Διεύθυνση:"_s},
+             Row{u"Text7"_s, 6, u"περιοχη"_s, u"Περιοχή:"_s},
+             Row{u"Text7"_s, 7, u"ταχ_κωδ"_s, u"Ταχ. Κώδικας:"_s},
+             Row{u"Text7"_s, 8, u"πολη"_s, u"Πόλη:"_s},
+             Row{u"Text7"_s, 9, u"τηλεφωνο1"_s, u"Τηλ. Οικίας 1:"_s},
+             Row{u"Text7"_s, 10, u"τηλεφωνο2"_s, u"Τηλ. Εργασίας 1:"_s},
+             Row{u"Text7"_s, 20, u"τηλεφωνο3"_s, u"Τηλ. Οικίας 2:"_s},
+             Row{u"Text7"_s, 21, u"τηλεφωνο4"_s, u"Τηλ. Εργασίας 2:"_s},
+             Row{u"Text7"_s, 11, u"ΚΙΝΗΤΟ"_s, u"Κινητό:"_s},
+             Row{u"Text7"_s, 12, u"FAX"_s, u"Fax:"_s},
+             Row{u"Text7"_s, 13, u"email"_s, u"e-mail:"_s},
+             Row{u"Text7"_s, 14, u"URL"_s, u"URL:"_s},
          })
         fields.append(plain(Text, Basic, row));
-    fields.append(plain(Sex, Basic, {u"Combo2", -1, u"ΑΝΔΡΑΣ", u"Φύλλο:"}));
-    fields.append(plain(Notes, CardTab::Notes, {u"Text7", 17, u"σχολια", u"Σχόλια:"}));
+    fields.append(plain(Sex, Basic, {u"Combo2"_s, -1, u"ΑΝΔΡΑΣ"_s, u"Φύλλο:"_s}));
+    fields.append(plain(Notes, CardTab::Notes, {u"Text7"_s, 17, u"σχολια"_s, u"Σχόλια:"_s}));
     for (const Row& row :
-         {Row{u"Text7", 18, u"εταιρια", u"Εταιρία:"}, Row{u"Text7", 19, u"ΔΙΕΥΘΥΝΣΗ_ΕΡΓΑΣΙΑΣ", u"Διεύθ. Εργασίας:"},
-          Row{u"Text7", 15, u"ΣΥΣΤΑΣΗ", u"Σύσταση:"}, Row{u"Text7", 16, u"ΣΧΟΛΙΑ1", u"Σχόλια:"}})
+         {Row{u"Text7"_s, 18, u"εταιρια"_s, u"Εταιρία:"_s},
+          Row{u"Text7"_s, 19, u"ΔΙΕΥΘΥΝΣΗ_ΕΡΓΑΣΙΑΣ"_s, u"Διεύθ. Εργασίας:"_s},
+          Row{u"Text7"_s, 15, u"ΣΥΣΤΑΣΗ"_s, u"Σύσταση:"_s}, Row{u"Text7"_s, 16, u"ΣΧΟΛΙΑ1"_s, u"Σχόλια:"_s}})
         fields.append(plain(Text, Basic, row));
-    append(fields, {ParamText, Special, u"Text8", 0, 10, u"FIELdchar", u"FIELdchar", u"fc"});
-    append(fields, {ParamNumber, Special, u"Text8", 10, 6, u"FIELdnum", u"FIELdnum", u"fn"});
-    append(fields, {ParamDate, Special, u"txtCustDate", 0, 4, u"FIELddate", u"FIELddate", u"fd"});
-    fields.append(plain(LastMovement, History, {u"txtΤελευταία", -1, u"ΤΕΛΕΥΤΑΙΑ_ΚΙΝΗΣΗ", u"Τελευταία Επίσκεψη"}));
-    fields.append(plain(Frequency, History, {u"txtΣυχνότητα", -1, u"ΣΥΧΝΟΤΗΤΑ_ΚΙΝΗΣΗΣ", u"Συχνότητα Επίσκεψης"}));
-    fields.append(plain(Amount, History, {u"txtΣυνδρομή", -1, u"ΠΟΣΟ_ΚΙΝΗΣΗΣ", u"Συνδρομή"}));
-    append(fields, {LongText, Texts, u"txtMemo", 0, 6, u"ΚΕΙΜΕΝΟ", u"Memo", nullptr});
-    append(fields, {ParamFlag, Special, u"Check1", 0, 8, u"FieldYes", u"FieldYes", u"fy"});
-    append(fields, {ParamList, Special, u"Combo4", 0, 4, u"FieldCombo", u"FieldCombo", u"fcb"});
+    append(fields, {ParamText, Special, u"Text8"_s, 0, 10, u"FIELdchar"_s, u"FIELdchar"_s, u"fc"_s});
+    append(fields, {ParamNumber, Special, u"Text8"_s, 10, 6, u"FIELdnum"_s, u"FIELdnum"_s, u"fn"_s});
+    append(fields, {ParamDate, Special, u"txtCustDate"_s, 0, 4, u"FIELddate"_s, u"FIELddate"_s, u"fd"_s});
+    fields.append(
+        plain(LastMovement, History, {u"txtΤελευταία"_s, -1, u"ΤΕΛΕΥΤΑΙΑ_ΚΙΝΗΣΗ"_s, u"Τελευταία Επίσκεψη"_s}));
+    fields.append(plain(Frequency, History, {u"txtΣυχνότητα"_s, -1, u"ΣΥΧΝΟΤΗΤΑ_ΚΙΝΗΣΗΣ"_s, u"Συχνότητα Επίσκεψης"_s}));
+    fields.append(plain(Amount, History, {u"txtΣυνδρομή"_s, -1, u"ΠΟΣΟ_ΚΙΝΗΣΗΣ"_s, u"Συνδρομή"_s}));
+    append(fields, {LongText, Texts, u"txtMemo"_s, 0, 6, u"ΚΕΙΜΕΝΟ"_s, u"Memo"_s, {}});
+    append(fields, {ParamFlag, Special, u"Check1"_s, 0, 8, u"FieldYes"_s, u"FieldYes"_s, u"fy"_s});
+    append(fields, {ParamList, Special, u"Combo4"_s, 0, 4, u"FieldCombo"_s, u"FieldCombo"_s, u"fcb"_s});
     return fields;
 }
 

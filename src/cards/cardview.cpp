@@ -23,26 +23,28 @@ namespace {
 
 struct TabDef {
     CardTab tab;
-    const char16_t* caption;
-    const char16_t* frame;
+    QString caption;
+    QString frame;
 };
 
 // The strip in its order.
-constexpr TabDef tabDefs[] = {
-    {CardTab::Basic, u"Βασικά Στοιχεία", u"Frame3"},
-    {CardTab::Special, u"Ειδικά Στοιχεία", u"Frame4"},
-    {CardTab::History, u"Ιστορικό", u"Frame5"},
-    {CardTab::Notes, u"Σημειώσεις", u"Frame1"},
-    {CardTab::Texts, u"Κείμενα", u"Frame6"},
-    {CardTab::Links, u"Συνδέσεις", u"Frame2"},
-    {CardTab::Appointments, u"Συναντήσεις", u"Frame7"},
+const TabDef tabDefs[] = {
+    {CardTab::Basic, u"Βασικά Στοιχεία"_s, u"Frame3"_s},
+    {CardTab::Special, u"Ειδικά Στοιχεία"_s, u"Frame4"_s},
+    {CardTab::History, u"Ιστορικό"_s, u"Frame5"_s},
+    {CardTab::Notes, u"Σημειώσεις"_s, u"Frame1"_s},
+    {CardTab::Texts, u"Κείμενα"_s, u"Frame6"_s},
+    {CardTab::Links, u"Συνδέσεις"_s, u"Frame2"_s},
+    {CardTab::Appointments, u"Συναντήσεις"_s, u"Frame7"_s},
 };
 
 // The two columns of the first tab, top to bottom; this is also the tab order.
-const QStringList basicLeft = {"Text7(0)", "Text7(1)", "Text7(2)", "Combo1",    "Combo2",    "txtDate",
-                               "Text7(3)", "Combo3",   "Text7(4)", "Text7(18)", "Text7(19)", "Text7(15)"};
-const QStringList basicRight = {"Text7(5)",  "Text7(6)",  "Text7(8)",  "Text7(7)",  "Text7(9)",  "Text7(20)",
-                                "Text7(10)", "Text7(21)", "Text7(11)", "Text7(12)", "Text7(13)", "Text7(14)"};
+const QStringList basicLeft = {u"Text7(0)"_s, u"Text7(1)"_s,  u"Text7(2)"_s,  u"Combo1"_s,
+                               u"Combo2"_s,   u"txtDate"_s,   u"Text7(3)"_s,  u"Combo3"_s,
+                               u"Text7(4)"_s, u"Text7(18)"_s, u"Text7(19)"_s, u"Text7(15)"_s};
+const QStringList basicRight = {u"Text7(5)"_s,  u"Text7(6)"_s,  u"Text7(8)"_s,  u"Text7(7)"_s,
+                                u"Text7(9)"_s,  u"Text7(20)"_s, u"Text7(10)"_s, u"Text7(21)"_s,
+                                u"Text7(11)"_s, u"Text7(12)"_s, u"Text7(13)"_s, u"Text7(14)"_s};
 
 const CardField& fieldNamed(const QString& control) {
     for (const CardField& field : cardFields())
@@ -92,10 +94,10 @@ CardView::CardView(const CardPanels& panels) : panels_(panels) {
                                               {CardTab::Links, &CardView::linksTab},
                                               {CardTab::Appointments, &CardView::appointmentsTab}};
     for (const TabDef& def : tabDefs) {
-        QWidget* frame = named((this->*builders.value(def.tab))(), QString::fromUtf16(def.frame));
+        QWidget* frame = named((this->*builders.value(def.tab))(), def.frame);
         QWidget* page = scrolled(frame);
         pages_.insert(def.tab, page);
-        tabs_->addTab(page, QString::fromUtf16(def.caption));
+        tabs_->addTab(page, def.caption);
     }
 
     auto* layout = new QVBoxLayout(this);
@@ -157,7 +159,8 @@ QLabel* CardView::caption(const CardField& field) {
 }
 
 QWidget* CardView::datePairOf(const CardField& field) {
-    static const QHash<QString, QString> pickerNames = {{"txtDate", "DTPicker1"}, {"txtΤελευταία", "DTPΤελευταία"}};
+    static const QHash<QString, QString> pickerNames = {{u"txtDate"_s, u"DTPicker1"_s},
+                                                        {u"txtΤελευταία"_s, u"DTPΤελευταία"_s}};
     auto* picker = named(new controls::DatePicker,
                          field.index < 0 ? pickerNames.value(field.array) : arrayName(u"DTPcustDate"_s, field.index));
     controls::setAccessibleCaption(picker, u"Ημερολόγιο: "_s + field.caption);
@@ -236,8 +239,8 @@ QWidget* CardView::header() {
         // A name of any length must not push the window wider than the screen.
         label->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
     }
-    saveHint_->setProperty("role", "accent");
-    counter_->setProperty("role", "muted");
+    saveHint_->setProperty("role", u"accent"_s);
+    counter_->setProperty("role", u"muted"_s);
     auto* bar = new QWidget;
     auto* layout = new QHBoxLayout(bar);
     layout->setContentsMargins(2, 0, 2, 0);
@@ -285,7 +288,7 @@ QWidget* CardView::specialTab() {
             if (column.contains(field.kind) && (field.kind == CardKind::ParamFlag) == flags)
                 addRow(column.value(field.kind), field);
     specialHint_ = new QLabel(u"Το γραφείο δεν έχει ορίσει ακόμη ειδικά πεδία."_s);
-    specialHint_->setProperty("role", "muted");
+    specialHint_->setProperty("role", u"muted"_s);
     specialHint_->hide();
     int index = 0;
     for (QFormLayout* form : {texts, figures, choices}) {

@@ -67,17 +67,18 @@ void frmAddress::wire() {
             if (!isEditing()) openFind();
         });
     }
+    using enum CardButton;
     struct Keys {
         QKeySequence keys;
         CardButton id;
     };
-    for (const Keys& row : {Keys{QKeySequence("Ctrl+PgUp"), Previous},
-                            {QKeySequence("Ctrl+PgDown"), Next},
-                            {QKeySequence("Ctrl+F"), Search},
-                            {QKeySequence("Ctrl+N"), AddNew},
+    for (const Keys& row : {Keys{QKeySequence(u"Ctrl+PgUp"_s), Previous},
+                            {QKeySequence(u"Ctrl+PgDown"_s), Next},
+                            {QKeySequence(u"Ctrl+F"_s), Search},
+                            {QKeySequence(u"Ctrl+N"_s), AddNew},
                             {Qt::Key_F2, Edit},
-                            {QKeySequence("Ctrl+Del"), Delete},
-                            {QKeySequence("Ctrl+P"), Print}})
+                            {QKeySequence(u"Ctrl+Del"_s), Delete},
+                            {QKeySequence(u"Ctrl+P"_s), Print}})
         addShortcut(row.keys, [this, id = row.id] {
             if (buttons_->button(id)->isEnabled()) dispatch(id);
         });
@@ -109,6 +110,7 @@ void frmAddress::addShortcut(const QKeySequence& keys, std::function<void()> act
 }
 
 void frmAddress::dispatch(CardButton id) {
+    using enum CardButton;
     switch (id) {
         case Previous:
             return PreviousCard();

@@ -62,21 +62,21 @@ bool frmAddress::refreshFromCarrier() {
 
 bool frmAddress::isComplete() {
     struct Needed {
-        const char* control;
-        const char16_t* text;
+        QString control;
+        QString text;
     };
-    static constexpr Needed needed[] = {
-        {"Combo1", u"Δεν έχετε συμπληρώσει την Κατηγορία!"},
-        {"Text7(0)", u"Δεν έχετε συμπληρώσει το Επώνυμο!"},
-        {"Text7(1)", u"Δεν έχετε συμπληρώσει το Όνομα!"},
+    static const Needed needed[] = {
+        {u"Combo1"_s, u"Δεν έχετε συμπληρώσει την Κατηγορία!"_s},
+        {u"Text7(0)"_s, u"Δεν έχετε συμπληρώσει το Επώνυμο!"_s},
+        {u"Text7(1)"_s, u"Δεν έχετε συμπληρώσει το Όνομα!"_s},
     };
     for (const Needed& need : needed) {
-        QWidget* control = view_->control(QString::fromLatin1(need.control));
+        QWidget* control = view_->control(need.control);
         const auto* combo = qobject_cast<QComboBox*>(control);
         const QString text = combo ? combo->currentText() : qobject_cast<controls::TextBox*>(control)->text();
         if (!text.isEmpty()) continue;
         view_->selectTab(CardTab::Basic);
-        core::complain(mod_, this, QString::fromUtf16(need.text), control);
+        core::complain(mod_, this, need.text, control);
         return false;
     }
     return true;

@@ -10,31 +10,31 @@ namespace cards {
 namespace {
 
 // The basic fields in their order on paper, under the names that they have there.
-const std::pair<const char16_t*, const char*> basicLines[] = {
-    {u"Επώνυμο:", "Text7(0)"},
-    {u"Όνομα:", "Text7(1)"},
-    {u"Πατρώνυμο:", "Text7(2)"},
-    {u"Διεύθυνση:", "Text7(5)"},
-    {u"Περιοχή:", "Text7(6)"},
-    {u"Πόλη:", "Text7(8)"},
-    {u"Ταχ. Κώδικας:", "Text7(7)"},
-    {u"Τηλ. Οικίας 1:", "Text7(9)"},
-    {u"Τηλ. Οικίας 2:", "Text7(20)"},
-    {u"Φύλλο:", "Combo2"},
-    {u"Ημ.Γέννησης:", "txtDate"},
-    {u"Τόπος Γέννησης:", "Text7(3)"},
-    {u"Επάγγελμα:", "Text7(4)"},
-    {u"Εταιρία:", "Text7(18)"},
-    {u"Διεύθ. Εργασίας:", "Text7(19)"},
-    {u"Τηλ. Εργασίας 1:", "Text7(10)"},
-    {u"Τηλ. Εργασίας 2:", "Text7(21)"},
-    {u"Fax:", "Text7(12)"},
-    {u"Κινητό:", "Text7(11)"},
-    {u"e-mail:", "Text7(13)"},
-    {u"URL:", "Text7(14)"},
-    {u"Κατηγορία:", "Combo1"},
-    {u"Σύσταση:", "Text7(15)"},
-    {u"Σχόλια:", "Text7(16)"},
+const std::pair<QString, QString> basicLines[] = {
+    {u"Επώνυμο:"_s, u"Text7(0)"_s},
+    {u"Όνομα:"_s, u"Text7(1)"_s},
+    {u"Πατρώνυμο:"_s, u"Text7(2)"_s},
+    {u"Διεύθυνση:"_s, u"Text7(5)"_s},
+    {u"Περιοχή:"_s, u"Text7(6)"_s},
+    {u"Πόλη:"_s, u"Text7(8)"_s},
+    {u"Ταχ. Κώδικας:"_s, u"Text7(7)"_s},
+    {u"Τηλ. Οικίας 1:"_s, u"Text7(9)"_s},
+    {u"Τηλ. Οικίας 2:"_s, u"Text7(20)"_s},
+    {u"Φύλλο:"_s, u"Combo2"_s},
+    {u"Ημ.Γέννησης:"_s, u"txtDate"_s},
+    {u"Τόπος Γέννησης:"_s, u"Text7(3)"_s},
+    {u"Επάγγελμα:"_s, u"Text7(4)"_s},
+    {u"Εταιρία:"_s, u"Text7(18)"_s},
+    {u"Διεύθ. Εργασίας:"_s, u"Text7(19)"_s},
+    {u"Τηλ. Εργασίας 1:"_s, u"Text7(10)"_s},
+    {u"Τηλ. Εργασίας 2:"_s, u"Text7(21)"_s},
+    {u"Fax:"_s, u"Text7(12)"_s},
+    {u"Κινητό:"_s, u"Text7(11)"_s},
+    {u"e-mail:"_s, u"Text7(13)"_s},
+    {u"URL:"_s, u"Text7(14)"_s},
+    {u"Κατηγορία:"_s, u"Combo1"_s},
+    {u"Σύσταση:"_s, u"Text7(15)"_s},
+    {u"Σχόλια:"_s, u"Text7(16)"_s},
 };
 
 QString shown(const QWidget* control) {
@@ -51,8 +51,7 @@ bool frmAddress::gPrintKartela(const QString& Title) {
     card.title = Title;
     card.owner = core::ownerDetails(mod_.services.settings);
     card.today = mod_.services.clock.today();
-    for (const auto& [label, control] : basicLines)
-        card.basic.append({QString::fromUtf16(label), shown(view_->control(QString::fromLatin1(control)))});
+    for (const auto& [label, control] : basicLines) card.basic.append({label, shown(view_->control(control))});
     for (const CardField& field : cardFields()) {
         const bool printed = field.kind == CardKind::ParamText || field.kind == CardKind::ParamNumber ||
                              field.kind == CardKind::ParamDate;

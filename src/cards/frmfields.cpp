@@ -21,17 +21,17 @@ namespace {
 const QString rowSql = u"Select * from customfields where id=1"_s;
 
 const QVector<FieldGroup> cardGroups = {
-    {u"Αλφαριθμητικά", u"Πεδίο", 10, u"FIELdchar", u"Text1", 0, 1, u"fc", u"Check1"},
-    {u"Αριθμητικά", u"Πεδίο", 6, u"FIELdnum", u"Text2", 0, 1, u"fn", u"Check2"},
-    {u"Ημερομηνίες", u"Πεδίο", 4, u"FIELddate", u"Text3", 0, 1, u"fd", u"Check3"},
-    {u"Λίστες", u"Πεδίο", 4, u"FieldCombo", u"Text3", 7, -1, u"fcb", u"Check3"},
-    {u"Κείμενα", u"Κείμενο", 6, u"Memo", u"Text2", 11, -1, nullptr, nullptr},
-    {u"Επιλεκτικά", u"Πεδίο", 8, u"FieldYes", u"Text4", 1, 1, u"fy", u"Check4"},
+    {u"Αλφαριθμητικά"_s, u"Πεδίο"_s, 10, u"FIELdchar"_s, u"Text1"_s, 0, 1, u"fc"_s, u"Check1"_s},
+    {u"Αριθμητικά"_s, u"Πεδίο"_s, 6, u"FIELdnum"_s, u"Text2"_s, 0, 1, u"fn"_s, u"Check2"_s},
+    {u"Ημερομηνίες"_s, u"Πεδίο"_s, 4, u"FIELddate"_s, u"Text3"_s, 0, 1, u"fd"_s, u"Check3"_s},
+    {u"Λίστες"_s, u"Πεδίο"_s, 4, u"FieldCombo"_s, u"Text3"_s, 7, -1, u"fcb"_s, u"Check3"_s},
+    {u"Κείμενα"_s, u"Κείμενο"_s, 6, u"Memo"_s, u"Text2"_s, 11, -1, {}, {}},
+    {u"Επιλεκτικά"_s, u"Πεδίο"_s, 8, u"FieldYes"_s, u"Text4"_s, 1, 1, u"fy"_s, u"Check4"_s},
 };
 
 const QVector<FieldGroup> historyGroups = {
-    {u"Αλφαριθμητικά", u"Πεδίο", 2, u"FIELdcharh", u"Text1", 0, 1, u"fch", u"Check1"},
-    {u"Αριθμητικά", u"Πεδίο", 4, u"FieldNumh", u"Text2", 0, 1, u"fnh", u"Check2"},
+    {u"Αλφαριθμητικά"_s, u"Πεδίο"_s, 2, u"FIELdcharh"_s, u"Text1"_s, 0, 1, u"fch"_s, u"Check1"_s},
+    {u"Αριθμητικά"_s, u"Πεδίο"_s, 4, u"FieldNumh"_s, u"Text2"_s, 0, 1, u"fnh"_s, u"Check2"_s},
 };
 
 }  // namespace
@@ -58,29 +58,28 @@ FieldsEditor::FieldsEditor(core::MainMod& mod, const QString& name, const QStrin
 }
 
 QGroupBox* FieldsEditor::buildGroup(const FieldGroup& group) {
-    const QString frame = QString::fromUtf16(group.frame);
-    auto* box = new QGroupBox(frame);
+    auto* box = new QGroupBox(group.frame);
     auto* grid = new QGridLayout(box);
     grid->setContentsMargins(12, 8, 12, 10);
     grid->setVerticalSpacing(4);
-    const bool lists = group.step < 0 && group.flagColumn;
-    if (group.flagColumn) grid->addWidget(new QLabel(u"ΕΝ"_s), 0, 1, Qt::AlignCenter);
+    const bool lists = group.step < 0 && !group.flagColumn.isEmpty();
+    if (!group.flagColumn.isEmpty()) grid->addWidget(new QLabel(u"ΕΝ"_s), 0, 1, Qt::AlignCenter);
     grid->addWidget(new QLabel(u"Περιγραφή"_s), 0, 2);
     for (int i = 0; i < group.count; ++i) {
-        const QString caption = u"%1 %2"_s.arg(QString::fromUtf16(group.field)).arg(i + 1);
+        const QString caption = u"%1 %2"_s.arg(group.field).arg(i + 1);
         const int index = group.textIndex + group.step * i;
-        Row row{QString::fromUtf16(group.captionColumn) + QString::number(i + 1), QString(),
-                named(new controls::TextBox, arrayName(QString::fromUtf16(group.textArray), index)), nullptr};
+        Row row{group.captionColumn + QString::number(i + 1), QString(),
+                named(new controls::TextBox, arrayName(group.textArray, index)), nullptr};
         row.text->setHighlighting(true);
         row.text->setMinimumWidth(150);
         auto* label = new QLabel(caption);
         controls::tie(label, row.text);
-        row.text->setAccessibleName(frame + u", "_s + caption);
+        row.text->setAccessibleName(group.frame + u", "_s + caption);
         grid->addWidget(label, i + 1, 0);
-        if (group.flagColumn) {
-            row.flagColumn = QString::fromUtf16(group.flagColumn) + QString::number(i + 1);
-            row.check = named(new QCheckBox, arrayName(QString::fromUtf16(group.checkArray), index));
-            row.check->setAccessibleName(frame + u", "_s + caption + u", εμφάνιση"_s);
+        if (!group.flagColumn.isEmpty()) {
+            row.flagColumn = group.flagColumn + QString::number(i + 1);
+            row.check = named(new QCheckBox, arrayName(group.checkArray, index));
+            row.check->setAccessibleName(group.frame + u", "_s + caption + u", εμφάνιση"_s);
             grid->addWidget(row.check, i + 1, 1, Qt::AlignCenter);
         }
         grid->addWidget(row.text, i + 1, 2);

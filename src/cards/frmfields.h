@@ -13,15 +13,15 @@ namespace cards {
 
 // Fields of one kind: caption and switch columns of CustomFields, and the controls that hold them.
 struct FieldGroup {
-    const char16_t* frame;
-    const char16_t* field;  // caption of a row, followed by its number
+    QString frame;
+    QString field;  // caption of a row, followed by its number
     int count;
-    const char16_t* captionColumn;  // followed by 1, 2 ...
-    const char16_t* textArray;
-    int textIndex;               // of the first one
-    int step;                    // to the index of the next one; some arrays run backwards
-    const char16_t* flagColumn;  // likewise; null when the fields are always shown
-    const char16_t* checkArray;
+    QString captionColumn;  // followed by 1, 2 ...
+    QString textArray;
+    int textIndex;       // of the first one
+    int step;            // to the index of the next one; some arrays run backwards
+    QString flagColumn;  // likewise; empty when the fields are always shown
+    QString checkArray;
 };
 
 class FieldsEditor : public core::Form {

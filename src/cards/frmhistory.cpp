@@ -34,14 +34,12 @@ struct Parametric {
 const QVector<Parametric>& parametric() {
     static const QVector<Parametric> all = [] {
         QVector<Parametric> rows;
-        const auto add = [&rows](const char16_t* column, const char16_t* caption, const char16_t* flag, int count) {
+        const auto add = [&rows](const QString& column, const QString& caption, const QString& flag, int count) {
             for (int i = 1; i <= count; ++i)
-                rows.append({QString::fromUtf16(column) + QString::number(i),
-                             QString::fromUtf16(caption) + QString::number(i),
-                             QString::fromUtf16(flag) + QString::number(i)});
+                rows.append({column + QString::number(i), caption + QString::number(i), flag + QString::number(i)});
         };
-        add(u"s", u"FIELdcharh", u"fch", parametricTexts);
-        add(u"n", u"FieldNumh", u"fnh", parametricNumbers);
+        add(u"s"_s, u"FIELdcharh"_s, u"fch"_s, parametricTexts);
+        add(u"n"_s, u"FieldNumh"_s, u"fnh"_s, parametricNumbers);
         return rows;
     }();
     return all;
@@ -93,11 +91,11 @@ QWidget* frmHistory::fields() {
     controls::tie(dateCaption, txtDate);
     form_->addRow(dateCaption, pair);
 
-    static const char16_t* captions[] = {u"Αιτιολογία", u"S1", u"S2", u"N1", u"N2", u"N3", u"N4"};
+    static const QString captions[] = {u"Αιτιολογία"_s, u"S1"_s, u"S2"_s, u"N1"_s, u"N2"_s, u"N3"_s, u"N4"_s};
     for (int i = 0; i <= parametricTexts + parametricNumbers; ++i) {
         controls::TextBox* box = i > parametricTexts ? new controls::NumberBox : new controls::TextBox;
         Text7.append(named(box, arrayName(u"Text7"_s, i)));
-        addRow(form_, QString::fromUtf16(captions[i]), box);
+        addRow(form_, captions[i], box);
     }
     txtXreosh = named(new controls::NumberBox, u"txtXreosh"_s);
     txtPistosi = named(new controls::NumberBox, u"txtPistosi"_s);
@@ -128,23 +126,22 @@ QWidget* frmHistory::photoColumn() {
     Image1 = named(new PhotoView, u"Image1"_s);
     layout->addWidget(Image1, 1);
     struct Row {
-        const char* name;
-        const char* icon;
-        const char16_t* caption;
+        QString name;
+        QString icon;
+        QString caption;
         std::function<void()> run;
     };
     const auto setPhoto = [this](const QByteArray& bytes) {
         mPhotoBytes = bytes;
         Image1->setBytes(bytes);
     };
-    for (const Row& row : {Row{"Command1", "photo-add", u"Εισαγωγή Φωτογραφίας",
-                               [this, setPhoto] {
-                                   if (const auto bytes = choosePhoto(mod_, this)) setPhoto(*bytes);
-                               }},
-                           Row{"Command3", "photo-remove", u"Διαγραφή Φωτογραφίας", [setPhoto] { setPhoto({}); }}}) {
-        auto* button =
-            named(new QPushButton(controls::icon(QString::fromLatin1(row.icon)), QString::fromUtf16(row.caption)),
-                  QString::fromLatin1(row.name));
+    for (const Row& row :
+         {Row{u"Command1"_s, u"photo-add"_s, u"Εισαγωγή Φωτογραφίας"_s,
+              [this, setPhoto] {
+                  if (const auto bytes = choosePhoto(mod_, this)) setPhoto(*bytes);
+              }},
+          Row{u"Command3"_s, u"photo-remove"_s, u"Διαγραφή Φωτογραφίας"_s, [setPhoto] { setPhoto({}); }}}) {
+        auto* button = named(new QPushButton(controls::icon(row.icon), row.caption), row.name);
         button->setAutoDefault(false);
         core::onSignal(mod_, this, button, &QPushButton::clicked, [run = row.run] { run(); });
         layout->addWidget(button);
@@ -157,25 +154,23 @@ QWidget* frmHistory::buttons() {
     auto* layout = new QHBoxLayout(row);
     layout->setContentsMargins(0, 0, 0, 0);
     auto* hint = new QLabel(u"[F5] Αποθήκευση"_s);
-    hint->setProperty("role", "accent");
+    hint->setProperty("role", u"accent"_s);
     layout->addWidget(hint);
     layout->addStretch(1);
     struct Button {
-        const char16_t* caption;
-        const char* icon;
+        QString caption;
+        QString icon;
         std::function<void()> run;
     };
     int index = 0;
-    for (const Button& def : {Button{u"Αποθήκευση κίνησης", "save", [this] { save(); }},
-                              Button{u"Ακύρωση κίνησης", "cancel",
+    for (const Button& def : {Button{u"Αποθήκευση κίνησης"_s, u"save"_s, [this] { save(); }},
+                              Button{u"Ακύρωση κίνησης"_s, u"cancel"_s,
                                      [this] {
                                          clearForm();
                                          txtDate->setFocus(Qt::TabFocusReason);
                                      }},
-                              Button{u"Έξοδος", "exit", [this] { reject(); }}}) {
-        auto* button =
-            named(new controls::PictureButton(QString::fromUtf16(def.caption), QString::fromLatin1(def.icon)),
-                  arrayName(u"lblClick"_s, index++));
+                              Button{u"Έξοδος"_s, u"exit"_s, [this] { reject(); }}}) {
+        auto* button = named(new controls::PictureButton(def.caption, def.icon), arrayName(u"lblClick"_s, index++));
         core::onSignal(mod_, this, button, &QAbstractButton::clicked, [run = def.run] { run(); });
         layout->addWidget(button);
     }

@@ -28,8 +28,8 @@ const QString orderSection = u"DateQuery"_s;
 
 QVector<controls::ListColumn> columns() {
     QVector<controls::ListColumn> all;
-    for (const char16_t* name : {u"Ημερομηνία", u"Επώνυμο", u"Όνομα", u"Αιτιολογία", u"Χρέωση", u"Πίστωση"})
-        all.append({QString::fromUtf16(name), QString::fromUtf16(name)});
+    for (const QString& name : {u"Ημερομηνία"_s, u"Επώνυμο"_s, u"Όνομα"_s, u"Αιτιολογία"_s, u"Χρέωση"_s, u"Πίστωση"_s})
+        all.append({name, name});
     all[4].number = all[5].number = true;
     return all;
 }
@@ -87,12 +87,12 @@ QWidget* frmHmerologio::filterRow() {
     Combo1 = named(new controls::ChoiceBox(false), u"Combo1"_s);
     txtAitia = named(new controls::TextBox, u"txtAitia"_s);
     struct Field {
-        const char16_t* caption;
+        QString caption;
         QWidget* box;
         QHBoxLayout* row;
     };
-    for (const Field& field : {Field{u"Κατηγορία:", Combo1, first}, Field{u"Αιτιολογία:", txtAitia, second}}) {
-        auto* label = new QLabel(QString::fromUtf16(field.caption));
+    for (const Field& field : {Field{u"Κατηγορία:"_s, Combo1, first}, Field{u"Αιτιολογία:"_s, txtAitia, second}}) {
+        auto* label = new QLabel(field.caption);
         controls::tie(label, field.box);
         field.row->addWidget(label);
         field.row->addWidget(field.box, 1);
@@ -120,17 +120,15 @@ QWidget* frmHmerologio::footRow() {
     }
     layout->addStretch(1);
     struct Button {
-        const char16_t* caption;
-        const char* icon;
+        QString caption;
+        QString icon;
         std::function<void()> run;
     };
     int index = 0;
-    for (const Button& def : {Button{u"Εμφάνιση Λίστας", "search", [this] { FillList(); }},
-                              Button{u"Εκτύπωση Λίστας", "print", [this] { print(); }},
-                              Button{u"Έξοδος", "exit", [this] { emit closeRequested(); }}}) {
-        auto* button =
-            named(new controls::PictureButton(QString::fromUtf16(def.caption), QString::fromLatin1(def.icon)),
-                  arrayName(u"lblClick"_s, index++));
+    for (const Button& def : {Button{u"Εμφάνιση Λίστας"_s, u"search"_s, [this] { FillList(); }},
+                              Button{u"Εκτύπωση Λίστας"_s, u"print"_s, [this] { print(); }},
+                              Button{u"Έξοδος"_s, u"exit"_s, [this] { emit closeRequested(); }}}) {
+        auto* button = named(new controls::PictureButton(def.caption, def.icon), arrayName(u"lblClick"_s, index++));
         on(button, &QAbstractButton::clicked, [run = def.run] { run(); });
         layout->addWidget(button);
     }

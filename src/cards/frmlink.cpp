@@ -26,8 +26,8 @@ frmLink::frmLink(core::MainMod& mod, QWidget* parent, std::function<void()> save
     build();
 }
 
-QPushButton* frmLink::button(const char* name, const char* icon, const QString& caption, void (frmLink::*run)()) {
-    auto* made = named(new QPushButton(controls::icon(QString::fromLatin1(icon)), caption), QString::fromLatin1(name));
+QPushButton* frmLink::button(const QString& name, const QString& icon, const QString& caption, void (frmLink::*run)()) {
+    auto* made = named(new QPushButton(controls::icon(icon), caption), name);
     made->setAutoDefault(false);
     core::onSignal(mod_, this, made, &QPushButton::clicked, [this, run] { (this->*run)(); });
     return made;
@@ -38,12 +38,12 @@ void frmLink::build() {
     Text1->setHighlighting(true);
     File1 = named(new controls::TextBox, u"File1"_s);
     File1->setReadOnly(true);
-    choose_ = button("cmdChoose", "search", u"Επιλογή Αρχείου..."_s, &frmLink::chooseFile);
-    Command1 = button("Command1", "card", u"Άνοιγμα Αρχείου"_s, &frmLink::openFile);
-    Command2 = button("Command2", "save", u"Αποθήκευση Σύνδεσης"_s, &frmLink::save);
-    Command3 = button("Command3", "exit", u"Έξοδος"_s, &frmLink::leave);
+    choose_ = button(u"cmdChoose"_s, u"search"_s, u"Επιλογή Αρχείου..."_s, &frmLink::chooseFile);
+    Command1 = button(u"Command1"_s, u"card"_s, u"Άνοιγμα Αρχείου"_s, &frmLink::openFile);
+    Command2 = button(u"Command2"_s, u"save"_s, u"Αποθήκευση Σύνδεσης"_s, &frmLink::save);
+    Command3 = button(u"Command3"_s, u"exit"_s, u"Έξοδος"_s, &frmLink::leave);
     note_ = new QLabel;
-    note_->setProperty("role", "muted");
+    note_->setProperty("role", u"muted"_s);
     note_->setTextFormat(Qt::PlainText);
     note_->setWordWrap(true);
 

@@ -32,7 +32,7 @@ protected:
 
 private:
     void build();
-    QPushButton* button(const char* name, const char* icon, const QString& caption, void (frmLink::*run)());
+    QPushButton* button(const QString& name, const QString& icon, const QString& caption, void (frmLink::*run)());
     bool readLinkRow();
     void chooseFile();
     void showPath(const QString& path);

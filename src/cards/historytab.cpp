@@ -93,35 +93,36 @@ QWidget* HistoryTab::commandRow() {
     auto* row = new QWidget;
     auto* layout = new QHBoxLayout(row);
     layout->setContentsMargins(0, 0, 0, 0);
-    const auto command = [&](const char16_t* name, const char16_t* icon, const char16_t* caption, auto run) {
-        auto* button = named(new QPushButton(controls::icon(QString::fromUtf16(icon)), QString::fromUtf16(caption)),
-                             QString::fromUtf16(name));
+    const auto command = [&](const QString& name, const QString& icon, const QString& caption, auto run) {
+        auto* button = named(new QPushButton(controls::icon(icon), caption), name);
         core::onSignal(mod_, this, button, &QPushButton::clicked, run);
         layout->addWidget(button);
         return button;
     };
-    cmdAddHistory = command(u"cmdAddHistory", u"add", u"Νέα Κίνηση", [this] { newMovement(); });
-    Command4 = command(u"Command4", u"edit", u"Διόρθωση Κίνησης", [this] { editMovement(); });
-    cmdDelHistory = command(u"cmdDelHistory", u"delete", u"Διαγραφή Κίνησης", [this] { deleteMovement(); });
+    cmdAddHistory = command(u"cmdAddHistory"_s, u"add"_s, u"Νέα Κίνηση"_s, [this] { newMovement(); });
+    Command4 = command(u"Command4"_s, u"edit"_s, u"Διόρθωση Κίνησης"_s, [this] { editMovement(); });
+    cmdDelHistory = command(u"cmdDelHistory"_s, u"delete"_s, u"Διαγραφή Κίνησης"_s, [this] { deleteMovement(); });
     layout->addStretch(1);
-    cmdPrint = command(u"cmdPrint", u"print", u"Εκτύπωση Κίνησης", [this] { emit printRequested(); });
+    cmdPrint = command(u"cmdPrint"_s, u"print"_s, u"Εκτύπωση Κίνησης"_s, [this] { emit printRequested(); });
     return row;
 }
 
 void HistoryTab::buildMenu() {
     MnuPopUpHist = named(new QMenu(this), u"MnuPopUpHist"_s);
     struct Entry {
-        const char* name;
-        const char16_t* caption;
+        QString name;
+        QString caption;
         Qt::Key key;
         void (HistoryTab::*run)();
         QAction*& action;
     };
     for (const Entry& entry :
-         {Entry{"MnuNewHistory", u"Νέα Κίνηση", Qt::Key_Insert, &HistoryTab::newMovement, MnuNewHistory},
-          Entry{"mnuEditHistory", u"Επεξεργασία Κίνηση", Qt::Key_unknown, &HistoryTab::editMovement, mnuEditHistory},
-          Entry{"MnuDelHistory", u"Διαγραφή Κίνησης", Qt::Key_Delete, &HistoryTab::deleteMovement, MnuDelHistory}}) {
-        entry.action = named(new QAction(QString::fromUtf16(entry.caption), this), QString::fromLatin1(entry.name));
+         {Entry{u"MnuNewHistory"_s, u"Νέα Κίνηση"_s, Qt::Key_Insert, &HistoryTab::newMovement, MnuNewHistory},
+          Entry{u"mnuEditHistory"_s, u"Επεξεργασία Κίνηση"_s, Qt::Key_unknown, &HistoryTab::editMovement,
+                mnuEditHistory},
+          Entry{u"MnuDelHistory"_s, u"Διαγραφή Κίνησης"_s, Qt::Key_Delete, &HistoryTab::deleteMovement,
+                MnuDelHistory}}) {
+        entry.action = named(new QAction(entry.caption, this), entry.name);
         if (entry.key != Qt::Key_unknown) entry.action->setShortcut(entry.key);
         entry.action->setShortcutContext(Qt::WidgetShortcut);
         core::onSignal(mod_, this, entry.action, &QAction::triggered, [this, run = entry.run] { (this->*run)(); });

@@ -69,7 +69,7 @@ QUrl mailAddress(const QString& typed) {
     QUrl url;
     url.setScheme(u"mailto"_s);
     // As plain text: a question mark in it must not become a subject or an attachment.
-    url.setPath(QString::fromLatin1(QUrl::toPercentEncoding(typed.trimmed(), "@")), QUrl::TolerantMode);
+    url.setPath(QString::fromUtf8(QUrl::toPercentEncoding(typed.trimmed(), "@")), QUrl::TolerantMode);
     return url;
 }
 

@@ -27,16 +27,15 @@ LinksTab::LinksTab(core::MainMod& mod) : mod_(mod) {
     ListView2->setAccessibleName(u"Συνδέσεις"_s);
     core::onSignal(mod_, this, ListView2, &controls::ListView::rowActivated, [this](int row) { openSelected(row); });
     auto* commands = new QHBoxLayout;
-    const auto command = [&](const char16_t* name, const char16_t* icon, const char16_t* caption, auto run) {
-        auto* button = named(new QPushButton(controls::icon(QString::fromUtf16(icon)), QString::fromUtf16(caption)),
-                             QString::fromUtf16(name));
+    const auto command = [&](const QString& name, const QString& icon, const QString& caption, auto run) {
+        auto* button = named(new QPushButton(controls::icon(icon), caption), name);
         core::onSignal(mod_, this, button, &QPushButton::clicked, run);
         commands->addWidget(button);
         return button;
     };
-    Command8 = command(u"Command8", u"add", u"Νέα Σύνδεση", [this] { newLink(); });
-    cmdEditLink = command(u"cmdEditLink", u"edit", u"Διόρθωση Σύνδεσης", [this] { editLink(); });
-    cmdDelLink = command(u"cmdDelLink", u"delete", u"Διαγραφή Σύνδεσης", [this] { deleteLink(); });
+    Command8 = command(u"Command8"_s, u"add"_s, u"Νέα Σύνδεση"_s, [this] { newLink(); });
+    cmdEditLink = command(u"cmdEditLink"_s, u"edit"_s, u"Διόρθωση Σύνδεσης"_s, [this] { editLink(); });
+    cmdDelLink = command(u"cmdDelLink"_s, u"delete"_s, u"Διαγραφή Σύνδεσης"_s, [this] { deleteLink(); });
     commands->addStretch(1);
     auto* layout = new QVBoxLayout(this);
     layout->setContentsMargins(14, 14, 14, 14);

@@ -74,20 +74,20 @@ QWidget* ListEditor::buildPanel(const QString& checkCaption) {
 
 void ListEditor::buildCommands() {
     struct Row {
-        const char16_t* icon;
+        QString icon;
         QString name, text;
-        const char16_t* keys;
+        QString keys;
         void (ListEditor::*run)();
     };
-    const Row rows[] = {{u"add", texts_.newName, texts_.newText, u"Ins", &ListEditor::newRow},
-                        {u"edit", texts_.editName, texts_.editText, u"F2", &ListEditor::editRow},
-                        {u"save", u"mnuSave"_s, u"Αποθήκευση"_s, u"F5", &ListEditor::save},
-                        {u"delete", texts_.deleteName, texts_.deleteText, u"Del", &ListEditor::deleteRow}};
+    const Row rows[] = {{u"add"_s, texts_.newName, texts_.newText, u"Ins"_s, &ListEditor::newRow},
+                        {u"edit"_s, texts_.editName, texts_.editText, u"F2"_s, &ListEditor::editRow},
+                        {u"save"_s, u"mnuSave"_s, u"Αποθήκευση"_s, u"F5"_s, &ListEditor::save},
+                        {u"delete"_s, texts_.deleteName, texts_.deleteText, u"Del"_s, &ListEditor::deleteRow}};
     popUp_ = named(new QMenu(this), texts_.popUp);
     for (const Row& row : rows) {
-        auto* command = new QAction(controls::icon(QString::fromUtf16(row.icon)), row.text, this);
+        auto* command = new QAction(controls::icon(row.icon), row.text, this);
         command->setObjectName(row.name);
-        command->setShortcut(QKeySequence(QString::fromUtf16(row.keys)));
+        command->setShortcut(QKeySequence(row.keys));
         command->setShortcutContext(Qt::WidgetWithChildrenShortcut);
         on(command, &QAction::triggered, [this, run = row.run] { (this->*run)(); });
         addAction(command);

@@ -47,10 +47,11 @@ std::optional<QDate> DateBox::date() const {
 }
 
 void DateBox::setDate(QDate date) {
-    setFormattedText(
-        date.isValid() && date.year() >= 100 && date.year() <= 9999
-            ? u"%1/%2/%3"_s.arg(date.day(), 2, 10, u'0').arg(date.month(), 2, 10, u'0').arg(date.year(), 4, 10, u'0')
-            : QString());
+    setFormattedText(date.isValid() && date.year() >= 100 && date.year() <= 9999
+                         ? u"%1/%2/%3"_s.arg(date.day(), 2, 10, QChar(u'0'))
+                               .arg(date.month(), 2, 10, QChar(u'0'))
+                               .arg(date.year(), 4, 10, QChar(u'0'))
+                         : QString());
 }
 
 void DateBox::setFormattedText(const QString& text) {

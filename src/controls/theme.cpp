@@ -86,30 +86,30 @@ QString styleSheetOf(const Theme& look) {
     if (!file.open(QIODevice::ReadOnly)) return {};
     QString sheet = QString::fromUtf8(file.readAll());
     // A name that begins with another one comes before it.
-    const std::pair<const char*, QString> names[] = {
-        {"@windowHover", mixed(look.window, look.accent, 0.12).name()},
-        {"@windowPressed", mixed(look.window, look.accent, 0.26).name()},
-        {"@windowSunk", mixed(look.window, look.text, 0.05).name()},
-        {"@window", look.window.name()},
-        {"@button", (look.dark ? mixed(look.window, look.text, 0.10) : look.base).name()},
-        {"@readOnly", mixed(look.window, look.base, 0.3).name()},
-        {"@base", look.base.name()},
-        {"@alternateBase", look.alternateBase.name()},
-        {"@text", look.text.name()},
-        {"@mutedText", look.mutedText.name()},
-        {"@borderStrong", mixed(look.border, look.text, 0.3).name()},
-        {"@borderSoft", mixed(look.border, look.window, 0.45).name()},
-        {"@border", look.border.name()},
-        {"@accentText", look.accentText.name()},
-        {"@accentStrong", mixed(look.accent, look.text, 0.5).name()},
-        {"@accent", look.accent.name()},
-        {"@focus", (look.dark ? mixed(look.accent, look.text, 0.35) : look.accent).name()},
-        {"@link", look.dark ? look.accent.lighter(190).name() : look.accent.name()},
-        {"@kind", look.dark ? u"dark"_s : u"light"_s},
-        {"@highlightBox", look.highlightBox.name()},
-        {"@danger", look.danger.name()},
+    const std::pair<QString, QString> names[] = {
+        {u"@windowHover"_s, mixed(look.window, look.accent, 0.12).name()},
+        {u"@windowPressed"_s, mixed(look.window, look.accent, 0.26).name()},
+        {u"@windowSunk"_s, mixed(look.window, look.text, 0.05).name()},
+        {u"@window"_s, look.window.name()},
+        {u"@button"_s, (look.dark ? mixed(look.window, look.text, 0.10) : look.base).name()},
+        {u"@readOnly"_s, mixed(look.window, look.base, 0.3).name()},
+        {u"@base"_s, look.base.name()},
+        {u"@alternateBase"_s, look.alternateBase.name()},
+        {u"@text"_s, look.text.name()},
+        {u"@mutedText"_s, look.mutedText.name()},
+        {u"@borderStrong"_s, mixed(look.border, look.text, 0.3).name()},
+        {u"@borderSoft"_s, mixed(look.border, look.window, 0.45).name()},
+        {u"@border"_s, look.border.name()},
+        {u"@accentText"_s, look.accentText.name()},
+        {u"@accentStrong"_s, mixed(look.accent, look.text, 0.5).name()},
+        {u"@accent"_s, look.accent.name()},
+        {u"@focus"_s, (look.dark ? mixed(look.accent, look.text, 0.35) : look.accent).name()},
+        {u"@link"_s, look.dark ? look.accent.lighter(190).name() : look.accent.name()},
+        {u"@kind"_s, look.dark ? u"dark"_s : u"light"_s},
+        {u"@highlightBox"_s, look.highlightBox.name()},
+        {u"@danger"_s, look.danger.name()},
     };
-    for (const auto& [name, value] : names) sheet.replace(QLatin1String(name), value);
+    for (const auto& [name, value] : names) sheet.replace(name, value);
     return sheet;
 }
 

@@ -74,12 +74,12 @@ QString officeTag(const QString& dataPath) {
     const QString real = info.canonicalFilePath();
     const QByteArray path = (real.isEmpty() ? QDir::cleanPath(info.absoluteFilePath()) : real).toUtf8();
     constexpr int length = 8;
-    return QString::fromLatin1(QCryptographicHash::hash(path, QCryptographicHash::Sha256).toHex().left(length));
+    return QString::fromUtf8(QCryptographicHash::hash(path, QCryptographicHash::Sha256).toHex().left(length));
 }
 
 QString backupName(const QString& dataPath, const QDateTime& now, BackupKind kind) {
     return u"dorvalist-%1-%2%3.tar"_s.arg(officeTag(dataPath), now.toString(stampFormat),
-                                          QLatin1String(kind == BackupKind::ByHand ? "-m" : ""));
+                                          kind == BackupKind::ByHand ? u"-m"_s : QString());
 }
 
 void requireBackupFolder(const QString& folder) {

@@ -7,8 +7,8 @@ using namespace Qt::Literals::StringLiterals;
 namespace core {
 
 OwnerDetails ownerDetails(const platform::Settings& settings) {
-    const auto value = [&settings](const char* key) { return settings.value(u"Settings"_s, QString::fromLatin1(key)); };
-    return {value("Name"), value("Address"), value("Phone"), value("Email")};
+    const auto value = [&settings](const QString& key) { return settings.value(u"Settings"_s, key); };
+    return {value(u"Name"_s), value(u"Address"_s), value(u"Phone"_s), value(u"Email"_s)};
 }
 
 double printMargin(const platform::Printer& printer) {

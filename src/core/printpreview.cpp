@@ -23,15 +23,15 @@ using controls::named;
 
 namespace {
 
-const std::pair<int, const char16_t*> zooms[] = {{PageView::fitWidth, u"Στο πλάτος"},
-                                                 {PageView::fitPage, u"Ολόκληρη σελίδα"},
-                                                 {50, u"50 %"},
-                                                 {75, u"75 %"},
-                                                 {100, u"100 %"},
-                                                 {150, u"150 %"},
-                                                 {200, u"200 %"},
-                                                 {300, u"300 %"},
-                                                 {400, u"400 %"}};
+const std::pair<int, QString> zooms[] = {{PageView::fitWidth, u"Στο πλάτος"_s},
+                                         {PageView::fitPage, u"Ολόκληρη σελίδα"_s},
+                                         {50, u"50 %"_s},
+                                         {75, u"75 %"_s},
+                                         {100, u"100 %"_s},
+                                         {150, u"150 %"_s},
+                                         {200, u"200 %"_s},
+                                         {300, u"300 %"_s},
+                                         {400, u"400 %"_s}};
 constexpr int firstRealZoom = 2;
 
 // What a title becomes as a file's name.
@@ -105,12 +105,12 @@ QHBoxLayout* PrintPreview::targetRow() {
     row->addWidget(print_);
     row->addWidget(pdf_);
     row->addSpacing(10);
-    const std::pair<const char16_t*, QWidget*> fields[] = {{u"Εκτυ&πωτής:", printers_},
-                                                           {u"&Αντίτυπα:", copies_},
-                                                           {u"&Χαρτί:", paper_},
-                                                           {u"Προσα&νατολισμός:", orientation_}};
+    const std::pair<QString, QWidget*> fields[] = {{u"Εκτυ&πωτής:"_s, printers_},
+                                                   {u"&Αντίτυπα:"_s, copies_},
+                                                   {u"&Χαρτί:"_s, paper_},
+                                                   {u"Προσα&νατολισμός:"_s, orientation_}};
     for (const auto& [caption, field] : fields) {
-        row->addWidget(captionOf(QString::fromUtf16(caption), field));
+        row->addWidget(captionOf(caption, field));
         row->addWidget(field, field == printers_);
         row->addSpacing(6);
     }
@@ -135,7 +135,7 @@ QHBoxLayout* PrintPreview::viewRow() {
     page_->setKeyboardTracking(false);
     pageCount_ = named(new QLabel, u"PageCount"_s);
     zoom_ = choice(u"Zoom"_s);
-    for (const auto& [percent, caption] : zooms) zoom_->addItem(QString::fromUtf16(caption), percent);
+    for (const auto& [percent, caption] : zooms) zoom_->addItem(caption, percent);
     direct_ = named(new QCheckBox(u"&Στο εξής χωρίς προεπισκόπηση"_s), u"Direct"_s);
     direct_->setChecked(!previewsPrints(mod_.services.settings));
     direct_->setToolTip(u"Η προεπισκόπηση επανέρχεται από το μενού «Εμφάνιση»."_s);
@@ -178,10 +178,10 @@ void PrintPreview::wire() {
     for (QComboBox* box : {paper_, orientation_}) on(box, &QComboBox::currentIndexChanged, [this] { redraw(); });
     on(direct_, &QCheckBox::toggled, [this](bool direct) { setPreviewsPrints(mod_.services.settings, !direct); });
     const std::pair<QKeySequence, QAbstractButton*> keys[] = {{QKeySequence::Print, print_},
-                                                              {QKeySequence("Ctrl+PgDown"), next_},
-                                                              {QKeySequence("Ctrl+PgUp"), previous_},
-                                                              {QKeySequence("Ctrl+Home"), first_},
-                                                              {QKeySequence("Ctrl+End"), last_}};
+                                                              {QKeySequence(u"Ctrl+PgDown"_s), next_},
+                                                              {QKeySequence(u"Ctrl+PgUp"_s), previous_},
+                                                              {QKeySequence(u"Ctrl+Home"_s), first_},
+                                                              {QKeySequence(u"Ctrl+End"_s), last_}};
     for (const auto& [sequence, button] : keys)
         connect(new QShortcut(sequence, this), &QShortcut::activated, button, &QAbstractButton::click);
 }

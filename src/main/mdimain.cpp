@@ -94,10 +94,9 @@ void MDIMain::load() {
     panels_[4]->setText(u"Χρήστης: "_s + mod_.gUserName);
     tick();
     if (mod_.services.settings.value(settingsSection, u"Name"_s).isEmpty()) showOwner();
-    for (const char* name : {"frmTodayShow", "frmNameDay"})
-        if (windows_.knows(QString::fromLatin1(name)) &&
-            mod_.services.settings.number(optionsSection, QString::fromLatin1(name) + u"Start"_s, 1) == 1)
-            windows_.front(QString::fromLatin1(name));
+    for (const QString& name : {u"frmTodayShow"_s, u"frmNameDay"_s})
+        if (windows_.knows(name) && mod_.services.settings.number(optionsSection, name + u"Start"_s, 1) == 1)
+            windows_.front(name);
 }
 
 void MDIMain::buildMenus() {

@@ -8,105 +8,84 @@ using namespace Qt::Literals::StringLiterals;
 
 namespace entry {
 
-namespace {
-
-struct Row {
-    const char16_t* name;
-    const char16_t* parent;
-    const char16_t* caption;
-    const char16_t* form;
-};
-
-constexpr Row rows[] = {
-    {u"mnuAddress", u"", u"01", u""},
-    {u"mnuCards", u"mnuAddress", u"0101", u"frmAddress"},
-    {u"mnuList", u"mnuAddress", u"0102", u"frmList"},
-    {u"mnuQuery", u"mnuAddress", u"0103", u"frmQuerysNew"},
-    {u"κ9", u"mnuAddress", u"-", u""},
-    {u"MnuΗμερολόγιο", u"mnuAddress", u"Ημερολόγιο Κινήσεων", u"frmHmerologio"},
-    {u"κκκ", u"mnuAddress", u"-", u""},
-    {u"mnuLigoun", u"mnuAddress", u"0104", u"frmLigounShow"},
-    {u"mnuDates", u"", u"Ημερολόγιο", u""},
-    {u"mnuCalendar", u"mnuDates", u"Εμφάνιση Ημερολογίου", u"frmCalend"},
-    {u"mnuDatesShow", u"mnuDates", u"Λίστα Συναντήσεων", u"frmDatesShow"},
-    {u"κ1", u"mnuDates", u"-", u""},
-    {u"mnuToday", u"mnuDates", u"Τι έχω να κάνω σήμερα;", u"frmTodayShow"},
-    {u"mnuNameDay", u"mnuDates", u"Σήμερα γιορτάζουν", u"frmNameDay"},
-    {u"mnuThinks", u"", u"Εργασίες", u""},
-    {u"mnuThinksShow", u"mnuThinks", u"Εμφάνιση Εργασιών", u"frmThinksToDoShow"},
-    {u"mnuUtilies", u"", u"Εργαλεία", u""},
-    {u"MnuWordPad", u"mnuUtilies", u"Κειμενογράφος", u"frmWordPad"},
-    {u"mnuCalculator", u"mnuUtilies", u"Αριθμομηχανή", u"frmCalcu"},
-    {u"mnuCaller", u"mnuUtilies", u"Τηλεφωνική Κλήση", u"frmCaller1"},
-    {u"mnuCallerID", u"mnuUtilies", u"Αναγνώριση Κλήσεων", u"frmOptions"},
-    {u"mnuCallerID2", u"mnuUtilies", u"Αναγνώριση Κλήσεων 2", u"frmOptions2"},
-    {u"mnuCalls", u"mnuUtilies", u"Λίστα Κλήσεων", u"frmCalls"},
-    {u"mnuImport", u"mnuUtilies", u"Εισαγωγή/ Εξαγωγή από/ σε MS Outlook", u"frmImport"},
-    {u"mnuImportDBF", u"mnuUtilies", u"Εισαγωγή από άλλα Αρχεία", u"frmImportDBF"},
-    {u"mnuOptions", u"", u"Ρυθμίσεις", u""},
-    {u"mnuOwner", u"mnuOptions", u"Στοιχεία Κατόχου", u"frmOwner"},
-    {u"mnuPass", u"mnuOptions", u"Αλλαγή κωδικού Administrator", u"frmAdmin"},
-    {u"mnuUsers", u"mnuOptions", u"Διαχείρηση Χρηστών", u"frmUsers"},
-    {u"mnuCategory", u"mnuOptions", u"Κατηγορίες Επαφών", u"frmCategory"},
-    {u"mnuFields", u"mnuOptions", u"Παραμετρικά Πεδία Επαφών", u""},
-    {u"mnuFieldsCard", u"mnuFields", u"Πεδία Καρτέλας", u"frmFields"},
-    {u"mnuFieldsHistory", u"mnuFields", u"Πεδία Ιστορικού", u"frmFields1"},
-    {u"mnuLabels", u"mnuOptions", u"Ρύθμιση Ετικετών", u"frmLabels"},
-    {u"mnuAlarm", u"mnuOptions", u"Ρύθμιση Ήχου Υπενθύμισης", u"frmAlarm"},
-    {u"mnu", u"mnuOptions", u"Καθορισμός Ονομασίας Επαφών", u""},
-    {u"MnuCat(1)", u"mnu", u"Επαφές", u""},
-    {u"MnuCat(2)", u"mnu", u"Πελάτες", u""},
-    {u"MnuCat(3)", u"mnu", u"Μέλη", u""},
-    {u"κ1234", u"mnuOptions", u"-", u""},
-    {u"mnuFilesMdb", u"mnuOptions", u"Εργασίες Αρχείων", u""},
-    {u"mnuCompact", u"mnuFilesMdb", u"Συντήρηση Αρχείων", u"CompactDB"},
-    {u"mnuFixFile", u"mnuFilesMdb", u"Καθαρισμός Αρχείων Συναντήσεων και Κλήσεων", u"frmFixFiles"},
-    {u"mnuEmptyDB", u"mnuFilesMdb", u"Άδειασμα Όλων των Αρχείων", u"CompactDB"},
-    {u"mnuBackup", u"mnuOptions", u"Αντίγραφα Ασφαλείας", u""},
-    {u"mnuBackupFolder", u"mnuBackup", u"Φάκελος αντιγράφων...", u""},
-    {u"mnuBackupNow", u"mnuBackup", u"Αντίγραφο τώρα", u""},
-    {u"mnuPizza", u"mnuOptions", u"Αύξων Αριθμός Εντύπων", u"frmFixaa"},
-    {u"MnuFarmaka", u"", u"Πίνακες", u""},
-    {u"MnuListaFramaka", u"MnuFarmaka", u"Φάρμακα", u"frmList3"},
-    {u"mnuMedra", u"MnuFarmaka", u"Λεξικό Medra", u"frmList4"},
-    {u"mnuListfromMemo", u"MnuFarmaka", u"Λίστα με κλειδί απο Κείμενα", u"frmList5"},
-    {u"mnuView", u"", u"Εμφάνιση", u""},
-    {u"mnuTheme(0)", u"mnuView", u"Όπως το σύστημα", u""},
-    {u"mnuTheme(1)", u"mnuView", u"Φωτεινή", u""},
-    {u"mnuTheme(2)", u"mnuView", u"Σκούρα", u""},
-    {u"κ2", u"mnuView", u"-", u""},
-    {u"mnuSounds", u"mnuView", u"Ήχοι κουμπιών", u""},
-    {u"mnuPreview", u"mnuView", u"Προεπισκόπηση πριν από κάθε εκτύπωση", u""},
-    {u"mnuHelp", u"", u"Βοήθεια", u""},
-    {u"mnuHelp1", u"mnuHelp", u"Οδηγίες", u"help"},
-    {u"mnuAbout", u"mnuHelp", u"Περί", u"frmAbout"},
-    {u"mnuLogOff", u"", u"Αποσύνδεση", u""},
-    {u"mnuExit", u"", u"Έξοδος", u""},
-};
-
-QVector<MenuDef> build() {
-    QVector<MenuDef> defs;
-    for (const Row& row : rows)
-        defs.append({QString::fromUtf16(row.name), QString::fromUtf16(row.parent), QString::fromUtf16(row.caption),
-                     QString::fromUtf16(row.form)});
-    return defs;
-}
-
-}  // namespace
-
 const QVector<MenuDef>& menuDefs() {
-    static const QVector<MenuDef> defs = build();
+    static const QVector<MenuDef> defs = {
+        {u"mnuAddress"_s, {}, u"01"_s, {}},
+        {u"mnuCards"_s, u"mnuAddress"_s, u"0101"_s, u"frmAddress"_s},
+        {u"mnuList"_s, u"mnuAddress"_s, u"0102"_s, u"frmList"_s},
+        {u"mnuQuery"_s, u"mnuAddress"_s, u"0103"_s, u"frmQuerysNew"_s},
+        {u"κ9"_s, u"mnuAddress"_s, u"-"_s, {}},
+        {u"MnuΗμερολόγιο"_s, u"mnuAddress"_s, u"Ημερολόγιο Κινήσεων"_s, u"frmHmerologio"_s},
+        {u"κκκ"_s, u"mnuAddress"_s, u"-"_s, {}},
+        {u"mnuLigoun"_s, u"mnuAddress"_s, u"0104"_s, u"frmLigounShow"_s},
+        {u"mnuDates"_s, {}, u"Ημερολόγιο"_s, {}},
+        {u"mnuCalendar"_s, u"mnuDates"_s, u"Εμφάνιση Ημερολογίου"_s, u"frmCalend"_s},
+        {u"mnuDatesShow"_s, u"mnuDates"_s, u"Λίστα Συναντήσεων"_s, u"frmDatesShow"_s},
+        {u"κ1"_s, u"mnuDates"_s, u"-"_s, {}},
+        {u"mnuToday"_s, u"mnuDates"_s, u"Τι έχω να κάνω σήμερα;"_s, u"frmTodayShow"_s},
+        {u"mnuNameDay"_s, u"mnuDates"_s, u"Σήμερα γιορτάζουν"_s, u"frmNameDay"_s},
+        {u"mnuThinks"_s, {}, u"Εργασίες"_s, {}},
+        {u"mnuThinksShow"_s, u"mnuThinks"_s, u"Εμφάνιση Εργασιών"_s, u"frmThinksToDoShow"_s},
+        {u"mnuUtilies"_s, {}, u"Εργαλεία"_s, {}},
+        {u"MnuWordPad"_s, u"mnuUtilies"_s, u"Κειμενογράφος"_s, u"frmWordPad"_s},
+        {u"mnuCalculator"_s, u"mnuUtilies"_s, u"Αριθμομηχανή"_s, u"frmCalcu"_s},
+        {u"mnuCaller"_s, u"mnuUtilies"_s, u"Τηλεφωνική Κλήση"_s, u"frmCaller1"_s},
+        {u"mnuCallerID"_s, u"mnuUtilies"_s, u"Αναγνώριση Κλήσεων"_s, u"frmOptions"_s},
+        {u"mnuCallerID2"_s, u"mnuUtilies"_s, u"Αναγνώριση Κλήσεων 2"_s, u"frmOptions2"_s},
+        {u"mnuCalls"_s, u"mnuUtilies"_s, u"Λίστα Κλήσεων"_s, u"frmCalls"_s},
+        {u"mnuImport"_s, u"mnuUtilies"_s, u"Εισαγωγή/ Εξαγωγή από/ σε MS Outlook"_s, u"frmImport"_s},
+        {u"mnuImportDBF"_s, u"mnuUtilies"_s, u"Εισαγωγή από άλλα Αρχεία"_s, u"frmImportDBF"_s},
+        {u"mnuOptions"_s, {}, u"Ρυθμίσεις"_s, {}},
+        {u"mnuOwner"_s, u"mnuOptions"_s, u"Στοιχεία Κατόχου"_s, u"frmOwner"_s},
+        {u"mnuPass"_s, u"mnuOptions"_s, u"Αλλαγή κωδικού Administrator"_s, u"frmAdmin"_s},
+        {u"mnuUsers"_s, u"mnuOptions"_s, u"Διαχείρηση Χρηστών"_s, u"frmUsers"_s},
+        {u"mnuCategory"_s, u"mnuOptions"_s, u"Κατηγορίες Επαφών"_s, u"frmCategory"_s},
+        {u"mnuFields"_s, u"mnuOptions"_s, u"Παραμετρικά Πεδία Επαφών"_s, {}},
+        {u"mnuFieldsCard"_s, u"mnuFields"_s, u"Πεδία Καρτέλας"_s, u"frmFields"_s},
+        {u"mnuFieldsHistory"_s, u"mnuFields"_s, u"Πεδία Ιστορικού"_s, u"frmFields1"_s},
+        {u"mnuLabels"_s, u"mnuOptions"_s, u"Ρύθμιση Ετικετών"_s, u"frmLabels"_s},
+        {u"mnuAlarm"_s, u"mnuOptions"_s, u"Ρύθμιση Ήχου Υπενθύμισης"_s, u"frmAlarm"_s},
+        {u"mnu"_s, u"mnuOptions"_s, u"Καθορισμός Ονομασίας Επαφών"_s, {}},
+        {u"MnuCat(1)"_s, u"mnu"_s, u"Επαφές"_s, {}},
+        {u"MnuCat(2)"_s, u"mnu"_s, u"Πελάτες"_s, {}},
+        {u"MnuCat(3)"_s, u"mnu"_s, u"Μέλη"_s, {}},
+        {u"κ1234"_s, u"mnuOptions"_s, u"-"_s, {}},
+        {u"mnuFilesMdb"_s, u"mnuOptions"_s, u"Εργασίες Αρχείων"_s, {}},
+        {u"mnuCompact"_s, u"mnuFilesMdb"_s, u"Συντήρηση Αρχείων"_s, u"CompactDB"_s},
+        {u"mnuFixFile"_s, u"mnuFilesMdb"_s, u"Καθαρισμός Αρχείων Συναντήσεων και Κλήσεων"_s, u"frmFixFiles"_s},
+        {u"mnuEmptyDB"_s, u"mnuFilesMdb"_s, u"Άδειασμα Όλων των Αρχείων"_s, u"CompactDB"_s},
+        {u"mnuBackup"_s, u"mnuOptions"_s, u"Αντίγραφα Ασφαλείας"_s, {}},
+        {u"mnuBackupFolder"_s, u"mnuBackup"_s, u"Φάκελος αντιγράφων..."_s, {}},
+        {u"mnuBackupNow"_s, u"mnuBackup"_s, u"Αντίγραφο τώρα"_s, {}},
+        {u"mnuPizza"_s, u"mnuOptions"_s, u"Αύξων Αριθμός Εντύπων"_s, u"frmFixaa"_s},
+        {u"MnuFarmaka"_s, {}, u"Πίνακες"_s, {}},
+        {u"MnuListaFramaka"_s, u"MnuFarmaka"_s, u"Φάρμακα"_s, u"frmList3"_s},
+        {u"mnuMedra"_s, u"MnuFarmaka"_s, u"Λεξικό Medra"_s, u"frmList4"_s},
+        {u"mnuListfromMemo"_s, u"MnuFarmaka"_s, u"Λίστα με κλειδί απο Κείμενα"_s, u"frmList5"_s},
+        {u"mnuView"_s, {}, u"Εμφάνιση"_s, {}},
+        {u"mnuTheme(0)"_s, u"mnuView"_s, u"Όπως το σύστημα"_s, {}},
+        {u"mnuTheme(1)"_s, u"mnuView"_s, u"Φωτεινή"_s, {}},
+        {u"mnuTheme(2)"_s, u"mnuView"_s, u"Σκούρα"_s, {}},
+        {u"κ2"_s, u"mnuView"_s, u"-"_s, {}},
+        {u"mnuSounds"_s, u"mnuView"_s, u"Ήχοι κουμπιών"_s, {}},
+        {u"mnuPreview"_s, u"mnuView"_s, u"Προεπισκόπηση πριν από κάθε εκτύπωση"_s, {}},
+        {u"mnuHelp"_s, {}, u"Βοήθεια"_s, {}},
+        {u"mnuHelp1"_s, u"mnuHelp"_s, u"Οδηγίες"_s, u"help"_s},
+        {u"mnuAbout"_s, u"mnuHelp"_s, u"Περί"_s, u"frmAbout"_s},
+        {u"mnuLogOff"_s, {}, u"Αποσύνδεση"_s, {}},
+        {u"mnuExit"_s, {}, u"Έξοδος"_s, {}},
+    };
     return defs;
 }
 
 QString menuCaption(const MenuDef& def, const core::ContactNoun& noun) {
-    const std::pair<const char16_t*, const QString&> nouns[] = {{u"mnuAddress", noun.address},
-                                                                {u"mnuCards", noun.cards},
-                                                                {u"mnuList", noun.list},
-                                                                {u"mnuQuery", noun.query},
-                                                                {u"mnuLigoun", noun.visits}};
+    const std::pair<QString, const QString&> nouns[] = {{u"mnuAddress"_s, noun.address},
+                                                        {u"mnuCards"_s, noun.cards},
+                                                        {u"mnuList"_s, noun.list},
+                                                        {u"mnuQuery"_s, noun.query},
+                                                        {u"mnuLigoun"_s, noun.visits}};
     for (const auto& [name, caption] : nouns)
-        if (def.name == QString::fromUtf16(name)) return caption;
+        if (def.name == name) return caption;
     return def.caption;
 }
 

@@ -19,16 +19,16 @@ frmAdmin::frmAdmin(core::MainMod& mod) : Form(mod, u"frmAdmin"_s, u"Αλλαγή
     form->setSpacing(10);
     form->setLabelAlignment(Qt::AlignRight | Qt::AlignVCenter);
     struct Row {
-        const char* name;
-        const char16_t* caption;
+        QString name;
+        QString caption;
         controls::TextBox*& box;
     };
-    for (const Row& row :
-         {Row{"Text1", u" Παλαιός", Text1}, Row{"Text2", u" Νέος", Text2}, Row{"Text3", u" Επιβεβαίωση", Text3}}) {
-        row.box = named(new controls::TextBox, QString::fromLatin1(row.name));
+    for (const Row& row : {Row{u"Text1"_s, u" Παλαιός"_s, Text1}, Row{u"Text2"_s, u" Νέος"_s, Text2},
+                           Row{u"Text3"_s, u" Επιβεβαίωση"_s, Text3}}) {
+        row.box = named(new controls::TextBox, row.name);
         row.box->setEchoMode(QLineEdit::Password);
         row.box->setHighlighting(true);
-        auto* label = new QLabel(QString::fromUtf16(row.caption));
+        auto* label = new QLabel(row.caption);
         controls::tie(label, row.box);
         form->addRow(label, row.box);
     }

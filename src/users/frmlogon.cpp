@@ -36,7 +36,7 @@ void frmLogon::build() {
     Command1->setDefault(true);
     for (QPushButton* button : {Command1, Command2}) button->setAutoDefault(true);
     status_ = named(new QLabel(u"Δώστε τον Χρήστη και τον Κώδικό του !!!"_s), u"StatusBar1"_s);
-    status_->setProperty("role", "muted");
+    status_->setProperty("role", u"muted"_s);
 
     auto* title = new QLabel(core::programTitle());
     title->setFont(controls::font(u"Tahoma"_s, 18, true));
@@ -51,12 +51,12 @@ void frmLogon::build() {
     form->setSpacing(10);
     form->setLabelAlignment(Qt::AlignRight | Qt::AlignVCenter);
     struct Row {
-        const char16_t* caption;
-        const char* name;
+        QString caption;
+        QString name;
         QWidget* box;
     };
-    for (const Row& row : {Row{u"Όνομα Χρήστη", "Label1", Text1}, Row{u"Κωδικός Εισόδου", "Label2", Text2}}) {
-        auto* label = named(new QLabel(QString::fromUtf16(row.caption)), QString::fromLatin1(row.name));
+    for (const Row& row : {Row{u"Όνομα Χρήστη"_s, u"Label1"_s, Text1}, Row{u"Κωδικός Εισόδου"_s, u"Label2"_s, Text2}}) {
+        auto* label = named(new QLabel(row.caption), row.name);
         controls::tie(label, row.box);
         form->addRow(label, row.box);
     }

@@ -14,12 +14,14 @@ namespace users {
 namespace {
 
 struct OwnerField {
-    const char16_t* caption;
-    const char* key;  // in section "Settings"
+    QString caption;
+    QString key;  // in section "Settings"
 };
 
-constexpr OwnerField ownerFields[] = {
-    {u" Ονοματεπώνυμο", "Name"}, {u" Διεύθυνση", "Address"}, {u" Τηλέφωνο", "Phone"}, {u" Email", "Email"}};
+const OwnerField ownerFields[] = {{u" Ονοματεπώνυμο"_s, u"Name"_s},
+                                  {u" Διεύθυνση"_s, u"Address"_s},
+                                  {u" Τηλέφωνο"_s, u"Phone"_s},
+                                  {u" Email"_s, u"Email"_s}};
 
 const QString section = u"Settings"_s;
 
@@ -34,8 +36,8 @@ frmOwner::frmOwner(core::MainMod& mod, QWidget* parent) : QDialog(parent), mod_(
     for (const OwnerField& field : ownerFields) {
         auto* box = controls::named(new controls::TextBox, controls::arrayName(u"Text7"_s, Text7.size()));
         box->setHighlighting(true);
-        box->setText(mod_.services.settings.value(section, QString::fromLatin1(field.key)));
-        auto* label = new QLabel(QString::fromUtf16(field.caption));
+        box->setText(mod_.services.settings.value(section, field.key));
+        auto* label = new QLabel(field.caption);
         controls::tie(label, box);
         form->addRow(label, box);
         Text7.append(box);
@@ -55,7 +57,7 @@ void frmOwner::store() {
     if (Text7.first()->text().isEmpty())
         return core::complain(mod_, this, u" Πρέπει να συμπληρώσετε τα Στοιχεία σας"_s, Text7.first());
     for (int i = 0; i < Text7.size(); ++i)
-        mod_.services.settings.setValue(section, QString::fromLatin1(ownerFields[i].key), Text7[i]->text());
+        mod_.services.settings.setValue(section, ownerFields[i].key, Text7[i]->text());
     accept();
 }
 

@@ -45,7 +45,7 @@ void frmUsers::buildList() {
     ListView1->setAccessibleName(windowTitle());
     ListView1->setColumns({{u"UserName"_s, u"Όνομα Χρήστη"_s, 3300}, {u"Group"_s, u"Δικαιώματα"_s, 3300}});
     hint_ = new QLabel(u"Δεξί κλικ ή πλήκτρο μενού: νέος χρήστης, ενημέρωση, διαγραφή"_s);
-    hint_->setProperty("role", "muted");
+    hint_->setProperty("role", u"muted"_s);
 }
 
 void frmUsers::buildFrame() {
@@ -62,11 +62,11 @@ void frmUsers::buildFrame() {
     form->setLabelAlignment(Qt::AlignRight | Qt::AlignVCenter);
     form->setFieldGrowthPolicy(QFormLayout::AllNonFixedFieldsGrow);
     struct Row {
-        const char16_t* caption;
+        QString caption;
         QWidget* box;
     };
-    for (const Row& row : {Row{u" Όνομα Χρήστη", Text1}, Row{u" Κωδικός", Text2}, Row{u" Δικαιώματα", Combo1}}) {
-        auto* label = new QLabel(QString::fromUtf16(row.caption));
+    for (const Row& row : {Row{u" Όνομα Χρήστη"_s, Text1}, Row{u" Κωδικός"_s, Text2}, Row{u" Δικαιώματα"_s, Combo1}}) {
+        auto* label = new QLabel(row.caption);
         controls::tie(label, row.box);
         form->addRow(label, row.box);
     }
@@ -89,15 +89,15 @@ void frmUsers::buildFrame() {
 void frmUsers::buildMenu() {
     mnu1 = named(new QMenu(this), u"mnu1"_s);
     struct Entry {
-        const char* name;
-        const char16_t* caption;
+        QString name;
+        QString caption;
         QAction*& action;
     };
-    for (const Entry& entry :
-         {Entry{"mnuNewUser", u"Νέος Χρήστης", mnuNewUser}, Entry{"mnuEditUser", u"Ενημέρωση Χρήστη", mnuEditUser},
-          Entry{"mnuDeleteUser", u"Διαγραφή Χρήστη", mnuDeleteUser}}) {
-        entry.action = mnu1->addAction(QString::fromUtf16(entry.caption));
-        entry.action->setObjectName(QString::fromLatin1(entry.name));
+    for (const Entry& entry : {Entry{u"mnuNewUser"_s, u"Νέος Χρήστης"_s, mnuNewUser},
+                               Entry{u"mnuEditUser"_s, u"Ενημέρωση Χρήστη"_s, mnuEditUser},
+                               Entry{u"mnuDeleteUser"_s, u"Διαγραφή Χρήστη"_s, mnuDeleteUser}}) {
+        entry.action = mnu1->addAction(entry.caption);
+        entry.action->setObjectName(entry.name);
     }
 }
 
