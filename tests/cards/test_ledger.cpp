@@ -1,6 +1,6 @@
 #include "cards/ledger.h"
 
-#include <QTest>
+#include "support/cases.h"
 
 using cards::Ledger;
 using cards::LedgerRow;
@@ -30,37 +30,40 @@ private slots:
         Ledger ledger(first, today);
         for (int i = 0; i < 1'000'000; ++i) ledger.add(movement(i, QDate(2020, 1, 1), 0.1, 0));
         QCOMPARE(ledger.balance().toDouble(), 100000.0);
-        QCOMPARE(ledger.balance().text(), QString("100.000,00"));
+        QCOMPARE(ledger.balance().text(), "100.000,00");
         for (int i = 0; i < 1'000'000; ++i) ledger.add(movement(i, today, 0, 0.1));
-        QCOMPARE(ledger.balance().toDouble(), 0.0);
-        QCOMPARE(shown(std::move(ledger)).last(), QString("|ΣΥΝΟΛΑ|0,00|100.000,00|0,00"));
+        QCOMPARE(shown(std::move(ledger)).last(), "|ΣΥΝΟΛΑ|0,00|100.000,00|0,00");
     }
 
-    void rowsOfAPeriod_data() {
-        QTest::addColumn<QDate>("from");
-        QTest::addColumn<QDate>("to");
-        QTest::addColumn<QStringList>("rows");
+    void rowsOfAPeriod() {
+        struct Case {
+            const char* name;
+            QDate from, to;
+            QStringList rows;
+        };
         const QString october = "20/10/2026|Λόγος|100,00|0,00|100,00", start = "01/11/2026|Λόγος|50,00|0,00|150,00",
                       end = "05/11/2026|Λόγος|0,00|30,00|120,00", later = "06/11/2026|Λόγος|7,50|0,00|127,50";
-        QTest::newRow("both ends count; what follows is in the balance")
-            << first << today
-            << QStringList{"|ΑΠΟ ΜΕΤΑΦΟΡΑ|||150,00", "", start, end, "", "|ΣΥΝΟΛΑ|50,00|30,00|127,50"};
-        QTest::newRow("from the first movement: carried is its own balance")
-            << QDate(2026, 10, 20) << QDate(2027, 1, 1)
-            << QStringList{"|ΑΠΟ ΜΕΤΑΦΟΡΑ|||100,00", "", october, start, end, later, "", "|ΣΥΝΟΛΑ|157,50|30,00|127,50"};
-        QTest::newRow("after all movements")
-            << QDate(2027, 1, 1) << QDate(2027, 2, 1) << QStringList{"", "|ΣΥΝΟΛΑ|0,00|0,00|127,50"};
-        QTest::newRow("upside down") << today << first << QStringList{"", "|ΣΥΝΟΛΑ|0,00|0,00|127,50"};
-    }
-    void rowsOfAPeriod() {
-        QFETCH(QDate, from);
-        QFETCH(QDate, to);
-        Ledger ledger(from, to);
-        ledger.add(movement(1, QDate(2026, 10, 20), 100, 0));
-        ledger.add(movement(2, first, 50, 0));
-        ledger.add(movement(3, today, 0, 30));
-        ledger.add(movement(4, today.addDays(1), 7.5, 0));
-        QTEST(shown(std::move(ledger)), "rows");
+        const Case cases[] = {
+            {"both ends count; what follows is in the balance",
+             first,
+             today,
+             {"|ΑΠΟ ΜΕΤΑΦΟΡΑ|||150,00", "", start, end, "", "|ΣΥΝΟΛΑ|50,00|30,00|127,50"}},
+            {"from the first movement: carried is its own balance",
+             QDate(2026, 10, 20),
+             QDate(2027, 1, 1),
+             {"|ΑΠΟ ΜΕΤΑΦΟΡΑ|||100,00", "", october, start, end, later, "", "|ΣΥΝΟΛΑ|157,50|30,00|127,50"}},
+            {"after all movements", QDate(2027, 1, 1), QDate(2027, 2, 1), {"", "|ΣΥΝΟΛΑ|0,00|0,00|127,50"}},
+            {"upside down", today, first, {"", "|ΣΥΝΟΛΑ|0,00|0,00|127,50"}},
+        };
+        for (const Case& c : cases) {
+            const support::InCase in(c.name);
+            Ledger ledger(c.from, c.to);
+            ledger.add(movement(1, QDate(2026, 10, 20), 100, 0));
+            ledger.add(movement(2, first, 50, 0));
+            ledger.add(movement(3, today, 0, 30));
+            ledger.add(movement(4, today.addDays(1), 7.5, 0));
+            QCOMPARE(shown(std::move(ledger)), c.rows);
+        }
     }
 
     void onlyMovementsAreTagged() {
@@ -68,7 +71,7 @@ private slots:
         ledger.add(movement(7, first, 1, 0));
         // A row without a day counts in the balance and is in no period.
         ledger.add({8, {}, {}, Money::of(5), {}});
-        QCOMPARE(ledger.balance().text(), QString("6,00"));
+        QCOMPARE(ledger.balance().text(), "6,00");
         QVector<qint64> tags;
         for (const LedgerRow& row : std::move(ledger).finish()) tags << row.movement.value_or(0);
         QCOMPARE(tags, QVector<qint64>({0, 0, 7, 0, 0}));

@@ -80,10 +80,9 @@ private slots:
     // Another user's settings know nothing of the copy, and those who start at once all make one.
     void oneForAllSeats() {
         Site site;
-        support::Seat second;
-        auto& [desk, mod] = second;
+        support::OtherSeat second(site.office);
+        auto& [desk, mod] = static_cast<support::Seat&>(second);
         core::setBackupFolder(desk.settings, site.folder);
-        site.office.open(mod);
         mod.gDataPath = site.office.folder();
         mod.gMainDbPath = site.office.mod.gMainDbPath;
         mod.gUsersDbPath = site.office.mod.gUsersDbPath;

@@ -1,7 +1,9 @@
 // A real office in a scratch folder, on the engine that the test runs on; it goes away with its object.
 #pragma once
 
+#include <QDir>
 #include <QTemporaryDir>
+#include <map>
 
 #include "copies/upgradecopy.h"
 #include "data/opening/fileidentity.h"
@@ -26,8 +28,18 @@ public:
     explicit OfficeFolder(const QString& adminPassword, const QString& referenceFolder = {},
                           bool onServer = testengine::isPostgres()) {
         schema::NewOffice office{adminPassword, referenceFolder};
-        if (onServer) office.server = testengine::server(testengine::Schema::newName());
-        schema::createOffice(folder(), office);
+        if (onServer) {
+            office.server = testengine::server(testengine::Schema::newName());
+            schema::createOffice(folder(), office);
+            return;
+        }
+        // Made once for a test's program and copied from then on, which waits for no disk.
+        static std::map<std::pair<QString, QString>, QTemporaryDir> made;
+        const QString model = made[{adminPassword, referenceFolder}].filePath(u"office"_s);
+        if (!QFile::exists(model)) schema::createOffice(model, office);
+        QDir().mkpath(folder());
+        for (const QString& name : QDir(model).entryList(QDir::Files))
+            if (!QFile::copy(model + u'/' + name, folder() + u'/' + name)) qFatal("the office wasn't copied");
     }
     ~OfficeFolder() { dropServerOf(folder()); }
     Q_DISABLE_COPY_MOVE(OfficeFolder)

@@ -8,6 +8,7 @@
 #include <deque>
 
 #include "platform/services.h"
+#include "support/pageimage.h"
 
 namespace support {
 
@@ -150,6 +151,7 @@ public:
         int copies;
         platform::PageSetup setup;
         QVector<QStringList> pages;  // the texts of each
+        QImage firstPage;
 
         QStringList texts() const {
             QStringList all;
@@ -159,17 +161,21 @@ public:
     };
 
     QStringList installed{u"Γραφείο"_s};
-    QString failure;       // what goes wrong with every print from now on; empty for nothing
-    int stopsAtPage = -1;  // where the user stops every print from now on
+    // What goes wrong with every print from now on: what the printer says, any other failure, or where the user stops
+    // it.
+    QString failure;
+    std::function<void()> fault;
+    int stopsAtPage = -1;
     QVector<Sent> sent;
 
     QStringList names() const override { return installed; }
     QString defaultName() const override { return installed.value(0); }
     bool print(const platform::PrintDocument& document, const QString& printer, int copies,
                const platform::PageStep& step) override {
+        if (fault) fault();
         if (!failure.isEmpty()) throw platform::PrintError(failure);
         if (!installed.contains(printer)) throw platform::PrintError(u"Δεν υπάρχει: "_s + printer);
-        Sent now{printer, document.title(), copies, document.setup(), {}};
+        Sent now{printer, document.title(), copies, document.setup(), {}, pageImage(document)};
         for (int page = 0; page < document.pageCount(); ++page) {
             if (page == stopsAtPage || (step && !step(page))) return false;
             now.pages.append(document.texts(page));
@@ -203,6 +209,13 @@ struct Desk {
     RecordingShell shell;
     RecordingPrinters printers;
     platform::Services services{settings, clock, prompts, sound, shell, printers};
+
+    // The office's owner, whose details head what is printed.
+    const QStringList owner{u"Γραφείο Α"_s, u"Ερμού 12"_s, u"210 1234567"_s, u"info@example.gr"_s};
+    void setOwner() {
+        const char* keys[] = {"Name", "Address", "Phone", "Email"};
+        for (int i = 0; i < owner.size(); ++i) settings.setValue("Settings", keys[i], owner[i]);
+    }
 
     // Prints go straight to the printer: a test that wants to see the preview switches it on.
     Desk() { settings.setValue(u"Options"_s, u"PrintPreview"_s, u"0"_s); }
