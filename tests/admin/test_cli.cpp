@@ -43,7 +43,7 @@ class TestCli : public QObject {
     static void remove(const QString& folder) {
         for (const QString& file : {schema::mainDatabasePath(folder), schema::usersDatabasePath(folder)})
             if (testengine::isPostgres() && QFile::exists(file))
-                data::dropPgDatabase(data::readServerDescription(file));
+                data::postgres::dropPgDatabase(data::readServerDescription(file));
         QDir(folder).removeRecursively();
     }
     void spoil(const QByteArray& script) {
@@ -59,7 +59,8 @@ class TestCli : public QObject {
         QVERIFY(runTool({u"check"_s, office_}).out.contains(u"Cards\t30\n"));
         QFile::remove(file);
         for (const QString& line : forced.out.split(u'\n'))
-            if (line.contains(u"σχήμα ")) data::dropPgDatabase(testengine::server(line.section(u"σχήμα "_s, 1)));
+            if (line.contains(u"σχήμα "))
+                data::postgres::dropPgDatabase(testengine::server(line.section(u"σχήμα "_s, 1)));
     }
 
 private slots:

@@ -13,7 +13,7 @@ class TestLostServer : public QObject {
         support::Desk desk;
         core::MainMod other(desk.services);
         office.open(other);
-        const int backend = static_cast<data::PgEngine&>(seat.gConn.engine()).backendId();
+        const int backend = static_cast<data::postgres::PgEngine&>(seat.gConn.engine()).backendId();
         other.gConn.engine().query("SELECT pg_terminate_backend(" + QByteArray::number(backend) + ", 5000)", {},
                                    nullptr);
     }

@@ -181,10 +181,10 @@ private slots:
         data::ServerDescription old = main;
         old.schema += u"_20261105-090000";
         QVERIFY(aside[0].contains(old.schema));
-        QCOMPARE(data::pgSchemaState(old), data::PgSchemaState::Taken);
-        data::dropPgDatabase(old);
+        QCOMPARE(data::postgres::pgSchemaState(old), data::postgres::PgSchemaState::Taken);
+        data::postgres::dropPgDatabase(old);
         old.schema = main.schema + u"u_20261105-090000"_s;
-        data::dropPgDatabase(old);
+        data::postgres::dropPgDatabase(old);
     }
 
     // The second database fails; the first one and the living data are as before.
@@ -213,7 +213,8 @@ private slots:
         copies::openUpgraded(copy, schema::connectionString(Database::Main, schema::mainDatabasePath(folder)));
         QCOMPARE(count(copy), u"299"_s);
         copy.close();
-        for (const Database database : schema::allDatabases) data::dropPgDatabase(schema::serverFor(beside, database));
+        for (const Database database : schema::allDatabases)
+            data::postgres::dropPgDatabase(schema::serverFor(beside, database));
     }
 
     // Killed at any step, a restoring leaves the office as it was, and the next one isn't in its way.
@@ -251,10 +252,10 @@ private slots:
         data::ServerDescription other = data::readServerDescription(site.office.mainFile());
         const QString name = other.schema;
         other.schema = name + u"_restoring"_s;
-        QCOMPARE(data::pgSchemaState(other), data::PgSchemaState::Absent);
+        QCOMPARE(data::postgres::pgSchemaState(other), data::postgres::PgSchemaState::Absent);
         for (const QString& old : {name + u"_20261105-103000"_s, name + u"u_20261105-103000"_s}) {
             other.schema = old;
-            data::dropPgDatabase(other);
+            data::postgres::dropPgDatabase(other);
         }
     }
 

@@ -81,7 +81,7 @@ public:
     ~OldOffice() {
         if (!testengine::isPostgres()) return;
         for (const Database database : schema::allDatabases)
-            data::dropPgDatabase(data::readServerDescription(file(database)));
+            data::postgres::dropPgDatabase(data::readServerDescription(file(database)));
     }
     QString file(Database database) const { return schema::databasePath(folder.path(), database); }
 
