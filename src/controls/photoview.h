@@ -13,6 +13,7 @@ public:
     explicit PhotoView(QWidget* parent = nullptr);
 
     void setBytes(const QByteArray& bytes);  // empty clears; bytes that are no picture show as an empty frame
+    const QByteArray& bytes() const { return bytes_; }
     bool hasPicture() const { return !bytes_.isEmpty(); }
     QSize sizeHint() const override { return {260, 320}; }
 

@@ -145,11 +145,10 @@ bool printList(MainMod& mod, QWidget* parent, const PrintedList& list) {
     } catch (const std::exception& error) {
         const auto* known = dynamic_cast<const data::Error*>(&error);
         constexpr int printerError = 482;  // the number that users know it by
-        mod.services.prompts.message(
-            parent, platform::MessageIcon::Critical, programTitle(),
-            u"gPrintListView() failed with the following error:-\nError Number: %1\nDescription:%2"_s
-                .arg(known ? known->number() : printerError)
-                .arg(known ? known->text() : QString::fromUtf8(error.what())));
+        complain(mod, parent,
+                 u"gPrintListView() failed with the following error:-\nError Number: %1\nDescription:%2"_s
+                     .arg(known ? known->number() : printerError)
+                     .arg(known ? known->text() : QString::fromUtf8(error.what())));
         return false;
     }
 }

@@ -377,6 +377,7 @@ private slots:
         office.addCard("Α", "1");
         CardDriver card(office.mod);
         card.press(6);
+        card.text(8)->setText("Κως");
         office.desk.prompts.answer(false);
         QVERIFY(!card.form.unload(false, {10, 20}));
         office.desk.prompts.answer(true);
