@@ -69,7 +69,7 @@ struct Office {
         static Office office;
         return office;
     }
-    sqlite3* handle() { return static_cast<data::SqliteEngine&>(mod.gConn.engine()).handle(); }
+    sqlite3* handle() { return static_cast<data::sqlite::SqliteEngine&>(mod.gConn.engine()).handle(); }
 
     QTemporaryDir directory;
     support::Desk desk;

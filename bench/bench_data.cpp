@@ -50,12 +50,12 @@ public:
         return office;
     }
     Connection& connection() { return connection_; }
-    sqlite3* handle() { return static_cast<SqliteEngine&>(connection_.engine()).handle(); }
+    sqlite3* handle() { return static_cast<sqlite::SqliteEngine&>(connection_.engine()).handle(); }
 
 private:
     Office() {
         const QString file = folder_.filePath(u"dorvalist.mdb"_s);
-        createSqliteFile(file, mainApplicationId);
+        sqlite::createSqliteFile(file, mainApplicationId);
         connection_.open(u"data source="_s + file);
         Engine& engine = connection_.engine();
         const TableInfo table = cardsTable();

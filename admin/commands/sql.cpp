@@ -45,7 +45,7 @@ ExitCode sql(const Arguments& arguments) {
         copies::openUpgraded(connection, string);
     else
         schema::openToRead(connection, string);
-    if (connection.translate(statement)->kind == data::StatementKind::Select) {
+    if (connection.translate(statement)->kind == data::dialect::StatementKind::Select) {
         data::Recordset rows(connection, statement);
         printRows(rows);
         return Fine;

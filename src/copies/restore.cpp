@@ -136,10 +136,10 @@ public:
     // Returns where the old ones are kept.
     QStringList exchange() {
         QStringList aside;
-        std::map<QString, std::unique_ptr<data::PgSchemaWork>> servers;
+        std::map<QString, std::unique_ptr<data::postgres::PgSchemaWork>> servers;
         for (const auto& schema : schemas_) {
-            auto& work = servers[data::pgConnectionText(schema->place())];
-            if (!work) work = std::make_unique<data::PgSchemaWork>(schema->place());
+            auto& work = servers[data::postgres::pgConnectionText(schema->place())];
+            if (!work) work = std::make_unique<data::postgres::PgSchemaWork>(schema->place());
             if (const QString old = schema->exchange(*work); !old.isEmpty()) aside += u"σχήμα "_s + old;
         }
         for (const Database database : files_)

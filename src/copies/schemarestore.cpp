@@ -33,7 +33,7 @@ constexpr char session[] =
 class Player {
 public:
     // In a function's body a line may look like the start of rows.
-    Player(data::PgSchemaWork& work, bool hasRows) : work_(work), hasRows_(hasRows) {}
+    Player(data::postgres::PgSchemaWork& work, bool hasRows) : work_(work), hasRows_(hasRows) {}
 
     void hear(const QByteArray& text) {
         qsizetype at = 0;
@@ -81,7 +81,7 @@ private:
         statements_.clear();
     }
 
-    data::PgSchemaWork& work_;
+    data::postgres::PgSchemaWork& work_;
     QByteArray line_, statements_, rows_;
     bool hasRows_, inHead_ = true, inRows_ = false;
 };
@@ -91,17 +91,17 @@ private:
 SchemaRestore::SchemaRestore(const data::ServerDescription& place, const RestoreOptions& options)
     : place_(place),
       options_(options),
-      filling_(data::pgNameWith(place.schemaName(), u"_restoring"_s)),
+      filling_(data::postgres::pgNameWith(place.schemaName(), u"_restoring"_s)),
       claim_(filled()) {
     claim_.claim(filling_);
     refuseUnlessFree(claim_);
 }
 
 SchemaRestore::~SchemaRestore() {
-    if (mine_ && !kept_) data::dropPgDatabase(filled());
+    if (mine_ && !kept_) data::postgres::dropPgDatabase(filled());
 }
 
-void SchemaRestore::refuseUnlessFree(data::PgSchemaWork& work) const {
+void SchemaRestore::refuseUnlessFree(data::postgres::PgSchemaWork& work) const {
     const QString name = place_.schemaName();
     if (!options_.force && work.hasObjects(name))
         throw Error(ErrorCategory::Constraint,
@@ -120,9 +120,9 @@ data::ServerDescription SchemaRestore::filled() const {
 void SchemaRestore::fill(const QString& dump, const QString& schemaOfDump) {
     const QString restoring = u"Επαναφορά του "_s + QFileInfo(dump).fileName();
     const GoOn goOn = [&] { return !options_.progress || options_.progress(restoring, 0); };
-    data::PgSchemaWork work(filled());
+    data::postgres::PgSchemaWork work(filled());
     if (work.has(filling_)) work.drop(filling_);
-    const QString hidden = data::pgNameWith(schemaOfDump, u"_hidden"_s);
+    const QString hidden = data::postgres::pgNameWith(schemaOfDump, u"_hidden"_s);
     const bool nameTaken = work.has(schemaOfDump);
     if (nameTaken) work.rename(schemaOfDump, hidden);
     work.create(schemaOfDump);
@@ -139,14 +139,14 @@ void SchemaRestore::fill(const QString& dump, const QString& schemaOfDump) {
     mine_ = true;
 }
 
-QString SchemaRestore::exchange(data::PgSchemaWork& work) {
+QString SchemaRestore::exchange(data::postgres::PgSchemaWork& work) {
     refuseUnlessFree(work);
     const QString name = place_.schemaName();
     QString aside;
     if (work.hasObjects(name)) {
         const QString dated = u'_' + schema::stamp(options_.now);
-        aside = data::pgNameWith(name, dated);
-        for (int i = 2; work.has(aside); ++i) aside = data::pgNameWith(name, u"%1-%2"_s.arg(dated).arg(i));
+        aside = data::postgres::pgNameWith(name, dated);
+        for (int i = 2; work.has(aside); ++i) aside = data::postgres::pgNameWith(name, u"%1-%2"_s.arg(dated).arg(i));
         work.rename(name, aside);
     } else if (work.has(name)) {
         work.dropEmpty(name);

@@ -25,17 +25,17 @@ public:
     const data::ServerDescription& place() const { return place_; }
     // Gives the filled schema the place's name, in a transaction on the place's server database. Returns the dated name
     // of the old one, empty when there was none.
-    QString exchange(data::PgSchemaWork& work);
+    QString exchange(data::postgres::PgSchemaWork& work);
     // The exchange is committed.
     void keep() { kept_ = true; }
 
 private:
-    void refuseUnlessFree(data::PgSchemaWork& work) const;
+    void refuseUnlessFree(data::postgres::PgSchemaWork& work) const;
 
     data::ServerDescription place_;
     const RestoreOptions& options_;
     QString filling_;
-    data::PgSchemaWork claim_;  // one restoring at a time
+    data::postgres::PgSchemaWork claim_;  // one restoring at a time
     bool mine_ = false, kept_ = false;
 };
 

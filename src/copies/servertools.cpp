@@ -147,7 +147,7 @@ void dumpSchema(const ServerTools& tools, const data::ServerDescription& server,
     run(tools.dump,
         {u"--format=custom"_s, u"--encoding=UTF8"_s, u"--no-password"_s, u"--lock-wait-timeout=10000"_s,
          u"--schema="_s + pattern, u"--snapshot="_s + snapshot, u"--file="_s + file,
-         u"--dbname="_s + data::pgConnectionText(server)},
+         u"--dbname="_s + data::postgres::pgConnectionText(server)},
         server, goOn);
 }
 

@@ -35,11 +35,12 @@ struct Sizes : data::RowSink {
     void blob(const char*, qsizetype) override {}
 };
 
-QByteArray sizeOf(const data::EngineDialect& dialect, const data::TableInfo& table) {
+QByteArray sizeOf(const data::dialect::EngineDialect& dialect, const data::TableInfo& table) {
     QByteArray sum = "CAST(0 AS bigint)";
     for (const data::ColumnInfo& column : table.columns)
         if (column.type == data::ColumnType::Memo || column.type == data::ColumnType::LongBinary)
-            sum += "+coalesce(" + dialect.byteSize(dialect.identifier(column.name), data::kindOf(column.type)) + ",0)";
+            sum += "+coalesce(" +
+                   dialect.byteSize(dialect.identifier(column.name), data::dialect::kindOf(column.type)) + ",0)";
     return sum;
 }
 
@@ -47,7 +48,7 @@ QByteArray sizeOf(const data::EngineDialect& dialect, const data::TableInfo& tab
 
 TableReader::TableReader(data::Connection& connection, const data::TableInfo& table)
     : engine_(connection.engine()), table_(table.name), columns_(int(table.columns.size())) {
-    const data::EngineDialect& dialect = engine_.dialect();
+    const data::dialect::EngineDialect& dialect = engine_.dialect();
     const QByteArray from = dialect.identifier(table.name);
     const QByteArray identity = dialect.rowIdentity(from, table);
     const QByteArray order = " ORDER BY " + dialect.orderTerm(identity, false);

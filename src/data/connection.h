@@ -51,7 +51,7 @@ public:
     void reloadCatalog();
 
     // The statement as the engine gets it; for tools, tests and the curious.
-    std::shared_ptr<const Translation> translate(const QString& sql, const OpenOptions& options = {});
+    std::shared_ptr<const dialect::Translation> translate(const QString& sql, const OpenOptions& options = {});
 
     // Whether few rows have the words that a statement asks for, which costs the engine a look into its word index. Who
     // opens one search for many periods asks once. Period too when there is nothing to choose.
@@ -70,7 +70,7 @@ private:
 
 // The values of a translation's parameters in their order, in the stored form. Throws Error(Parameter) for one without
 // a value.
-QVector<QVariant> parameterValues(const Translation& translation, const Parameters& given);
+QVector<QVariant> parameterValues(const dialect::Translation& translation, const Parameters& given);
 
 // Rolls back when it goes out of scope without a commit.
 class Transaction {

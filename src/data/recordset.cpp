@@ -16,7 +16,7 @@ Recordset::Recordset(Connection& connection, const QString& sql, const OpenOptio
     open(connection, sql, options);
 }
 
-Recordset::Recordset(const QVector<OutputColumn>& columns, RowStore rows) : Recordset() {
+Recordset::Recordset(const QVector<dialect::OutputColumn>& columns, RowStore rows) : Recordset() {
     d->setColumns(columns);
     d->rows = std::move(rows);
     d->isOpen = true;
@@ -116,7 +116,7 @@ void Recordset::find(const QString& criterion, qint64 skip, SearchDirection dire
     const FindCriterion wanted = parseCriterion(criterion, d->dateOrder());
     const int column = d->indexOf(wanted.column);
     if (column < 0) throw Error(ErrorCategory::Syntax, u"Δεν υπάρχει πεδίο «%1»."_s.arg(wanted.column), criterion);
-    const OutputColumn& output = d->columns[column];
+    const dialect::OutputColumn& output = d->columns[column];
     CellMatcher matcher(wanted, {output.name, output.type, output.size});
 
     const qint64 count = d->rows.count(), step = direction == SearchDirection::Forward ? 1 : -1;

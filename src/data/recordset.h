@@ -99,7 +99,7 @@ public:
 private:
     friend class Field;
     friend Recordset openSchemaTables(Connection& connection);
-    Recordset(const QVector<OutputColumn>& columns, RowStore rows);  // of no table
+    Recordset(const QVector<dialect::OutputColumn>& columns, RowStore rows);  // of no table
     std::unique_ptr<RecordsetState> d;
 };
 

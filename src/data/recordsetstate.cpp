@@ -4,7 +4,7 @@ using namespace Qt::Literals::StringLiterals;
 
 namespace data {
 
-void RecordsetState::setColumns(const QVector<OutputColumn>& list) {
+void RecordsetState::setColumns(const QVector<dialect::OutputColumn>& list) {
     columns = list;
     byKey.clear();
     bySpelling.clear();
@@ -14,7 +14,7 @@ void RecordsetState::setColumns(const QVector<OutputColumn>& list) {
 
 void RecordsetState::fetch() {
     const auto translation = connection->translate(sql, options);
-    if (translation->kind != StatementKind::Select)
+    if (translation->kind != dialect::StatementKind::Select)
         throw Error(ErrorCategory::State, u"Η εντολή δεν επιστρέφει εγγραφές."_s, sql);
     const TableInfo* const base =
         translation->baseTable.isEmpty() ? nullptr : connection->catalog().find(translation->baseTable);
@@ -147,7 +147,7 @@ void RecordsetState::writeNew() {
     // From here the row exists: a failure to read it must not leave a buffer that would add it again.
     endEdit();
     QVector<int> wanted;
-    for (const OutputColumn& column : columns) wanted.append(column.baseColumn);
+    for (const dialect::OutputColumn& column : columns) wanted.append(column.baseColumn);
     moveTo(rows.count());
     writer.readBack(added, wanted, rows);
 }

@@ -16,7 +16,7 @@ struct RecordsetState {
     OpenOptions options;
     bool isOpen = false;
 
-    QVector<OutputColumn> columns;
+    QVector<dialect::OutputColumn> columns;
     TableInfo table;  // behind the rows; without a name when they can't be updated
     RowStore rows;
     qint64 position = 0;  // from 0; -1 before the first row, rows.count() behind the last
@@ -30,7 +30,7 @@ struct RecordsetState {
     QHash<QString, int> byKey;       // by nameKey
     QHash<QString, int> bySpelling;  // as callers wrote them, to look a name up without making its key
 
-    void setColumns(const QVector<OutputColumn>& list);
+    void setColumns(const QVector<dialect::OutputColumn>& list);
     void fetch();
     int indexOf(QStringView name);
     DateOrder dateOrder() const { return options.userComposed ? DateOrder::DayFirst : DateOrder::MonthFirst; }

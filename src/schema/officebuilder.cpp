@@ -56,7 +56,7 @@ OfficeBuilder::OfficeBuilder(const QString& folder, const std::optional<data::Se
 OfficeBuilder::~OfficeBuilder() {
     workFolder_.reset();
     if (finished_) return;
-    for (const data::ServerDescription& server : schemas_) data::dropPgDatabase(server);
+    for (const data::ServerDescription& server : schemas_) data::postgres::dropPgDatabase(server);
     if (!folderWasThere_) QDir().rmdir(folder_);
 }
 
@@ -70,9 +70,10 @@ data::ServerDescription serverFor(const data::ServerDescription& office, Databas
 void OfficeBuilder::make(Database database) {
     const bool main = database == Database::Main;
     if (!server_)
-        return data::createSqliteFile(file(database), main ? data::mainApplicationId : data::usersApplicationId);
+        return data::sqlite::createSqliteFile(file(database),
+                                              main ? data::mainApplicationId : data::usersApplicationId);
     const data::ServerDescription server = serverFor(*server_, database);
-    data::createPgDatabase(server, main ? data::DatabaseKind::Main : data::DatabaseKind::Users);
+    data::postgres::createPgDatabase(server, main ? data::DatabaseKind::Main : data::DatabaseKind::Users);
     schemas_ += server;
     data::writeServerDescription(file(database), server);
 }

@@ -20,7 +20,7 @@ QVariant stored(const QVariant& value, const data::ColumnInfo& column) {
 TableWriter::TableWriter(data::Connection& connection, const Table& table, const QStringList& columns)
     : engine_(connection.engine()) {
     const data::TableInfo info = tableInfo(table);
-    const data::EngineDialect& dialect = engine_.dialect();
+    const data::dialect::EngineDialect& dialect = engine_.dialect();
     QByteArrayList names, places;
     for (const QString& name : columns) {
         const int index = info.indexOf(name);

@@ -35,7 +35,8 @@ class TestCli : public QObject {
         QVERIFY(runTool({u"check"_s, office_}).out.contains(u"Cards\t30\n"));
         QFile::remove(file);
         for (const QString& line : forced.out.split(u'\n'))
-            if (line.contains(u"σχήμα ")) data::dropPgDatabase(testengine::server(line.section(u"σχήμα "_s, 1)));
+            if (line.contains(u"σχήμα "))
+                data::postgres::dropPgDatabase(testengine::server(line.section(u"σχήμα "_s, 1)));
     }
 
 private slots:

@@ -94,7 +94,7 @@ private slots:
         QTest::addColumn<QString>("reason");
         QTest::addColumn<int>("finds");
         QTest::newRow("rare") << "σπάνια" << 30;
-        QTest::newRow("common") << "πληρωμή" << int(data::Translation::probeLimit) + 1;
+        QTest::newRow("common") << "πληρωμή" << int(data::dialect::Translation::probeLimit) + 1;
     }
     void wordsAreLookedUpOncePerSearch() {
         QFETCH(QString, reason);
@@ -116,7 +116,7 @@ private slots:
         while (reader.step()) ++pieces;
         QCOMPARE(reader.takeRows().size(), finds);
         if (!trace) return;  // a server's planner chooses by itself
-        const bool few = finds <= data::Translation::probeLimit;
+        const bool few = finds <= data::dialect::Translation::probeLimit;
         QCOMPARE(trace->count(translation->probe), 1);
         QCOMPARE(trace->containing("_History_words"), few ? 2 : 1);
         QCOMPARE(few, pieces == 1);

@@ -156,7 +156,8 @@ private slots:
         copies::openUpgraded(copy, schema::connectionString(Database::Main, schema::mainDatabasePath(folder)));
         QCOMPARE(count(copy), u"299"_s);
         copy.close();
-        for (const Database database : schema::allDatabases) data::dropPgDatabase(schema::serverFor(beside, database));
+        for (const Database database : schema::allDatabases)
+            data::postgres::dropPgDatabase(schema::serverFor(beside, database));
     }
 
     // Killed at any step, a restoring leaves the office as it was, and isn't in the way of the next one, which

@@ -40,10 +40,10 @@ private:
 // Exceptions but Error, and statements that the engine refuses, are faults.
 void TestDialectRobustness::check(const QString& sql) {
     if (!failure_.isEmpty()) return;
-    DialectOptions options;
+    dialect::DialectOptions options;
     options.decimalComma = below(2) == 0;
     options.parameters = {u"p1"_s, u"p2"_s};
-    std::shared_ptr<const Translation> translation;
+    std::shared_ptr<const dialect::Translation> translation;
     try {
         translation = database_.translator().translate(sql, options);
         ++accepted_;

@@ -60,7 +60,7 @@ private slots:
         support::forEach(cases, [&](const auto& one) {
             const auto translation = database_.translator().translate(one.sql);
             QStringList columns;
-            for (const OutputColumn& column : translation->columns) {
+            for (const dialect::OutputColumn& column : translation->columns) {
                 columns << column.name + u' ' + letterOf.value(column.type) + QString::number(column.size);
                 if (column.baseColumn < 0 || translation->baseTable.isEmpty()) continue;
                 QCOMPARE(database_.catalog().find(translation->baseTable)->columns[column.baseColumn].type,
@@ -104,7 +104,7 @@ private slots:
 
     void remembersByTextAndOptions() {
         const QString sql = u"select aa from dates where day=#11/05/2026#"_s;
-        Translator& translator = database_.translator();
+        dialect::Translator& translator = database_.translator();
         const auto first = translator.translate(sql);
         QCOMPARE(translator.translate(sql).get(), first.get());
         QVERIFY(translator.translate(sql, {DateOrder::DayFirst, false, false, {}})->sql != first->sql);

@@ -13,8 +13,8 @@ using namespace data;
 
 namespace {
 
-DialectOptions optionsOf(unsigned char bits) {
-    DialectOptions options;
+dialect::DialectOptions optionsOf(unsigned char bits) {
+    dialect::DialectOptions options;
     if (bits & 1) options.dateOrder = DateOrder::DayFirst;
     options.decimalComma = bits & 2;
     options.selectOnly = bits & 4;
@@ -41,7 +41,7 @@ Catalog withWords(DialectDatabase& database) {
             if (isText(table.columns[i].type)) texts += i;
         if (table.autonumber >= 0 && !texts.isEmpty()) {
             table.rowIdentity = table.columns[table.autonumber].name;
-            database.engine(wordIndexScript(table, texts));
+            database.engine(sqlite::wordIndexScript(table, texts));
             table.words = {wordIndexName(table), texts};
         }
         out.add(table);
@@ -79,12 +79,12 @@ bool isTranslators(int category) {
 
 StatementCheck::StatementCheck()
     : serverCatalog_(withServerIdentities(database_.catalog())),
-      server_(serverCatalog_, pgDialect(), sqliteParserLimit()),
+      server_(serverCatalog_, postgres::pgDialect(), sqlite::sqliteParserLimit()),
       wordedCatalog_(withWords(database_)),
-      worded_(wordedCatalog_, database_.dialect(), sqliteParserLimit()) {}
+      worded_(wordedCatalog_, database_.dialect(), sqlite::sqliteParserLimit()) {}
 
-StatementCheck::Outcome StatementCheck::outcome(Translator& translator, const QString& sql,
-                                                const DialectOptions& options) {
+StatementCheck::Outcome StatementCheck::outcome(dialect::Translator& translator, const QString& sql,
+                                                const dialect::DialectOptions& options) {
     try {
         return {translator.translate(sql, options), {}, -1};
     } catch (const Error& error) {
@@ -93,7 +93,7 @@ StatementCheck::Outcome StatementCheck::outcome(Translator& translator, const QS
 }
 
 // An engine's own complaint about a statement that we wrote is our mistake.
-QString StatementCheck::prepareFault(const Translation& translation) {
+QString StatementCheck::prepareFault(const dialect::Translation& translation) {
     try {
         database_.prepare(translation);
     } catch (const Error& error) {
@@ -104,7 +104,7 @@ QString StatementCheck::prepareFault(const Translation& translation) {
 
 QString StatementCheck::fault(const QByteArray& input) {
     if (input.isEmpty()) return {};
-    const DialectOptions options = optionsOf(static_cast<unsigned char>(input[0]));
+    const dialect::DialectOptions options = optionsOf(static_cast<unsigned char>(input[0]));
     const QString sql = QString::fromUtf8(input.mid(1));
     const Outcome here = outcome(database_.translator(), sql, options);
     const Outcome there = outcome(server_, sql, options);

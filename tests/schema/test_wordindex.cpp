@@ -140,7 +140,7 @@ private slots:
             data::Transaction transaction(office.main);
             data::Engine& engine = office.main.engine();
             const QByteArray mark = engine.dialect().parameter(1);
-            for (int i = 0; i < data::Translation::probeLimit + 50; ++i)
+            for (int i = 0; i < data::dialect::Translation::probeLimit + 50; ++i)
                 engine.execute("INSERT INTO \"History\" (\"ΑΙΤΙΟΛΟΓΙΑ\") VALUES (" + mark + ')',
                                {i % 5000 == 0 ? u"Σπάνια πώληση"_s : u"Πώληση"_s});
             office.main.execute(u"update History set ΗΜΕΡΟΜΗΝΙΑ='23/11/2026' where aa<30"_s);

@@ -20,7 +20,7 @@ using namespace Qt::Literals::StringLiterals;
 inline void dropServerOf(const QString& folder) {
     for (const QString& file : {schema::mainDatabasePath(folder), schema::usersDatabasePath(folder)})
         if (data::identifyFile(file).kind == data::FileKind::ServerDescription)
-            data::dropPgDatabase(data::readServerDescription(file));
+            data::postgres::dropPgDatabase(data::readServerDescription(file));
 }
 
 class OfficeFolder {

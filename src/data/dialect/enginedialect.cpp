@@ -2,7 +2,7 @@
 
 #include <QLocale>
 
-namespace data {
+namespace data::dialect {
 
 ValueKind kindOf(ColumnType type) {
     switch (type) {
@@ -122,4 +122,4 @@ QByteArray EngineDialect::byteSize(const QByteArray& column, ValueKind) const {
     return "octet_length(" + column + ')';
 }
 
-}  // namespace data
+}  // namespace data::dialect

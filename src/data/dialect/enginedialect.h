@@ -9,7 +9,7 @@
 
 #include "data/types.h"
 
-namespace data {
+namespace data::dialect {
 
 // What a value of a statement is, as far as comparing and computing go. Any is a parameter, whose value is known only
 // when the statement runs.
@@ -105,4 +105,4 @@ public:
     virtual QByteArray byteSize(const QByteArray& column, ValueKind kind) const;
 };
 
-}  // namespace data
+}  // namespace data::dialect

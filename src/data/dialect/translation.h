@@ -9,7 +9,7 @@
 #include "data/types.h"
 #include "data/values/format.h"
 
-namespace data {
+namespace data::dialect {
 
 enum class StatementKind { Select, Insert, Update, Delete };
 
@@ -42,4 +42,4 @@ struct DialectOptions {
     bool operator==(const DialectOptions&) const = default;
 };
 
-}  // namespace data
+}  // namespace data::dialect

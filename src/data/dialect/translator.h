@@ -9,7 +9,7 @@
 #include "data/dialect/translation.h"
 #include "data/types.h"
 
-namespace data {
+namespace data::dialect {
 
 // The engine whose parser takes the least nesting. An office may move from one engine to the other, so what that one
 // can't take, none takes.
@@ -42,4 +42,4 @@ private:
     std::unique_ptr<Private> d;
 };
 
-}  // namespace data
+}  // namespace data::dialect

@@ -45,7 +45,7 @@ FileIdentity identifyFile(const QString& file) {
     if (!info.exists()) return {FileKind::Missing, 0};
     // A pipe or a device would wait for ever; only a plain file is read.
     if (!info.isFile()) return {FileKind::Unreadable, 0};
-    const auto found = readFileHead(file, headBytes);
+    const auto found = sqlite::readFileHead(file, headBytes);
     if (!found) return {FileKind::Unreadable, 0};
     const QByteArray& head = *found;
     if (head.isEmpty()) return {FileKind::Empty, 0};

@@ -9,7 +9,7 @@
 
 using namespace Qt::Literals::StringLiterals;
 
-namespace data {
+namespace data::postgres {
 namespace {
 
 constexpr qsizetype longestSeatName = 63;  // bytes that the server keeps of it
@@ -141,4 +141,4 @@ void PgEngine::setLastNumber(const TableInfo& table, qint64 number) {
              QString::fromUtf8(pgName(table.columns[table.autonumber].name)), number});
 }
 
-}  // namespace data
+}  // namespace data::postgres

@@ -7,7 +7,12 @@
 
 using namespace Qt::Literals::StringLiterals;
 
-namespace data {
+namespace data::postgres {
+
+using dialect::Arithmetic;
+using dialect::EngineDialect;
+using dialect::kindOf;
+using dialect::ValueKind;
 
 namespace {
 
@@ -346,4 +351,4 @@ const EngineDialect& pgDialect() {
     return dialect;
 }
 
-}  // namespace data
+}  // namespace data::postgres

@@ -2,7 +2,7 @@
 
 using namespace Qt::Literals::StringLiterals;
 
-namespace data {
+namespace data::postgres {
 namespace {
 
 struct Meaning {
@@ -85,4 +85,4 @@ Error pgLostError(WhatIsLost what, const QByteArray& sql) {
         QString::fromUtf8(sql));
 }
 
-}  // namespace data
+}  // namespace data::postgres

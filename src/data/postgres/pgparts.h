@@ -8,7 +8,7 @@
 #include "data/opening/serverdescription.h"
 #include "data/smallrows.h"
 
-namespace data {
+namespace data::postgres {
 
 struct PgResultDeleter {
     void operator()(PGresult* result) const { PQclear(result); }
@@ -30,4 +30,4 @@ QString seatName(const ServerDescription& server);
 // What every connection of the road is set to, but for the time zone; for measuring beside it.
 QByteArray pgSessionSettings(const ServerDescription& server, const OpenSettings& settings);
 
-}  // namespace data
+}  // namespace data::postgres

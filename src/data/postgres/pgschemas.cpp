@@ -8,7 +8,7 @@
 
 using namespace Qt::Literals::StringLiterals;
 
-namespace data {
+namespace data::postgres {
 
 namespace {
 
@@ -78,7 +78,7 @@ void PgSchemaWork::dropEmpty(const QString& schema) {
 
 void PgSchemaWork::renewFunctions(const QString& schema) {
     script("SET LOCAL search_path TO " + pgDialect().identifier(schema) +
-           ", pg_temp; SET LOCAL check_function_bodies TO off;" + postgres::functionsScript());
+           ", pg_temp; SET LOCAL check_function_bodies TO off;" + functionsScript());
 }
 
 void PgSchemaWork::script(const QByteArray& sql) {
@@ -134,4 +134,4 @@ QString pgConnectionText(const ServerDescription& server) {
     return pairs.join(u' ');
 }
 
-}  // namespace data
+}  // namespace data::postgres

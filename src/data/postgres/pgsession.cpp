@@ -11,7 +11,7 @@
 
 using namespace Qt::Literals::StringLiterals;
 
-namespace data {
+namespace data::postgres {
 namespace {
 
 const QString functionsProperty = u"functions"_s;
@@ -189,13 +189,13 @@ void PgEngine::requireOurs() {
 
 void PgEngine::refreshFunctions() {
     const QString& name = functionsProperty;
-    if (property(name).toInt() >= postgres::functionsVersion) return;
+    if (property(name).toInt() >= functionsVersion) return;
     begin();
     try {
         lockForUpgrade();
-        if (property(name).toInt() < postgres::functionsVersion) {
-            script(postgres::functionsScript());
-            setProperty(name, QString::number(postgres::functionsVersion));
+        if (property(name).toInt() < functionsVersion) {
+            script(functionsScript());
+            setProperty(name, QString::number(functionsVersion));
         }
         commit();
     } catch (...) {
@@ -221,4 +221,4 @@ void PgEngine::fail(PGresult* result, const QByteArray& sql) {
     throw pgLostError(certain ? WhatIsLost::Nothing : WhatIsLost::Unknown, head(sql));
 }
 
-}  // namespace data
+}  // namespace data::postgres

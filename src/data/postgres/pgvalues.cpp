@@ -9,7 +9,7 @@
 
 using namespace Qt::Literals::StringLiterals;
 
-namespace data {
+namespace data::postgres {
 namespace {
 
 // The server's own numbers of its types, fixed for ever.
@@ -249,4 +249,4 @@ qint64 sendRows(const PGresult* result, RowSink& sink) {
     return rows;
 }
 
-}  // namespace data
+}  // namespace data::postgres

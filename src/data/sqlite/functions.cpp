@@ -7,9 +7,7 @@
 
 using namespace Qt::Literals::StringLiterals;
 
-namespace data {
-
-namespace sqlite {
+namespace data::sqlite {
 
 // What SQLite calls: keeps Nulls and exceptions away from the functions' own code.
 static void runGuarded(Context context, int count, Values values) {
@@ -43,14 +41,12 @@ static void registerAll(sqlite3* database, const std::vector<SqlFunction>& funct
     }
 }
 
-}  // namespace sqlite
-
 void registerFunctions(sqlite3* database) {
-    sqlite::registerAll(database, sqlite::textFunctions());
-    sqlite::registerAll(database, sqlite::dateFunctions());
-    sqlite::registerAll(database, sqlite::numberFunctions());
-    sqlite::registerAll(database, sqlite::conversionFunctions());
-    sqlite::registerAggregates(database);
+    registerAll(database, textFunctions());
+    registerAll(database, dateFunctions());
+    registerAll(database, numberFunctions());
+    registerAll(database, conversionFunctions());
+    registerAggregates(database);
 }
 
-}  // namespace data
+}  // namespace data::sqlite

@@ -9,7 +9,7 @@
 
 using namespace Qt::Literals::StringLiterals;
 
-namespace data {
+namespace data::sqlite {
 namespace {
 
 constexpr int pagesAtOnce = 128;  // half a MB: often enough for whoever watches or breaks off
@@ -89,4 +89,4 @@ void SqliteEngine::backupTo(const QString& file, const std::function<void()>& at
     target.keep();
 }
 
-}  // namespace data
+}  // namespace data::sqlite

@@ -3,7 +3,7 @@
 #include "data/opening/databasepassword.h"
 #include "data/sqlite/sqlitedialect.h"
 
-namespace data {
+namespace data::sqlite {
 namespace {
 
 // Rows as variants; for the few rows that describe a schema.
@@ -70,4 +70,4 @@ Catalog readSqliteCatalog(Engine& engine) {
     return catalog;
 }
 
-}  // namespace data
+}  // namespace data::sqlite

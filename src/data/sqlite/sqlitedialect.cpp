@@ -5,7 +5,12 @@
 
 using namespace Qt::Literals::StringLiterals;
 
-namespace data {
+namespace data::sqlite {
+
+using dialect::Arithmetic;
+using dialect::EngineDialect;
+using dialect::kindTag;
+using dialect::ValueKind;
 
 namespace {
 
@@ -191,4 +196,4 @@ ColumnInfo columnFromDeclaration(const QString& name, const QString& declaredTyp
     return column;
 }
 
-}  // namespace data
+}  // namespace data::sqlite

@@ -20,7 +20,9 @@
 
 using namespace Qt::Literals::StringLiterals;
 
-namespace data {
+namespace data::sqlite {
+
+using dialect::EngineDialect;
 namespace {
 
 FileIdentity requireOurs(const QString& file) {
@@ -339,4 +341,4 @@ void createSqliteFile(const QString& file, quint32 applicationId) {
     throw sqliteOpenError(code, file);
 }
 
-}  // namespace data
+}  // namespace data::sqlite

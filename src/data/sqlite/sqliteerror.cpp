@@ -6,7 +6,7 @@
 
 using namespace Qt::Literals::StringLiterals;
 
-namespace data {
+namespace data::sqlite {
 namespace {
 
 struct Meaning {
@@ -96,4 +96,4 @@ Error sqliteOpenError(int code, const QString& file) {
                  u"Το αρχείο «%1» δεν άνοιξε. %2"_s.arg(QDir::toNativeSeparators(file), text), {}, code);
 }
 
-}  // namespace data
+}  // namespace data::sqlite

@@ -4,7 +4,9 @@
 
 #include "data/sqlite/sqlitedialect.h"
 
-namespace data {
+namespace data::sqlite {
+
+using dialect::ParserLimit;
 
 // The parser's stack overflows before it looks a single name up. A word more leaves room for whoever asks for the plan.
 static bool hasRoomFor(const QByteArray& statementText) {
@@ -26,4 +28,4 @@ ParserLimit sqliteParserLimit() {
     return {sqliteDialect(), hasRoomFor};
 }
 
-}  // namespace data
+}  // namespace data::sqlite

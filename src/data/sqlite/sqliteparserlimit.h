@@ -3,8 +3,8 @@
 
 #include "data/dialect/translator.h"
 
-namespace data {
+namespace data::sqlite {
 
-ParserLimit sqliteParserLimit();
+dialect::ParserLimit sqliteParserLimit();
 
-}  // namespace data
+}  // namespace data::sqlite

@@ -4,7 +4,9 @@
 
 using namespace Qt::Literals::StringLiterals;
 
-namespace data {
+namespace data::sqlite {
+
+using dialect::quotedIdentifier;
 namespace {
 
 using List = QByteArrayList;
@@ -60,4 +62,4 @@ QString wordQuery(const std::vector<QStringList>& alternatives) {
     return any.join(u" OR "_s);
 }
 
-}  // namespace data
+}  // namespace data::sqlite
