@@ -16,9 +16,8 @@ class TestLostServer : public QObject {
 
 private slots:
     void aCardUnderEditIsSavedByTheSecondTry() {
-        Office office;
-        office.addCard("Α", "1", {{"πολη", "Βόλος"}});
-        CardDriver card(office.mod);
+        CardSite office{{"Α", "1", {{"πολη", "Βόλος"}}}};
+        auto& card = office.card;
         card.press(card::Edit);
         card.type(card::city, "Λάρισα");
         lose(office);
@@ -33,9 +32,8 @@ private slots:
     }
 
     void aMovementIsSavedByTheSecondTry() {
-        Office office;
-        office.addCard("Α", "1");
-        CardDriver card(office.mod);
+        CardSite office{{"Α", "1"}};
+        auto& card = office.card;
         inNextDialog("frmHistory", [&](Driver& form) {
             form.type("Text7(0)", "Επίσκεψη");
             form.type("txtXreosh", "12,50");
@@ -52,10 +50,8 @@ private slots:
     }
 
     void walkingGoesOn() {
-        Office office;
-        office.addCard("Α", "1");
-        office.addCard("Β", "2");
-        CardDriver card(office.mod);
+        CardSite office{{"Α", "1"}, {"Β", "2"}};
+        auto& card = office.card;
         lose(office);
         for (const card::Button button : {card::Next, card::Previous}) {
             card.press(button);
