@@ -1,19 +1,17 @@
 // A whole office carried between the engines, and what must be left of it when that fails.
 #include "schema/move.h"
 
-#include <QtTest>
-
 #include "data/dialect/enginedialect.h"
 #include "data/password.h"
-#include "data/recordset.h"
 #include "schema/check.h"
-#include "schema/office.h"
 #include "schema/tablewriter.h"
 #include "schema/upgrade.h"
+#include "support/cases.h"
 #include "support/failure.h"
-#include "support/testengine.h"
+#include "support/officefolder.h"
+#include "support/tool.h"
 
-using namespace Qt::Literals::StringLiterals;
+using namespace support;
 using schema::Database;
 
 namespace {
@@ -118,7 +116,9 @@ class TestMove : public QObject {
         const QString folder = newFolder();
         schema::createOffice(folder, {u"x"_s, {}, {}});
         const auto main = open(folder, Database::Main);
+        data::Transaction all(*main);
         for (int i = 0; i < 900; ++i) main->execute(u"insert into Cards (ΕΠΩΝΥΜΟ) values ('Επαφή %1')"_s.arg(i));
+        all.commit();
         main->engine().script(script);
         return folder;
     }
@@ -132,30 +132,14 @@ class TestMove : public QObject {
         QVERIFY(!QFileInfo::exists(folder));
         if (server) QVERIFY(!exists(*server));
     }
-    static void engines() {
-        QTest::addColumn<bool>("fromServer");
-        QTest::addColumn<bool>("toServer");
-        QTest::newRow("files to server") << false << true;
-        QTest::newRow("server to files") << true << false;
-        QTest::newRow("files to files") << false << false;
-        QTest::newRow("server to server") << true << true;
+    std::optional<data::ServerDescription> newServerIf(bool wanted) {
+        return wanted ? std::optional(newServer()) : std::nullopt;
     }
 
-private slots:
-    void cleanup() {
-        for (const data::ServerDescription& server : made_) data::dropPgDatabase(server);
-        made_.clear();
-    }
-
-    void everythingArrives_data() { engines(); }
-    void everythingArrives() {
-        QFETCH(bool, fromServer);
-        QFETCH(bool, toServer);
-        const QString from = newOffice(fromServer ? std::optional(newServer()) : std::nullopt), to = newFolder();
+    void moveEverything(bool fromServer, bool toServer) {
+        const QString from = newOffice(newServerIf(fromServer)), to = newFolder();
         const QByteArray before = contents(from);
-        schema::MoveOptions options;
-        if (toServer) options.server = newServer();
-        const schema::MoveInfo info = schema::moveOffice(from, to, options);
+        const schema::MoveInfo info = schema::moveOffice(from, to, {newServerIf(toServer), {}});
         QCOMPARE(info.pictures, 6);
         QCOMPARE(info.pictureBytes, 4 * 3'000'000 + 6 + 6);
         QVERIFY(contents(from) == before);
@@ -164,41 +148,49 @@ private slots:
 
         const auto main = open(to, Database::Main), users = open(to, Database::Users);
         QCOMPARE(schema::findings(*main, Database::Main) + schema::findings(*users, Database::Users), QStringList());
-        data::Recordset pass(*users, u"select Pass from Admin"_s);
-        QVERIFY(data::verifyPassword(pass.field(0).text(), u"μυστικό"_s));
-        const QString open = u"data source="_s + schema::usersDatabasePath(to);
-        QVERIFY(failureOf([&] { data::Connection().open(open); }).contains(u"κωδικός"));
+        QVERIFY(data::verifyPassword(firstText(*users, u"select Pass from Admin"_s), u"μυστικό"_s));
+        VERIFY_ERROR(Password, data::Connection().open(u"data source="_s + schema::usersDatabasePath(to)));
         // The numbers go on where they were, over the gaps at the end.
-        for (const auto& [table, next] : {std::pair(u"Cards"_s, 1208), {u"Calls"_s, 4}, {u"Combo1"_s, 1}}) {
-            main->execute(u"insert into %1 (%2) values ('n')"_s.arg(table, table == u"Cards"   ? u"ΕΠΩΝΥΜΟ"_s
-                                                                           : table == u"Calls" ? u"ΟΝΟΜΑ"_s
-                                                                                               : u"Description"_s));
-            data::Recordset last(*main,
-                                 u"select max(%1) from %2"_s.arg(table == u"Calls" ? u"aa"_s : u"code"_s, table));
-            QCOMPARE(last.field(0).text().toInt(), next);
+        const struct {
+            QString table, text, number;
+            int next;
+        } numbered[] = {{u"Cards"_s, u"ΕΠΩΝΥΜΟ"_s, u"code"_s, 1208},
+                        {u"Calls"_s, u"ΟΝΟΜΑ"_s, u"aa"_s, 4},
+                        {u"Combo1"_s, u"Description"_s, u"code"_s, 1}};
+        for (const auto& [table, text, number, next] : numbered) {
+            main->execute(u"insert into %1 (%2) values ('n')"_s.arg(table, text));
+            QCOMPARE(firstText(*main, u"select max(%1) from %2"_s.arg(number, table)).toInt(), next);
         }
     }
 
-    void aBrokenOffMoveLeavesNothing_data() {
-        QTest::addColumn<bool>("fromServer");
-        QTest::addColumn<bool>("toServer");
-        QTest::newRow("files to server") << false << true;
-        QTest::newRow("server to files") << true << false;
+private slots:
+    void cleanup() {
+        for (const data::ServerDescription& server : made_) data::dropPgDatabase(server);
+        made_.clear();
     }
+
+    void everythingArrivesFromFiles() {
+        moveEverything(false, true);
+        if (!QTest::currentTestFailed()) moveEverything(false, false);
+    }
+    void everythingArrivesFromAServer() {
+        moveEverything(true, false);
+        if (!QTest::currentTestFailed()) moveEverything(true, true);
+    }
+
     void aBrokenOffMoveLeavesNothing() {
-        QFETCH(bool, fromServer);
-        QFETCH(bool, toServer);
-        const QString from = newOffice(fromServer ? std::optional(newServer()) : std::nullopt);
-        const QByteArray before = contents(from);
-        for (const QString& where : {u"Έλεγχος του dorvalist.mdb"_s, u"Μεταφορά του dorvalist.mdb"_s,
-                                     u"Μεταφορά του dorvalistu.mdb"_s, u"Σύγκριση του dorvalistu.mdb"_s}) {
-            schema::MoveOptions options;
-            if (toServer) options.server = newServer();
-            options.progress = [&](const QString& what, int percent) { return what != where || percent < 30; };
-            const QString to = newFolder();
-            QVERIFY(failureOf([&] { schema::moveOffice(from, to, options); }).contains(u"διακόπηκε"));
-            verifyNothingIsLeft(to, options.server);
-            QVERIFY(contents(from) == before);
+        for (const bool toServer : {true, false}) {
+            const QString from = newOffice(newServerIf(!toServer));
+            const QByteArray before = contents(from);
+            for (const QString& where : {u"Έλεγχος του dorvalist.mdb"_s, u"Μεταφορά του dorvalist.mdb"_s,
+                                         u"Μεταφορά του dorvalistu.mdb"_s, u"Σύγκριση του dorvalistu.mdb"_s}) {
+                const auto stop = [&](const QString& what, int percent) { return what != where || percent < 30; };
+                const schema::MoveOptions options{newServerIf(toServer), stop};
+                const QString to = newFolder();
+                VERIFY_FAILURE(u"διακόπηκε", schema::moveOffice(from, to, options));
+                verifyNothingIsLeft(to, options.server);
+                QVERIFY(contents(from) == before);
+            }
         }
     }
 
@@ -213,48 +205,52 @@ private slots:
         for (int i = 0; i < rows.size(); ++i) rows[i][table.autonumber] = i + 1;
         rows[3][table.indexOf(u"Description")] = QString(300, u'x');
         qsizetype refused = -1;
-        QVERIFY(!failureOf([&] { main->engine().insertRows(table, rows, refused); }).isEmpty());
+        VERIFY_ERROR(Constraint, main->engine().insertRows(table, rows, refused));
         QCOMPARE(refused, 3);
     }
 
-    void whatCannotBeStoredIsNamedBeforeAnything_data() {
-        QTest::addColumn<QByteArray>("script");
-        QTest::addColumn<QStringList>("parts");
-        QTest::newRow("NUL") << QByteArray("UPDATE Cards SET σχολια='a'||char(0)||'b' WHERE code IN (3,801)")
-                             << QStringList({u"code = 3:"_s, u"code = 801:"_s, u"«σχολια»"_s, u"NUL"_s});
-        QTest::newRow("NUL in a row without number")
-            << QByteArray("INSERT INTO NameDay (ONOMA) VALUES ('a'),('b'||char(0))")
-            << QStringList({u"NameDay, 2η"_s, u"«ONOMA»"_s});
-        QTest::newRow("text for a date") << QByteArray("UPDATE Cards SET ΗΜ_ΕΟΡΤΗΣ='χθες' WHERE code=5")
-                                         << QStringList({u"code = 5:"_s, u"«ΗΜ_ΕΟΡΤΗΣ»"_s, u"τύπου"_s});
-        QTest::newRow("no date") << QByteArray("UPDATE Cards SET ΗΜ_ΕΟΡΤΗΣ=999999999999 WHERE code=5")
-                                 << QStringList({u"code = 5:"_s, u"9999"_s});
-        QTest::newRow("text too long") << QByteArray("UPDATE Cards SET επωνυμο='" + QByteArray(31, 'x') +
-                                                     "' WHERE code=742")
-                                       << QStringList({u"code = 742:"_s, u"«επωνυμο»"_s, u"31"_s, u"30"_s});
-        QTest::newRow("no UTF-8") << QByteArray("UPDATE Cards SET σχολια=CAST(x'61ff' AS TEXT) WHERE code=5")
-                                  << QStringList({u"code = 5:"_s, u"«σχολια»"_s, u"διαβάζονται"_s});
-        QTest::newRow("number too large") << QByteArray("INSERT INTO History (codecards) VALUES (3000000000)")
-                                          << QStringList({u"History"_s, u"«codecards»"_s, u"όριά του"_s});
-        QTest::newRow("infinity") << QByteArray("UPDATE Cards SET total=9e999 WHERE code=5")
-                                  << QStringList({u"Cards, εγγραφές 1 έως 500"_s, u"όρια"_s});
-        QTest::newRow("another table") << QByteArray("CREATE TABLE Ξένος (a)") << QStringList({u"Ξένος"_s});
-        QTest::newRow("older version") << QByteArray("PRAGMA user_version=0") << QStringList({u"dorvalist.mdb"_s});
-    }
     void whatCannotBeStoredIsNamedBeforeAnything() {
-        QFETCH(QByteArray, script);
-        QFETCH(QStringList, parts);
-        const QString from = smallOffice(script), to = newFolder();
-        const auto server = newServer();
-        bool began = false;
-        const auto watch = [&](const QString& what, int) {
-            began = began || what.startsWith(u"Μεταφορά");
-            return true;
+        const struct {
+            const char* name;
+            QByteArray script;
+            QStringList says;
+        } cases[] = {
+            {"NUL",
+             "UPDATE Cards SET σχολια='a'||char(0)||'b' WHERE code IN (3,801)",
+             {u"code = 3:"_s, u"code = 801:"_s, u"«σχολια»"_s, u"NUL"_s}},
+            {"NUL in a row without number",
+             "INSERT INTO NameDay (ONOMA) VALUES ('a'),('b'||char(0))",
+             {u"NameDay, 2η"_s, u"«ONOMA»"_s}},
+            {"text for a date",
+             "UPDATE Cards SET ΗΜ_ΕΟΡΤΗΣ='χθες' WHERE code=5",
+             {u"code = 5:"_s, u"«ΗΜ_ΕΟΡΤΗΣ»"_s, u"τύπου"_s}},
+            {"no date", "UPDATE Cards SET ΗΜ_ΕΟΡΤΗΣ=999999999999 WHERE code=5", {u"code = 5:"_s, u"9999"_s}},
+            {"text too long",
+             QByteArray("UPDATE Cards SET επωνυμο='" + QByteArray(31, 'x') + "' WHERE code=742"),
+             {u"code = 742:"_s, u"«επωνυμο»"_s, u"31"_s, u"30"_s}},
+            {"no UTF-8",
+             "UPDATE Cards SET σχολια=CAST(x'61ff' AS TEXT) WHERE code=5",
+             {u"code = 5:"_s, u"«σχολια»"_s, u"διαβάζονται"_s}},
+            {"number too large",
+             "INSERT INTO History (codecards) VALUES (3000000000)",
+             {u"History"_s, u"«codecards»"_s, u"όριά του"_s}},
+            {"infinity", "UPDATE Cards SET total=9e999 WHERE code=5", {u"Cards, εγγραφές 1 έως 500"_s, u"όρια"_s}},
+            {"another table", "CREATE TABLE Ξένος (a)", {u"Ξένος"_s}},
+            {"older version", "PRAGMA user_version=0", {u"dorvalist.mdb"_s}},
         };
-        const QString failure = failureOf([&] { schema::moveOffice(from, to, {server, watch}); });
-        for (const QString& part : parts) QVERIFY2(failure.contains(part), qPrintable(failure));
-        QVERIFY(!began);
-        verifyNothingIsLeft(to, server);
+        forEach(cases, [this](const auto& one) {
+            const QString from = smallOffice(one.script), to = newFolder();
+            const auto server = newServer();
+            bool began = false;
+            const auto watch = [&](const QString& what, int) {
+                began = began || what.startsWith(u"Μεταφορά");
+                return true;
+            };
+            const QString failure = failureOf([&] { schema::moveOffice(from, to, {server, watch}); });
+            for (const QString& part : one.says) QVERIFY2(failure.contains(part), qPrintable(failure));
+            QVERIFY(!began);
+            verifyNothingIsLeft(to, server);
+        });
     }
 
     void filesKeepTheCharacterNul() {
@@ -264,78 +260,69 @@ private slots:
     }
 
     // Something goes wrong between writing and comparing.
-    void aDifferenceIsFound_data() {
-        QTest::addColumn<bool>("toServer");
-        QTest::addColumn<QByteArray>("script");
-        QTest::addColumn<QStringList>("parts");
-        const QStringList row = {u"Cards"_s, u"code = 700"_s};
-        QTest::newRow("value") << true << QByteArray("UPDATE \"Cards\" SET \"επωνυμο\"='Επαφη 699' WHERE code=700")
-                               << QStringList(row + QStringList{u"«επωνυμο»"_s});
-        QTest::newRow("Null for empty") << false
-                                        << QByteArray(
-                                               "UPDATE \"Cards\" SET \"FIELddate1\"=NULL, \"total\"=0 WHERE code=700")
-                                        << QStringList(row + QStringList{u"«total»"_s});
-        QTest::newRow("missing row") << false << QByteArray("DELETE FROM \"Cards\" WHERE code=700")
-                                     << QStringList({u"Cards"_s, u"code = 700"_s});
-        QTest::newRow("missing last row") << true << QByteArray("DELETE FROM \"Cards\" WHERE code=900")
-                                          << QStringList({u"code = 900"_s, u"λείπει"_s});
-        QTest::newRow("one row more") << false << QByteArray("INSERT INTO \"Calls\" (aa) VALUES (9)")
-                                      << QStringList({u"Calls"_s, u"περισσότερες"_s});
-        QTest::newRow("next number") << true
-                                     << QByteArray("INSERT INTO \"Calls\" (aa) VALUES (9); DELETE FROM \"Calls\"")
-                                     << QStringList({u"Calls"_s, u"επόμενος"_s});
-        QTest::newRow("index") << false << QByteArray("DROP INDEX \"History_card\"")
-                               << QStringList({u"History_card"_s});
-    }
     void aDifferenceIsFound() {
-        QFETCH(QByteArray, script);
-        QFETCH(QStringList, parts);
-        QFETCH(bool, toServer);
-        const QString from = smallOffice(), to = newFolder();
-        schema::MoveOptions options;
-        if (toServer) options.server = newServer();
-        bool spoilt = false;
-        options.progress = [&](const QString& what, int) {
-            if (spoilt || !what.startsWith(u"Σύγκριση")) return true;
-            const QString workshop = QDir(to).entryList({u".dorvalist-*"_s}, QDir::Dirs | QDir::Hidden).value(0);
-            open(QDir(to).filePath(workshop), Database::Main)->engine().script(script);
-            return spoilt = true;
+        const QStringList row = {u"Cards"_s, u"code = 700"_s};
+        const struct {
+            const char* name;
+            bool toServer;
+            QByteArray script;
+            QStringList says;
+        } cases[] = {
+            {"value", true, "UPDATE \"Cards\" SET \"επωνυμο\"='Επαφη 699' WHERE code=700",
+             row + QStringList{u"«επωνυμο»"_s}},
+            {"Null for empty", false, "UPDATE \"Cards\" SET \"FIELddate1\"=NULL, \"total\"=0 WHERE code=700",
+             row + QStringList{u"«total»"_s}},
+            {"missing row", false, "DELETE FROM \"Cards\" WHERE code=700", {u"Cards"_s, u"code = 700"_s}},
+            {"missing last row", true, "DELETE FROM \"Cards\" WHERE code=900", {u"code = 900"_s, u"λείπει"_s}},
+            {"one row more", false, "INSERT INTO \"Calls\" (aa) VALUES (9)", {u"Calls"_s, u"περισσότερες"_s}},
+            {"next number",
+             true,
+             "INSERT INTO \"Calls\" (aa) VALUES (9); DELETE FROM \"Calls\"",
+             {u"Calls"_s, u"επόμενος"_s}},
+            {"index", false, "DROP INDEX \"History_card\"", {u"History_card"_s}},
         };
-        const QString failure = failureOf([&] { schema::moveOffice(from, to, options); });
-        for (const QString& part : parts) QVERIFY2(failure.contains(part), qPrintable(failure));
-        verifyNothingIsLeft(to, options.server);
+        const QString from = smallOffice();
+        forEach(cases, [&](const auto& one) {
+            const QString to = newFolder();
+            bool spoilt = false;
+            const auto spoil = [&](const QString& what, int) {
+                if (spoilt || !what.startsWith(u"Σύγκριση")) return true;
+                const QString workshop = QDir(to).entryList({u".dorvalist-*"_s}, QDir::Dirs | QDir::Hidden).value(0);
+                open(QDir(to).filePath(workshop), Database::Main)->engine().script(one.script);
+                return spoilt = true;
+            };
+            const schema::MoveOptions options{newServerIf(one.toServer), spoil};
+            const QString failure = failureOf([&] { schema::moveOffice(from, to, options); });
+            for (const QString& part : one.says) QVERIFY2(failure.contains(part), qPrintable(failure));
+            verifyNothingIsLeft(to, options.server);
+        });
     }
 
-    void nobodyIsInsideMeanwhile_data() {
-        QTest::addColumn<bool>("fromServer");
-        QTest::newRow("files") << false;
-        QTest::newRow("server") << true;
-    }
     void nobodyIsInsideMeanwhile() {
-        QFETCH(bool, fromServer);
-        const QString from = newFolder();
-        schema::createOffice(from, {u"x"_s, {}, fromServer ? std::optional(newServer()) : std::nullopt});
-        for (const Database database : schema::allDatabases) {
-            const auto seat = open(from, database);
-            const QString to = newFolder();
-            const QString failure = failureOf([&] { schema::moveOffice(from, to); });
-            QVERIFY2(failure.contains(u"Κλείστε το πρόγραμμα"), qPrintable(failure));
-            QVERIFY(!QFileInfo::exists(to));
+        for (const bool fromServer : {false, true}) {
+            const QString from = newFolder();
+            schema::createOffice(from, {u"x"_s, {}, newServerIf(fromServer)});
+            for (const Database database : schema::allDatabases) {
+                const auto seat = open(from, database);
+                const QString to = newFolder();
+                VERIFY_FAILURE(u"Κλείστε το πρόγραμμα", schema::moveOffice(from, to));
+                QVERIFY(!QFileInfo::exists(to));
+            }
+            int tries = 0;
+            const auto intrude = [&](const QString&, int) {
+                const QString refused = failureOf([&] {
+                    data::Connection late;
+                    late.open(schema::connectionString(Database::Main, schema::mainDatabasePath(from)) +
+                              u"; busy timeout=50"_s);
+                    late.execute(u"insert into Calls (ΟΝΟΜΑ) values ('late')"_s);
+                });
+                tries += refused.isEmpty() ? -1000 : 1;
+                return true;
+            };
+            schema::moveOffice(from, newFolder(), {{}, intrude});
+            QVERIFY(tries > 0);
+            open(from, Database::Main)->execute(u"insert into Calls (ΟΝΟΜΑ) values ('after')"_s);
         }
-        int tries = 0;
-        const auto intrude = [&](const QString&, int) {
-            const QString refused = failureOf([&] {
-                data::Connection late;
-                late.open(schema::connectionString(Database::Main, schema::mainDatabasePath(from)) +
-                          u"; busy timeout=50"_s);
-                late.execute(u"insert into Calls (ΟΝΟΜΑ) values ('late')"_s);
-            });
-            tries += refused.isEmpty() ? -1000 : 1;
-            return true;
-        };
-        schema::moveOffice(from, newFolder(), {{}, intrude});
-        QVERIFY(tries > 0);
-        open(from, Database::Main)->execute(u"insert into Calls (ΟΝΟΜΑ) values ('after')"_s);
     }
 
     void anOfficeThatIsThereIsLeftAlone() {
@@ -344,31 +331,21 @@ private slots:
         schema::moveOffice(from, to, {server, {}});
         open(to, Database::Main)->execute(u"delete from Cards"_s);
         const QByteArray emptied = contents(to);
-        QVERIFY(failureOf([&] { schema::moveOffice(from, to); }).contains(u"Υπάρχει ήδη"));
+        VERIFY_FAILURE(u"Υπάρχει ήδη", schema::moveOffice(from, to));
         const QString other = newFolder();
-        QVERIFY(failureOf([&] { schema::moveOffice(from, other, {server, {}}); }).contains(u"έχει ήδη πίνακες"));
+        VERIFY_FAILURE(u"έχει ήδη πίνακες", schema::moveOffice(from, other, {server, {}}));
         QVERIFY(!QFileInfo::exists(other));
         QVERIFY(contents(to) == emptied);
     }
 
     void theToolTellsWhatItDid() {
         const QString from = smallOffice(), to = newFolder();
-        const auto server = newServer();
-        const QString words = u"host='%1' database=postgres user=postgres schema=%2"_s.arg(server.host, server.schema);
-        const auto run = [&](const QStringList& arguments) {
-            QProcess tool;
-            tool.start(QString::fromUtf8(DORV_PROGRAM), arguments);
-            tool.closeWriteChannel();
-            if (!tool.waitForFinished(60000)) return u"the tool did not end"_s;
-            return QString::number(tool.exitCode()) + u'\n' + QString::fromUtf8(tool.readAllStandardOutput()) +
-                   QString::fromUtf8(tool.readAllStandardError());
-        };
-        const QString moved = run({u"move"_s, from, to, u"--server"_s, words});
-        QVERIFY2(moved.startsWith(u"0\n") && moved.contains(u"Cards\t900\n"), qPrintable(moved));
-        QVERIFY(moved.contains(u"Σύγκριση του dorvalist.mdb: 100%"));
-        QVERIFY(run({u"check"_s, to}).startsWith(u"0\n"));
-        const QString again = run({u"move"_s, from, to});
-        QVERIFY2(again.startsWith(u"1\n") && again.contains(u"Υπάρχει ήδη"), qPrintable(again));
+        const ToolRun moved = runTool(QStringList{u"move"_s, from, to} + serverOption(newServer()));
+        QVERIFY2(moved.code == 0, qPrintable(moved.err));
+        QVERIFY(moved.out.contains(u"Cards\t900\n") && moved.err.contains(u"Σύγκριση του dorvalist.mdb: 100%"));
+        QCOMPARE(runTool({u"check"_s, to}).code, 0);
+        const ToolRun again = runTool({u"move"_s, from, to});
+        QVERIFY2(again.code == 1 && again.err.contains(u"Υπάρχει ήδη"), qPrintable(again.err));
     }
 };
 

@@ -1,4 +1,4 @@
-// A database of either engine whose tables come from the dialect, for tests of translated statements.
+// A database of either engine with all tables of an office, both kinds' in one, for tests of translated statements.
 #pragma once
 
 #include <QMap>
@@ -8,9 +8,6 @@
 #include "data/dialect/translation.h"
 #include "data/engine.h"
 #include "support/testengine.h"
-
-// The office's tables as the dialect's statements know them; compact on purpose.
-data::Catalog officeCatalog();
 
 class DialectDatabase {
 public:

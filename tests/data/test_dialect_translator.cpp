@@ -1,5 +1,4 @@
-// What a translation tells beside its SQL: parameters, columns, its place in the cache; and what the tables'
-// declarations give, back from the engine.
+// What a translation tells beside its SQL: parameters, columns, its place in the cache.
 #include "data/dialect/enginedialect.h"
 #include "dialectdatabase.h"
 #include "support/cases.h"
@@ -100,21 +99,6 @@ private slots:
                 plan.remove(QLatin1String(inGroups));
             const QString sorts = postgres ? u"Sort"_s : u"TEMP B-TREE"_s;
             QVERIFY2(plan.contains(u"byname"_s) && !(inOrder && plan.contains(sorts)), qPrintable(plan));
-        }
-    }
-
-    // What a table is declared as reads back as the same columns.
-    void declarations() {
-        const Catalog wanted = officeCatalog();
-        for (const TableInfo& table : wanted.tables()) {
-            const TableInfo* there = database_.catalog().find(table.name);
-            QVERIFY(there && there->autonumber == table.autonumber);
-            QCOMPARE(there->columns.size(), table.columns.size());
-            for (qsizetype i = 0; i < there->columns.size(); ++i) {
-                QCOMPARE(there->columns[i].name, table.columns[i].name);
-                QCOMPARE(there->columns[i].type, table.columns[i].type);
-                QCOMPARE(there->columns[i].size, table.columns[i].size);
-            }
         }
     }
 

@@ -7,28 +7,20 @@
 #include "data/password.h"
 #include "roadfixture.h"
 #include "support/cases.h"
+#include "support/files.h"
 #include "support/rowtexts.h"
 
 using namespace data;
+using support::bytesOf;
+using support::write;
 
 namespace {
-
-void write(const QString& file, const QByteArray& bytes) {
-    QFile target(file);
-    QVERIFY(target.open(QIODevice::WriteOnly));
-    target.write(bytes);
-}
-
-QByteArray read(const QString& file) {
-    QFile source(file);
-    return source.open(QIODevice::ReadOnly) ? source.readAll() : QByteArray();
-}
 
 QByteArray sqliteBytes(quint32 applicationId) {
     QTemporaryDir folder;
     const QString file = folder.filePath("x");
     createSqliteFile(file, applicationId);
-    return read(file);
+    return bytesOf(file);
 }
 
 OpenSettings settings(const QString& file, const QString& password = {}) {
@@ -77,9 +69,9 @@ private slots:
             QVERIFY(error && !connection.isOpen());
             QCOMPARE(error->category(), one.category);
             QVERIFY2(error->text().contains(one.says), error->what());
-            QCOMPARE(read(file), one.bytes);
+            QCOMPARE(bytesOf(file), one.bytes);
             QCOMPARE(QFileInfo(file).lastModified(), modified);
-            QCOMPARE(QDir(folder.path()).entryList(QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot).size(), 1);
+            QCOMPARE(support::entriesOf(folder.path()).size(), 1);
         });
     }
 
@@ -129,7 +121,7 @@ private slots:
             setDatabasePassword(engine, "κωδ'ικός;");
             QVERIFY(engine.readCatalog().tables().isEmpty());
         }
-        QVERIFY(!read(file).contains(QString("κωδ'ικός;").toUtf8()));
+        QVERIFY(!bytesOf(file).contains(QString("κωδ'ικός;").toUtf8()));
         const QString string = "data source=" + file + ";Jet OLEDB:Database Password=";
         Connection connection;
         VERIFY_ERROR(Password, connection.open("data source=" + file));
@@ -160,9 +152,9 @@ private slots:
 
     void createRefusesAnExistingFile() {
         road::Office office;
-        const QByteArray before = read(office.file());
+        const QByteArray before = bytesOf(office.file());
         VERIFY_ERROR(Constraint, createSqliteFile(office.file(), mainApplicationId));
-        QCOMPARE(read(office.file()), before);
+        QCOMPARE(bytesOf(office.file()), before);
         VERIFY_ERROR(ReadOnly, createSqliteFile(office.folder() + "/none/x.mdb", mainApplicationId));
     }
 
@@ -248,7 +240,7 @@ private slots:
 
     void damagedBeginning() {
         road::Office office;
-        QByteArray bytes = read(office.file());
+        QByteArray bytes = bytesOf(office.file());
         write(office.file(), bytes.left(100) + QByteArray(bytes.size() - 100, '\x33'));
         Connection connection;
         VERIFY_ERROR(Corrupt, connection.open(office.connectionString()));

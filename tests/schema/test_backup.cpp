@@ -7,13 +7,14 @@
 
 #ifdef Q_OS_UNIX
 #include <sys/resource.h>
-#include <sys/wait.h>
-#include <unistd.h>
-#include <csignal>
+
+#include "support/childprocess.h"
 #endif
 
 #include "data/password.h"
+#include "support/cases.h"
 #include "support/failure.h"
+#include "support/files.h"
 #include "support/officefolder.h"
 
 using namespace Qt::Literals::StringLiterals;
@@ -24,27 +25,16 @@ namespace {
 
 const QDateTime moment(QDate(2026, 11, 5), QTime(10, 30), Qt::UTC);
 
-QByteArray contents(const QString& file) {
-    QFile source(file);
-    return source.open(QIODevice::ReadOnly) ? source.readAll() : QByteArray("<missing>");
-}
-
-void overwrite(const QString& file, qint64 at, const QByteArray& bytes) {
-    QFile target(file);
-    if (!target.open(QIODevice::ReadWrite) || !target.seek(at) || target.write(bytes) != bytes.size())
-        qFatal("scratch");
-}
-
 struct Site {
     Site() {
+        data::Transaction all(office.main);
         for (int i = 0; i < 400; ++i)
             office.main.execute(
                 u"insert into Cards (ΕΠΩΝΥΜΟ, σχολια) values ('Επαφή %1', '%2')"_s.arg(i).arg(QString(2000, u'α')));
+        all.commit();
     }
     QString cards(data::Connection& connection) { return firstText(connection, u"select count(*) from Cards"_s); }
-    QStringList left() {
-        return QDir(scratch.path()).entryList(QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot);
-    }
+    QStringList left() { return entriesOf(scratch.path()); }
     schema::BackupInfo backup(const schema::BackupOptions& options = {}) {
         return schema::backupOffice(office.folder(), file, options);
     }
@@ -137,9 +127,9 @@ private slots:
 
     void neverOverwritesUnlessTold() {
         Site site;
-        overwrite(site.file, 0, "mine");
-        QVERIFY(failureOf([&] { site.backup(); }).contains(u"Υπάρχει ήδη"));
-        QCOMPARE(contents(site.file), QByteArray("mine"));
+        overwrite(site.file, "mine");
+        VERIFY_FAILURE(u"Υπάρχει ήδη", site.backup());
+        QCOMPARE(bytesOf(site.file), QByteArray("mine"));
         site.backup({.replace = true});
         schema::checkBackup(site.file);
     }
@@ -147,7 +137,7 @@ private slots:
     void aMissingTargetFolder() {
         Site site;
         site.file = site.scratch.filePath(u"πουθενά/α.tar"_s);
-        QVERIFY(failureOf([&] { site.backup(); }).contains(u"πουθενά"));
+        VERIFY_FAILURE(u"πουθενά", site.backup());
         QVERIFY(site.left().isEmpty());
     }
 
@@ -159,9 +149,7 @@ private slots:
         QVERIFY(steps >= 6);
         for (int last = 0; last < steps; ++last) {
             int step = 0;
-            QVERIFY(failureOf([&] {
-                        site.backup({.progress = [&](const QString&, int) { return step++ < last; }});
-                    }).contains(u"διακόπηκε"));
+            VERIFY_FAILURE(u"διακόπηκε", site.backup({.progress = [&](const QString&, int) { return step++ < last; }}));
             QVERIFY(site.left().isEmpty());
         }
     }
@@ -173,7 +161,7 @@ private slots:
         QCOMPARE(sqlite3_open(qUtf8Printable(site.office.mainFile()), &lock), SQLITE_OK);
         QCOMPARE(sqlite3_exec(lock, "PRAGMA locking_mode=EXCLUSIVE; BEGIN EXCLUSIVE", nullptr, nullptr, nullptr),
                  SQLITE_OK);
-        QVERIFY(failureOf([&] { site.backup({.busyTimeoutMs = 50}); }).contains(u"Κάποιος άλλος"));
+        VERIFY_FAILURE(u"Κάποιος άλλος", site.backup({.busyTimeoutMs = 50}));
         QVERIFY(site.left().isEmpty());
         sqlite3_close(lock);
         site.backup();
@@ -182,39 +170,35 @@ private slots:
     void aDamagedSourceGivesNoCopy() {
         Site site;
         site.office.closeBoth();
-        overwrite(site.office.mainFile(), QFileInfo(site.office.mainFile()).size() / 4096 / 2 * 4096,
-                  QByteArray(8 * 4096, '\x5A'));
-        QVERIFY(!failureOf([&] { site.backup(); }).isEmpty());
+        overwrite(site.office.mainFile(), QByteArray(8 * 4096, '\x5A'),
+                  QFileInfo(site.office.mainFile()).size() / 4096 / 2 * 4096);
+        VERIFY_ERROR(Corrupt, site.backup());
         QVERIFY(site.left().isEmpty());
     }
 
-    void aDamagedCopyIsNotRestored_data() {
-        QTest::addColumn<int>("kind");
-        QTest::newRow("cut") << 0;
-        QTest::newRow("one bit") << 1;
-        QTest::newRow("noise") << 2;
-        QTest::newRow("empty") << 3;
-        QTest::newRow("end cut off") << 4;
-    }
     void aDamagedCopyIsNotRestored() {
-        QFETCH(int, kind);
         Site site;
         site.backup();
-        QByteArray bytes = contents(site.file);
-        if (kind == 0) bytes.truncate(bytes.size() / 3);
-        if (kind == 1) bytes[bytes.indexOf("\xCE\xB1\xCE\xB1\xCE\xB1")] = char(0xCF);
-        if (kind == 2) bytes = QByteArray(70000, '\x5A');
-        if (kind == 3) bytes.clear();
-        if (kind == 4) bytes.truncate(bytes.size() - 20000);
-        QFile::remove(site.file);
-        overwrite(site.file, 0, bytes);
-        QVERIFY(!failureOf([&] { schema::checkBackup(site.file); }).isEmpty());
-        QVERIFY(!failureOf([&] { schema::restoreOffice(site.file, site.other); }).isEmpty());
-        QVERIFY(!QFileInfo::exists(site.other));
-        QVERIFY(!failureOf([&] {
-                     schema::restoreOffice(site.file, site.office.folder(), {.force = true});
-                 }).isEmpty());
-        QCOMPARE(site.cards(site.office.main), u"400"_s);
+        const QByteArray whole = bytesOf(site.file);
+        QByteArray oneBit = whole;
+        oneBit[whole.indexOf("\xCE\xB1\xCE\xB1\xCE\xB1")] = char(0xCF);
+        const struct {
+            const char* name;
+            QByteArray bytes;
+            QString says;
+        } cases[] = {
+            {"cut", whole.left(whole.size() / 3), u"έχει καταστραφεί"_s}, {"one bit", oneBit, u"έχει αλλοιωθεί"_s},
+            {"noise", QByteArray(70000, '\x5A'), u"έχει καταστραφεί"_s},  {"empty", {}, u"έχει καταστραφεί"_s},
+            {"end cut off", whole.chopped(20000), u"έχει καταστραφεί"_s},
+        };
+        forEach(cases, [&](const auto& one) {
+            write(site.file, one.bytes);
+            VERIFY_FAILURE(one.says, schema::checkBackup(site.file));
+            VERIFY_FAILURE(one.says, schema::restoreOffice(site.file, site.other));
+            QVERIFY(!QFileInfo::exists(site.other));
+            VERIFY_FAILURE(one.says, schema::restoreOffice(site.file, site.office.folder(), {.force = true}));
+            QCOMPARE(site.cards(site.office.main), u"400"_s);
+        });
     }
 
     void restoringKeepsTheOldFilesAside() {
@@ -222,10 +206,8 @@ private slots:
         site.backup();
         site.office.main.execute(u"delete from Cards where code>50"_s);
         const QString folder = site.office.folder();
-        QVERIFY(failureOf([&] { schema::restoreOffice(site.file, folder); }).contains(u"Υπάρχει ήδη"));
-        QVERIFY(failureOf([&] {
-                    schema::restoreOffice(site.file, folder, {.force = true});
-                }).contains(u"Κάποιος δουλεύει"));
+        VERIFY_FAILURE(u"Υπάρχει ήδη", schema::restoreOffice(site.file, folder));
+        VERIFY_FAILURE(u"Κάποιος δουλεύει", schema::restoreOffice(site.file, folder, {.force = true}));
         QCOMPARE(site.cards(site.office.main), u"50"_s);
         site.office.closeBoth();
         const QStringList aside = schema::restoreOffice(site.file, folder, {.force = true, .now = moment});
@@ -243,12 +225,12 @@ private slots:
         Site site;
         site.backup();
         site.office.closeBoth();
-        overwrite(site.office.mainFile(), 0, QByteArray(4096, '\x5A'));
-        overwrite(site.office.mainFile() + u"-wal"_s, 0, "journal");
+        overwrite(site.office.mainFile(), QByteArray(4096, '\x5A'));
+        overwrite(site.office.mainFile() + u"-wal"_s, "journal");
         const QStringList aside = schema::restoreOffice(site.file, site.office.folder(),
                                                         {.force = true, .databases = {Database::Main}, .now = moment});
         QCOMPARE(aside.size(), 1);
-        QCOMPARE(contents(aside[0] + u"-wal"_s), QByteArray("journal"));
+        QCOMPARE(bytesOf(aside[0] + u"-wal"_s), QByteArray("journal"));
         QVERIFY(!QFileInfo::exists(site.office.mainFile() + u"-wal"_s));
         site.office.openBoth();
         QCOMPARE(site.cards(site.office.main), u"400"_s);
@@ -263,22 +245,14 @@ private slots:
         QFile::remove(site.file);
         site.office.closeBoth();
         for (const qint64 limit : {whole / 8, whole - 30000}) {
-            const pid_t child = fork();
-            if (child == 0) {
+            const int result = runInChild([&] {
                 signal(SIGXFSZ, SIG_IGN);
                 const rlimit most{rlim_t(limit), rlim_t(limit)};
                 setrlimit(RLIMIT_FSIZE, &most);
-                int code = 1;
-                try {
-                    site.backup();
-                } catch (const data::Error& error) {
-                    code = error.category() == data::ErrorCategory::Full ? 0 : 2;
-                }
-                _exit(code);
-            }
-            int status = 0;
-            QCOMPARE(waitpid(child, &status, 0), child);
-            QVERIFY2(WIFEXITED(status) && WEXITSTATUS(status) == 0, qPrintable(QString::number(status)));
+                const auto error = errorOf([&] { site.backup(); });
+                return error ? int(error->category()) : -1;
+            });
+            QCOMPARE(result, int(data::ErrorCategory::Full));
             QVERIFY2(site.left().isEmpty(), qPrintable(site.left().join(u' ')));
         }
     }

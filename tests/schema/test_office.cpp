@@ -3,6 +3,7 @@
 #include "schema/upgrade.h"
 #include "support/cases.h"
 #include "support/failure.h"
+#include "support/files.h"
 #include "support/officefolder.h"
 
 using namespace Qt::Literals::StringLiterals;
@@ -11,11 +12,6 @@ using schema::Database;
 
 class TestOffice : public QObject {
     Q_OBJECT
-
-    static QByteArray bytesOf(const QString& path) {
-        QFile file(path);
-        return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
-    }
 
 private slots:
     void createdDatabasesAreTheTables() {
@@ -103,13 +99,11 @@ private slots:
     void creationNeverTouchesWhatIsThere() {
         for (const QString& existing : {u"dorvalist.mdb"_s, u"dorvalistu.mdb"_s}) {
             QTemporaryDir folder;
-            QFile file(folder.filePath(existing));
-            QVERIFY(file.open(QIODevice::WriteOnly));
-            file.write("mine");
-            file.close();
+            const QString file = folder.filePath(existing);
+            write(file, "mine");
             VERIFY_FAILURE(existing, schema::createOffice(folder.path(), {u"x"_s, {}}));
-            QCOMPARE(bytesOf(file.fileName()), QByteArray("mine"));
-            QCOMPARE(QDir(folder.path()).entryList(QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot).size(), 1);
+            QCOMPARE(bytesOf(file), QByteArray("mine"));
+            QCOMPARE(entriesOf(folder.path()).size(), 1);
         }
     }
 
@@ -137,7 +131,7 @@ private slots:
     void failedCreationLeavesNothing() {
         QTemporaryDir parent;
         const QString folder = parent.filePath(u"new/office"_s);
-        VERIFY_FAILURE(u"nowhere", schema::createOffice(folder, {u"x"_s, parent.filePath(u"nowhere"_s)}));
+        VERIFY_FAILURE(u"namedays.tsv", schema::createOffice(folder, {u"x"_s, parent.filePath(u"nowhere"_s)}));
         QVERIFY(!QFileInfo::exists(folder));
         VERIFY_ERROR(Constraint, schema::createOffice(folder, {QString(), {}}));
         QVERIFY(!QFileInfo::exists(folder));
@@ -150,7 +144,7 @@ private slots:
         schema::NewOffice wanted{u"x"_s, parent.filePath(u"nowhere"_s),
                                  testengine::server(testengine::Schema::newName())};
         const QString folder = parent.filePath(u"a"_s);
-        VERIFY_FAILURE(u"nowhere", schema::createOffice(folder, wanted));
+        VERIFY_FAILURE(u"namedays.tsv", schema::createOffice(folder, wanted));
         QVERIFY(!QFileInfo::exists(folder));
         wanted.referenceFolder.clear();
         schema::createOffice(folder, wanted);  // the schemas of the failure are free again

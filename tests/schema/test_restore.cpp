@@ -6,15 +6,15 @@
 #include "platform/filestate.h"
 #include "schema/backup.h"
 #include "schema/backupparts.h"
+#include "support/cases.h"
 #include "support/failure.h"
+#include "support/files.h"
 #include "support/officefolder.h"
 
 #ifdef Q_OS_UNIX
 #include <sys/stat.h>
-#include <sys/wait.h>
-#include <unistd.h>
 
-#include <csignal>
+#include "support/childprocess.h"
 #endif
 
 using namespace Qt::Literals::StringLiterals;
@@ -26,16 +26,9 @@ namespace {
 const QDateTime moment(QDate(2026, 11, 5), QTime(10, 30), Qt::UTC);
 const QString dated = u".20261105-103000"_s;
 
-void overwrite(const QString& file, const QByteArray& bytes) {
-    QFile target(file);
-    if (!target.open(QIODevice::ReadWrite) || target.write(bytes) != bytes.size()) qFatal("scratch");
-}
-
 // The file header's two numbers of the journal's kind.
 bool isJournalAhead(const QString& file) {
-    QFile source(file);
-    if (!source.open(QIODevice::ReadOnly)) qFatal("scratch");
-    return source.read(20).endsWith("\2\2");
+    return bytesOf(file).left(20).endsWith("\2\2");
 }
 
 // An office with one card, and a copy of it from before there was any.
@@ -110,26 +103,22 @@ class TestRestore : public QObject {
 private slots:
 #ifdef Q_OS_UNIX
     // The engine would play it into whatever stands there next.
-    void aJournalWithoutItsFileIsPutAside_data() {
-        QTest::addColumn<bool>("create");
-        QTest::newRow("restore") << false;
-        QTest::newRow("create") << true;
-    }
     void aJournalWithoutItsFileIsPutAside() {
-        QFETCH(bool, create);
-        Site site;
-        OtherSeat(site.main(), someWork).kill();
-        QVERIFY(QFileInfo::exists(site.main() + u"-wal"_s));
-        QFile::remove(site.main());
-        QFile::remove(site.office.usersFile());
-        if (create)
-            schema::createOffice(site.folder(), {u"x"_s, {}});
-        else
-            QVERIFY(site.restore().isEmpty());
-        QCOMPARE(site.cards(), u"0"_s);
-        const QStringList aside = QDir(site.folder()).entryList({u"dorvalist.mdb.*-wal"_s});
-        QCOMPARE(aside.size(), 1);
-        QVERIFY(create || aside[0] == u"dorvalist.mdb"_s + dated + u"-wal"_s);
+        for (const bool create : {false, true}) {
+            Site site;
+            OtherSeat(site.main(), someWork).kill();
+            QVERIFY(QFileInfo::exists(site.main() + u"-wal"_s));
+            QFile::remove(site.main());
+            QFile::remove(site.office.usersFile());
+            if (create)
+                schema::createOffice(site.folder(), {u"x"_s, {}});
+            else
+                QVERIFY(site.restore().isEmpty());
+            QCOMPARE(site.cards(), u"0"_s);
+            const QStringList aside = QDir(site.folder()).entryList({u"dorvalist.mdb.*-wal"_s});
+            QCOMPARE(aside.size(), 1);
+            QVERIFY(create || aside[0] == u"dorvalist.mdb"_s + dated + u"-wal"_s);
+        }
     }
 
     // A process that closes a file gives up all its locks on it; without them a restoring would find nobody there.
@@ -140,26 +129,22 @@ private slots:
         QVERIFY(platform::isLocked(site.main()));
     }
 
-    void aSeatAtWorkIsNoticed_data() {
-        QTest::addColumn<bool>("damaged");
-        QTest::addColumn<bool>("gone");
-        QTest::newRow("sound") << false << false;
-        QTest::newRow("damaged head") << true << false;
-        QTest::newRow("file removed") << false << true;
-    }
     void aSeatAtWorkIsNoticed() {
-        QFETCH(bool, damaged);
-        QFETCH(bool, gone);
-        Site site;
-        OtherSeat seat(site.main(), "BEGIN IMMEDIATE; CREATE TABLE Other (text)");
-        if (damaged) overwrite(site.main(), QByteArray(4096, '\x5A'));
-        if (gone) QFile::remove(site.main());
-        const QString failure = failureOf([&] { site.restore(); });
-        QVERIFY2(failure.contains(u"Κάποιος δουλεύει"), qPrintable(failure));
-        QCOMPARE(QFileInfo::exists(site.main()), !gone);
-        seat.kill();
-        site.restore();
-        QCOMPARE(site.cards(), u"0"_s);
+        const struct {
+            const char* name;
+            bool damaged, gone;
+        } cases[] = {{"sound", false, false}, {"damaged head", true, false}, {"file removed", false, true}};
+        forEach(cases, [](const auto& one) {
+            Site site;
+            OtherSeat seat(site.main(), "BEGIN IMMEDIATE; CREATE TABLE Other (text)");
+            if (one.damaged) overwrite(site.main(), QByteArray(4096, '\x5A'));
+            if (one.gone) QFile::remove(site.main());
+            VERIFY_FAILURE(u"Κάποιος δουλεύει", site.restore());
+            QCOMPARE(QFileInfo::exists(site.main()), !one.gone);
+            seat.kill();
+            site.restore();
+            QCOMPARE(site.cards(), u"0"_s);
+        });
     }
 
     // With everything ready for the exchange.
@@ -168,16 +153,13 @@ private slots:
         int steps = 0;
         schema::restoreOffice(site.file, site.scratch.filePath(u"δοκιμή"_s),
                               {.progress = [&](const QString&, int) { return ++steps > 0; }});
-        const pid_t child = fork();
-        if (child == 0) {
+        const int result = runInChild([&] {
             int step = 0;
             site.restore({.force = true,
                           .progress = [&](const QString&, int) { return ++step < steps || ::raise(SIGKILL) == 0; }});
-            _exit(0);
-        }
-        int status = 0;
-        QCOMPARE(waitpid(child, &status, 0), child);
-        QVERIFY(WIFSIGNALED(status));
+            return 0;
+        });
+        QCOMPARE(result, -SIGKILL);
         QCOMPARE(site.cards(), u"1"_s);
     }
 
@@ -204,7 +186,7 @@ private slots:
         site.office.openBoth();
         data::setDatabasePassword(site.office.users.engine(), u"another"_s);
         site.office.closeBoth();
-        QVERIFY(failureOf([&] { site.restore(); }).contains(u"κωδικός"));
+        VERIFY_FAILURE(u"κωδικός", site.restore());
         QCOMPARE(QDir(site.folder()).entryList(QDir::Files | QDir::Hidden).size(), 2);
     }
 
@@ -213,7 +195,7 @@ private slots:
         sqlite3* lock = nullptr;
         QCOMPARE(sqlite3_open(qUtf8Printable(site.office.usersFile()), &lock), SQLITE_OK);
         QCOMPARE(sqlite3_exec(lock, "BEGIN IMMEDIATE", nullptr, nullptr, nullptr), SQLITE_OK);
-        QVERIFY(!failureOf([&] { site.restore(); }).isEmpty());
+        VERIFY_FAILURE(u"Κάποιος δουλεύει με το «dorvalistu.mdb»", site.restore());
         sqlite3_close(lock);
         QVERIFY(isJournalAhead(site.main()));
         QVERIFY(isJournalAhead(site.office.usersFile()));
@@ -240,7 +222,7 @@ private slots:
             QFile::remove(file);
             data::writeServerDescription(file, server);
         }
-        QVERIFY(failureOf([&] { site.restore(); }).contains(u"--as-files"));
+        VERIFY_FAILURE(u"--as-files", site.restore());
         QCOMPARE(data::readServerDescription(site.main()).host, server.host);
         const QStringList aside = site.restore({.force = true, .asFiles = true, .now = moment});
         QCOMPARE(aside, QStringList({site.main() + dated, site.office.usersFile() + dated}));
@@ -248,23 +230,25 @@ private slots:
         QCOMPARE(site.cards(), u"0"_s);
     }
 
-    void aCopyReplacesNothingOfTheOffice_data() {
-        QTest::addColumn<QString>("name");
-        QTest::newRow("database") << u"dorvalist.mdb"_s;
-        QTest::newRow("users, by a way around") << u"../%1/dorvalistu.mdb"_s;
-        QTest::newRow("a journal to come") << u"dorvalist.mdb-wal"_s;
-        QTest::newRow("a folder") << u"../%1"_s;
-        QTest::newRow("a link") << u"link"_s;
-    }
     void aCopyReplacesNothingOfTheOffice() {
-        QFETCH(QString, name);
+        const struct {
+            const char* name;
+            QString file;
+        } cases[] = {
+            {"database", u"dorvalist.mdb"_s},
+            {"users, by a way around", u"../office/dorvalistu.mdb"_s},
+            {"a journal to come", u"dorvalist.mdb-wal"_s},
+            {"a folder", u"../office"_s},
+            {"a link", u"link"_s},
+        };
         Site site;
-        QFile::link(site.file, QDir(site.folder()).filePath(u"link"_s));
-        if (name.contains(u'%')) name = name.arg(QFileInfo(site.folder()).fileName());
-        const QString target = QDir(site.folder()).filePath(name);
-        QVERIFY(
-            failureOf([&] { schema::backupOffice(site.folder(), target, {.replace = true}); }).contains(u"άλλο όνομα"));
-        QCOMPARE(site.cards(), u"1"_s);
+        const QDir folder(site.folder());
+        QFile::link(site.file, folder.filePath(u"link"_s));
+        forEach(cases, [&](const auto& one) {
+            VERIFY_FAILURE(u"άλλο όνομα",
+                           schema::backupOffice(site.folder(), folder.filePath(one.file), {.replace = true}));
+            QCOMPARE(site.cards(), u"1"_s);
+        });
     }
 
     // What nobody of this program put there stays, and so does its folder.
