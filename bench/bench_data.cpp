@@ -50,7 +50,7 @@ public:
         return office;
     }
     Connection& connection() { return connection_; }
-    sqlite3* handle() { return static_cast<sqlite::SqliteEngine&>(connection_.engine()).handle(); }
+    sqlite::sqlite3* handle() { return static_cast<sqlite::SqliteEngine&>(connection_.engine()).handle(); }
 
 private:
     Office() {
@@ -81,8 +81,8 @@ private:
 
 void rawRead(benchmark::State& state) {
     Office& office = Office::instance();
-    const QByteArray sql = office.connection().translate(listSql)->sql;
-    const auto rows = bench::prepareRows(office.handle(), sql);
+    const QByteArray dialect::sql = office.connection().translate(listSql)->dialect::sql;
+    const auto rows = bench::prepareRows(office.handle(), dialect::sql);
     for (auto _ : state) benchmark::DoNotOptimize(bench::copyRows(rows.get()));
 }
 BENCHMARK(rawRead)->Unit(benchmark::kMillisecond);
@@ -118,8 +118,8 @@ void translateNew(benchmark::State& state) {
     Connection& connection = Office::instance().connection();
     int number = 0;
     for (auto _ : state) {
-        const QString sql = u"select * from Cards where code=%1 and επωνυμο like 'Παπ%'"_s.arg(++number);
-        benchmark::DoNotOptimize(connection.translate(sql));
+        const QString dialect::sql = u"select * from Cards where code=%1 and επωνυμο like 'Παπ%'"_s.arg(++number);
+        benchmark::DoNotOptimize(connection.translate(dialect::sql));
     }
 }
 BENCHMARK(translateNew)->Unit(benchmark::kMicrosecond);

@@ -167,7 +167,7 @@ class TestMove : public QObject {
 
 private slots:
     void cleanup() {
-        for (const data::ServerDescription& server : made_) data::dropPgDatabase(server);
+        for (const data::ServerDescription& server : made_) data::postgres::dropPgDatabase(server);
         made_.clear();
     }
 

@@ -192,12 +192,12 @@ private slots:
         data::ServerDescription other = data::readServerDescription(site.office.mainFile());
         const QString name = other.schema;
         other.schema = name + u"_restoring"_s;
-        QCOMPARE(data::pgSchemaState(other), data::PgSchemaState::Absent);
+        QCOMPARE(data::postgres::pgSchemaState(other), data::postgres::PgSchemaState::Absent);
         QVERIFY(aside[0].contains(name + u"_20261105-103000"_s));
         for (const QString& old : {name + u"_20261105-103000"_s, name + u"u_20261105-103000"_s}) {
             other.schema = old;
-            QCOMPARE(data::pgSchemaState(other), data::PgSchemaState::Taken);
-            data::dropPgDatabase(other);
+            QCOMPARE(data::postgres::pgSchemaState(other), data::postgres::PgSchemaState::Taken);
+            data::postgres::dropPgDatabase(other);
         }
     }
 

@@ -19,7 +19,7 @@ namespace {
 QByteArray sqliteBytes(quint32 applicationId) {
     QTemporaryDir folder;
     const QString file = folder.filePath("x");
-    createSqliteFile(file, applicationId);
+    sqlite::createSqliteFile(file, applicationId);
     return bytesOf(file);
 }
 
@@ -153,9 +153,9 @@ private slots:
     void createRefusesAnExistingFile() {
         road::Office office;
         const QByteArray before = bytesOf(office.file());
-        VERIFY_ERROR(Constraint, createSqliteFile(office.file(), mainApplicationId));
+        VERIFY_ERROR(Constraint, sqlite::createSqliteFile(office.file(), mainApplicationId));
         QCOMPARE(bytesOf(office.file()), before);
-        VERIFY_ERROR(ReadOnly, createSqliteFile(office.folder() + "/none/x.mdb", mainApplicationId));
+        VERIFY_ERROR(ReadOnly, sqlite::createSqliteFile(office.folder() + "/none/x.mdb", mainApplicationId));
     }
 
     void everyConnectionIsSetUp() {
@@ -196,8 +196,8 @@ private slots:
         road::Office office;
         sqlite::SqliteEngine engine(settings(office.file()));
         for (int i = 0; i < 3 * sqlite::StatementCache::capacity; ++i) {
-            const QByteArray sql = "SELECT " + QByteArray::number(i);
-            QCOMPARE(engine.query(sql, {}, nullptr), 1);
+            const QByteArray dialect::sql = "SELECT " + QByteArray::number(i);
+            QCOMPARE(engine.query(dialect::sql, {}, nullptr), 1);
         }
         struct Nested : support::RowTexts {
             sqlite::SqliteEngine* engine = nullptr;

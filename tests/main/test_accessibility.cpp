@@ -4,7 +4,7 @@
 #include <QScrollBar>
 #include <QTabWidget>
 
-#include "support/incase.h"
+#include "support/cases.h"
 #include "support/windowwalk.h"
 
 namespace {
