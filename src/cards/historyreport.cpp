@@ -1,7 +1,8 @@
 #include "cards/historyreport.h"
 
-#include "data/format.h"
+#include "core/printout.h"
 #include "data/recordset.h"
+#include "data/values/format.h"
 
 using namespace Qt::Literals::StringLiterals;
 
@@ -124,8 +125,9 @@ HistoryReport read(core::MainMod& mod, data::Recordset& card, qint64 code) {
                          card[u"ΚΙΝΗΤΟ"].text(),
                          {}};
     for (data::Recordset rows(mod.gConn,
-                              u"select ΗΜΕΡΟΜΗΝΙΑ,ΑΙΤΙΟΛΟΓΙΑ,ΧΡΕΩΣΗ,ΠΙΣΤΩΣΗ,notes from History where "
-                              "codecards=%1 order by ΗΜΕΡΟΜΗΝΙΑ,aa"_s.arg(code));
+                              data::Sql(u"select ΗΜΕΡΟΜΗΝΙΑ,ΑΙΤΙΟΛΟΓΙΑ,ΧΡΕΩΣΗ,ΠΙΣΤΩΣΗ,notes from History where "
+                                        "codecards=? order by ΗΜΕΡΟΜΗΝΙΑ,aa"_s,
+                                        code));
          !rows.eof(); rows.moveNext())
         report.movements.append({data::format(rows[u"ΗΜΕΡΟΜΗΝΙΑ"].value(), u"d/mm/yyyy"), rows[u"ΑΙΤΙΟΛΟΓΙΑ"].text(),
                                  data::format(rows[u"ΧΡΕΩΣΗ"].value(), u"#,##0.00"),
@@ -147,7 +149,8 @@ void drawHistory(platform::Printer& printer, const HistoryReport& report, const 
 }
 
 bool dtpHistory(core::MainMod& mod, QWidget* parent, qint64 cardCode) {
-    data::Recordset card(mod.gConn, u"select ΕΠΩΝΥΜΟ,ΟΝΟΜΑ,ΤΗΛΕΦΩΝΟ1,ΚΙΝΗΤΟ from cards where code=%1"_s.arg(cardCode));
+    data::Recordset card(mod.gConn,
+                         data::Sql(u"select ΕΠΩΝΥΜΟ,ΟΝΟΜΑ,ΤΗΛΕΦΩΝΟ1,ΚΙΝΗΤΟ from cards where code=?"_s, cardCode));
     if (card.isEmpty()) return false;
     const HistoryReport report = read(mod, card, cardCode);
     return core::printOut(mod, parent,

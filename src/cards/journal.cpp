@@ -1,8 +1,7 @@
 #include "cards/journal.h"
 
-#include "core/sqltext.h"
-#include "data/format.h"
 #include "data/recordset.h"
+#include "data/values/format.h"
 
 using namespace Qt::Literals::StringLiterals;
 
@@ -16,27 +15,23 @@ constexpr int mostDays = 92;  // behind a quiet year a busy one may begin
 // When the days of the longer of two pieces cost less than this of those of the shorter, the cost isn't the days'.
 constexpr double muchCheaper = 0.75;
 
-QString dayLiteral(QDate day) {
-    return data::format(data::wallClock(day), u"yyyy/mm/dd");
-}
-
 // The day of the first or the last movement, not valid when there is none.
-QDate outermostDay(data::Connection& connection, const QString& function) {
-    data::Recordset found(connection, u"select %1(ΗΜΕΡΟΜΗΝΙΑ) from History"_s.arg(function));
+QDate outermostDay(data::Connection& connection, const QString& statement) {
+    data::Recordset found(connection, statement);
     return found.field(0).toDate().date();
 }
 
 }  // namespace
 
 QString journalStatement(const JournalFilter& filter, QDate from, QDate to) {
-    QString sql =
+    using data::Sql;
+    return Sql(
         u"SELECT History.ΗΜΕΡΟΜΗΝΙΑ, Cards.code, Cards.ΕΠΩΝΥΜΟ, Cards.ΟΝΟΜΑ, History.ΑΙΤΙΟΛΟΓΙΑ, "
         "History.ΧΡΕΩΣΗ, History.ΠΙΣΤΩΣΗ FROM Cards INNER JOIN History ON Cards.code = "
-        "History.codecards where (ΗΜΕΡΟΜΗΝΙΑ between #%1# and #%2 23:59:59# )"_s.arg(dayLiteral(from), dayLiteral(to));
-    if (!filter.reason.isEmpty())
-        sql += u" and ΑΙΤΙΟΛΟΓΙΑ like '%%1%'"_s.replace(u"%1"_s, core::sqlText(filter.reason));
-    if (filter.category) sql += u" and category=%1 "_s.arg(*filter.category);
-    return sql + u" ORDER BY ΗΜΕΡΟΜΗΝΙΑ"_s;
+        "History.codecards where (ΗΜΕΡΟΜΗΝΙΑ between ? and ?) {and ΑΙΤΙΟΛΟΓΙΑ like ?} {and category=?} "
+        "ORDER BY ΗΜΕΡΟΜΗΝΙΑ"_s,
+        from, data::wallClock(to, QTime(23, 59, 59)),
+        filter.reason.isEmpty() ? Sql::Value(std::nullopt) : Sql::inside(filter.reason), filter.category);
 }
 
 void PieceLength::took(double milliseconds) {
@@ -54,17 +49,17 @@ void PieceLength::took(double milliseconds) {
 
 JournalReader::JournalReader(data::Connection& connection, const JournalFilter& filter)
     : connection_(connection), filter_(filter), next_(filter.from) {
-    options_.searchOrder = connection.searchOrder(journalStatement(filter, filter.from, filter.to));
-    if (options_.searchOrder == data::SearchOrder::WordsFirst) return;
+    options_.accessPath = connection.accessPath(journalStatement(filter, filter.from, filter.to));
+    if (options_.accessPath == data::AccessPath::WordIndex) return;
     // Centuries without a movement aren't walked through.
-    next_ = std::max(filter.from, outermostDay(connection, u"min"_s));
-    filter_.to = std::min(filter.to, outermostDay(connection, u"max"_s));
+    next_ = std::max(filter.from, outermostDay(connection, u"select min(ΗΜΕΡΟΜΗΝΙΑ) from History"_s));
+    filter_.to = std::min(filter.to, outermostDay(connection, u"select max(ΗΜΕΡΟΜΗΝΙΑ) from History"_s));
 }
 
 bool JournalReader::step() {
     if (next_ > filter_.to) return false;
     // A piece would look up the same words in the whole table as all of them together.
-    const bool atOnce = options_.searchOrder == data::SearchOrder::WordsFirst;
+    const bool atOnce = options_.accessPath == data::AccessPath::WordIndex;
     QElapsedTimer clock;
     clock.start();
     const QDate last = atOnce ? filter_.to : std::min(next_.addDays(piece_.days() - 1), filter_.to);
@@ -82,7 +77,7 @@ void JournalReader::read(QDate from, QDate to) {
         const QDateTime ofRow = rows.field(0).toDate();
         if (ofRow != day) {
             day = ofRow;
-            shownDay = dayText(day);
+            shownDay = data::dayText(day);
         }
         const Money debit = Money::of(rows.field(5).toDouble()), credit = Money::of(rows.field(6).toDouble());
         debit_ += debit;

@@ -108,6 +108,19 @@ void ListView::selectRow(int index) {
     setCurrentIndex(rows_->index(index, 0));
 }
 
+QVariant ListView::currentTag() const {
+    const int row = currentRow();
+    return row < 0 ? QVariant() : rows_->rows[row].tag;
+}
+
+bool ListView::selectTag(const QVariant& tag) {
+    const auto& rows = rows_->rows;
+    const auto found = std::find_if(rows.begin(), rows.end(), [&tag](const ListRow& row) { return row.tag == tag; });
+    if (!tag.isValid() || found == rows.end()) return false;
+    selectRow(int(found - rows.begin()));
+    return true;
+}
+
 void ListView::resizeEvent(QResizeEvent* event) {
     QTreeView::resizeEvent(event);
     if (columns().isEmpty()) return;

@@ -44,6 +44,8 @@ public:
     const QVector<ListRow>& rows() const;
     int currentRow() const;  // -1 when nothing is selected
     void selectRow(int index);
+    QVariant currentTag() const;          // invalid when nothing is selected, or a row that stands for nothing
+    bool selectTag(const QVariant& tag);  // and brings the row into view; false when no row has it
 
 signals:
     void rowActivated(int row);

@@ -1,12 +1,9 @@
 #include "core/form.h"
 
-#include <QCheckBox>
-#include <QKeyEvent>
-
 namespace core {
 
 Form::Form(MainMod& mod, const QString& name, const QString& caption, Placement placement)
-    : mod_(mod), placement_(std::move(placement)) {
+    : Guarded(mod, this), placement_(std::move(placement)) {
     setObjectName(name);
     setWindowTitle(caption);
 }
@@ -14,18 +11,16 @@ Form::Form(MainMod& mod, const QString& name, const QString& caption, Placement 
 void Form::load() {
     if (loaded_) return;
     loaded_ = true;
+    beepForRefusedDates();
     attempt(mod_, this, [this] { onLoad(); });
 }
 
 void Form::keyPressEvent(QKeyEvent* event) {
-    const bool enter = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
-    auto* button = qobject_cast<QAbstractButton*>(focusWidget());
-    if (!enter || !button || !button->isEnabled() || event->isAutoRepeat()) return QWidget::keyPressEvent(event);
-    event->accept();
-    if (qobject_cast<QCheckBox*>(button))
-        focusNextChild();
-    else
-        button->click();
+    if (!takesEnter(*event)) QWidget::keyPressEvent(event);
+}
+
+bool Form::mayLose() {
+    return !fields_.isChanged() || ask(unsavedQuestion_);
 }
 
 bool Form::unload(bool minimised, QPoint position) {

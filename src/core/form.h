@@ -3,13 +3,13 @@
 
 #include <QWidget>
 
-#include "core/guard.h"
-#include "core/mainmod.h"
+#include "core/fieldwatch.h"
+#include "core/guarded.h"
 #include "core/placement.h"
 
 namespace core {
 
-class Form : public QWidget {
+class Form : public QWidget, protected Guarded {
     Q_OBJECT
 public:
     Form(MainMod& mod, const QString& name, const QString& caption, Placement placement);
@@ -26,20 +26,18 @@ signals:
     void openRequested(const QString& form);  // the window wants another one in front
 
 protected:
-    // Enter on a button presses it and on a check box moves on, as everywhere in the program.
     void keyPressEvent(QKeyEvent* event) override;
 
     virtual void onLoad() = 0;
-    virtual bool queryUnload() { return true; }
+    // Whether the window may go: asks when a field of fields_ was changed.
+    virtual bool queryUnload() { return mayLose(); }
     virtual void onUnload() {}
 
-    // Handlers connected through here run under the general error box.
-    template <typename Sender, typename Signal, typename Handler>
-    void on(Sender* sender, Signal signal, Handler handler) {
-        onSignal(mod_, this, sender, signal, std::move(handler));
-    }
+    // Asks whether what was typed may be lost; true at once when nothing was.
+    bool mayLose();
 
-    MainMod& mod_;
+    FieldWatch fields_;        // the fields that are being edited
+    QString unsavedQuestion_;  // what is asked then
 
 private:
     Placement placement_;

@@ -24,6 +24,14 @@ void showFailure(MainMod& mod, QWidget* parent, const std::exception& error, con
                                  lead + programTitle() + u" Error: "_s + text);
 }
 
+bool ask(MainMod& mod, QWidget* parent, const QString& question) {
+    return mod.services.prompts.question(visible(parent), programTitle(), question);
+}
+
+void tell(MainMod& mod, QWidget* parent, const QString& text) {
+    mod.services.prompts.message(visible(parent), platform::MessageIcon::Plain, programTitle(), text);
+}
+
 void complain(MainMod& mod, QWidget* parent, const QString& text, QWidget* field) {
     mod.services.prompts.message(visible(parent), platform::MessageIcon::Critical, programTitle(), text);
     if (field) field->setFocus(Qt::OtherFocusReason);

@@ -27,7 +27,10 @@ bool attempt(MainMod& mod, QWidget* parent, Work&& work) {
     }
 }
 
-// Critical box with the program's title; focus goes to `field` afterwards.
+// Boxes with the program's title: a question (closing it is No), a plain message, and a critical one after which the
+// focus goes to `field`.
+bool ask(MainMod& mod, QWidget* parent, const QString& question);
+void tell(MainMod& mod, QWidget* parent, const QString& text);
 void complain(MainMod& mod, QWidget* parent, const QString& text, QWidget* field = nullptr);
 
 // Connects a signal to a handler that runs under attempt().

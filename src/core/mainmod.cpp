@@ -17,7 +17,7 @@ QString programVersion() {
 
 QString MainMod::GetPhones(qint64 cardCode) {
     data::Recordset card(
-        gConn, u"SELECT ΤΗΛΕΦΩΝΟ1,ΤΗΛΕΦΩΝΟ2,ΤΗΛΕΦΩΝΟ3,ΤΗΛΕΦΩΝΟ4,ΚΙΝΗΤΟ from CARDS where CODE=%1"_s.arg(cardCode));
+        gConn, data::Sql(u"SELECT ΤΗΛΕΦΩΝΟ1,ΤΗΛΕΦΩΝΟ2,ΤΗΛΕΦΩΝΟ3,ΤΗΛΕΦΩΝΟ4,ΚΙΝΗΤΟ from CARDS where CODE=?"_s, cardCode));
     QStringList numbers;
     for (int i = 0; !card.isEmpty() && i < card.fieldCount(); ++i)
         if (const QString number = card.field(i).text(); !number.isEmpty()) numbers << number;

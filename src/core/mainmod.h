@@ -4,11 +4,12 @@
 #include <QString>
 #include <functional>
 
+#include "copies/seatlock.h"
+#include "core/doors.h"
 #include "core/logondelay.h"
 #include "data/connection.h"
 #include "platform/filesystemkind.h"
 #include "platform/services.h"
-#include "schema/seatlock.h"
 
 namespace core {
 
@@ -26,9 +27,9 @@ public:
     explicit MainMod(platform::Services services) : services(services) {}
 
     platform::Services services;
-    schema::SeatLock::Probe fileSystemKind = platform::fileSystemKind;
+    copies::SeatLock::Probe fileSystemKind = platform::fileSystemKind;
 
-    schema::SeatLock gSeat;       // given back after the databases are closed
+    copies::SeatLock gSeat;       // given back after the databases are closed
     data::Connection gConn;       // dorvalist.mdb
     data::Connection gConnUsers;  // dorvalistu.mdb
     QString gDataPath;            // folder of both files, without a trailing separator
@@ -40,6 +41,8 @@ public:
     LogonDelay logonDelay;
 
     QString gSqlOrdr, gSqlOrdr1, gSqlOrdr2;  // sort columns of the list in front, the newest first
+
+    Doors doors;
 
     bool gAddressOpen = false;  // frmAddress is loaded
 

@@ -1,9 +1,20 @@
 #include "core/windows.h"
 
+#include "core/printpreview.h"
+
+using namespace Qt::Literals::StringLiterals;
+
 namespace core {
 
 Form* Windows::find(const QString& name) const {
     return forms_.value(name);
+}
+
+void Windows::open(const QString& name, QWidget* parent) {
+    if (dialogs_.contains(name))
+        dialog(name, parent)->exec();
+    else
+        front(name);
 }
 
 Form* Windows::front(const QString& name) {
@@ -11,8 +22,8 @@ Form* Windows::front(const QString& name) {
         host_.bringToFront(form);
         return form;
     }
-    if (!knows(name)) return nullptr;
-    Form* form = factories_.value(name)();
+    if (!factories_.contains(name)) return nullptr;
+    Form* form = factories_[name]();
     forms_.insert(name, form);
     order_.append(name);
     QObject::connect(form, &Form::openRequested, form, [this](const QString& other) { front(other); });
@@ -38,6 +49,14 @@ bool Windows::unloadAll() {
     while (!order_.isEmpty())
         if (!unload(order_.last())) return false;
     return true;
+}
+
+void addWindows(Windows& windows, MainMod& mod) {
+    // With an empty page in it: a preview is always of something.
+    windows.addDialog(u"PrintPreview"_s, [&mod](QWidget* parent) {
+        const PrintJob nothing{u"Προεπισκόπηση"_s, [](platform::Printer&, const PrintStep&) {}};
+        return std::make_unique<PrintPreview>(mod, parent, nothing);
+    });
 }
 
 }  // namespace core

@@ -1,10 +1,13 @@
-// The open child windows: one instance of each, known by name.
+// The windows of the program by name, and those of them that are open.
 #pragma once
 
+#include <QDialog>
 #include <QHash>
+#include <QMap>
 #include <QPointer>
 #include <QStringList>
 #include <functional>
+#include <memory>
 
 #include "core/form.h"
 
@@ -21,27 +24,42 @@ public:
     virtual void remove(Form* form) = 0;  // deletes it
 };
 
+// Every room adds its windows here at the start of the main window. Of a form there is never more than one; a dialog is
+// made anew for each showing.
 class Windows {
 public:
     using Factory = std::function<Form*()>;
+    // A dialog with nothing chosen yet, ready to be shown.
+    using DialogFactory = std::function<std::unique_ptr<QDialog>(QWidget* parent)>;
 
     explicit Windows(WindowHost& host) : host_(host) {}
 
     void add(const QString& name, Factory factory) { factories_.insert(name, std::move(factory)); }
-    bool knows(const QString& name) const { return factories_.contains(name); }
+    void addDialog(const QString& name, DialogFactory factory) { dialogs_.insert(name, std::move(factory)); }
+    bool knows(const QString& name) const { return factories_.contains(name) || dialogs_.contains(name); }
+    QStringList forms() const { return factories_.keys(); }
+    QStringList dialogs() const { return dialogs_.keys(); }
+
+    std::unique_ptr<QDialog> dialog(const QString& name, QWidget* parent) const { return dialogs_[name](parent); }
+    // Brings a form to the front, or shows a dialog over `parent` until it is closed.
+    void open(const QString& name, QWidget* parent);
 
     // Loads the window if it isn't yet, and brings it to the front. There is never a second one.
     Form* front(const QString& name);
     Form* find(const QString& name) const;
     bool unload(const QString& name);  // false when the window refused
     bool unloadAll();                  // from the last opened to the first; stops at a refusal
-    QStringList open() const { return order_; }
+    QStringList shown() const { return order_; }
 
 private:
     WindowHost& host_;
-    QHash<QString, Factory> factories_;
+    QMap<QString, Factory> factories_;
+    QMap<QString, DialogFactory> dialogs_;
     QHash<QString, QPointer<Form>> forms_;
     QStringList order_;
 };
+
+// The windows of this room.
+void addWindows(Windows& windows, MainMod& mod);
 
 }  // namespace core

@@ -7,18 +7,13 @@
 #include <QScreen>
 #include <QStatusBar>
 
-#include "cards/frmaddress.h"
-#include "cards/frmcategory.h"
-#include "cards/frmfields.h"
-#include "cards/frmhmerologio.h"
+#include "cards/windows.h"
 #include "controls/names.h"
 #include "controls/theme.h"
 #include "core/contactnoun.h"
-#include "core/printout.h"
-#include "data/format.h"
-#include "users/frmadmin.h"
-#include "users/frmowner.h"
-#include "users/frmusers.h"
+#include "core/printsettings.h"
+#include "data/values/format.h"
+#include "users/windows.h"
 
 using namespace Qt::Literals::StringLiterals;
 
@@ -40,7 +35,6 @@ MDIMain::MDIMain(core::MainMod& mod) : mod_(mod), windows_(*this), area_(new QMd
     area_->setBackground(controls::theme().window.darker(controls::theme().dark ? 130 : 105));
     setCentralWidget(area_);
     ownActions_ = {
-        {u"frmOwner"_s, [this] { showOwner(); }},
         {u"mnuLogOff"_s, [this] { logOff(); }},
         {u"mnuExit"_s, [this] { close(); }},
         {u"mnuBackupNow"_s, [this] { emit backupWanted(); }},
@@ -52,39 +46,15 @@ MDIMain::MDIMain(core::MainMod& mod) : mod_(mod), windows_(*this), area_(new QMd
     };
     for (int i = 1; i <= 3; ++i) ownActions_.insert(controls::arrayName(u"MnuCat"_s, i), [this, i] { setNoun(i); });
     for (int i = 0; i <= 2; ++i) ownActions_.insert(controls::arrayName(u"mnuTheme"_s, i), [this, i] { setTheme(i); });
-    registerForms();
+    core::addWindows(windows_, mod_);
+    cards::addWindows(windows_, mod_);
+    users::addWindows(windows_, mod_);
     buildMenus();
     buildStatusBar();
 }
 
-MDIMain::~MDIMain() = default;
-
-void MDIMain::registerForms() {
-    windows_.add(u"frmAddress"_s, [this] { return new cards::frmAddress(mod_); });
-    windows_.add(u"frmCategory"_s, [this] { return refillingCard(new cards::frmCategory(mod_)); });
-    windows_.add(u"frmCombos"_s, [this] { return refillingCard(new cards::frmCombos(mod_)); });
-    windows_.add(u"frmFields"_s, [this] { return new cards::frmFields(mod_, [this](int list) { showList(list); }); });
-    windows_.add(u"frmFields1"_s, [this] { return new cards::frmFields1(mod_); });
-    windows_.add(u"frmHmerologio"_s,
-                 [this] { return new cards::frmHmerologio(mod_, [this](qint64 code) { showCard(code); }); });
-    windows_.add(u"frmAdmin"_s, [this] { return new users::frmAdmin(mod_); });
-    windows_.add(u"frmUsers"_s, [this] { return new users::frmUsers(mod_); });
-}
-
-// A card that is open takes the changed lists over.
-core::Form* MDIMain::refillingCard(cards::ListEditor* editor) {
-    core::onSignal(mod_, editor, editor, &cards::ListEditor::changed, [this] {
-        if (auto* card = qobject_cast<cards::frmAddress*>(windows_.find(u"frmAddress"_s))) card->refillLists();
-    });
-    return editor;
-}
-
-void MDIMain::showCard(qint64 code) {
-    if (auto* card = qobject_cast<cards::frmAddress*>(windows_.front(u"frmAddress"_s))) card->goTo(code);
-}
-
-void MDIMain::showList(int number) {
-    if (auto* values = qobject_cast<cards::frmCombos*>(windows_.front(u"frmCombos"_s))) values->setList(number);
+MDIMain::~MDIMain() {
+    mod_.doors = {};
 }
 
 void MDIMain::load() {
@@ -93,7 +63,8 @@ void MDIMain::load() {
     refreshMenus();
     panels_[4]->setText(u"Χρήστης: "_s + mod_.gUserName);
     tick();
-    if (mod_.services.settings.value(settingsSection, u"Name"_s).isEmpty()) showOwner();
+    if (mod_.services.settings.value(settingsSection, u"Name"_s).isEmpty())
+        windows_.open(u"frmOwner"_s, isVisible() ? this : nullptr);
     for (const QString& name : {u"frmTodayShow"_s, u"frmNameDay"_s})
         if (windows_.knows(name) && mod_.services.settings.number(optionsSection, name + u"Start"_s, 1) == 1)
             windows_.front(name);
@@ -135,7 +106,7 @@ void MDIMain::trigger(const MenuDef& def) {
     if (const auto own = ownActions_.value(def.form.isEmpty() ? def.name : def.form))
         own();
     else
-        windows_.front(def.form);
+        windows_.open(def.form, this);
 }
 
 void MDIMain::refreshMenus() {
@@ -198,11 +169,6 @@ void MDIMain::setTheme(int kind) {
     controls::applyTheme(*qApp, static_cast<controls::ThemeKind>(kind));
     area_->setBackground(controls::theme().window.darker(controls::theme().dark ? 130 : 105));
     refreshMenus();
-}
-
-void MDIMain::showOwner() {
-    users::frmOwner owner(mod_, isVisible() ? this : nullptr);
-    owner.exec();
 }
 
 void MDIMain::logOff() {

@@ -9,7 +9,6 @@
 #include <QMenu>
 #include <QTimer>
 
-#include "cards/listeditor.h"
 #include "core/windows.h"
 #include "main/formframe.h"
 #include "main/menus.h"
@@ -45,10 +44,6 @@ private:
     QPoint position(core::Form* form) const override;
     void remove(core::Form* form) override;
 
-    void registerForms();
-    core::Form* refillingCard(cards::ListEditor* editor);
-    void showCard(qint64 code);
-    void showList(int number);
     void buildMenus();
     QAction* buildEntry(const MenuDef& def);
     void buildStatusBar();
@@ -57,7 +52,6 @@ private:
     void trigger(const MenuDef& def);
     void setNoun(int category);
     void setTheme(int kind);
-    void showOwner();
     void logOff();
     void tick();
     void place();

@@ -1,50 +1,50 @@
+#include "data/sql.h"
 #include "schema/tables.h"
 
 namespace schema {
 namespace {
 
 using namespace Qt::Literals::StringLiterals;
+using data::Sql;
 
 class PositionalRow {
 public:
-    explicit PositionalRow(const QString& first) : values_(first) {}
+    explicit PositionalRow(qint64 first) : values_{first} {}
     PositionalRow& captions(const QString& caption, int count) {
-        for (int i = 1; i <= count; ++i) values_ += u"'%1 %2'"_s.arg(caption).arg(i);
+        for (int i = 1; i <= count; ++i) values_ += u"%1 %2"_s.arg(caption).arg(i);
         return *this;
     }
     PositionalRow& flagsOff(int count) {
-        for (int i = 0; i < count; ++i) values_ += u"0"_s;
+        for (int i = 0; i < count; ++i) values_ += false;
         return *this;
     }
     PositionalRow& emptyText() {
-        values_ += u"''"_s;
+        values_ += QString();
         return *this;
     }
-    QString insertInto(const QString& table) const {
-        return u"INSERT into %1 VALUES (%2)"_s.arg(table, values_.join(u','));
-    }
+    const QVector<Sql::Value>& values() const { return values_; }
 
 private:
-    QStringList values_;
+    QVector<Sql::Value> values_;
 };
 
 QString customFieldsRow() {
-    return PositionalRow(u"1"_s)
-        .captions(u"Αλφαριθμητικό"_s, 10)
-        .captions(u"Αριθμητικό"_s, 6)
-        .captions(u"Ημερομηνία"_s, 4)
-        .emptyText()
-        .flagsOff(20)
-        .captions(u"Αλφαριθμητικό"_s, 2)
-        .flagsOff(2)
-        .captions(u"Αριθμητικό"_s, 4)
-        .flagsOff(4)
-        .captions(u"Κείμενο"_s, 6)
-        .captions(u"Επιλεκτικό"_s, 8)
-        .flagsOff(8)
-        .captions(u"Λίστα"_s, 4)
-        .flagsOff(4)
-        .insertInto(u"CustomFields"_s);
+    const PositionalRow row = PositionalRow(1)
+                                  .captions(u"Αλφαριθμητικό"_s, 10)
+                                  .captions(u"Αριθμητικό"_s, 6)
+                                  .captions(u"Ημερομηνία"_s, 4)
+                                  .emptyText()
+                                  .flagsOff(20)
+                                  .captions(u"Αλφαριθμητικό"_s, 2)
+                                  .flagsOff(2)
+                                  .captions(u"Αριθμητικό"_s, 4)
+                                  .flagsOff(4)
+                                  .captions(u"Κείμενο"_s, 6)
+                                  .captions(u"Επιλεκτικό"_s, 8)
+                                  .flagsOff(8)
+                                  .captions(u"Λίστα"_s, 4)
+                                  .flagsOff(4);
+    return Sql(u"INSERT into CustomFields VALUES (?)"_s, Sql::list(row.values()));
 }
 
 }  // namespace

@@ -3,8 +3,8 @@
 #include <QSet>
 
 #include "data/error.h"
-#include "data/format.h"
 #include "data/recordset.h"
+#include "data/values/format.h"
 #include "schema/tabfile.h"
 #include "schema/tablewriter.h"
 
@@ -66,7 +66,7 @@ QVector<CheckedRow> readRows(const Table& table, const QString& file) {
 
 QSet<QString> existingKeys(data::Connection& connection, const Table& table) {
     QSet<QString> keys;
-    data::Recordset rows(connection, u"select * from "_s + table.name);
+    data::Recordset rows(connection, data::Sql(u"select * from ?"_s, data::Sql::name(table.name)));
     for (; !rows.eof(); rows.moveNext()) {
         QVector<QVariant> values;
         for (int i = 0; i < rows.fieldCount(); ++i) values += rows.field(i).value();
@@ -102,7 +102,7 @@ LoadCounts loadReference(data::Connection& connection, const ReferenceKind& kind
     QStringList columns;
     for (const Column& column : table.columns) columns += column.name;
     data::Transaction transaction(connection);
-    if (replace) connection.execute(u"delete from "_s + table.name);
+    if (replace) connection.execute(data::Sql(u"delete from ?"_s, data::Sql::name(table.name)));
     const QSet<QString> existing = existingKeys(connection, table);
     TableWriter writer(connection, table, columns);
     LoadCounts counts;

@@ -1,10 +1,9 @@
 #include "users/accounts.h"
 
 #include <algorithm>
-#include "core/sqltext.h"
 
-#include "data/fold.h"
 #include "data/recordset.h"
+#include "data/values/fold.h"
 
 using namespace Qt::Literals::StringLiterals;
 
@@ -29,12 +28,12 @@ QStringList groupNames(data::Connection& users) {
 
 QString groupName(data::Connection& users, const QVariant& number) {
     if (number.isNull()) return {};
-    data::Recordset row(users, u"select name from groups where code=%1"_s.arg(number.toDouble()));
+    data::Recordset row(users, data::Sql(u"select name from groups where code=?"_s, number.toDouble()));
     return row.isEmpty() ? QString() : row[u"name"].text();
 }
 
 std::optional<qint64> groupNumber(data::Connection& users, const QString& name) {
-    data::Recordset row(users, u"select code from groups where name='%1'"_s.arg(core::sqlText(name)));
+    data::Recordset row(users, data::Sql(u"select code from groups where name=?"_s, name));
     if (row.isEmpty()) return std::nullopt;
     return row[u"code"].toLong();
 }

@@ -1,8 +1,7 @@
 #include "users/credentials.h"
 
 #include "core/mainmod.h"
-#include "core/sqltext.h"
-#include "data/password.h"
+#include "data/opening/password.h"
 #include "data/recordset.h"
 
 using namespace Qt::Literals::StringLiterals;
@@ -29,7 +28,7 @@ std::optional<Session> authenticate(data::Connection& users, const QString& user
         data::Recordset admin(users, u"select pass from admin"_s);
         if (!admin.isEmpty() && accepts(admin, u"pass", password)) return Session{userName, core::groupAdministrators};
     }
-    data::Recordset user(users, u"select * from users where UserName='%1'"_s.arg(core::sqlText(userName)));
+    data::Recordset user(users, data::Sql(u"select * from users where UserName=?"_s, userName));
     if (user.isEmpty()) {
         // A name that nobody has takes as long to refuse as a wrong password.
         static const QString nobody = data::makeVerifier(u"-"_s);

@@ -8,8 +8,8 @@
 #include <QVBoxLayout>
 
 #include "controls/names.h"
-#include "data/fold.h"
-#include "data/password.h"
+#include "data/opening/password.h"
+#include "data/values/fold.h"
 
 using namespace Qt::Literals::StringLiterals;
 
@@ -156,7 +156,7 @@ void frmUsers::newUser() {
 bool frmUsers::openSelected() {
     const int row = ListView1->currentRow();
     if (row < 0) return false;
-    mRs.open(mod_.gConnUsers, u"select * from users where aa=%1"_s.arg(accounts_[row].aa));
+    mRs.open(mod_.gConnUsers, data::Sql(u"select * from users where aa=?"_s, accounts_[row].aa));
     if (!mRs.isEmpty()) return true;
     core::complain(mod_, this, u"Ο χρήστης έχει διαγραφεί στο μεταξύ."_s, ListView1);
     refresh();

@@ -1,4 +1,5 @@
 // The tool's commands, run as processes.
+#include "copies/upgradecopy.h"
 #include "support/cases.h"
 #include "support/files.h"
 #include "support/officefolder.h"
@@ -23,7 +24,7 @@ class TestCli : public QObject {
     }
     void spoil(const QByteArray& script) {
         data::Connection main;
-        schema::open(main, schema::connectionString(schema::Database::Main, schema::mainDatabasePath(office_)));
+        copies::openUpgraded(main, schema::connectionString(schema::Database::Main, schema::mainDatabasePath(office_)));
         main.engine().script(script);
     }
 
@@ -34,7 +35,8 @@ class TestCli : public QObject {
         QVERIFY(runTool({u"check"_s, office_}).out.contains(u"Cards\t30\n"));
         QFile::remove(file);
         for (const QString& line : forced.out.split(u'\n'))
-            if (line.contains(u"σχήμα ")) data::dropPgDatabase(testengine::server(line.section(u"σχήμα "_s, 1)));
+            if (line.contains(u"σχήμα "))
+                data::postgres::dropPgDatabase(testengine::server(line.section(u"σχήμα "_s, 1)));
     }
 
 private slots:

@@ -77,6 +77,12 @@ struct CardDriver : Driver {
     }
     bool isLocked() const { return find<QLineEdit>(card::surname)->isReadOnly() && !form.isEditing(); }
     void press(card::Button button) const { click(QString("lblClick(%1)").arg(button)); }
+    // Begins a change, types, and saves.
+    void change(std::initializer_list<std::pair<QString, QString>> typed) const {
+        press(card::Edit);
+        for (const auto& [box, text] : typed) type(box, text);
+        press(card::Save);
+    }
     // Those that can be pressed.
     QString buttons() const {
         QStringList enabled;
@@ -88,6 +94,23 @@ struct CardDriver : Driver {
     }
 
     cards::frmAddress form;
+};
+
+// An office with these cards, and its card window open on the first of them.
+struct CardRow {
+    QString surname, firstName;
+    QVariantMap more = {};
+};
+struct CardSite : CardOffice {
+    CardSite(std::initializer_list<CardRow> rows) : card(with(rows)) {}
+
+    CardDriver card;
+
+private:
+    core::MainMod& with(std::initializer_list<CardRow> rows) {
+        for (const CardRow& row : rows) addCard(row.surname, row.firstName, row.more);
+        return mod;
+    }
 };
 
 }  // namespace support

@@ -4,7 +4,7 @@
 
 using cards::Ledger;
 using cards::LedgerRow;
-using cards::Money;
+using data::Money;
 
 namespace {
 
@@ -32,42 +32,7 @@ private slots:
         QCOMPARE(ledger.balance().toDouble(), 100000.0);
         QCOMPARE(ledger.balance().text(), "100.000,00");
         for (int i = 0; i < 1'000'000; ++i) ledger.add(movement(i, today, 0, 0.1));
-        QCOMPARE(ledger.balance().sqlText(), "0");
         QCOMPARE(shown(std::move(ledger)).last(), "|ΣΥΝΟΛΑ|0,00|100.000,00|0,00");
-    }
-
-    void textOfAmounts() {
-        struct Case {
-            double amount;
-            const char *text, *sql;
-        };
-        for (const Case& c : {Case{0.0, "0,00", "0"},
-                              {0.07, "0,07", "0.07"},
-                              {1234567.5, "1.234.567,50", "1234567.5"},
-                              {-999.999, "-1.000,00", "-999.999"},
-                              {2.675, "2,68", "2.675"},
-                              {-0.004, "0,00", "-0.004"},
-                              {1e300, "900.000.000.000.000,00", "900000000000000"},
-                              {qQNaN(), "0,00", "0"}}) {
-            QCOMPARE(Money::of(c.amount).text(), c.text);
-            QCOMPARE(Money::of(c.amount).sqlText(), c.sql);
-        }
-    }
-
-    void sumsBeyondAllMoneyStandStill() {
-        Money sum;
-        for (int i = 0; i < 100; ++i) sum += Money::of(9e14);
-        QVERIFY(sum.toDouble() > 9e14);
-        for (int i = 0; i < 300; ++i) sum -= Money::of(9e14);
-        QVERIFY(sum.toDouble() < -9e14);
-    }
-
-    void typedAmounts() {
-        const std::pair<QString, std::optional<double>> cases[] = {
-            {"12,345", 12.35}, {"2,675", 2.68}, {"0,004", 0.0}, {"100", 100.0},          {"5,", 5.0},
-            {"1,2,3", {}},     {"", {}},        {",", {}},      {QString(30, u'9'), {}}, {QString(10000, u'9'), {}}};
-        for (const auto& [typed, stored] : cases)
-            QVERIFY2(cards::typedAmount(typed) == stored, qPrintable(typed.left(40)));
     }
 
     void rowsOfAPeriod() {

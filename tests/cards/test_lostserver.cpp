@@ -9,16 +9,15 @@ class TestLostServer : public QObject {
     // Ends the seat's connection from the server's side, as a restart of the server does.
     static void lose(Office& office) {
         OtherSeat other(office);
-        const int backend = static_cast<data::PgEngine&>(office.mod.gConn.engine()).backendId();
+        const int backend = static_cast<data::postgres::PgEngine&>(office.mod.gConn.engine()).backendId();
         other.mod.gConn.engine().query("SELECT pg_terminate_backend(" + QByteArray::number(backend) + ", 5000)", {},
                                        nullptr);
     }
 
 private slots:
     void aCardUnderEditIsSavedByTheSecondTry() {
-        Office office;
-        office.addCard("Α", "1", {{"πολη", "Βόλος"}});
-        CardDriver card(office.mod);
+        CardSite office{{"Α", "1", {{"πολη", "Βόλος"}}}};
+        auto& card = office.card;
         card.press(card::Edit);
         card.type(card::city, "Λάρισα");
         lose(office);
@@ -33,9 +32,8 @@ private slots:
     }
 
     void aMovementIsSavedByTheSecondTry() {
-        Office office;
-        office.addCard("Α", "1");
-        CardDriver card(office.mod);
+        CardSite office{{"Α", "1"}};
+        auto& card = office.card;
         inNextDialog("frmHistory", [&](Driver& form) {
             form.type("Text7(0)", "Επίσκεψη");
             form.type("txtXreosh", "12,50");
@@ -52,10 +50,8 @@ private slots:
     }
 
     void walkingGoesOn() {
-        Office office;
-        office.addCard("Α", "1");
-        office.addCard("Β", "2");
-        CardDriver card(office.mod);
+        CardSite office{{"Α", "1"}, {"Β", "2"}};
+        auto& card = office.card;
         lose(office);
         for (const card::Button button : {card::Next, card::Previous}) {
             card.press(button);

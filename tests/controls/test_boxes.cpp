@@ -1,3 +1,4 @@
+#include <QClipboard>
 #include "controls/boxes.h"
 #include "controls/names.h"
 #include "controls/theme.h"

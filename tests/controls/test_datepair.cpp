@@ -1,3 +1,8 @@
+#include <QMdiSubWindow>
+#include <QMdiArea>
+#include <QMenuBar>
+#include <QClipboard>
+#include <QCalendarWidget>
 #include "controls/datepair.h"
 
 #include <QSignalSpy>

@@ -1,3 +1,4 @@
+#include <QDialogButtonBox>
 #include "controls/boxes.h"
 #include "controls/theme.h"
 #include "support/cases.h"

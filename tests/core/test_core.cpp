@@ -108,7 +108,7 @@ private slots:
         static_cast<SampleForm*>(windows.find("frmA"))->refuses = true;
         QVERIFY(!windows.unloadAll());
         QCOMPARE(log, QStringList({"load frmA", "load frmB", "unload frmB"}));
-        QCOMPARE(windows.open(), QStringList{"frmA"});
+        QCOMPARE(windows.shown(), QStringList{"frmA"});
         QCOMPARE(desk.settings.number("Settings", "frmBLeft", 0), 600);
 
         // A minimised window keeps its older place in the store.

@@ -2,9 +2,9 @@
 #include <sqlite3.h>
 #include <sys/stat.h>
 
-#include "data/connectionstring.h"
-#include "data/databasepassword.h"
-#include "data/password.h"
+#include "data/opening/connectionstring.h"
+#include "data/opening/databasepassword.h"
+#include "data/opening/password.h"
 #include "roadfixture.h"
 #include "support/cases.h"
 #include "support/files.h"
@@ -19,7 +19,7 @@ namespace {
 QByteArray sqliteBytes(quint32 applicationId) {
     QTemporaryDir folder;
     const QString file = folder.filePath("x");
-    createSqliteFile(file, applicationId);
+    sqlite::createSqliteFile(file, applicationId);
     return bytesOf(file);
 }
 
@@ -114,9 +114,9 @@ private slots:
     void databasePassword() {
         QTemporaryDir folder;
         const QString file = folder.filePath("dorvalistu.mdb");
-        createSqliteFile(file, usersApplicationId);
+        sqlite::createSqliteFile(file, usersApplicationId);
         {
-            SqliteEngine engine(settings(file));
+            sqlite::SqliteEngine engine(settings(file));
             setDatabasePassword(engine, "πρώτος");
             setDatabasePassword(engine, "κωδ'ικός;");
             QVERIFY(engine.readCatalog().tables().isEmpty());
@@ -153,15 +153,15 @@ private slots:
     void createRefusesAnExistingFile() {
         road::Office office;
         const QByteArray before = bytesOf(office.file());
-        VERIFY_ERROR(Constraint, createSqliteFile(office.file(), mainApplicationId));
+        VERIFY_ERROR(Constraint, sqlite::createSqliteFile(office.file(), mainApplicationId));
         QCOMPARE(bytesOf(office.file()), before);
-        VERIFY_ERROR(ReadOnly, createSqliteFile(office.folder() + "/none/x.mdb", mainApplicationId));
+        VERIFY_ERROR(ReadOnly, sqlite::createSqliteFile(office.folder() + "/none/x.mdb", mainApplicationId));
     }
 
     void everyConnectionIsSetUp() {
         road::Office office;
         for (int i = 0; i < 2; ++i) {
-            SqliteEngine engine(settings(office.file()));
+            sqlite::SqliteEngine engine(settings(office.file()));
             engine.execute("INSERT INTO Saves (a) VALUES (1)", {});
             QVERIFY(QFileInfo(office.file() + "-wal").size() > 0);
             QCOMPARE(support::rowTexts(engine, "PRAGMA synchronous"), QStringList("2"));
@@ -172,7 +172,7 @@ private slots:
 
     void engineErrors() {
         road::Office office;
-        SqliteEngine engine(settings(office.file()));
+        sqlite::SqliteEngine engine(settings(office.file()));
         VERIFY_ERROR(Syntax, engine.execute("SELEC 1", {}));
         VERIFY_ERROR(Syntax, engine.execute("SELECT 1; SELECT 2", {}));
         VERIFY_ERROR(Syntax, engine.execute("", {}));
@@ -188,19 +188,19 @@ private slots:
         engine.rollback();
         engine.rollback();
         QCOMPARE(engine.query("SELECT * FROM Cards", {}, nullptr), 1);
-        VERIFY_ERROR(ReadOnly, SqliteEngine({office.file(), {}, true, 50}).execute("DELETE FROM Cards", {}));
+        VERIFY_ERROR(ReadOnly, sqlite::SqliteEngine({office.file(), {}, true, 50}).execute("DELETE FROM Cards", {}));
     }
 
     // More texts than the cache holds, and one text used inside its own run.
     void statementCache() {
         road::Office office;
-        SqliteEngine engine(settings(office.file()));
-        for (int i = 0; i < 3 * StatementCache::capacity; ++i) {
-            const QByteArray sql = "SELECT " + QByteArray::number(i);
-            QCOMPARE(engine.query(sql, {}, nullptr), 1);
+        sqlite::SqliteEngine engine(settings(office.file()));
+        for (int i = 0; i < 3 * sqlite::StatementCache::capacity; ++i) {
+            const QByteArray dialect::sql = "SELECT " + QByteArray::number(i);
+            QCOMPARE(engine.query(dialect::sql, {}, nullptr), 1);
         }
         struct Nested : support::RowTexts {
-            SqliteEngine* engine = nullptr;
+            sqlite::SqliteEngine* engine = nullptr;
             qint64 inner = 0;
             void beginRow() override {
                 RowTexts::beginRow();
@@ -215,7 +215,7 @@ private slots:
     void damagedPage() {
         road::Office office;
         {
-            SqliteEngine engine(settings(office.file()));
+            sqlite::SqliteEngine engine(settings(office.file()));
             engine.begin();
             for (int i = 0; i < 2000; ++i)
                 engine.execute("INSERT INTO Cards (\"επωνυμο\",\"σχολια\") VALUES (?1,?2)",

@@ -4,15 +4,8 @@
 #include <QScrollBar>
 #include <QTabWidget>
 
-#include "cards/frmfind.h"
-#include "cards/frmhistory.h"
-#include "cards/frmlink.h"
-#include "core/printpreview.h"
-#include "main/mdimain.h"
-#include "support/driver.h"
-#include "support/office.h"
-#include "users/frmlogon.h"
-#include "users/frmowner.h"
+#include "support/cases.h"
+#include "support/windowwalk.h"
 
 namespace {
 
@@ -56,22 +49,13 @@ class TestAccessibility : public QObject {
     Q_OBJECT
 private slots:
     void everyControlHasAName() {
-        Site site;
-        users::frmLogon logon(site.mod);
-        users::frmOwner owner(site.mod);
-        for (const char* entry :
-             {"mnuCards", "MnuΗμερολόγιο", "mnuCategory", "mnuFieldsCard", "mnuFieldsHistory", "mnuPass", "mnuUsers"})
-            site.window.menu(entry)->trigger();
-        site.window.windows().front("frmCombos");
-        cards::frmFind find(site.mod, nullptr, [](const cards::FoundCard&) {});
-        cards::frmHistory movement(site.mod, nullptr, [](qint64) {});
-        movement.load();
-        cards::frmLink link(site.mod, nullptr, [] {});
-        link.load();
-        const auto draw = [](platform::Printer& printer, const core::PrintStep&) { printer.print("Σελίδα"); };
-        core::PrintPreview preview(site.mod, nullptr, {"Σελίδα", draw});
-        for (QWidget* each : QWidgetList{&find, &movement, &link, &preview, &logon, &owner, &site.window})
-            QCOMPARE(nameless(*each).join(", "), QString());
+        support::Office office;
+        support::furnish(office);
+        support::WindowWalk walk(office.mod);
+        walk.each([](const QString& name, QWidget& window) {
+            const support::InCase in(name);
+            QCOMPARE(nameless(window).join(", "), QString());
+        });
     }
 
     void windowsOpenWithTheFocusOnTheirFirstControl() {

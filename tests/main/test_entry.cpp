@@ -1,11 +1,13 @@
+#include "schema/creation.h"
 #include "main/entry.h"
 
 #include <QSignalSpy>
 
+#include "copies/backup.h"
 #include "core/backupfolder.h"
 #include "main/program.h"
 #include "platform/folders.h"
-#include "schema/backup.h"
+#include "copies/backup.h"
 #include "schema/office.h"
 #include "support/cases.h"
 #include "support/driver.h"
@@ -79,68 +81,44 @@ class TestEntry : public QObject {
     Q_OBJECT
 private slots:
     void theFolderIsFoundOrAskedFor() {
+        const QString ask = "Επιλογή Υποκαταλόγου dorvalist.mdb ...", here = "γραφείο α", empty = "άδειος φάκελος",
+                      noFile = noBase + QString::number(data::adoErrorNumber(data::ErrorCategory::Connection)) + " *",
+                      noFiles = "Δεν υπάρχουν στο [ *ΑΔΕΙΟΣ ΦΑΚΕΛΟΣ ]\nτα αρχεία του προγράμματος",
+                      noUsers =
+                          "Δεν υπάρχουν στο [ *ΓΡΑΦΕΙΟ Α ]\n όλα τα αρχεία του προγράμματος! (Λείπει το "
+                          "Dorvalistu.mdb!!!)";
         struct Case {
             const char* name;
-            std::function<void(Site&)> prepare;
-            QStringList folders;  // the answers; relative to the scratch folder
+            bool known;           // from an earlier run
+            QString missing;      // a file of the office
+            QStringList answers;  // folders, beside the office
             Outcome outcome;
             QStringList told;
-            bool remembered;
         };
-        const QString ask = "Επιλογή Υποκαταλόγου dorvalist.mdb ...",
-                      noConnection =
-                          noBase + QString::number(data::adoErrorNumber(data::ErrorCategory::Connection)) + " *";
-        const auto known = [](Site& site) { site.stored(site.office); };
-        const auto nothing = [](Site& site) { QDir().mkpath(site.directory.filePath("άδειος φάκελος")); };
         const Case cases[] = {
-            {"a normal run", known, {}, Outcome::Logon, {}, true},
-            {"a first run", nothing, {"γραφείο α"}, Outcome::Logon, {ask}, true},
-            {"cancelled", nothing, {""}, Outcome::End, {ask}, false},
-            {"no such folder",
-             nothing,
-             {"πουθενά", ""},
-             Outcome::End,
-             {ask, "Δεν υπάρχει το directory */πουθενά", ask},
-             false},
-            {"a folder without the files",
-             nothing,
-             {"άδειος φάκελος", "γραφείο α"},
-             Outcome::Logon,
-             {ask, noConnection, "Δεν υπάρχουν στο [ *ΑΔΕΙΟΣ ΦΑΚΕΛΟΣ ]\nτα αρχεία του προγράμματος", ask},
-             true},
-            {"without the users' file",
-             [](Site& site) {
-                 site.stored(site.office);
-                 QFile::remove(site.users());
-             },
-             {},
-             Outcome::End,
-             {noConnection,
-              "Δεν υπάρχουν στο [ *ΓΡΑΦΕΙΟ Α ]\n όλα τα αρχεία του προγράμματος! (Λείπει το Dorvalistu.mdb!!!)"},
-             true},
-            {"without the main file",
-             [](Site& site) {
-                 site.stored(site.office);
-                 QFile::remove(site.main());
-             },
-             {""},
-             Outcome::End,
-             {ask},
-             true},
-        };
+            {"a normal run", true, "", {}, Outcome::Logon, {}},
+            {"a first run", false, "", {here}, Outcome::Logon, {ask}},
+            {"cancelled", false, "", {""}, Outcome::End, {ask}},
+            {"no folder", false, "", {"πουθενά", ""}, Outcome::End, {ask, "Δεν υπάρχει το directory */πουθενά", ask}},
+            {"without the files", false, "", {empty, here}, Outcome::Logon, {ask, noFile, noFiles, ask}},
+            {"without the users' file", true, "dorvalistu.mdb", {}, Outcome::End, {noFile, noUsers}},
+            {"without the main file", true, "dorvalist.mdb", {""}, Outcome::End, {ask}}};
         for (const Case& c : cases) {
             const support::InCase in(c.name);
             Site site;
-            c.prepare(site);
-            for (const QString& folder : c.folders)
+            QDir(site.directory.path()).mkdir(empty);
+            if (c.known) site.stored(site.office);
+            if (!c.missing.isEmpty()) QVERIFY(QDir(site.office).remove(c.missing));
+            for (const QString& folder : c.answers)
                 site.desk.prompts.answerFolder(folder.isEmpty() ? folder : site.directory.filePath(folder));
             QCOMPARE(site.run(), c.outcome);
             const QStringList told = site.told();
             QCOMPARE(told.size(), c.told.size());
             for (int i = 0; i < told.size(); ++i) QVERIFY2(fits(told[i], c.told[i]), qPrintable(told[i]));
-            QCOMPARE(site.stored(), c.remembered ? site.office : "none");
-            QCOMPARE(site.mod.gConn.isOpen() && site.mod.gConnUsers.isOpen(), c.outcome == Outcome::Logon);
-            QVERIFY(QDir(site.directory.filePath("άδειος φάκελος")).isEmpty());
+            const bool started = c.outcome == Outcome::Logon;
+            QCOMPARE(site.stored(), c.known || started ? site.office : "none");
+            QCOMPARE(site.mod.gConn.isOpen() && site.mod.gConnUsers.isOpen(), started);
+            QVERIFY(QDir(site.directory.filePath(empty)).isEmpty());
         }
     }
 
@@ -183,7 +161,7 @@ private slots:
             KnownSite site;
             const QDateTime made = site.desk.clock.now().addDays(-2);
             const QString copy = core::backupName(site.office, made, core::BackupKind::Daily);
-            schema::backupOffice(site.office, site.copies + '/' + copy, {.now = made});
+            copies::backupOffice(site.office, site.copies + '/' + copy, {.now = made});
             const QString damaged = main ? site.main() : site.users(), whole = main ? site.users() : site.main();
             const QByteArray before = contents(whole);
             write(damaged, noise);

@@ -1,7 +1,7 @@
 #include <QMdiArea>
 #include <QSignalSpy>
 
-#include "core/printout.h"
+#include "core/printsettings.h"
 #include "main/mdimain.h"
 #include "support/cases.h"
 #include "support/driver.h"

@@ -1,3 +1,5 @@
+#include <QDialogButtonBox>
+#include <QMessageBox>
 #include "platform/prompts.h"
 #include "platform/sound.h"
 #include "support/cases.h"

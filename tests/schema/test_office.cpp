@@ -1,5 +1,8 @@
-#include "data/password.h"
+#include "copies/upgradecopy.h"
+#include "data/opening/password.h"
 #include "schema/check.h"
+#include "schema/creation.h"
+#include "schema/office.h"
 #include "schema/upgrade.h"
 #include "support/cases.h"
 #include "support/failure.h"
@@ -114,7 +117,8 @@ private slots:
             schema::createOffice(folder, {u"x"_s, {}});
             for (const Database database : schema::allDatabases) {
                 data::Connection connection;
-                schema::open(connection, schema::connectionString(database, schema::databasePath(folder, database)));
+                copies::openUpgraded(connection,
+                                     schema::connectionString(database, schema::databasePath(folder, database)));
                 QVERIFY2(connection.isOpen(), qPrintable(name));
             }
         }
@@ -151,7 +155,8 @@ private slots:
         VERIFY_FAILURE(u"έχει ήδη πίνακες", schema::createOffice(parent.filePath(u"b"_s), wanted));
         for (const Database database : schema::allDatabases) {
             data::Connection connection;
-            schema::open(connection, schema::connectionString(database, schema::databasePath(folder, database)));
+            copies::openUpgraded(connection,
+                                 schema::connectionString(database, schema::databasePath(folder, database)));
             QCOMPARE(schema::findings(connection, database), QStringList());
         }
         dropServerOf(folder);
@@ -162,9 +167,9 @@ private slots:
         office.closeBoth();
         data::Connection connection;
         VERIFY_FAILURE(u"είναι η κύρια βάση",
-                       schema::open(connection, schema::connectionString(Database::Users, office.mainFile())));
+                       copies::openUpgraded(connection, schema::connectionString(Database::Users, office.mainFile())));
         VERIFY_FAILURE(u"είναι η βάση των χρηστών",
-                       schema::open(connection, schema::connectionString(Database::Main, office.usersFile())));
+                       copies::openUpgraded(connection, schema::connectionString(Database::Main, office.usersFile())));
         QVERIFY(!connection.isOpen());
     }
 
@@ -177,9 +182,9 @@ private slots:
             const QByteArray before = bytesOf(office.mainFile());
             data::Connection connection;
             const QString string = schema::connectionString(Database::Main, office.mainFile());
-            VERIFY_FAILURE(part, schema::open(connection, string));
+            VERIFY_FAILURE(part, copies::openUpgraded(connection, string));
             if (part == newer)
-                VERIFY_FAILURE(QString::number(schema::currentVersion), schema::open(connection, string));
+                VERIFY_FAILURE(QString::number(schema::currentVersion), copies::openUpgraded(connection, string));
             QVERIFY(!connection.isOpen());
             QCOMPARE(bytesOf(office.mainFile()), before);
         }
@@ -189,7 +194,8 @@ private slots:
         ScratchOffice office;
         schema::storeVersion(office.main, 731);  // stays in the journal while this connection is open
         data::Connection second;
-        VERIFY_FAILURE(u"(731)", schema::open(second, schema::connectionString(Database::Main, office.mainFile())));
+        VERIFY_FAILURE(u"(731)",
+                       copies::openUpgraded(second, schema::connectionString(Database::Main, office.mainFile())));
     }
 
     void findingsNameTheDamage() {

@@ -1,7 +1,7 @@
 #include <QRandomGenerator>
 
 #include "data/dialect/enginedialect.h"
-#include "data/fold.h"
+#include "data/values/fold.h"
 #include "support/cases.h"
 #include "support/failure.h"
 #include "support/officefolder.h"
@@ -138,7 +138,7 @@ private slots:
             data::Transaction transaction(office.main);
             data::Engine& engine = office.main.engine();
             const QByteArray mark = engine.dialect().parameter(1);
-            for (int i = 0; i < data::Translation::probeLimit + 50; ++i)
+            for (int i = 0; i < data::dialect::Translation::probeLimit + 50; ++i)
                 engine.execute("INSERT INTO \"History\" (\"ΑΙΤΙΟΛΟΓΙΑ\") VALUES (" + mark + ')',
                                {i % 5000 == 0 ? u"Σπάνια πώληση"_s : u"Πώληση"_s});
             office.main.execute(u"update History set ΗΜΕΡΟΜΗΝΙΑ='23/11/2026' where aa<30"_s);

@@ -3,20 +3,17 @@
 #include <QTabWidget>
 
 #include "cards/frmaddress.h"
-#include "cards/frmcategory.h"
 #include "cards/frmfind.h"
 #include "cards/frmhistory.h"
-#include "cards/frmlink.h"
 #include "cards/historyreport.h"
 #include "controls/theme.h"
+#include "copies/upgradecopy.h"
 #include "core/printpreview.h"
 #include "core/workprogress.h"
-#include "main/mdimain.h"
-#include "schema/demo.h"
+#include "demo/demo.h"
+#include "schema/creation.h"
 #include "schema/office.h"
-#include "support/services.h"
-#include "users/frmlogon.h"
-#include "users/frmowner.h"
+#include "support/windowwalk.h"
 
 using namespace Qt::Literals::StringLiterals;
 
@@ -27,12 +24,13 @@ struct Studio {
         const QString office = directory.filePath("office");
         schema::createOffice(office, {u"admin"_s, QString::fromUtf8(DORV_REFERENCE)});
         using schema::Database;
-        schema::open(mod.gConn, schema::connectionString(Database::Main, schema::mainDatabasePath(office)));
-        schema::open(mod.gConnUsers, schema::connectionString(Database::Users, schema::usersDatabasePath(office)));
-        schema::DemoOptions options;
+        copies::openUpgraded(mod.gConn, schema::connectionString(Database::Main, schema::mainDatabasePath(office)));
+        copies::openUpgraded(mod.gConnUsers,
+                             schema::connectionString(Database::Users, schema::usersDatabasePath(office)));
+        demo::DemoOptions options;
         options.cards = 1000;
         options.referenceDate = desk.clock.today();
-        schema::fillDemo(mod.gConn, mod.gConnUsers, options);
+        demo::fillDemo(mod.gConn, mod.gConnUsers, options);
         mod.gUserName = u"Admin"_s;
         mod.gUserGroup = core::groupAdministrators;
         const std::pair<const char*, const char*> owner[] = {{"Name", "Γραφείο Επίδειξης"},
@@ -62,23 +60,25 @@ private:
     QString folder_, suffix_;
 };
 
-void shootSettings(Studio& studio, const Album& album) {
+// Every window as it opens.
+void shootAll(Studio& studio, const Album& album) {
+    support::WindowWalk walk(studio.mod);
+    walk.each([&album](const QString& name, QWidget& window) { album.take(window, name); });
+}
+
+// What a window shows only after something was done in it.
+void shootPanels(Studio& studio, const Album& album) {
     entry::MDIMain window(studio.mod);
     window.load();
-    const std::pair<const char*, const char*> shots[] = {
-        {"mnuCategory", "categories"}, {"mnuFieldsCard", "fields"}, {"mnuFieldsHistory", "fields-history"}};
-    for (const auto& [menu, name] : shots) {
-        window.show();
-        window.menu(menu)->trigger();
-        album.take(window, name);
-        window.windows().unloadAll();
-        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    window.show();
+    const std::tuple<QString, QString, QString> shots[] = {{u"frmCombos"_s, u"mnuNewTimh"_s, u"lists-edit"_s},
+                                                           {u"frmUsers"_s, u"mnuEditUser"_s, u"users-edit"_s}};
+    for (const auto& [form, command, name] : shots) {
+        QWidget& shown = *window.windows().front(form);
+        shown.findChild<QAction*>(command)->trigger();
+        album.take(shown, name);
+        studio.desk.prompts.answer(true);
     }
-    auto* lists = qobject_cast<cards::frmCombos*>(window.windows().front("frmCombos"));
-    lists->setList(1);
-    album.take(*lists, "lists");
-    lists->newRow();
-    album.take(*lists, "lists-edit");
 }
 
 void shootCardDialogs(Studio& studio, const Album& album) {
@@ -87,23 +87,11 @@ void shootCardDialogs(Studio& studio, const Album& album) {
     movement.MovementId = 1;
     movement.load();
     album.take(movement, "movement");
-    cards::frmLink link(studio.mod, nullptr, [] {});
-    link.load();
-    album.take(link, "link");
-}
-
-void shootJournal(Studio& studio, const Album& album) {
-    entry::MDIMain window(studio.mod);
-    window.load();
-    window.show();
-    window.menu("MnuΗμερολόγιο")->trigger();
-    album.take(window, "journal");
 }
 
 void shootCards(Studio& studio, const Album& album) {
     entry::MDIMain window(studio.mod);
     window.load();
-    album.take(window, "main");
     window.menu("mnuCards")->trigger();
     auto* card = qobject_cast<cards::frmAddress*>(window.windows().find("frmAddress"));
     data::Recordset withPhoto(
@@ -167,19 +155,6 @@ void shootPrints(Studio& studio, const Album& album) {
     album.take(*QApplication::activeModalWidget(), "print-progress");
 }
 
-void shootUsers(Studio& studio, const Album& album) {
-    entry::MDIMain window(studio.mod);
-    window.load();
-    window.show();
-    window.menu("mnuPass")->trigger();
-    album.take(*window.windows().find("frmAdmin"), "admin");
-    window.menu("mnuUsers")->trigger();
-    QWidget& users = *window.windows().find("frmUsers");
-    album.take(window, "users");
-    users.findChild<QAction*>("mnuEditUser")->trigger();
-    album.take(users, "users-edit");
-}
-
 }  // namespace
 
 int main(int argc, char** argv) {
@@ -191,14 +166,9 @@ int main(int argc, char** argv) {
          {std::pair(controls::ThemeKind::Light, "light"), std::pair(controls::ThemeKind::Dark, "dark")}) {
         controls::applyTheme(app, kind);
         const Album album(QString::fromLocal8Bit(argv[1]), name + suffix);
-        users::frmLogon logon(studio.mod);
-        album.take(logon, "logon");
-        users::frmOwner owner(studio.mod);
-        album.take(owner, "owner");
+        shootAll(studio, album);
         shootCards(studio, album);
-        shootJournal(studio, album);
-        shootSettings(studio, album);
-        shootUsers(studio, album);
+        shootPanels(studio, album);
         shootPrints(studio, album);
     }
     return 0;

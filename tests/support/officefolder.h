@@ -5,8 +5,10 @@
 #include <QTemporaryDir>
 #include <map>
 
-#include "data/fileidentity.h"
+#include "copies/upgradecopy.h"
+#include "data/opening/fileidentity.h"
 #include "data/recordset.h"
+#include "schema/creation.h"
 #include "schema/office.h"
 #include "support/testengine.h"
 
@@ -18,7 +20,7 @@ using namespace Qt::Literals::StringLiterals;
 inline void dropServerOf(const QString& folder) {
     for (const QString& file : {schema::mainDatabasePath(folder), schema::usersDatabasePath(folder)})
         if (data::identifyFile(file).kind == data::FileKind::ServerDescription)
-            data::dropPgDatabase(data::readServerDescription(file));
+            data::postgres::dropPgDatabase(data::readServerDescription(file));
 }
 
 class OfficeFolder {
@@ -48,8 +50,8 @@ public:
 
     void open(data::Connection& main, data::Connection& users) const {
         using schema::Database;
-        schema::open(main, schema::connectionString(Database::Main, mainFile()));
-        schema::open(users, schema::connectionString(Database::Users, usersFile()));
+        copies::openUpgraded(main, schema::connectionString(Database::Main, mainFile()));
+        copies::openUpgraded(users, schema::connectionString(Database::Users, usersFile()));
     }
 
     QTemporaryDir directory_;  // free beside the office

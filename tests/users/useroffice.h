@@ -1,7 +1,7 @@
 // An office with users.
 #pragma once
 
-#include "data/password.h"
+#include "data/opening/password.h"
 #include "support/office.h"
 #include "users/credentials.h"
 

@@ -1,0 +1,58 @@
+#include "cards/windows.h"
+
+#include "cards/frmaddress.h"
+#include "cards/frmcategory.h"
+#include "cards/frmfields.h"
+#include "cards/frmfind.h"
+#include "cards/frmhistory.h"
+#include "cards/frmhmerologio.h"
+#include "cards/frmlink.h"
+
+using namespace Qt::Literals::StringLiterals;
+
+namespace cards {
+
+namespace {
+
+void addForms(core::Windows& windows, core::MainMod& mod) {
+    windows.add(u"frmAddress"_s, [&mod] { return new frmAddress(mod); });
+    windows.add(u"frmCategory"_s, [&mod] { return new frmCategory(mod); });
+    windows.add(u"frmCombos"_s, [&mod] { return new frmCombos(mod); });
+    windows.add(u"frmFields"_s, [&mod] { return new frmFields(mod); });
+    windows.add(u"frmFields1"_s, [&mod] { return new frmFields1(mod); });
+    windows.add(u"frmHmerologio"_s, [&mod] { return new frmHmerologio(mod); });
+}
+
+void addDialogs(core::Windows& windows, core::MainMod& mod) {
+    windows.addDialog(u"frmFind"_s, [&mod](QWidget* parent) {
+        return std::make_unique<frmFind>(mod, parent, [&mod](const FoundCard& card) { mod.doors.openCard(card.code); });
+    });
+    windows.addDialog(u"frmHistory"_s, [&mod](QWidget* parent) {
+        auto movement = std::make_unique<frmHistory>(mod, parent, [](qint64) {});
+        movement->load();
+        return movement;
+    });
+    windows.addDialog(u"frmLink"_s, [&mod](QWidget* parent) {
+        auto link = std::make_unique<frmLink>(mod, parent, [] {});
+        link->load();
+        return link;
+    });
+}
+
+}  // namespace
+
+void addWindows(core::Windows& windows, core::MainMod& mod) {
+    addForms(windows, mod);
+    addDialogs(windows, mod);
+    mod.doors.openCard = [&windows](qint64 code) {
+        if (auto* card = qobject_cast<frmAddress*>(windows.front(u"frmAddress"_s))) card->goTo(code);
+    };
+    mod.doors.openValues = [&windows](int list) {
+        if (auto* values = qobject_cast<frmCombos*>(windows.front(u"frmCombos"_s))) values->setList(list);
+    };
+    mod.doors.listsChanged = [&windows] {
+        if (auto* card = qobject_cast<frmAddress*>(windows.find(u"frmAddress"_s))) card->refillLists();
+    };
+}
+
+}  // namespace cards

@@ -1,0 +1,43 @@
+#include "core/dialog.h"
+
+#include <QPushButton>
+#include <QScreen>
+
+#include "controls/theme.h"
+#include "core/form.h"
+
+namespace core {
+
+void placeOver(QWidget& window, const QWidget* part, QPoint offset) {
+    const QWidget* below = part;
+    while (!below->isWindow() && !qobject_cast<const Form*>(below)) below = below->parentWidget();
+    const QPoint corner =
+        below->mapToGlobal(QPoint()) + QPoint(controls::toPixels(offset.x()), controls::toPixels(offset.y()));
+    window.move(fitInto({corner, window.size()}, below->screen()->availableGeometry()).topLeft());
+}
+
+Dialog::Dialog(MainMod& mod, QWidget* parent, const QString& name, const QString& caption)
+    : QDialog(parent), Guarded(mod, this) {
+    setObjectName(name);
+    setWindowTitle(caption);
+}
+
+void Dialog::reject() {
+    if (!fields_.isChanged() || ask(unsavedQuestion_)) QDialog::reject();
+}
+
+void Dialog::keyPressEvent(QKeyEvent* event) {
+    if (!takesEnter(*event)) QDialog::keyPressEvent(event);
+}
+
+void Dialog::showEvent(QShowEvent* event) {
+    if (!std::exchange(shown_, true)) {
+        beepForRefusedDates();
+        // The toolkit would make the first button the one that Enter presses from anywhere.
+        for (QPushButton* button : findChildren<QPushButton*>())
+            if (!button->isDefault()) button->setAutoDefault(false);
+    }
+    QDialog::showEvent(event);
+}
+
+}  // namespace core

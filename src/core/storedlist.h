@@ -1,0 +1,28 @@
+// A list that keeps the widths of its columns from one showing to the next.
+#pragma once
+
+#include "controls/listview.h"
+#include "platform/settings.h"
+
+namespace core {
+
+// The widths lie in the settings in a section of the list's own, a key per column, in twips. Shown, the list has the
+// widths that were stored there; hidden, it stores its own.
+class StoredList : public controls::ListView {
+    Q_OBJECT
+public:
+    // `spokenName` names the list for a screen reader. The settings outlive the list.
+    StoredList(platform::Settings& settings, const QString& name, const QString& spokenName, const QString& section,
+               QVector<controls::ListColumn> columns);
+
+protected:
+    void hideEvent(QHideEvent* event) override;
+
+private:
+    void storeWidths();
+
+    platform::Settings& settings_;
+    QString section_;
+};
+
+}  // namespace core
