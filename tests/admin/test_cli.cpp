@@ -22,11 +22,7 @@ class TestCli : public QObject {
         dropServerOf(folder);
         QDir(folder).removeRecursively();
     }
-    void spoil(const QByteArray& script) {
-        data::Connection main;
-        copies::openUpgraded(main, schema::connectionString(schema::Database::Main, schema::mainDatabasePath(office_)));
-        main.engine().script(script);
-    }
+    void spoil(const QByteArray& script) { Databases(office_).main.engine().script(script); }
 
     void restoreOnTheServer(const QString& file) {
         QCOMPARE(runTool({u"sql"_s, office_, u"delete from Cards"_s, u"--write"_s}).code, 0);

@@ -91,11 +91,9 @@ private slots:
         QCOMPARE(copies::checkBackup(site.file).rows, info.rows);
 
         QVERIFY(copies::restoreOffice(site.file, site.other).isEmpty());
-        data::Connection main, users;
-        copies::openUpgraded(main, schema::connectionString(Database::Main, schema::mainDatabasePath(site.other)));
-        copies::openUpgraded(users, schema::connectionString(Database::Users, schema::usersDatabasePath(site.other)));
-        QCOMPARE(site.cards(main), u"400"_s);
-        QVERIFY(data::verifyPassword(firstText(users, u"select Pass from Admin"_s), u"secret"_s));
+        Databases copy(site.other);
+        QCOMPARE(site.cards(copy.main), u"400"_s);
+        QVERIFY(data::verifyPassword(firstText(copy.users, u"select Pass from Admin"_s), u"secret"_s));
     }
 
     // The sum of both tables never changes, so a copy in which it did was made at two moments.
@@ -120,11 +118,10 @@ private slots:
             QVERIFY(waits > 2);
             QDir(site.other).removeRecursively();
             copies::restoreOffice(site.file, site.other);
-            data::Connection copy;
-            copies::openUpgraded(copy, schema::connectionString(Database::Main, schema::mainDatabasePath(site.other)));
-            const QString total = firstText(copy, u"select total from Cards where code=1"_s);
+            Databases copy(site.other);
+            const QString total = firstText(copy.main, u"select total from Cards where code=1"_s);
             QVERIFY(total.toInt() < 0);
-            QCOMPARE(firstText(copy, u"select count(*) from Calls"_s).toInt(), -total.toInt());
+            QCOMPARE(firstText(copy.main, u"select count(*) from Calls"_s).toInt(), -total.toInt());
         }
     }
 

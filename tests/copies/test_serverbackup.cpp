@@ -64,6 +64,10 @@ QString count(data::Connection& connection) {
     return firstText(connection, u"select count(*) from Cards"_s);
 }
 
+QStringList allFindings(Databases& office) {
+    return schema::findings(office.main, Database::Main) + schema::findings(office.users, Database::Users);
+}
+
 // The server's housekeeping computes what indexes stand on, and knows nothing of the program's search path.
 void analyze(data::Engine& engine) {
     engine.script(
@@ -98,8 +102,8 @@ private slots:
         data::ServerDescription place = other.server();
         place.schema = u"νέο γραφείο"_s;
         copies::restoreOffice(site.file, folder, {.server = place});
-        data::Connection main;
-        copies::openUpgraded(main, schema::connectionString(Database::Main, schema::mainDatabasePath(folder)));
+        Databases restored(folder);
+        data::Connection& main = restored.main;
         QVERIFY(count(main).toInt() >= before && count(main).toInt() < before + written);
         QCOMPARE(schema::findings(main, Database::Main), QStringList());
         for (data::Connection* connection : {&site.office.main, &main}) analyze(connection->engine());
@@ -113,10 +117,9 @@ private slots:
         const OtherDatabase other(site.office.main, " LOCALE_PROVIDER libc LOCALE 'C' ENCODING 'UTF8'");
         const QString folder = site.scratch.filePath(u"άλλο"_s), third = site.scratch.filePath(u"τρίτο"_s);
         QVERIFY(copies::restoreOffice(site.file, folder, {.server = other.server()}).isEmpty());
-        data::Connection main, users;
-        copies::openUpgraded(main, schema::connectionString(Database::Main, schema::mainDatabasePath(folder)));
-        copies::openUpgraded(users, schema::connectionString(Database::Users, schema::usersDatabasePath(folder)));
-        QCOMPARE(schema::findings(main, Database::Main) + schema::findings(users, Database::Users), QStringList());
+        Databases restored(folder);
+        data::Connection& main = restored.main;
+        QCOMPARE(allFindings(restored), QStringList());
         QVERIFY(schema::hindrances(main, Database::Main).value(0).contains(u"γράμματα"));
         QCOMPARE(copies::rowCounts(main), copies::rowCounts(site.office.main));
         QCOMPARE(firstText(main, u"select σχολια from Cards where code=7"_s),
@@ -153,10 +156,9 @@ private slots:
         // The living office has the name that stands in the dump.
         QVERIFY(copies::restoreOffice(site.file, folder, {.server = beside}).isEmpty());
         QCOMPARE(count(site.office.main), u"0"_s);
-        data::Connection copy;
-        copies::openUpgraded(copy, schema::connectionString(Database::Main, schema::mainDatabasePath(folder)));
-        QCOMPARE(count(copy), u"299"_s);
-        copy.close();
+        Databases copy(folder);
+        QCOMPARE(count(copy.main), u"299"_s);
+        copy.closeBoth();
         for (const Database database : schema::allDatabases)
             data::postgres::dropPgDatabase(schema::serverFor(beside, database));
     }
@@ -181,9 +183,7 @@ private slots:
             QVERIFY2(result == -SIGKILL, qPrintable(where));
             site.office.openBoth();
             QCOMPARE(count(site.office.main), u"0"_s);
-            QCOMPARE(schema::findings(site.office.main, Database::Main) +
-                         schema::findings(site.office.users, Database::Users),
-                     QStringList());
+            QCOMPARE(allFindings(site.office), QStringList());
             site.office.closeBoth();
         }
         const QStringList aside = copies::restoreOffice(site.file, folder, {.force = true, .now = moment});

@@ -115,12 +115,8 @@ private slots:
             QTemporaryDir parent;
             const QString folder = parent.filePath(name);
             schema::createOffice(folder, {u"x"_s, {}});
-            for (const Database database : schema::allDatabases) {
-                data::Connection connection;
-                copies::openUpgraded(connection,
-                                     schema::connectionString(database, schema::databasePath(folder, database)));
-                QVERIFY2(connection.isOpen(), qPrintable(name));
-            }
+            const Databases opened(folder);
+            QVERIFY2(opened.main.isOpen() && opened.users.isOpen(), qPrintable(name));
         }
     }
 
@@ -153,12 +149,10 @@ private slots:
         wanted.referenceFolder.clear();
         schema::createOffice(folder, wanted);  // the schemas of the failure are free again
         VERIFY_FAILURE(u"έχει ήδη πίνακες", schema::createOffice(parent.filePath(u"b"_s), wanted));
-        for (const Database database : schema::allDatabases) {
-            data::Connection connection;
-            copies::openUpgraded(connection,
-                                 schema::connectionString(database, schema::databasePath(folder, database)));
-            QCOMPARE(schema::findings(connection, database), QStringList());
-        }
+        Databases made(folder);
+        QCOMPARE(schema::findings(made.main, Database::Main), QStringList());
+        QCOMPARE(schema::findings(made.users, Database::Users), QStringList());
+        made.closeBoth();
         dropServerOf(folder);
     }
 

@@ -17,7 +17,7 @@ public:
     }
 
     // A further seat on the same folder.
-    void open(core::MainMod& seat) { OfficeFolder::open(seat.gConn, seat.gConnUsers); }
+    void open(core::MainMod& seat) { openDatabases(folder(), seat.gConn, seat.gConnUsers); }
 
     qint64 addCard(const QString& surname, const QString& name, const QVariantMap& more = {}) {
         data::Recordset card(mod.gConn, u"Select * from cards where code=0"_s);

@@ -23,6 +23,24 @@ inline void dropServerOf(const QString& folder) {
             data::postgres::dropPgDatabase(data::readServerDescription(file));
 }
 
+inline void openDatabases(const QString& folder, data::Connection& main, data::Connection& users) {
+    using schema::Database;
+    copies::openUpgraded(main, schema::connectionString(Database::Main, schema::mainDatabasePath(folder)));
+    copies::openUpgraded(users, schema::connectionString(Database::Users, schema::usersDatabasePath(folder)));
+}
+
+// Both of an office's databases.
+struct Databases {
+    Databases() = default;
+    explicit Databases(const QString& folder) { openDatabases(folder, main, users); }
+    void closeBoth() {
+        main.close();
+        users.close();
+    }
+
+    data::Connection main, users;
+};
+
 class OfficeFolder {
 public:
     explicit OfficeFolder(const QString& adminPassword, const QString& referenceFolder = {},
@@ -48,29 +66,17 @@ public:
     QString mainFile() const { return schema::mainDatabasePath(folder()); }
     QString usersFile() const { return schema::usersDatabasePath(folder()); }
 
-    void open(data::Connection& main, data::Connection& users) const {
-        using schema::Database;
-        copies::openUpgraded(main, schema::connectionString(Database::Main, mainFile()));
-        copies::openUpgraded(users, schema::connectionString(Database::Users, usersFile()));
-    }
-
     QTemporaryDir directory_;  // free beside the office
 };
 
 // With its two databases open, without a program around them; Admin's password is "secret".
-class ScratchOffice : public OfficeFolder {
+class ScratchOffice : public OfficeFolder, public Databases {
 public:
     explicit ScratchOffice(const QString& referenceFolder = {}, bool onServer = testengine::isPostgres())
         : OfficeFolder(u"secret"_s, referenceFolder, onServer) {
         openBoth();
     }
-    void openBoth() { open(main, users); }
-    void closeBoth() {
-        main.close();
-        users.close();
-    }
-
-    data::Connection main, users;
+    void openBoth() { openDatabases(folder(), main, users); }
 };
 
 // The first cell of a statement's first row, Null when there is none.
