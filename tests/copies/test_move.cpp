@@ -113,10 +113,11 @@ class TestMove : public QObject {
         transaction.commit();
         return folder;
     }
-    // A small office in files, with one thing in it that `script` put there behind the program's back.
-    QString smallOffice(const QByteArray& script = {}) {
+    // A small office, in files if there is no server, with one thing in it that `script` put there behind the program's
+    // back.
+    QString smallOffice(const QByteArray& script = {}, const std::optional<data::ServerDescription>& server = {}) {
         const QString folder = newFolder();
-        schema::createOffice(folder, {u"x"_s, {}, {}});
+        schema::createOffice(folder, {u"x"_s, {}, server});
         const auto main = open(folder, Database::Main);
         data::Transaction all(*main);
         for (int i = 0; i < 900; ++i) main->execute(u"insert into Cards (ΕΠΩΝΥΜΟ) values ('Επαφή %1')"_s.arg(i));
@@ -182,7 +183,7 @@ private slots:
 
     void aBrokenOffMoveLeavesNothing() {
         for (const bool toServer : {true, false}) {
-            const QString from = newOffice(newServerIf(!toServer));
+            const QString from = smallOffice({}, newServerIf(!toServer));
             const QByteArray before = contents(from);
             for (const QString& where : {u"Έλεγχος του dorvalist.mdb"_s, u"Μεταφορά του dorvalist.mdb"_s,
                                          u"Μεταφορά του dorvalistu.mdb"_s, u"Σύγκριση του dorvalistu.mdb"_s}) {

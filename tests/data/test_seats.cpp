@@ -108,7 +108,7 @@ private slots:
 
     // A seat killed at any moment loses nothing that it reported as saved and leaves nothing half written.
     void killedWhileSaving() {
-        const int kills = testengine::isPostgres() ? 20 : 200;  // there it is the server's own promise
+        const int kills = testengine::isPostgres() ? 20 : 100;  // there it is the server's own promise
         one_.close();
         two_.close();
         QRandomGenerator random(11);

@@ -12,7 +12,7 @@ using namespace support;
 class TestHammer : public QObject {
     Q_OBJECT
 
-    const int deeds = testengine::isPostgres() ? 10'000 : 3'000;  // each deed on files waits for the disk
+    const int deeds = testengine::isPostgres() ? 10'000 : 2'000;  // each deed on files waits for the disk
 
     hammer::Account together(const QString& folder, int workers) {
         std::vector<std::unique_ptr<QProcess>> processes;
