@@ -376,6 +376,7 @@ private slots:
         CardSite office{{"Α", "1"}};
         auto& card = office.card;
         card.press(Edit);
+        card.text(0)->setText("Β");
         for (const bool yes : {false, true}) {
             office.desk.prompts.answer(yes);
             QCOMPARE(card.form.unload(false, {10, 20}), yes);
