@@ -26,9 +26,10 @@ void cut(postgres::PgEngine& victim, const ServerDescription& server) {
     postgres::PgEngine other(server, {});
     other.query("SELECT pg_terminate_backend($1)", {victim.backendId()}, nullptr);
     // The session is gone when the server says so, not when it was told to go.
-    while (rowTexts(other, "SELECT count(*) FROM pg_stat_activity WHERE pid = $1", {victim.backendId()}) !=
-           QStringList("0")) {
-    }
+    const auto gone = [&] {
+        return rowTexts(other, "SELECT pid FROM pg_stat_activity WHERE pid = $1", {victim.backendId()}).isEmpty();
+    };
+    QVERIFY(QTest::qWaitFor(gone));
 }
 
 // The descriptors of this process that are sockets.
@@ -121,15 +122,10 @@ private slots:
         QVector<std::pair<QByteArray, int>> keys;
         for (int i = 0; i < names.size(); ++i) keys << std::pair(fold(names[i]).toUtf8(), i);
         std::sort(keys.begin(), keys.end());
-        QStringList wanted, found;
+        QStringList wanted;
         for (const auto& [key, i] : keys) wanted << names[i];
-        for (Recordset rows(connection, "select επωνυμο from Cards order by επωνυμο"); !rows.eof(); rows.moveNext())
-            found << rows.field(0).text();
-        QCOMPARE(found, wanted);
-        found.clear();
-        for (Recordset rows(connection, "select επωνυμο from Cards"); !rows.eof(); rows.moveNext())
-            found << rows.field(0).text();
-        QCOMPARE(found, names);
+        QCOMPARE(support::shownRows(connection, "select επωνυμο from Cards order by επωνυμο"), wanted);
+        QCOMPARE(support::shownRows(connection, "select επωνυμο from Cards"), names);
     }
 
     void lostConnection() {
@@ -153,8 +149,7 @@ private slots:
         insert();
         ::shutdown(mine[0].toInt(), SHUT_RD);
         VERIFY_FAILURE(u"πριν δοκιμάσετε ξανά", insert());
-        while (rowTexts(engine, "SELECT count(*) FROM \"Saves\"") != QStringList("2")) {
-        }
+        QTRY_COMPARE(rowTexts(engine, "SELECT count(*) FROM \"Saves\""), QStringList("2"));
     }
 
     // What was written before the loss is gone, so nothing behind it may be kept either.

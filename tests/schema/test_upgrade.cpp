@@ -2,6 +2,7 @@
 #include "schema/upgrade.h"
 #include "support/failure.h"
 #include "support/officefolder.h"
+#include "support/rowtexts.h"
 
 using namespace Qt::Literals::StringLiterals;
 using namespace support;
@@ -20,10 +21,7 @@ class TestUpgrade : public QObject {
                 }};
     }
     static QStringList categories(data::Connection& connection) {
-        QStringList names;
-        data::Recordset rows(connection, u"select Description from CardKategory order by code"_s);
-        for (; !rows.eof(); rows.moveNext()) names += rows.field(0).text();
-        return names;
+        return shownRows(connection, u"select Description from CardKategory order by code"_s);
     }
 
 private slots:

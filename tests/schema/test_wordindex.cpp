@@ -5,6 +5,7 @@
 #include "support/cases.h"
 #include "support/failure.h"
 #include "support/officefolder.h"
+#include "support/rowtexts.h"
 #include "support/sqlitetrace.h"
 
 using namespace Qt::Literals::StringLiterals;
@@ -125,10 +126,7 @@ private slots:
         office.main.execute(
             u"insert into History (codecards,ΗΜΕΡΟΜΗΝΙΑ,ΑΙΤΙΟΛΟΓΙΑ) values (3,'23/11/2026','Τιμολόγιο Τ-1234')"_s);
         forEach(cases, [&](const auto& one) {
-            QStringList codes;
-            for (data::Recordset rows(office.main, u"select code from Cards where "_s + one.where); !rows.eof();
-                 rows.moveNext())
-                codes += rows.field(0).text();
+            const QStringList codes = shownRows(office.main, u"select code from Cards where "_s + one.where);
             QCOMPARE(codes.join(u' '), one.codes);
         });
     }

@@ -3,7 +3,7 @@
 
 #include <QStringList>
 
-#include "data/engine.h"
+#include "data/recordset.h"
 
 namespace support {
 
@@ -39,6 +39,17 @@ inline QStringList rowTexts(data::Engine& engine, const QByteArray& sql, const Q
     RowTexts sink;
     engine.query(sql, parameters, &sink);
     return sink.rows;
+}
+
+// A statement's rows as a user reads them, their cells with a bar between them.
+inline QStringList shownRows(data::Connection& connection, const QString& sql) {
+    QStringList all;
+    for (data::Recordset rows(connection, sql); !rows.eof(); rows.moveNext()) {
+        QStringList cells;
+        for (int i = 0; i < rows.fieldCount(); ++i) cells << rows.field(i).text();
+        all << cells.join(u'|');
+    }
+    return all;
 }
 
 }  // namespace support
