@@ -365,7 +365,7 @@ private slots:
     void closingAsksForWhatWasTyped() {
         CardSite card{{"Α", "1"}};
         card.press(Edit);
-        card.text(0)->setText("Β");
+        card.type(surname, "Β");
         for (const bool yes : {false, true}) {
             card.desk.prompts.answer(yes);
             QCOMPARE(card.form.unload(false, {10, 20}), yes);
