@@ -86,6 +86,11 @@ private slots:
         auto* nameDay = card.combo("Combo3");
         const int maria = nameDay->findText("Μαρία   15/08");
         QVERIFY2(maria > 0, "the delivered name days have a Μαρία on 15/08");
+        // A name of several feasts has a line for each: the first choice, then the others through the year.
+        QStringList feasts;
+        for (int line = 0; line < nameDay->count(); ++line)
+            if (nameDay->itemText(line).startsWith("Άννα   ")) feasts += nameDay->itemText(line).right(5);
+        QCOMPARE(feasts, QStringList({"09/09", "03/02", "25/07", "29/10", "09/12"}));
         card.press(6);
         nameDay->setCurrentIndex(maria);
         card.date("txtDate")->setFormattedText("__/__/____");
