@@ -19,9 +19,8 @@ frmCombos::frmCombos(core::MainMod& mod)
           QString()) {}
 
 void frmCombos::setList(int number) {
-    if (isEditing() && number == number_) return;
     if (isEditing()) {
-        if (!queryUnload()) return;
+        if (number == number_ || !mayLose()) return;
         cancel();
     }
     number_ = number;

@@ -1,30 +1,29 @@
 #include "cards/frmfields.h"
 
+#include <QCheckBox>
 #include <QGridLayout>
-#include <QGroupBox>
-#include <QLabel>
-#include <QPushButton>
-#include <QVBoxLayout>
 
+#include "controls/boxes.h"
+#include "controls/fieldvalue.h"
+#include "controls/layout.h"
 #include "controls/names.h"
-#include "data/recordset.h"
+#include "core/customfields.h"
 
 using namespace Qt::Literals::StringLiterals;
 
 namespace cards {
 
 using controls::arrayName;
+using controls::Item;
 using controls::named;
 
 namespace {
-
-const QString rowSql = u"Select * from customfields where id=1"_s;
 
 const QVector<FieldGroup> cardGroups = {
     {u"Αλφαριθμητικά"_s, u"Πεδίο"_s, 10, u"FIELdchar"_s, u"Text1"_s, 0, 1, u"fc"_s, u"Check1"_s},
     {u"Αριθμητικά"_s, u"Πεδίο"_s, 6, u"FIELdnum"_s, u"Text2"_s, 0, 1, u"fn"_s, u"Check2"_s},
     {u"Ημερομηνίες"_s, u"Πεδίο"_s, 4, u"FIELddate"_s, u"Text3"_s, 0, 1, u"fd"_s, u"Check3"_s},
-    {u"Λίστες"_s, u"Πεδίο"_s, 4, u"FieldCombo"_s, u"Text3"_s, 7, -1, u"fcb"_s, u"Check3"_s},
+    {u"Λίστες"_s, u"Πεδίο"_s, 4, u"FieldCombo"_s, u"Text3"_s, 7, -1, u"fcb"_s, u"Check3"_s, true},
     {u"Κείμενα"_s, u"Κείμενο"_s, 6, u"Memo"_s, u"Text2"_s, 11, -1, {}, {}},
     {u"Επιλεκτικά"_s, u"Πεδίο"_s, 8, u"FieldYes"_s, u"Text4"_s, 1, 1, u"fy"_s, u"Check4"_s},
 };
@@ -37,24 +36,27 @@ const QVector<FieldGroup> historyGroups = {
 }  // namespace
 
 FieldsEditor::FieldsEditor(core::MainMod& mod, const QString& name, const QString& caption,
-                           const QVector<FieldGroup>& groups, int columns, bool editableLists)
-    : Form(mod, name, caption, {u"Fields"_s, 1000, 0}), editableLists_(editableLists) {
-    auto* layout = new QVBoxLayout(this);
-    layout->setContentsMargins(12, 10, 12, 10);
-    layout->setSpacing(10);
-    auto* stacks = new QHBoxLayout;
-    QVector<QVBoxLayout*> stack;
-    for (int i = 0; i < columns; ++i) {
-        stack.append(new QVBoxLayout);
-        stacks->addLayout(stack.last(), 1);
-    }
+                           const QVector<FieldGroup>& groups, int columns)
+    : Form(mod, name, caption, {u"Fields"_s, 1000, 0}), commands_(mod, this, commands()) {
+    unsavedQuestion_ = u"Οι αλλαγές των πεδίων δεν επικυρώθηκαν.\nΝα κλείσει χωρίς αυτές;"_s;
+    auto* stacks = controls::row({}, 10);
     // Two groups to a column keeps the columns of the card's fields about equally long.
-    for (int i = 0; i < groups.size(); ++i) stack[i * columns / int(groups.size())]->addWidget(buildGroup(groups[i]));
-    for (QVBoxLayout* column : stack) column->addStretch(1);
-    layout->addLayout(stacks);
-    auto* confirm = named(new QPushButton(u"Επικύρωση"_s), u"Command1"_s);
-    on(confirm, &QPushButton::clicked, [this] { this->confirm(); });
-    layout->addWidget(confirm, 0, Qt::AlignRight);
+    const int height = int(groups.size()) / columns;
+    for (int first = 0; first < groups.size(); first += height) {
+        auto* stack = new QVBoxLayout;
+        for (const FieldGroup& group : groups.mid(first, height)) stack->addWidget(buildGroup(group));
+        stack->addStretch(1);
+        stacks->addLayout(stack, 1);
+    }
+    controls::add(controls::pageLayout(this), {stacks, controls::row({Item::rest(), commands_.button(u"Command1"_s)})});
+}
+
+QVector<core::Command> FieldsEditor::commands() {
+    QVector<core::Command> all{{u"Command1"_s, {}, u"Επικύρωση"_s, {}, [this] { confirm(); }}};
+    for (int list = 1; list <= 4; ++list)
+        all.append(
+            {arrayName(u"cmdCombo"_s, list - 1), {}, u"Τιμές..."_s, {}, [this, list] { mod_.doors.openValues(list); }});
+    return all;
 }
 
 QGroupBox* FieldsEditor::buildGroup(const FieldGroup& group) {
@@ -62,77 +64,57 @@ QGroupBox* FieldsEditor::buildGroup(const FieldGroup& group) {
     auto* grid = new QGridLayout(box);
     grid->setContentsMargins(12, 8, 12, 10);
     grid->setVerticalSpacing(4);
-    const bool lists = group.step < 0 && !group.flagColumn.isEmpty();
-    if (!group.flagColumn.isEmpty()) grid->addWidget(new QLabel(u"ΕΝ"_s), 0, 1, Qt::AlignCenter);
+    const bool flagged = !group.flagColumn.isEmpty();
+    if (flagged) grid->addWidget(new QLabel(u"ΕΝ"_s), 0, 1, Qt::AlignCenter);
     grid->addWidget(new QLabel(u"Περιγραφή"_s), 0, 2);
     for (int i = 0; i < group.count; ++i) {
-        const QString caption = u"%1 %2"_s.arg(group.field).arg(i + 1);
+        const QString number = QString::number(i + 1), caption = group.field + u" "_s + number;
         const int index = group.textIndex + group.step * i;
-        Row row{group.captionColumn + QString::number(i + 1), QString(),
-                named(new controls::TextBox, arrayName(group.textArray, index)), nullptr};
-        row.text->setHighlighting(true);
-        row.text->setMinimumWidth(150);
-        auto* label = new QLabel(caption);
-        controls::tie(label, row.text);
-        row.text->setAccessibleName(group.frame + u", "_s + caption);
-        grid->addWidget(label, i + 1, 0);
-        if (!group.flagColumn.isEmpty()) {
-            row.flagColumn = group.flagColumn + QString::number(i + 1);
-            row.check = named(new QCheckBox, arrayName(group.checkArray, index));
-            row.check->setAccessibleName(group.frame + u", "_s + caption + u", εμφάνιση"_s);
-            grid->addWidget(row.check, i + 1, 1, Qt::AlignCenter);
+        auto* text = named(new controls::TextBox, arrayName(group.textArray, index));
+        text->setHighlighting(true);
+        text->setMinimumWidth(150);
+        grid->addWidget(controls::captionOf(caption, text), i + 1, 0);
+        if (flagged) {
+            auto* check = named(new QCheckBox, arrayName(group.checkArray, index));
+            grid->addWidget(check, i + 1, 1, Qt::AlignCenter);
+            addColumn(group.flagColumn + number, check, u"%1, %2, εμφάνιση"_s.arg(group.frame, caption));
         }
-        grid->addWidget(row.text, i + 1, 2);
-        if (lists && editableLists_) {
-            auto* values = named(new QPushButton(u"Τιμές..."_s), arrayName(u"cmdCombo"_s, i));
-            values->setAccessibleName(u"Τιμές λίστας %1"_s.arg(i + 1));
-            on(values, &QPushButton::clicked, [this, i] { mod_.doors.openValues(i + 1); });
+        grid->addWidget(text, i + 1, 2);
+        addColumn(group.captionColumn + number, text, u"%1, %2"_s.arg(group.frame, caption));
+        if (group.lists) {
+            auto* values = commands_.button(arrayName(u"cmdCombo"_s, i));
+            values->setAccessibleName(u"Τιμές λίστας "_s + number);
             grid->addWidget(values, i + 1, 3);
         }
-        rows_.append(row);
     }
     return box;
 }
 
-void FieldsEditor::onLoad() {
-    data::Recordset row(mod_.gConn, rowSql);
-    for (const Row& each : rows_) {
-        each.text->setText(row[each.captionColumn].text());
-        if (each.check) each.check->setChecked(row[each.flagColumn].toBool());
-    }
-    loaded_ = shown();
+void FieldsEditor::addColumn(const QString& name, QWidget* field, const QString& spokenName) {
+    field->setAccessibleName(spokenName);
+    fields_.watch(field);
+    columns_.append({name, field});
 }
 
-QStringList FieldsEditor::shown() const {
-    QStringList values;
-    for (const Row& row : rows_)
-        values << row.text->text() << (row.check && row.check->isChecked() ? u"1"_s : QString());
-    return values;
+void FieldsEditor::onLoad() {
+    core::CustomFields row(mod_.gConn);
+    for (const Column& column : columns_) controls::setFieldValue(column.field, row.value(column.name));
+    fields_.remember();
 }
 
 // Only what was changed here: another seat may have confirmed names of its own meanwhile.
 void FieldsEditor::confirm() {
-    if (loaded_.isEmpty()) return onLoad();  // what couldn't be read is not to be overwritten
-    data::Recordset row(mod_.gConn, rowSql);
-    const QStringList now = shown();
-    for (int i = 0; i < rows_.size(); ++i) {
-        const int text = 2 * i, flag = text + 1;
-        if (now[text] != loaded_[text]) row[rows_[i].captionColumn].setValue(now[text]);
-        if (now[flag] != loaded_[flag]) row[rows_[i].flagColumn].setValue(rows_[i].check->isChecked());
-    }
-    row.update();
-    confirmed_ = true;
+    if (!fields_.isRemembering()) return onLoad();  // what couldn't be read is not to be overwritten
+    core::CustomFields row(mod_.gConn);
+    for (const Column& column : columns_)
+        if (fields_.isChanged(column.field)) row.set(column.name, controls::fieldValue(column.field));
+    row.save();
+    fields_.remember();
     emit closeRequested();
 }
 
-bool FieldsEditor::queryUnload() {
-    if (confirmed_ || loaded_.isEmpty() || shown() == loaded_) return true;
-    return mod_.services.prompts.question(this, core::programTitle(),
-                                          u"Οι αλλαγές των πεδίων δεν επικυρώθηκαν.\nΝα κλείσει χωρίς αυτές;"_s);
-}
-
 frmFields::frmFields(core::MainMod& mod)
-    : FieldsEditor(mod, u"frmFields"_s, u"Παραμετρικά Πεδία Καρτέλας"_s, cardGroups, 3, true) {}
+    : FieldsEditor(mod, u"frmFields"_s, u"Παραμετρικά Πεδία Καρτέλας"_s, cardGroups, 3) {}
 
 frmFields1::frmFields1(core::MainMod& mod)
     : FieldsEditor(mod, u"frmFields1"_s, u"Παραμετρικά Πεδία Ιστορικού"_s, historyGroups, 1) {}

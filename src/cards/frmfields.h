@@ -1,13 +1,10 @@
 // The office's own fields: their captions and whether they are shown.
 #pragma once
 
-#include <QCheckBox>
-#include <functional>
+#include <QGroupBox>
 
-#include "controls/boxes.h"
+#include "core/commands.h"
 #include "core/form.h"
-
-class QGroupBox;
 
 namespace cards {
 
@@ -22,31 +19,28 @@ struct FieldGroup {
     int step;            // to the index of the next one; some arrays run backwards
     QString flagColumn;  // likewise; empty when the fields are always shown
     QString checkArray;
+    bool lists = false;  // each field is a list, with a button that opens its values
 };
 
 class FieldsEditor : public core::Form {
     Q_OBJECT
 protected:
-    // With `editableLists` each of the lists gets a button that opens its values.
     FieldsEditor(core::MainMod& mod, const QString& name, const QString& caption, const QVector<FieldGroup>& groups,
-                 int columns, bool editableLists = false);
+                 int columns);
     void onLoad() override;
-    bool queryUnload() override;
 
 private:
-    struct Row {
-        QString captionColumn, flagColumn;
-        controls::TextBox* text;
-        QCheckBox* check;
+    struct Column {
+        QString name;
+        QWidget* field;
     };
+    QVector<core::Command> commands();
     QGroupBox* buildGroup(const FieldGroup& group);
+    void addColumn(const QString& name, QWidget* field, const QString& spokenName);
     void confirm();
 
-    bool editableLists_;
-    QVector<Row> rows_;
-    bool confirmed_ = false;
-    QStringList loaded_;
-    QStringList shown() const;
+    core::Commands commands_;
+    QVector<Column> columns_;
 };
 
 // Fields of the card.

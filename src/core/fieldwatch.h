@@ -17,6 +17,7 @@ public:
     // Now nothing is typed yet. Until the first call, and after forget(), nothing counts as changed.
     void remember();
     void forget() { remembering_ = false; }
+    bool isRemembering() const { return remembering_; }
     bool isChanged() const;
     bool isChanged(const QWidget* field) const;
 

@@ -11,8 +11,8 @@
 #include "controls/names.h"
 #include "controls/theme.h"
 #include "core/contactnoun.h"
-#include "core/printout.h"
-#include "data/format.h"
+#include "core/printsettings.h"
+#include "data/values/format.h"
 #include "users/windows.h"
 
 using namespace Qt::Literals::StringLiterals;

@@ -1,9 +1,8 @@
 #pragma once
 
 #include "controls/boxes.h"
+#include "core/commands.h"
 #include "core/form.h"
-
-class QPushButton;
 
 namespace users {
 
@@ -22,7 +21,7 @@ private:
     controls::TextBox* Text1;  // the old one
     controls::TextBox* Text2;  // the new one
     controls::TextBox* Text3;  // the new one again
-    QPushButton* Command1;
+    core::Commands commands_;
 };
 
 }  // namespace users

@@ -1,32 +1,25 @@
 #pragma once
 
-#include <QDialog>
-
 #include "controls/boxes.h"
-#include "core/mainmod.h"
-
-class QLabel;
-class QPushButton;
+#include "core/commands.h"
+#include "core/dialog.h"
 
 namespace users {
 
 // Asks for user and password. accepted() comes after gUserName and gUserGroup are set.
-class frmLogon : public QDialog {
+class frmLogon : public core::Dialog {
     Q_OBJECT
 public:
     explicit frmLogon(core::MainMod& mod);
 
 private:
-    void build();
+    QLayout* head() const;
     void logon();
     void refuse();
 
-    core::MainMod& mod_;
     controls::TextBox* Text1;
     controls::TextBox* Text2;
-    QPushButton* Command1;
-    QPushButton* Command2;
-    QLabel* status_;
+    core::Commands commands_;
 };
 
 }  // namespace users

@@ -1,11 +1,7 @@
 #include "users/frmowner.h"
 
-#include <QFormLayout>
-#include <QPushButton>
-#include <QVBoxLayout>
-
+#include "controls/layout.h"
 #include "controls/names.h"
-#include "core/guard.h"
 
 using namespace Qt::Literals::StringLiterals;
 
@@ -27,35 +23,25 @@ const QString section = u"Settings"_s;
 
 }  // namespace
 
-frmOwner::frmOwner(core::MainMod& mod, QWidget* parent) : QDialog(parent), mod_(mod) {
-    setObjectName(u"frmOwner"_s);
-    setWindowTitle(u"Στοιχεία κατόχου"_s);
-    auto* form = new QFormLayout;
-    form->setSpacing(10);
-    form->setLabelAlignment(Qt::AlignRight | Qt::AlignVCenter);
+frmOwner::frmOwner(core::MainMod& mod, QWidget* parent)
+    : Dialog(mod, parent, u"frmOwner"_s, u"Στοιχεία κατόχου"_s),
+      commands_(mod, this, {{u"Command1"_s, {}, u"Επικύρωση"_s, {}, [this] { store(); }}}) {
+    auto* form = controls::formLayout();
     for (const OwnerField& field : ownerFields) {
-        auto* box = controls::named(new controls::TextBox, controls::arrayName(u"Text7"_s, Text7.size()));
+        auto* box = controls::named(new controls::TextBox, controls::arrayName(u"Text7"_s, int(Text7.size())));
         box->setHighlighting(true);
         box->setText(mod_.services.settings.value(section, field.key));
-        auto* label = new QLabel(field.caption);
-        controls::tie(label, box);
-        form->addRow(label, box);
+        controls::addField(form, field.caption, box);
         Text7.append(box);
     }
-    auto* confirm = controls::named(new QPushButton(u"Επικύρωση"_s), u"Command1"_s);
+    auto* confirm = commands_.button(u"Command1"_s);
     confirm->setDefault(true);
-    core::onSignal(mod_, this, confirm, &QPushButton::clicked, [this] { store(); });
-    auto* layout = new QVBoxLayout(this);
-    layout->setContentsMargins(22, 20, 22, 18);
-    layout->setSpacing(16);
-    layout->addLayout(form);
-    layout->addWidget(confirm, 0, Qt::AlignRight);
+    controls::add(controls::dialogLayout(this), {form, controls::row({controls::Item::rest(), confirm})});
     setMinimumWidth(460);
 }
 
 void frmOwner::store() {
-    if (Text7.first()->text().isEmpty())
-        return core::complain(mod_, this, u" Πρέπει να συμπληρώσετε τα Στοιχεία σας"_s, Text7.first());
+    if (Text7.first()->text().isEmpty()) return complain(u" Πρέπει να συμπληρώσετε τα Στοιχεία σας"_s, Text7.first());
     for (int i = 0; i < Text7.size(); ++i)
         mod_.services.settings.setValue(section, ownerFields[i].key, Text7[i]->text());
     accept();

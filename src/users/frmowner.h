@@ -1,14 +1,13 @@
 #pragma once
 
-#include <QDialog>
-
 #include "controls/boxes.h"
-#include "core/mainmod.h"
+#include "core/commands.h"
+#include "core/dialog.h"
 
 namespace users {
 
 // The owner's name, address, telephone and e-mail, which head every printout. Only the name is mandatory.
-class frmOwner : public QDialog {
+class frmOwner : public core::Dialog {
     Q_OBJECT
 public:
     explicit frmOwner(core::MainMod& mod, QWidget* parent = nullptr);
@@ -16,8 +15,8 @@ public:
 private:
     void store();
 
-    core::MainMod& mod_;
     QVector<controls::TextBox*> Text7;
+    core::Commands commands_;
 };
 
 }  // namespace users

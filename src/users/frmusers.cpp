@@ -8,8 +8,8 @@
 #include <QVBoxLayout>
 
 #include "controls/names.h"
-#include "data/fold.h"
-#include "data/password.h"
+#include "data/opening/password.h"
+#include "data/values/fold.h"
 
 using namespace Qt::Literals::StringLiterals;
 
