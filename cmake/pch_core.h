@@ -1,5 +1,5 @@
-// What many files without widgets include; precompiled once and shared. A header that few need is dearer here than where
-// it is needed, since every compilation reads all of this.
+// What many files without widgets include; precompiled once and shared. A header that few need is dearer here than
+// where it is needed, since every compilation reads all of this.
 #pragma once
 
 #include <QCoreApplication>

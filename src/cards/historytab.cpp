@@ -159,8 +159,9 @@ void HistoryTab::deleteMovement() {
     const QVariant movement = ListView1->currentTag();
     if (!movement.isValid()) return;
     ListView1->setFocus(Qt::OtherFocusReason);
-    if (askAndDelete(u"Να συνεχίσω με διαγραφή της κίνησης;"_s,
-                     [&] { mod_.gConn.execute(data::Sql(u"Delete from history where aa=?"_s, movement.toLongLong())); }))
+    if (askAndDelete(u"Να συνεχίσω με διαγραφή της κίνησης;"_s, [&] {
+            mod_.gConn.execute(data::Sql(u"Delete from history where aa=?"_s, movement.toLongLong()));
+        }))
         refresh();
 }
 

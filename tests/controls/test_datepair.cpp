@@ -1,8 +1,8 @@
-#include <QMdiSubWindow>
-#include <QMdiArea>
-#include <QMenuBar>
-#include <QClipboard>
 #include <QCalendarWidget>
+#include <QClipboard>
+#include <QMdiArea>
+#include <QMdiSubWindow>
+#include <QMenuBar>
 #include "controls/datepair.h"
 
 #include <QSignalSpy>

@@ -1,7 +1,7 @@
-#include "schema/office.h"
+#include "copies/backup.h"
 #include "copies/restore.h"
 #include "copies/upgradecopy.h"
-#include "copies/backup.h"
+#include "schema/office.h"
 
 #include <sqlite3.h>
 

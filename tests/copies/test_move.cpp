@@ -1,7 +1,7 @@
 // A whole office carried between the engines, and what must be left of it when that fails.
-#include "schema/creation.h"
-#include "copies/upgradecopy.h"
 #include "copies/move.h"
+#include "copies/upgradecopy.h"
+#include "schema/creation.h"
 
 #include "data/dialect/enginedialect.h"
 #include "data/opening/password.h"

@@ -1,16 +1,15 @@
 // What a restoring finds in the office's folder, and what stops it half way.
+#include <sqlite3.h>
 #include "schema/office.h"
 #include "schema/workfolder.h"
-#include <sqlite3.h>
 
-#include "schema/creation.h"
 #include "copies/backup.h"
 #include "copies/restore.h"
+#include "copies/unpacking.h"
 #include "data/opening/databasepassword.h"
 #include "data/opening/fileidentity.h"
 #include "platform/filestate.h"
-#include "copies/backup.h"
-#include "copies/unpacking.h"
+#include "schema/creation.h"
 #include "support/cases.h"
 #include "support/failure.h"
 #include "support/files.h"

@@ -4,8 +4,8 @@
 #include <QScrollBar>
 
 #include "controls/theme.h"
-#include "core/printout.h"
 #include "core/printlist.h"
+#include "core/printout.h"
 #include "core/printpreview.h"
 #include "core/printsettings.h"
 #include "core/workprogress.h"
@@ -104,7 +104,8 @@ private slots:
         const std::unique_ptr<controls::ListView> list(listOf(1));
         QVERIFY(core::gPrintListView(mod, nullptr, *list, "Κινήσεις"));
         QVERIFY(core::gPrintListView(mod, nullptr, *list, "Κινήσεις", core::ListHeading::Owner));
-        QVERIFY(core::gPrintListView(mod, nullptr, *list, "Κινήσεις", core::PrintedCard{"Σκίννερ", "Άννα", "2310", "6970"}));
+        QVERIFY(core::gPrintListView(mod, nullptr, *list, "Κινήσεις",
+                                     core::PrintedCard{"Σκίννερ", "Άννα", "2310", "6970"}));
         QCOMPARE(desk.printers.sent.value(0).texts(), day + table);
         QCOMPARE(desk.printers.sent.value(1).texts(), desk.owner + day + table);
         QCOMPARE(desk.printers.sent.value(2).texts(), desk.owner + day + card + table);

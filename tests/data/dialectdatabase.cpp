@@ -1,5 +1,5 @@
-#include "data/sqlite/sqliteparserlimit.h"
 #include "dialectdatabase.h"
+#include "data/sqlite/sqliteparserlimit.h"
 
 #include "data/dialect/enginedialect.h"
 #include "data/opening/fileidentity.h"
@@ -65,18 +65,18 @@ const dialect::EngineDialect& DialectDatabase::dialect() const {
     return engine_->dialect();
 }
 
-void DialectDatabase::engine(const QByteArray& dialect::sql) {
-    engine_->script(dialect::sql);
+void DialectDatabase::engine(const QByteArray& sql) {
+    engine_->script(sql);
 }
 
 void DialectDatabase::empty() {
-    QByteArray dialect::sql = testengine::isPostgres() ? "" : "DELETE FROM sqlite_sequence;";
+    QByteArray sql = testengine::isPostgres() ? "" : "DELETE FROM sqlite_sequence;";
     for (const TableInfo& table : catalog_.tables()) {
         const QByteArray name = dialect().identifier(table.name);
-        dialect::sql += testengine::isPostgres() ? "TRUNCATE " + name + " RESTART IDENTITY;" : "DELETE FROM " + name + ';';
+        sql += testengine::isPostgres() ? "TRUNCATE " + name + " RESTART IDENTITY;" : "DELETE FROM " + name + ';';
     }
     engine_->begin();
-    engine_->script(dialect::sql);
+    engine_->script(sql);
     engine_->commit();
 }
 
@@ -89,24 +89,24 @@ void DialectDatabase::prepare(const dialect::Translation& translation) {
         engine_->execute("EXPLAIN " + translation.sql, values);
 }
 
-QString DialectDatabase::run(const QString& dialect::sql, const dialect::DialectOptions& options,
+QString DialectDatabase::run(const QString& sql, const dialect::DialectOptions& options,
                              const QMap<QString, QVariant>& parameters) {
     dialect::DialectOptions all = options;
     all.parameters += parameters.keys();
-    const auto translation = translator_->translate(dialect::sql, all);
+    const auto translation = translator_->translate(sql, all);
     QVector<QVariant> values;
     for (const QString& name : translation->parameters) values << parameters.value(name.toLower());
     if (translation->kind != dialect::StatementKind::Select)
-        return QString::number(engine_->execute(translation->dialect::sql, values).affected);
+        return QString::number(engine_->execute(translation->sql, values).affected);
     Cells cells(translation->columns);
-    engine_->query(translation->dialect::sql, values, &cells);
+    engine_->query(translation->sql, values, &cells);
     return cells.rows().join(u" / "_s);
 }
 
-QString DialectDatabase::plan(const QString& dialect::sql) {
+QString DialectDatabase::plan(const QString& sql) {
     const QByteArray explain = testengine::isPostgres() ? "EXPLAIN " : "EXPLAIN QUERY PLAN ";
     const QVector<dialect::OutputColumn> all(9);
     Cells cells(all);
-    engine_->query(explain + translator_->translate(dialect::sql)->dialect::sql, {}, &cells);
+    engine_->query(explain + translator_->translate(sql)->sql, {}, &cells);
     return cells.rows().join(u"; "_s);
 }

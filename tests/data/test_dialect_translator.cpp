@@ -30,7 +30,7 @@ private slots:
     void outputColumns() {
         const struct {
             const char* name;
-            QString dialect::sql, columns;
+            QString sql, columns;
         } cases[] = {
             {"schema's spelling", u"select CODE, ΕΠΩΝΥΜΟ, ΗΜ_γενησησ from CARDS"_s,
              u"code a0, επωνυμο t30, ΗΜ_ΓΕΝΗΣΗΣ D0; Cards"_s},
@@ -82,7 +82,7 @@ private slots:
                 "n;"
                 "ANALYZE \"Cards\"");
         struct Served {
-            const char16_t* dialect::sql;
+            const char16_t* sql;
             bool inOrder;
         };
         constexpr Served served[] = {
@@ -92,8 +92,8 @@ private slots:
             {u"select top 10 * from cards where επωνυμο>='Μ' order by επωνυμο", true},
             {u"select top 10 * from cards order by επωνυμο desc,ονομα desc", true},
         };
-        for (const auto& [dialect::sql, inOrder] : served) {
-            QString plan = database_.plan(QString::fromUtf16(dialect::sql));
+        for (const auto& [sql, inOrder] : served) {
+            QString plan = database_.plan(QString::fromUtf16(sql));
             // Equal names are still put in the order of their rows, group by group.
             for (const char* inGroups : {"Incremental Sort", "Sort Key", "TEMP B-TREE FOR RIGHT PART"})
                 plan.remove(QLatin1String(inGroups));
@@ -103,15 +103,15 @@ private slots:
     }
 
     void remembersByTextAndOptions() {
-        const QString dialect::sql = u"select aa from dates where day=#11/05/2026#"_s;
+        const QString sql = u"select aa from dates where day=#11/05/2026#"_s;
         dialect::Translator& translator = database_.translator();
-        const auto first = translator.translate(dialect::sql);
-        QCOMPARE(translator.translate(dialect::sql).get(), first.get());
-        QVERIFY(translator.translate(dialect::sql, {DateOrder::DayFirst, false, false, {}})->dialect::sql != first->dialect::sql);
+        const auto first = translator.translate(sql);
+        QCOMPARE(translator.translate(sql).get(), first.get());
+        QVERIFY(translator.translate(sql, {DateOrder::DayFirst, false, false, {}})->sql != first->sql);
         translator.clear();
-        QVERIFY(translator.translate(dialect::sql).get() != first.get());
+        QVERIFY(translator.translate(sql).get() != first.get());
         for (int i = 0; i < 5000; ++i) translator.translate(u"select code from cards where code=%1"_s.arg(i));
-        QCOMPARE(translator.translate(dialect::sql)->dialect::sql, first->dialect::sql);
+        QCOMPARE(translator.translate(sql)->sql, first->sql);
     }
 };
 

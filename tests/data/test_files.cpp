@@ -196,8 +196,8 @@ private slots:
         road::Office office;
         sqlite::SqliteEngine engine(settings(office.file()));
         for (int i = 0; i < 3 * sqlite::StatementCache::capacity; ++i) {
-            const QByteArray dialect::sql = "SELECT " + QByteArray::number(i);
-            QCOMPARE(engine.query(dialect::sql, {}, nullptr), 1);
+            const QByteArray sql = "SELECT " + QByteArray::number(i);
+            QCOMPARE(engine.query(sql, {}, nullptr), 1);
         }
         struct Nested : support::RowTexts {
             sqlite::SqliteEngine* engine = nullptr;

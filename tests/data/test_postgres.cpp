@@ -8,6 +8,7 @@
 #include "data/opening/databasepassword.h"
 #include "data/opening/fileidentity.h"
 #include "data/postgres/pgdialect.h"
+#include "data/postgres/pgschemas.h"
 #include "data/values/fold.h"
 #include "roadfixture.h"
 #include "support/cases.h"
@@ -44,8 +45,8 @@ public:
     Role(postgres::PgEngine& engine, const QByteArray& more) : engine_(engine), name_(testengine::Schema::newName()) {
         engine_.script("CREATE ROLE " + name_.toLatin1() + " LOGIN " + more);
     }
-    ~Role() { engine_.script("DROP OWNED BY " + dialect::sql() + " CASCADE; DROP ROLE " + dialect::sql()); }
-    QByteArray dialect::sql() const { return name_.toLatin1(); }
+    ~Role() { engine_.script("DROP OWNED BY " + sql() + " CASCADE; DROP ROLE " + sql()); }
+    QByteArray sql() const { return name_.toLatin1(); }
     ServerDescription in(ServerDescription server) const {
         server.user = name_;
         return server;
@@ -94,7 +95,7 @@ private slots:
             postgres::PgEngine engine(server(), {});
             engine.script(
                 "DROP FUNCTION jet_dateadd; DROP FUNCTION jet_addmonths;"
-                "CREATE FUNCTION jet_addmonths(at timestamp, months bigint) RETURNS timestamp LANGUAGE dialect::sql IMMUTABLE "
+                "CREATE FUNCTION jet_addmonths(at timestamp, months bigint) RETURNS timestamp LANGUAGE sql IMMUTABLE "
                 "STRICT AS 'SELECT at';"
                 "CREATE FUNCTION jet_dateadd(interval_name text, number float8, at timestamp) RETURNS timestamp "
                 "LANGUAGE plpgsql IMMUTABLE STRICT SET search_path FROM CURRENT AS 'BEGIN RETURN at; END';"
@@ -224,10 +225,10 @@ private slots:
         engine.script(postgres::pgDialect().createTable(table, {}));
         Connection connection;
         connection.open(office_->connectionString());
-        for (const char* dialect::sql : {"insert into Numbered (name) values ('α')", "insert into Numbered values (7,'β')",
+        for (const char* sql : {"insert into Numbered (name) values ('α')", "insert into Numbered values (7,'β')",
                                 "insert into Numbered (name) values ('γ')", "insert into Numbered values (5,'δ')",
                                 "insert into Numbered (name) values ('ε')"})
-            connection.execute(dialect::sql);
+            connection.execute(sql);
         QCOMPARE(rowTexts(engine, "SELECT code FROM \"Numbered\" ORDER BY code"),
                  QStringList({"1", "5", "7", "8", "9"}));
         VERIFY_ERROR(Constraint, connection.execute("insert into Numbered values (9,'ζ')"));
@@ -295,7 +296,7 @@ private slots:
         office.schema = testengine::Schema::newName();
         const QByteArray schema = office.schema.toLatin1();
         admin.script("CREATE SCHEMA " + schema + "; CREATE FUNCTION " + schema +
-                     ".theirs() RETURNS integer LANGUAGE dialect::sql AS 'SELECT 1'");
+                     ".theirs() RETURNS integer LANGUAGE sql AS 'SELECT 1'");
         VERIFY_ERROR(Constraint, postgres::createPgDatabase(office, DatabaseKind::Main));
         QCOMPARE(rowTexts(admin, "SELECT " + schema + ".theirs()"), QStringList("1"));
         admin.script("DROP SCHEMA " + schema + " CASCADE");

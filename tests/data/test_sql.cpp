@@ -56,7 +56,7 @@ const ValueCase valueCases[] = {
 
 struct TextCase {
     const char* name;
-    Sql dialect::sql;
+    Sql sql;
     QString text;
 };
 

@@ -5,6 +5,7 @@
 #include <QTabWidget>
 
 #include "support/cases.h"
+#include "support/driver.h"
 #include "support/windowwalk.h"
 
 namespace {

@@ -1,5 +1,5 @@
-#include "schema/creation.h"
 #include "main/entry.h"
+#include "schema/creation.h"
 
 #include <QSignalSpy>
 
@@ -7,7 +7,6 @@
 #include "core/backupfolder.h"
 #include "main/program.h"
 #include "platform/folders.h"
-#include "copies/backup.h"
 #include "schema/office.h"
 #include "support/cases.h"
 #include "support/driver.h"
