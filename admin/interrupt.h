@@ -1,7 +1,7 @@
 // Long commands: what they say while they work, and how they are stopped.
 #pragma once
 
-#include "schema/backup.h"
+#include "schema/progress.h"
 
 namespace admin {
 

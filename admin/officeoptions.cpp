@@ -4,6 +4,7 @@
 #include <QDir>
 
 #include "data/error.h"
+#include "schema/creation.h"
 
 namespace admin {
 

@@ -1,8 +1,11 @@
 // What the commands that create an office share.
 #pragma once
 
+#include <QString>
+#include <optional>
+
 #include "admin/arguments.h"
-#include "schema/office.h"
+#include "data/opening/serverdescription.h"
 
 namespace admin {
 

@@ -7,13 +7,13 @@ using namespace Qt::Literals::StringLiterals;
 namespace admin {
 
 Seat::Seat(const QString& folder) {
-    QObject::connect(&lock_, &schema::SeatLock::lost, [this] { lost_ = true; });
+    QObject::connect(&lock_, &copies::SeatLock::lost, [this] { lost_ = true; });
     lock_.take(folder, platform::fileSystemKind);
     sinceTouch_.start();
 }
 
 void Seat::keep() {
-    if (lock_.isHeld() && sinceTouch_.hasExpired(schema::SeatLock::touchSeconds * 1000LL)) {
+    if (lock_.isHeld() && sinceTouch_.hasExpired(copies::SeatLock::touchSeconds * 1000LL)) {
         lock_.touch();
         sinceTouch_.start();
     }

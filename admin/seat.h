@@ -3,8 +3,8 @@
 
 #include <QElapsedTimer>
 
-#include "schema/backup.h"
-#include "schema/seatlock.h"
+#include "copies/seatlock.h"
+#include "schema/progress.h"
 
 namespace admin {
 
@@ -20,7 +20,7 @@ public:
     schema::Progress watched(const schema::Progress& progress);
 
 private:
-    schema::SeatLock lock_;
+    copies::SeatLock lock_;
     QElapsedTimer sinceTouch_;
     bool lost_ = false;
 };

@@ -9,11 +9,13 @@
 #include "cards/frmfind.h"
 #include "cards/frmhmerologio.h"
 #include "controls/theme.h"
+#include "copies/upgradecopy.h"
 #include "copyrows.h"
-#include "data/format.h"
 #include "data/sqlite/sqliteengine.h"
+#include "data/values/format.h"
+#include "demo/demo.h"
 #include "rawengine.h"
-#include "schema/demo.h"
+#include "schema/creation.h"
 #include "schema/office.h"
 #include "schema/tablewriter.h"
 #include "support/services.h"
@@ -41,12 +43,13 @@ struct Office {
         const QString folder = directory.filePath(u"office"_s);
         schema::createOffice(folder, {u"admin"_s, QString::fromUtf8(DORV_REFERENCE)});
         using schema::Database;
-        schema::open(mod.gConn, schema::connectionString(Database::Main, schema::mainDatabasePath(folder)));
-        schema::open(mod.gConnUsers, schema::connectionString(Database::Users, schema::usersDatabasePath(folder)));
-        schema::DemoOptions options;
+        copies::openUpgraded(mod.gConn, schema::connectionString(Database::Main, schema::mainDatabasePath(folder)));
+        copies::openUpgraded(mod.gConnUsers,
+                             schema::connectionString(Database::Users, schema::usersDatabasePath(folder)));
+        demo::DemoOptions options;
         options.cards = cardCount;
         options.referenceDate = desk.clock.today();
-        schema::fillDemo(mod.gConn, mod.gConnUsers, options);
+        demo::fillDemo(mod.gConn, mod.gConnUsers, options);
         addMovements();
     }
     void addMovements() {
@@ -66,7 +69,7 @@ struct Office {
         static Office office;
         return office;
     }
-    sqlite3* handle() { return static_cast<data::SqliteEngine&>(mod.gConn.engine()).handle(); }
+    sqlite3* handle() { return static_cast<data::sqlite::SqliteEngine&>(mod.gConn.engine()).handle(); }
 
     QTemporaryDir directory;
     support::Desk desk;

@@ -5,11 +5,11 @@
 #include <QTemporaryDir>
 
 #include "copyrows.h"
-#include "data/fileidentity.h"
-#include "data/fold.h"
+#include "data/opening/fileidentity.h"
 #include "data/recordset.h"
 #include "data/sqlite/sqlitedialect.h"
 #include "data/sqlite/sqliteengine.h"
+#include "data/values/fold.h"
 
 using namespace Qt::Literals::StringLiterals;
 
@@ -50,12 +50,12 @@ public:
         return office;
     }
     Connection& connection() { return connection_; }
-    sqlite3* handle() { return static_cast<SqliteEngine&>(connection_.engine()).handle(); }
+    sqlite::sqlite3* handle() { return static_cast<sqlite::SqliteEngine&>(connection_.engine()).handle(); }
 
 private:
     Office() {
         const QString file = folder_.filePath(u"dorvalist.mdb"_s);
-        createSqliteFile(file, mainApplicationId);
+        sqlite::createSqliteFile(file, mainApplicationId);
         connection_.open(u"data source="_s + file);
         Engine& engine = connection_.engine();
         const TableInfo table = cardsTable();
@@ -81,8 +81,8 @@ private:
 
 void rawRead(benchmark::State& state) {
     Office& office = Office::instance();
-    const QByteArray sql = office.connection().translate(listSql)->sql;
-    const auto rows = bench::prepareRows(office.handle(), sql);
+    const QByteArray dialect::sql = office.connection().translate(listSql)->dialect::sql;
+    const auto rows = bench::prepareRows(office.handle(), dialect::sql);
     for (auto _ : state) benchmark::DoNotOptimize(bench::copyRows(rows.get()));
 }
 BENCHMARK(rawRead)->Unit(benchmark::kMillisecond);
@@ -118,8 +118,8 @@ void translateNew(benchmark::State& state) {
     Connection& connection = Office::instance().connection();
     int number = 0;
     for (auto _ : state) {
-        const QString sql = u"select * from Cards where code=%1 and επωνυμο like 'Παπ%'"_s.arg(++number);
-        benchmark::DoNotOptimize(connection.translate(sql));
+        const QString dialect::sql = u"select * from Cards where code=%1 and επωνυμο like 'Παπ%'"_s.arg(++number);
+        benchmark::DoNotOptimize(connection.translate(dialect::sql));
     }
 }
 BENCHMARK(translateNew)->Unit(benchmark::kMicrosecond);

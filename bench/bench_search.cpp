@@ -10,9 +10,10 @@
 
 #include "cards/frmfind.h"
 #include "cards/journal.h"
+#include "copies/upgradecopy.h"
 #include "data/recordset.h"
+#include "demo/demo.h"
 #include "rawengine.h"
-#include "schema/demo.h"
 #include "schema/office.h"
 #include "schema/tablewriter.h"
 
@@ -172,11 +173,11 @@ std::unique_ptr<Office> openOffice(const QString& folder) {
     {
         data::Connection looked;  // opening to write may already bring the schema up to date
         schema::openToRead(looked, database);
-        if (looked.engine().property(schema::demoProperty).isEmpty())
+        if (looked.engine().property(demo::demoProperty).isEmpty())
             throw data::Error(data::ErrorCategory::State,
                               u"Το «%1» δεν είναι γραφείο επίδειξης, και οι μετρήσεις το αλλάζουν."_s.arg(folder));
     }
-    schema::open(office->connection, database);
+    copies::openUpgraded(office->connection, database);
     office->connection.execute(u"update cards set ΚΕΙΜΕΝΟ3='Το %1 έργο' where code in (17, 4711)"_s.arg(rareWord));
     office->raw = bench::rawQuery(file);
     office->statements = statementsFor(office->connection);

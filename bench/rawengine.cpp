@@ -5,9 +5,9 @@
 #include <string>
 
 #include "copyrows.h"
-#include "data/fileidentity.h"
+#include "data/opening/fileidentity.h"
+#include "data/opening/serverdescription.h"
 #include "data/postgres/pgparts.h"
-#include "data/serverdescription.h"
 #include "data/sqlite/functions.h"
 #include "data/sqlite/sqliteengine.h"
 
@@ -19,8 +19,8 @@ RawQuery onSqlite(const QString& file) {
     sqlite3* opened = nullptr;
     sqlite3_open_v2(file.toUtf8().constData(), &opened, SQLITE_OPEN_READONLY | SQLITE_OPEN_NOMUTEX, nullptr);
     const std::shared_ptr<sqlite3> database(opened, sqlite3_close);
-    data::registerFunctions(opened);
-    sqlite3_exec(opened, data::sqliteOpeningPragmas(), nullptr, nullptr, nullptr);
+    data::sqlite::registerFunctions(opened);
+    sqlite3_exec(opened, data::sqlite::sqliteOpeningPragmas(), nullptr, nullptr, nullptr);
     return [database](const QByteArray& sql) -> RawRows {
         return [database, rows = prepareRows(database.get(), sql)] { return copyRows(rows.get()); };
     };
@@ -34,7 +34,7 @@ RawQuery onServer(const QString& file) {
     const char* values[] = {host.constData(), port.constData(),     name.constData(),
                             user.constData(), password.constData(), nullptr};
     const std::shared_ptr<PGconn> connection(PQconnectdbParams(keys, values, 0), PQfinish);
-    PQclear(PQexec(connection.get(), data::pgSessionSettings(server, {}).constData()));
+    PQclear(PQexec(connection.get(), data::postgres::pgSessionSettings(server, {}).constData()));
     return [connection](const QByteArray& sql) -> RawRows {
         PQclear(PQprepare(connection.get(), "", sql.constData(), 0, nullptr));
         return [connection] {

@@ -21,8 +21,8 @@ RawQuery rawQuery(const QString& mainFile);
 inline QByteArray engineStatement(data::Connection& connection, const QString& sql) {
     const auto translation = connection.translate(sql);
     const bool choice = !translation->periodFirst.isEmpty();
-    return choice && connection.searchOrder(sql) == data::SearchOrder::PeriodFirst ? translation->periodFirst
-                                                                                   : translation->sql;
+    return choice && connection.accessPath(sql) == data::AccessPath::Period ? translation->periodFirst
+                                                                            : translation->sql;
 }
 
 }  // namespace bench

@@ -28,15 +28,8 @@ function(dorv_room name)
     add_library(dorv_${name} STATIC ${sources})
     target_include_directories(dorv_${name} PUBLIC ${PROJECT_SOURCE_DIR}/src)
     target_link_libraries(dorv_${name} PUBLIC dorv_options ${arg_LIBS})
-    if(name IN_LIST DORV_ASCII_ROOMS)
-        dorv_precompile(dorv_${name} ${arg_PCH})
-    else()
-        dorv_precompile(dorv_${name} ${arg_PCH} STRICT)
-    endif()
+    dorv_precompile(dorv_${name} ${arg_PCH} STRICT)
 endfunction()
-
-# The rooms where plain bytes may still become text by themselves.
-set(DORV_ASCII_ROOMS data schema)
 
 # dorv_precompile(TARGET KIND [STRICT]): the precompiled headers, core and widgets, are built once and shared by all
 # targets with the same compiler options. A STRICT target takes no plain bytes where a text is wanted. Tests may do so;

@@ -1,7 +1,22 @@
-// What nearly every file without widgets includes; precompiled once per target.
+// What many files without widgets include; precompiled once and shared. A header that few need is dearer here than where
+// it is needed, since every compilation reads all of this.
 #pragma once
 
-#include <QtCore/QtCore>
+#include <QCoreApplication>
+#include <QDateTime>
+#include <QDir>
+#include <QElapsedTimer>
+#include <QFile>
+#include <QFileInfo>
+#include <QHash>
+#include <QMap>
+#include <QPointer>
+#include <QRegularExpression>
+#include <QSet>
+#include <QStringList>
+#include <QTimer>
+#include <QVariant>
+#include <QVector>
 
 #include <algorithm>
 #include <functional>

@@ -1,39 +1,40 @@
-#include "schema/backup.h"
+#include "copies/backup.h"
 
 #include "admin/command.h"
 #include "admin/interrupt.h"
 #include "admin/officeoptions.h"
 #include "admin/output.h"
 #include "admin/seat.h"
+#include "copies/restore.h"
 
 namespace admin {
 namespace {
 
 using namespace Qt::Literals::StringLiterals;
 
-void tell(const QString& done, const schema::BackupInfo& info) {
+void tell(const QString& done, const copies::BackupInfo& info) {
     out() << done << Qt::endl << u"Εγγραφές: %1"_s.arg(info.rows) << Qt::endl;
 }
 
 ExitCode backup(const Arguments& arguments) {
     const QString folder = arguments.positional()[0], file = arguments.positional()[1];
-    schema::BackupOptions options;
+    copies::BackupOptions options;
     options.replace = arguments.has(u"--force"_s);
     Seat seat(folder);
     options.progress = seat.watched(progressLines());
-    tell(u"Το αντίγραφο ασφαλείας γράφτηκε και ελέγχθηκε: "_s + file, schema::backupOffice(folder, file, options));
+    tell(u"Το αντίγραφο ασφαλείας γράφτηκε και ελέγχθηκε: "_s + file, copies::backupOffice(folder, file, options));
     return Fine;
 }
 
 ExitCode restore(const Arguments& arguments) {
     const QString file = arguments.positional()[0], folder = arguments.positional()[1];
-    schema::RestoreOptions options;
+    copies::RestoreOptions options;
     options.force = arguments.has(u"--force"_s);
     options.asFiles = arguments.has(u"--as-files"_s);
     options.server = serverGiven(arguments);
     Seat seat(folder);
     options.progress = seat.watched(progressLines());
-    const QStringList aside = schema::restoreOffice(file, folder, options);
+    const QStringList aside = copies::restoreOffice(file, folder, options);
     out() << u"Οι βάσεις δεδομένων επανήλθαν στον φάκελο "_s << folder << Qt::endl;
     for (const QString& old : aside) out() << u"Η παλιά κρατήθηκε ως "_s << old << Qt::endl;
     return Fine;

@@ -1,4 +1,4 @@
-#include "schema/demo.h"
+#include "demo/demo.h"
 
 #include <limits>
 
@@ -6,6 +6,8 @@
 #include "admin/officeoptions.h"
 #include "admin/output.h"
 #include "admin/seat.h"
+#include "copies/upgradecopy.h"
+#include "schema/office.h"
 
 namespace admin {
 namespace {
@@ -14,8 +16,8 @@ using namespace Qt::Literals::StringLiterals;
 
 constexpr qint64 mostCards = 1000000;
 
-schema::DemoOptions demoOptions(const Arguments& arguments) {
-    schema::DemoOptions options;
+demo::DemoOptions demoOptions(const Arguments& arguments) {
+    demo::DemoOptions options;
     options.cards = int(arguments.number(u"--cards"_s, options.cards, 0, mostCards));
     options.seed = quint64(arguments.number(u"--seed"_s, qint64(options.seed), 0, std::numeric_limits<qint64>::max()));
     options.referenceDate = QDate::currentDate();
@@ -28,7 +30,7 @@ schema::DemoOptions demoOptions(const Arguments& arguments) {
 }
 
 ExitCode demo(const Arguments& arguments) {
-    schema::DemoOptions options = demoOptions(arguments);
+    demo::DemoOptions options = demoOptions(arguments);
     const QString folder = arguments.positional().first();
     const QString adminPassword =
         arguments.has(u"--admin-password"_s) ? arguments.value(u"--admin-password"_s) : u"admin"_s;
@@ -39,15 +41,15 @@ ExitCode demo(const Arguments& arguments) {
         err() << u"%1 από %2 καρτέλες"_s.arg(done).arg(total) << Qt::endl;
     };
     data::Connection main, users;
-    schema::open(main, schema::connectionString(schema::Database::Main, schema::mainDatabasePath(folder)));
-    schema::open(users, schema::connectionString(schema::Database::Users, schema::usersDatabasePath(folder)));
-    schema::fillDemo(main, users, options);
+    copies::openUpgraded(main, schema::connectionString(schema::Database::Main, schema::mainDatabasePath(folder)));
+    copies::openUpgraded(users, schema::connectionString(schema::Database::Users, schema::usersDatabasePath(folder)));
+    demo::fillDemo(main, users, options);
 
     out() << u"Δημιουργήθηκε γραφείο επίδειξης με %1 καρτέλες στον φάκελο %2"_s.arg(options.cards).arg(folder)
           << Qt::endl
           << u"Χρήστης\tΚωδικός\tΟμάδα"_s << Qt::endl
           << u"Admin\t%1\t1"_s.arg(adminPassword) << Qt::endl;
-    for (const schema::DemoUser& user : schema::demoUsers())
+    for (const demo::DemoUser& user : demo::demoUsers())
         out() << u"%1\t%2\t%3"_s.arg(user.name, user.password).arg(user.group) << Qt::endl;
     return Fine;
 }

@@ -1,6 +1,7 @@
 #include "admin/command.h"
 #include "admin/output.h"
 #include "admin/seat.h"
+#include "copies/upgradecopy.h"
 #include "schema/office.h"
 #include "schema/reference.h"
 
@@ -16,7 +17,7 @@ ExitCode load(const Arguments& arguments) {
     if (!kind) throw UsageError{u"Άγνωστο είδος στοιχείων «%1»."_s.arg(name)};
     const Seat seat(folder);
     data::Connection main;
-    schema::open(main, schema::connectionString(schema::Database::Main, schema::mainDatabasePath(folder)));
+    copies::openUpgraded(main, schema::connectionString(schema::Database::Main, schema::mainDatabasePath(folder)));
     const schema::LoadCounts counts = schema::loadReference(main, *kind, file, arguments.has(u"--replace"_s));
     out() << u"Φορτώθηκαν %1 γραμμές, %2 υπήρχαν ήδη."_s.arg(counts.added).arg(counts.alreadyThere) << Qt::endl;
     return Fine;

@@ -1,4 +1,4 @@
-#include "schema/move.h"
+#include "copies/move.h"
 
 #include "admin/command.h"
 #include "admin/interrupt.h"
@@ -13,11 +13,11 @@ using namespace Qt::Literals::StringLiterals;
 
 ExitCode move(const Arguments& arguments) {
     const QString from = arguments.positional()[0], to = arguments.positional()[1];
-    schema::MoveOptions options;
+    copies::MoveOptions options;
     options.server = serverGiven(arguments);
     Seat seat(from), newSeat(to);
     options.progress = newSeat.watched(seat.watched(progressLines()));
-    const schema::MoveInfo info = schema::moveOffice(from, to, options);
+    const copies::MoveInfo info = copies::moveOffice(from, to, options);
     for (const auto& [table, rows] : info.tables) out() << u"  %1\t%2"_s.arg(table).arg(rows) << Qt::endl;
     out() << u"Το γραφείο μεταφέρθηκε στον φάκελο %1 και συγκρίθηκε: %2 εγγραφές, %3 εικόνες (%4 bytes), όλες ίδιες."_s
                  .arg(to)

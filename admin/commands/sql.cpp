@@ -1,9 +1,10 @@
 #include "admin/command.h"
 #include "admin/output.h"
 #include "admin/seat.h"
+#include "copies/upgradecopy.h"
 #include "data/error.h"
-#include "data/format.h"
 #include "data/recordset.h"
+#include "data/values/format.h"
 #include "schema/office.h"
 
 namespace admin {
@@ -41,10 +42,10 @@ ExitCode sql(const Arguments& arguments) {
     const Seat seat(folder);
     data::Connection connection;
     if (write)
-        schema::open(connection, string);
+        copies::openUpgraded(connection, string);
     else
         schema::openToRead(connection, string);
-    if (connection.translate(statement)->kind == data::StatementKind::Select) {
+    if (connection.translate(statement)->kind == data::dialect::StatementKind::Select) {
         data::Recordset rows(connection, statement);
         printRows(rows);
         return Fine;

@@ -1,21 +1,13 @@
 #include "cards/appointmentstab.h"
 
-#include <QHBoxLayout>
-#include <QVBoxLayout>
-
 #include "cards/ledger.h"
-#include "controls/names.h"
-#include "controls/theme.h"
-#include "core/columnwidths.h"
-#include "core/guard.h"
-#include "data/format.h"
+#include "controls/layout.h"
 #include "data/recordset.h"
+#include "data/values/format.h"
 
 using namespace Qt::Literals::StringLiterals;
 
 namespace cards {
-
-using controls::named;
 
 namespace {
 
@@ -30,25 +22,18 @@ QString timeText(const QVariant& time) {
 
 }  // namespace
 
-AppointmentsTab::AppointmentsTab(core::MainMod& mod) : mod_(mod) {
-    ListView3 = named(new controls::ListView, u"ListView3"_s);
-    ListView3->setAccessibleName(u"Συναντήσεις"_s);
-    cmdDelAppoiment =
-        named(new QPushButton(controls::icon(u"delete"_s), u"Διαγραφή Συνάντησης"_s), u"cmdDelAppoiment"_s);
-    core::onSignal(mod_, this, cmdDelAppoiment, &QPushButton::clicked, [this] { deleteAppointment(); });
-    auto* commands = new QHBoxLayout;
-    commands->addWidget(cmdDelAppoiment);
-    commands->addStretch(1);
-    auto* layout = new QVBoxLayout(this);
-    layout->setContentsMargins(14, 14, 14, 14);
-    layout->setSpacing(8);
-    layout->addWidget(ListView3, 1);
-    layout->addLayout(commands);
-}
-
-void AppointmentsTab::load() {
-    core::loadColumns(mod_.services.settings, u"lvDates"_s, *ListView3, columns());
-    clear();
+AppointmentsTab::AppointmentsTab(core::MainMod& mod)
+    : Guarded(mod, this),
+      ListView3(new core::StoredList(mod.services.settings, u"ListView3"_s, u"Συναντήσεις"_s, u"lvDates"_s, columns())),
+      commands_(mod, this,
+                {{u"cmdDelAppoiment"_s,
+                  u"delete"_s,
+                  u"Διαγραφή Συνάντησης"_s,
+                  {},
+                  [this] { deleteAppointment(); },
+                  [this] { return ListView3->count() > 0; }}}) {
+    controls::add(controls::tabLayout(this),
+                  {{ListView3, 1}, controls::row({commands_.button(u"cmdDelAppoiment"_s), controls::Item::rest()})});
 }
 
 void AppointmentsTab::fill(const QString& code) {
@@ -60,7 +45,7 @@ void AppointmentsTab::fill(const QString& code) {
                                              "from dates where codecard=?"_s,
                                              code.toLongLong()));
              !dates.eof(); dates.moveNext())
-            rows.append({{dates[u"subject"].text(), dates[u"location"].text(), dayText(dates[u"day"].toDate()),
+            rows.append({{dates[u"subject"].text(), dates[u"location"].text(), data::dayText(dates[u"day"].toDate()),
                           timeText(dates[u"start"].value()), timeText(dates[u"end"].value()), dates[u"notes"].text()},
                          dates[u"aa"].value(),
                          {}});
@@ -70,22 +55,21 @@ void AppointmentsTab::fill(const QString& code) {
     }
     ListView3->setRows(std::move(rows));
     if (ListView3->count() > 0) ListView3->selectRow(0);
-    cmdDelAppoiment->setEnabled(ListView3->count() > 0);
+    commands_.refresh();
 }
 
 void AppointmentsTab::clear() {
     code_.clear();
     ListView3->clear();
-    cmdDelAppoiment->setEnabled(false);
+    commands_.refresh();
 }
 
 void AppointmentsTab::deleteAppointment() {
-    const int row = ListView3->currentRow();
-    if (row < 0 ||
-        !mod_.services.prompts.question(this, core::programTitle(), u"Να συνεχίσω με διαγραφή της Συνάντησης;"_s))
-        return;
-    mod_.gConn.execute(data::Sql(u"Delete from dates where aa=?"_s, ListView3->row(row).tag.toLongLong()));
-    fill(code_);
+    const QVariant appointment = ListView3->currentTag();
+    if (appointment.isValid() && askAndDelete(u"Να συνεχίσω με διαγραφή της Συνάντησης;"_s, [&] {
+            mod_.gConn.execute(data::Sql(u"Delete from dates where aa=?"_s, appointment.toLongLong()));
+        }))
+        fill(code_);
 }
 
 }  // namespace cards

@@ -1,30 +1,28 @@
 // The card's appointments.
 #pragma once
 
-#include <QPushButton>
 #include <QWidget>
 
-#include "controls/listview.h"
-#include "core/mainmod.h"
+#include "core/commands.h"
+#include "core/guarded.h"
+#include "core/storedlist.h"
 
 namespace cards {
 
-class AppointmentsTab : public QWidget {
+class AppointmentsTab : public QWidget, core::Guarded {
     Q_OBJECT
 public:
     explicit AppointmentsTab(core::MainMod& mod);
 
-    void load();
     void fill(const QString& code);  // a failure ends in its box, with the list as far as it had come
     void clear();
 
 private:
     void deleteAppointment();
 
-    core::MainMod& mod_;
     QString code_;
-    controls::ListView* ListView3;
-    QPushButton* cmdDelAppoiment;
+    core::StoredList* ListView3;
+    core::Commands commands_;
 };
 
 }  // namespace cards

@@ -1,7 +1,7 @@
 #include "cards/cardbinding.h"
 
 #include "controls/choicebox.h"
-#include "data/format.h"
+#include "data/values/format.h"
 
 using namespace Qt::Literals::StringLiterals;
 
@@ -22,11 +22,6 @@ bool sameOnScreen(const QString& shown, const QString& stored) {
     controls::TextBox probe;
     probe.setText(stored);
     return probe.text() == shown;
-}
-
-void setDate(CardView& view, const CardField& field, QDate date) {
-    view.date(field)->setDate(date);
-    view.picker(field)->setValue(date);
 }
 
 void setListText(QComboBox* combo, const QString& text) {
@@ -90,10 +85,10 @@ void clearControls(CardView& view, QDate today) {
                 break;
             case CardKind::ParamDate:
             case CardKind::LastMovement:
-                setDate(view, field, today);
+                view.dateField(field)->setDate(today);
                 break;
             case CardKind::BirthDate:
-                setDate(view, field, noBirthDate);
+                view.dateField(field)->setDate(noBirthDate);
                 break;
             case CardKind::ParamFlag:
                 view.check(field)->setChecked(false);
@@ -134,7 +129,7 @@ void showField(CardView& view, const CardField& field, const QVariant& value, co
         case CardKind::ParamDate:
         case CardKind::LastMovement:
         case CardKind::BirthDate:
-            setDate(view, field, value.toDateTime().date());
+            view.dateField(field)->setDate(value.toDateTime().date());
             break;
         case CardKind::ParamFlag:
             view.check(field)->setChecked(value.toBool());
@@ -194,30 +189,28 @@ void writeField(const CardView& view, const CardField& field, data::Recordset& r
 }
 
 void setLastVisit(CardView& view, QDate date) {
-    setDate(view, *cardField(u"txtΤελευταία"_s), date);
+    view.dateField(*cardField(u"txtΤελευταία"_s))->setDate(date);
 }
 
 void setEditable(CardView& view, bool editable) {
+    const auto unlock = [editable](auto* box) {
+        box->setReadOnly(!editable);
+        box->setHighlighting(editable);
+    };
     for (const CardField& field : cardFields()) {
         QWidget* widget = view.control(field);
-        if (auto* box = qobject_cast<controls::DateBox*>(widget)) {
-            box->setEnabled(editable);
-            box->setHighlighting(editable);
-            view.picker(field)->setEnabled(editable);
+        if (controls::DateField* date = view.dateField(field)) {
+            date->setEnabled(editable);
+            date->box()->setHighlighting(editable);
         } else if (auto* text = qobject_cast<controls::TextBox*>(widget)) {
-            text->setReadOnly(!editable);
-            text->setHighlighting(editable);
+            unlock(text);
         } else if (auto* memo = qobject_cast<controls::MemoBox*>(widget)) {
-            memo->setReadOnly(!editable);
-            memo->setHighlighting(editable);
+            unlock(memo);
         } else {
             widget->setEnabled(editable);
             if (auto* choice = qobject_cast<controls::ChoiceBox*>(widget)) choice->setHighlighting(editable);
         }
     }
-    view.loadPhoto()->setEnabled(editable);
-    view.clearPhoto()->setEnabled(editable);
-    view.today()->setEnabled(editable);
     view.saveHint()->setVisible(editable);
 }
 

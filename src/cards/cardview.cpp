@@ -1,12 +1,6 @@
 #include "cards/cardview.h"
 
-#include <QFormLayout>
-#include <QGridLayout>
-#include <QHBoxLayout>
 #include <QScrollArea>
-#include <QStackedWidget>
-#include <QToolButton>
-#include <QVBoxLayout>
 
 #include "controls/choicebox.h"
 #include "controls/names.h"
@@ -17,26 +11,10 @@ using namespace Qt::Literals::StringLiterals;
 namespace cards {
 
 using controls::arrayName;
+using controls::Item;
 using controls::named;
 
 namespace {
-
-struct TabDef {
-    CardTab tab;
-    QString caption;
-    QString frame;
-};
-
-// The strip in its order.
-const TabDef tabDefs[] = {
-    {CardTab::Basic, u"Βασικά Στοιχεία"_s, u"Frame3"_s},
-    {CardTab::Special, u"Ειδικά Στοιχεία"_s, u"Frame4"_s},
-    {CardTab::History, u"Ιστορικό"_s, u"Frame5"_s},
-    {CardTab::Notes, u"Σημειώσεις"_s, u"Frame1"_s},
-    {CardTab::Texts, u"Κείμενα"_s, u"Frame6"_s},
-    {CardTab::Links, u"Συνδέσεις"_s, u"Frame2"_s},
-    {CardTab::Appointments, u"Συναντήσεις"_s, u"Frame7"_s},
-};
 
 // The two columns of the first tab, top to bottom; this is also the tab order.
 const QStringList basicLeft = {u"Text7(0)"_s, u"Text7(1)"_s,  u"Text7(2)"_s,  u"Combo1"_s,
@@ -50,16 +28,6 @@ const CardField& fieldNamed(const QString& control) {
     for (const CardField& field : cardFields())
         if (field.controlName() == control) return field;
     Q_UNREACHABLE();
-}
-
-QFormLayout* formLayout() {
-    auto* form = new QFormLayout;
-    form->setContentsMargins(0, 0, 0, 0);
-    form->setHorizontalSpacing(10);
-    form->setVerticalSpacing(6);
-    form->setLabelAlignment(Qt::AlignRight | Qt::AlignVCenter);
-    form->setFieldGrowthPolicy(QFormLayout::AllNonFixedFieldsGrow);
-    return form;
 }
 
 // Asks for as much room as its page wants; the toolkit's own stops at a few lines.
@@ -77,154 +45,103 @@ QWidget* scrolled(QWidget* page) {
     return area;
 }
 
-}  // namespace
-
-CardView::CardView(const CardPanels& panels) : panels_(panels) {
-    for (const CardField& field : cardFields()) widgets_.insert(field.controlName(), create(field));
-
-    tabs_ = named(new QTabWidget, u"TabStrip1"_s);
-    tabs_->setAccessibleName(u"Στοιχεία καρτέλας"_s);
-    tabs_->setDocumentMode(true);
-    using Builder = QWidget* (CardView::*)();
-    const QHash<CardTab, Builder> builders = {{CardTab::Basic, &CardView::basicTab},
-                                              {CardTab::Special, &CardView::specialTab},
-                                              {CardTab::History, &CardView::historyTab},
-                                              {CardTab::Notes, &CardView::notesTab},
-                                              {CardTab::Texts, &CardView::textsTab},
-                                              {CardTab::Links, &CardView::linksTab},
-                                              {CardTab::Appointments, &CardView::appointmentsTab}};
-    for (const TabDef& def : tabDefs) {
-        QWidget* frame = named((this->*builders.value(def.tab))(), def.frame);
-        QWidget* page = scrolled(frame);
-        pages_.insert(def.tab, page);
-        tabs_->addTab(page, def.caption);
-    }
-
-    auto* layout = new QVBoxLayout(this);
-    layout->setContentsMargins(0, 0, 0, 0);
-    layout->setSpacing(8);
-    layout->addWidget(header());
-    layout->addWidget(tabs_, 1);
-}
-
-QWidget* CardView::create(const CardField& field) {
-    QWidget* widget = nullptr;
+QWidget* makeControl(const CardField& field) {
     switch (field.kind) {
         case CardKind::Text:
         case CardKind::ParamText:
-            widget = new controls::TextBox;
-            break;
+            return new controls::TextBox;
         case CardKind::ParamNumber:
-            widget = new controls::NumberBox;
-            break;
+            return new controls::NumberBox;
         case CardKind::Frequency:
         case CardKind::Amount: {
             auto* box = new controls::NumberBox;
             box->setWhenEmpty(u"0"_s);
-            widget = box;
-            break;
+            return box;
         }
         case CardKind::Notes:
         case CardKind::LongText:
-            widget = new controls::MemoBox;
-            break;
+            return new controls::MemoBox;
         case CardKind::ParamDate:
         case CardKind::BirthDate:
         case CardKind::LastMovement:
-            widget = new controls::DateBox;
-            break;
+            return new controls::DateBox;
         case CardKind::ParamFlag:
-            widget = new QCheckBox;
-            break;
+            return new QCheckBox;
         case CardKind::Category:
-        case CardKind::Sex:
-            widget = new controls::ChoiceBox(false);
-            break;
+            return new controls::ChoiceBox(false);
+        case CardKind::Sex: {
+            auto* choice = new controls::ChoiceBox(false);
+            choice->addItems({u"Άνδρας"_s, u"Γυναίκα"_s});
+            return choice;
+        }
         case CardKind::ParamList:
         case CardKind::NameDay:
-            widget = new controls::ChoiceBox(true);
-            break;
+            return new controls::ChoiceBox(true);
     }
-    if (field.kind == CardKind::Sex) qobject_cast<QComboBox*>(widget)->addItems({u"Άνδρας"_s, u"Γυναίκα"_s});
-    controls::setAccessibleCaption(widget, field.caption);
-    return named(widget, field.controlName());
+    Q_UNREACHABLE();
 }
 
-QLabel* CardView::caption(const CardField& field) {
-    auto* label = new QLabel(field.caption);
-    if (!field.captionColumn.isEmpty()) label->setTextFormat(Qt::PlainText);
-    captions_.insert(field.controlName(), label);
-    controls::tie(label, control(field));
-    return label;
+QString pickerName(const CardField& field) {
+    if (field.kind == CardKind::BirthDate) return u"DTPicker1"_s;
+    if (field.kind == CardKind::LastMovement) return u"DTPΤελευταία"_s;
+    return arrayName(u"DTPcustDate"_s, field.index);
 }
 
-QWidget* CardView::datePairOf(const CardField& field) {
-    static const QHash<QString, QString> pickerNames = {{u"txtDate"_s, u"DTPicker1"_s},
-                                                        {u"txtΤελευταία"_s, u"DTPΤελευταία"_s}};
-    auto* picker = named(new controls::DatePicker,
-                         field.index < 0 ? pickerNames.value(field.array) : arrayName(u"DTPcustDate"_s, field.index));
-    controls::setAccessibleCaption(picker, u"Ημερολόγιο: "_s + field.caption);
-    pickers_.insert(field.controlName(), picker);
-    controls::pairUp(date(field), picker);
-    auto* pair = new QWidget;
-    auto* layout = new QHBoxLayout(pair);
-    layout->setContentsMargins(0, 0, 0, 0);
-    layout->setSpacing(4);
-    layout->addWidget(date(field));
-    layout->addWidget(picker);
-    if (field.kind == CardKind::LastMovement) {
-        today_ = named(new QPushButton(u"Σήμερα"_s), u"cmdΣήμερα"_s);
-        layout->addWidget(today_);
+}  // namespace
+
+CardView::CardView() {
+    for (const CardField& field : cardFields()) {
+        QWidget* control = named(makeControl(field), field.controlName());
+        controls::setAccessibleCaption(control, field.caption);
+        widgets_.insert(field.controlName(), control);
     }
-    layout->addStretch(1);
-    return pair;
+}
+
+void CardView::build(core::Commands& commands, const CardPanels& panels) {
+    beside_ = {{u"Combo1"_s, commands.toolButton(u"Command2"_s)},
+               {u"Text7(13)"_s, commands.toolButton(u"Command5"_s)},
+               {u"Text7(14)"_s, commands.toolButton(u"Command6"_s)},
+               {u"txtΤελευταία"_s, commands.button(u"cmdΣήμερα"_s)}};
+    tabs_ = named(new QTabWidget, u"TabStrip1"_s);
+    tabs_->setAccessibleName(u"Στοιχεία καρτέλας"_s);
+    tabs_->setDocumentMode(true);
+    struct Tab {
+        CardTab tab;
+        QString caption, frame;
+        QWidget* page;
+    };
+    for (const Tab& tab : {Tab{CardTab::Basic, u"Βασικά Στοιχεία"_s, u"Frame3"_s, basicTab()},
+                           Tab{CardTab::Special, u"Ειδικά Στοιχεία"_s, u"Frame4"_s, specialTab()},
+                           Tab{CardTab::History, u"Ιστορικό"_s, u"Frame5"_s, historyTab(panels.history)},
+                           Tab{CardTab::Notes, u"Σημειώσεις"_s, u"Frame1"_s, notesTab(commands)},
+                           Tab{CardTab::Texts, u"Κείμενα"_s, u"Frame6"_s, textsTab()},
+                           Tab{CardTab::Links, u"Συνδέσεις"_s, u"Frame2"_s, panels.links},
+                           Tab{CardTab::Appointments, u"Συναντήσεις"_s, u"Frame7"_s, panels.appointments}}) {
+        QWidget* page = scrolled(named(tab.page, tab.frame));
+        pages_.insert(tab.tab, page);
+        tabs_->addTab(page, tab.caption);
+    }
+    controls::add(controls::bareLayout(this), {header(), {tabs_, 1}});
+}
+
+QWidget* CardView::holderOf(const CardField& field) {
+    QWidget *control = this->control(field), *beside = beside_.value(field.controlName());
+    if (auto* box = qobject_cast<controls::DateBox*>(control)) {
+        auto* date = new controls::DateField(box, pickerName(field), field.caption);
+        if (beside) date->add(beside);
+        return date;
+    }
+    return beside ? controls::rowWidget({{control, 1}, beside}, 4) : control;
 }
 
 void CardView::addRow(QFormLayout* form, const CardField& field) {
-    QWidget* holder = control(field);
-    if (qobject_cast<controls::DateBox*>(holder)) holder = datePairOf(field);
-    if (QWidget* row = besideRow(field)) holder = row;
+    const QString name = field.controlName();
+    QWidget* holder = holders_[name] = holderOf(field);
+    forms_.insert(name, form);
     if (field.kind == CardKind::ParamFlag)
         form->addRow(QString(), holder);
     else
-        form->addRow(caption(field), holder);
-    forms_.insert(field.controlName(), form);
-}
-
-QToolButton* CardView::besideButton(const QString& name, const QString& icon, const QString& caption) {
-    auto* button = named(new QToolButton, name);
-    button->setIcon(controls::icon(icon));
-    button->setToolTip(caption);
-    button->setAccessibleName(caption);
-    button->setFocusPolicy(Qt::TabFocus);
-    return button;
-}
-
-QWidget* CardView::withButton(const CardField& field, QToolButton* button) {
-    auto* row = new QWidget;
-    auto* layout = new QHBoxLayout(row);
-    layout->setContentsMargins(0, 0, 0, 0);
-    layout->setSpacing(4);
-    layout->addWidget(control(field), 1);
-    layout->addWidget(button);
-    return row;
-}
-
-// The field with the button that belongs to it; null for a field without one.
-QWidget* CardView::besideRow(const CardField& field) {
-    struct Beside {
-        QString control, name, icon, caption;
-        QToolButton*& button;
-    };
-    for (const Beside& beside :
-         {Beside{u"Combo1"_s, u"Command2"_s, u"category"_s, u"Κατηγορίες Καρτέλας"_s, categories_},
-          Beside{u"Text7(13)"_s, u"Command5"_s, u"mail"_s, u"Συνταξή και αποστολή e-mail"_s, mail_},
-          Beside{u"Text7(14)"_s, u"Command6"_s, u"web"_s, u"Μετάβαση στη σελίδα"_s, web_}}) {
-        if (field.controlName() != beside.control) continue;
-        beside.button = besideButton(beside.name, beside.icon, beside.caption);
-        return withButton(field, beside.button);
-    }
-    return nullptr;
+        captions_.insert(name, controls::addField(form, field.caption, control(field), holder));
 }
 
 QWidget* CardView::header() {
@@ -241,42 +158,21 @@ QWidget* CardView::header() {
     }
     saveHint_->setProperty("role", u"accent"_s);
     counter_->setProperty("role", u"muted"_s);
-    auto* bar = new QWidget;
-    auto* layout = new QHBoxLayout(bar);
-    layout->setContentsMargins(2, 0, 2, 0);
-    layout->setSpacing(10);
-    layout->addWidget(surname_, 3);
-    layout->addWidget(firstName_, 3);
-    layout->addWidget(telephone_, 2);
-    layout->addWidget(saveHint_);
-    layout->addWidget(counter_);
-    return bar;
+    return controls::rowWidget({{surname_, 3}, {firstName_, 3}, {telephone_, 2}, saveHint_, counter_}, 10);
 }
 
 QWidget* CardView::basicTab() {
-    auto* page = new QWidget;
-    auto* grid = new QGridLayout(page);
-    grid->setContentsMargins(14, 14, 14, 14);
-    grid->setHorizontalSpacing(28);
-    QFormLayout *left = formLayout(), *right = formLayout(), *bottom = formLayout();
+    QFormLayout *left = controls::formLayout(), *right = controls::formLayout(), *bottom = controls::formLayout();
     for (const QString& name : basicLeft) addRow(left, fieldNamed(name));
     for (const QString& name : basicRight) addRow(right, fieldNamed(name));
     addRow(bottom, fieldNamed(u"Text7(16)"_s));
-    grid->addLayout(left, 0, 0);
-    grid->addLayout(right, 0, 1);
-    grid->addLayout(bottom, 1, 0, 1, 2);
-    grid->setColumnStretch(0, 1);
-    grid->setColumnStretch(1, 1);
-    grid->setRowStretch(2, 1);
+    auto* page = new QWidget;
+    controls::add(controls::tabLayout(page), {controls::row({{left, 1}, {right, 1}}, 28), bottom, Item::rest()});
     return page;
 }
 
 QWidget* CardView::specialTab() {
-    auto* page = new QWidget;
-    auto* layout = new QGridLayout(page);
-    layout->setContentsMargins(14, 14, 14, 14);
-    layout->setHorizontalSpacing(24);
-    QFormLayout *texts = formLayout(), *figures = formLayout(), *choices = formLayout();
+    QFormLayout *texts = controls::formLayout(), *figures = controls::formLayout(), *choices = controls::formLayout();
     const QHash<CardKind, QFormLayout*> column = {{CardKind::ParamText, texts},
                                                   {CardKind::ParamNumber, figures},
                                                   {CardKind::ParamDate, figures},
@@ -290,47 +186,27 @@ QWidget* CardView::specialTab() {
     specialHint_ = new QLabel(u"Το γραφείο δεν έχει ορίσει ακόμη ειδικά πεδία."_s);
     specialHint_->setProperty("role", u"muted"_s);
     specialHint_->hide();
-    int index = 0;
-    for (QFormLayout* form : {texts, figures, choices}) {
-        layout->addLayout(form, 0, index);
-        layout->setColumnStretch(index++, 1);
-    }
-    layout->addWidget(specialHint_, 1, 0, 1, 3, Qt::AlignTop);
-    layout->setRowStretch(1, 1);
+    auto* page = new QWidget;
+    controls::add(controls::tabLayout(page),
+                  {controls::row({{texts, 1}, {figures, 1}, {choices, 1}}, 24), specialHint_, Item::rest()});
     return page;
 }
 
-QWidget* CardView::notesTab() {
-    auto* page = new QWidget;
-    auto* grid = new QGridLayout(page);
-    grid->setContentsMargins(14, 14, 14, 14);
-    grid->setHorizontalSpacing(16);
-    photo_ = named(new PhotoView, u"Image1"_s);
-    loadPhoto_ = named(new QPushButton(controls::icon(u"photo-add"_s), u"Εισαγωγή Φωτογραφίας"_s), u"Command1"_s);
-    clearPhoto_ = named(new QPushButton(controls::icon(u"photo-remove"_s), u"Διαγραφή Φωτογραφίας"_s), u"Command3"_s);
+QWidget* CardView::notesTab(core::Commands& commands) {
     const CardField& notes = fieldNamed(u"Text7(17)"_s);
-    grid->addWidget(caption(notes), 0, 0, Qt::AlignLeft);
-    grid->addWidget(memo(notes), 1, 0, 3, 1);
-    grid->addWidget(photo_, 1, 1);
-    grid->addWidget(loadPhoto_, 2, 1);
-    grid->addWidget(clearPhoto_, 3, 1);
-    grid->setColumnStretch(0, 2);
-    grid->setColumnStretch(1, 1);
-    grid->setRowStretch(1, 1);
+    photo_ = named(new controls::PhotoView, u"Image1"_s);
+    auto* photo = controls::column({{photo_, 1}, commands.button(u"Command1"_s), commands.button(u"Command3"_s)});
+    auto* page = new QWidget;
+    controls::add(controls::tabLayout(page), {controls::captionOf(notes.caption, memo(notes)),
+                                              {controls::row({{memo(notes), 2}, {photo, 1}}, 16), 1}});
     return page;
 }
 
 QWidget* CardView::textsTab() {
-    auto* page = new QWidget;
-    auto* grid = new QGridLayout(page);
-    grid->setContentsMargins(14, 14, 14, 14);
-    grid->setHorizontalSpacing(16);
     textHeader_ = named(new QLabel, u"lblMemeHeader"_s);
     textHeader_->setTextFormat(Qt::PlainText);
     textHeader_->setFont(controls::font(u"Tahoma"_s, 11, true));
-    grid->addWidget(textHeader_, 0, 1);
-    auto* buttons = new QVBoxLayout;
-    buttons->setSpacing(8);
+    auto* buttons = controls::column({});
     texts_ = new QStackedWidget;
     for (int i = 0; i < 6; ++i) {
         auto* button = named(new QPushButton(u"Κειμενο %1"_s.arg(i + 1)), arrayName(u"cmdMemo"_s, i));
@@ -342,28 +218,23 @@ QWidget* CardView::textsTab() {
         texts_->addWidget(control(arrayName(u"txtMemo"_s, i)));
     }
     buttons->addStretch(1);
-    grid->addLayout(buttons, 1, 0);
-    grid->addWidget(texts_, 1, 1);
-    grid->setColumnStretch(1, 1);
+    auto* page = new QWidget;
+    controls::add(controls::tabLayout(page),
+                  {{controls::row({buttons, {controls::column({textHeader_, {texts_, 1}}), 1}}, 16), 1}});
     return page;
 }
 
-QWidget* CardView::historyTab() {
-    auto* page = new QWidget;
-    auto* layout = new QVBoxLayout(page);
-    layout->setContentsMargins(14, 14, 14, 14);
-    layout->setSpacing(12);
-    layout->addWidget(panels_.history, 1);
-    auto* visits = new QHBoxLayout;
-    visits->setSpacing(24);
+QWidget* CardView::historyTab(QWidget* history) {
+    auto* visits = controls::row({}, 24);
     for (const CardField& field : cardFields()) {
         if (field.tab != CardTab::History) continue;
-        QFormLayout* form = formLayout();
+        QFormLayout* form = controls::formLayout();
         addRow(form, field);
         visits->addLayout(form);
         visits->setAlignment(form, Qt::AlignVCenter);
     }
-    layout->addLayout(visits);
+    auto* page = new QWidget;
+    controls::add(controls::tabLayout(page), {{history, 1}, visits});
     return page;
 }
 
@@ -381,13 +252,11 @@ void CardView::dress(const CardField& field, const QString& caption, bool visibl
         return;
     }
     if (QFormLayout* form = forms_.value(field.controlName()))
-        form->setRowVisible(qobject_cast<controls::DateBox*>(widget) ? widget->parentWidget() : widget, visible);
+        form->setRowVisible(holders_.value(field.controlName()), visible);
 }
 
 bool CardView::isOffered(const CardField& field) const {
-    // A date stands in a row with its calendar, and the row is what is hidden.
-    const bool inRow = qobject_cast<controls::DateBox*>(control(field));
-    return !control(field)->isHidden() && !(inRow && control(field)->parentWidget()->isHidden());
+    return !holders_.value(field.controlName())->isHidden();
 }
 
 void CardView::showSpecialHint() {

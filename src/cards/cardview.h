@@ -6,16 +6,14 @@
 #include <QHash>
 #include <QLabel>
 #include <QPushButton>
+#include <QStackedWidget>
 #include <QTabWidget>
 #include <QWidget>
 
 #include "cards/cardfields.h"
-#include "cards/photoview.h"
-#include "controls/datepair.h"
-
-class QFormLayout;
-class QStackedWidget;
-class QToolButton;
+#include "controls/datefield.h"
+#include "controls/photoview.h"
+#include "core/commands.h"
 
 namespace cards {
 
@@ -29,16 +27,19 @@ struct CardPanels {
 class CardView : public QWidget {
     Q_OBJECT
 public:
-    explicit CardView(const CardPanels& panels);
+    // The fields alone, so that commands can look at them; build() lays them out with the buttons of the commands.
+    CardView();
+    void build(core::Commands& commands, const CardPanels& panels);
 
     // By control name; the field must be of that kind.
-    controls::TextBox* text(const CardField& field) const { return cast<controls::TextBox>(field); }
-    controls::MemoBox* memo(const CardField& field) const { return cast<controls::MemoBox>(field); }
-    controls::DateBox* date(const CardField& field) const { return cast<controls::DateBox>(field); }
-    QComboBox* combo(const CardField& field) const { return cast<QComboBox>(field); }
-    QCheckBox* check(const CardField& field) const { return cast<QCheckBox>(field); }
-    controls::DatePicker* picker(const CardField& field) const { return pickers_.value(field.controlName()); }
-    QWidget* control(const CardField& field) const { return widgets_.value(field.controlName()); }
+    controls::TextBox* text(const CardField& field) const { return cast<controls::TextBox>(field, widgets_); }
+    controls::MemoBox* memo(const CardField& field) const { return cast<controls::MemoBox>(field, widgets_); }
+    controls::DateBox* date(const CardField& field) const { return cast<controls::DateBox>(field, widgets_); }
+    QComboBox* combo(const CardField& field) const { return cast<QComboBox>(field, widgets_); }
+    QCheckBox* check(const CardField& field) const { return cast<QCheckBox>(field, widgets_); }
+    // The date with its calendar; nothing else has one.
+    controls::DateField* dateField(const CardField& field) const { return cast<controls::DateField>(field, holders_); }
+    QWidget* control(const CardField& field) const { return control(field.controlName()); }
     QWidget* control(const QString& name) const { return widgets_.value(name); }
 
     // Caption and visibility of a parametric field; hidden ones keep their values.
@@ -57,39 +58,26 @@ public:
     QLabel* counter() const { return counter_; }
     QLabel* saveHint() const { return saveHint_; }
     QTabWidget* tabs() const { return tabs_; }
-    PhotoView* photo() const { return photo_; }
-    QPushButton* loadPhoto() const { return loadPhoto_; }
-    QPushButton* clearPhoto() const { return clearPhoto_; }
-    QToolButton* categories() const { return categories_; }
-    QToolButton* mail() const { return mail_; }
-    QToolButton* web() const { return web_; }
-    QPushButton* today() const { return today_; }  // puts today into the last visit
-    QWidget* linksFrame() const { return panels_.links; }
+    controls::PhotoView* photo() const { return photo_; }
 
 private:
+    using Widgets = QHash<QString, QWidget*>;
     template <typename W>
-    W* cast(const CardField& field) const {
-        return qobject_cast<W*>(widgets_.value(field.controlName()));
+    W* cast(const CardField& field, const Widgets& from) const {
+        return qobject_cast<W*>(from.value(field.controlName()));
     }
-    QWidget* create(const CardField& field);
-    QWidget* datePairOf(const CardField& field);
-    QWidget* withButton(const CardField& field, QToolButton* button);
-    QToolButton* besideButton(const QString& name, const QString& icon, const QString& caption);
-    QWidget* besideRow(const CardField& field);
-    QLabel* caption(const CardField& field);
+    QWidget* holderOf(const CardField& field);
+    void addRow(QFormLayout* form, const CardField& field);
     QWidget* header();
     QWidget* basicTab();
     QWidget* specialTab();
-    QWidget* notesTab();
+    QWidget* notesTab(core::Commands& commands);
     QWidget* textsTab();
-    QWidget* historyTab();
-    QWidget* linksTab() { return panels_.links; }
-    QWidget* appointmentsTab() { return panels_.appointments; }
-    void addRow(QFormLayout* form, const CardField& field);
+    QWidget* historyTab(QWidget* history);
 
-    CardPanels panels_;
-    QHash<QString, QWidget*> widgets_;
-    QHash<QString, controls::DatePicker*> pickers_;
+    Widgets widgets_;  // by control name
+    Widgets beside_;   // the button that belongs to a field
+    Widgets holders_;  // what stands in the row of a form: the field, alone or with what is beside it
     QHash<QString, QLabel*> captions_;
     QHash<QString, QFormLayout*> forms_;
     QVector<QPushButton*> textButtons_;
@@ -97,9 +85,7 @@ private:
     QLabel *surname_, *firstName_, *telephone_, *counter_, *saveHint_, *textHeader_, *specialHint_;
     QTabWidget* tabs_;
     QStackedWidget* texts_;
-    PhotoView* photo_;
-    QPushButton *loadPhoto_, *clearPhoto_, *today_;
-    QToolButton *categories_, *mail_, *web_;
+    controls::PhotoView* photo_;
 };
 
 }  // namespace cards

@@ -2,10 +2,10 @@
 #pragma once
 
 #include "cards/appointmentstab.h"
-#include "cards/buttonrow.h"
 #include "cards/cardview.h"
 #include "cards/historytab.h"
 #include "cards/linkstab.h"
+#include "core/commands.h"
 #include "core/form.h"
 #include "data/recordset.h"
 
@@ -48,23 +48,20 @@ public:
 
 protected:
     void onLoad() override;
-    bool queryUnload() override;
     void onUnload() override;
 
 private:
+    QVector<core::Command> commands();
+    QLayout* buttons();
     void wire();
-    void wireAddresses();
-    void addShortcut(const QKeySequence& keys, std::function<void()> action);
-    void dispatch(CardButton id);
     void dress();
     void openKeySet();
     bool hasCards();
-    bool mayDiscard(const QString& question);
     void showFirst();
+    void showCurrent();  // the card on which the key set stands
     void showRow(data::Recordset& row, bool reload);
     QString categoryName(const QVariant& code);
     void readPhoto(data::Recordset& row);
-    void showBrowsing();
     void showHeader();
     void showCounter();
     void fillLists();
@@ -73,7 +70,6 @@ private:
 
     void printCard();
     void printMovements();
-    void tellPrinted(const QString& text);
     void openFind();
     void PreviousCard();
     void NextCard();
@@ -93,21 +89,20 @@ private:
     void DeleteCard();
     void alignKeySet();
     void loadPhoto();
-    void clearPhoto();
+    void setPhoto(const QByteArray& bytes);
 
     HistoryTab* history_;
     LinksTab* links_;
     AppointmentsTab* appointments_;
     CardView* view_;
-    ButtonRow* buttons_;
 
     data::Recordset mRsCards;  // keys in surname order, open for the form's life
     data::Recordset mRsCard;   // the one row under an add or a change
-    bool mFinding = false;
     bool mAdding = false;
     bool mEditing = false;
     QByteArray mPhotoBytes;
     QVector<QVariant> shownValues_;  // the row as ShowCard read it, to see what others changed before an edit
+    core::Commands commands_;
 };
 
 }  // namespace cards

@@ -1,7 +1,9 @@
 // Adding, changing, saving and deleting a card, and its photo.
 #include "cards/cardbinding.h"
 #include "cards/frmaddress.h"
-#include "cards/photofile.h"
+#include "controls/fieldvalue.h"
+#include "core/categories.h"
+#include "core/photofile.h"
 
 using namespace Qt::Literals::StringLiterals;
 
@@ -13,7 +15,8 @@ void frmAddress::openCarrier() {
 
 void frmAddress::startEditing(const QString& title) {
     UnlockCard();
-    buttons_->setEditing();
+    commands_.refresh();
+    fields_.remember();
     view_->counter()->setText(title);
     if (!view_->isShowing(CardTab::Basic)) return;
     view_->control(u"Text7(0)"_s)->setFocus(Qt::TabFocusReason);
@@ -40,7 +43,8 @@ void frmAddress::CardEdit() {
 // Back to the browsing layout, whatever the next read of the card brings.
 void frmAddress::leaveEditing() {
     LockCard();
-    showBrowsing();
+    commands_.refresh();
+    fields_.forget();
     showCounter();
 }
 
@@ -48,7 +52,7 @@ void frmAddress::leaveEditing() {
 // show first: otherwise the save would put the older ones back over them without anybody noticing.
 bool frmAddress::refreshFromCarrier() {
     if (mRsCard.isEmpty()) {
-        core::complain(mod_, this, u"Η καρτέλα έχει διαγραφεί από άλλον χρήστη."_s);
+        complain(u"Η καρτέλα έχει διαγραφεί από άλλον χρήστη."_s);
         return false;
     }
     if (savedValues(mRsCard) != shownValues_) {
@@ -72,11 +76,9 @@ bool frmAddress::isComplete() {
     };
     for (const Needed& need : needed) {
         QWidget* control = view_->control(need.control);
-        const auto* combo = qobject_cast<QComboBox*>(control);
-        const QString text = combo ? combo->currentText() : qobject_cast<controls::TextBox*>(control)->text();
-        if (!text.isEmpty()) continue;
+        if (!controls::fieldValue(control).toString().isEmpty()) continue;
         view_->selectTab(CardTab::Basic);
-        core::complain(mod_, this, need.text, control);
+        complain(need.text, control);
         return false;
     }
     return true;
@@ -100,13 +102,10 @@ void frmAddress::SaveCard() {
 void frmAddress::writeCard() {
     if (!mRsCard.isOpen()) openCarrier();
     const QString name = qobject_cast<QComboBox*>(view_->control(u"Combo1"_s))->currentText();
-    data::Recordset category(mod_.gConn,
-                             data::Sql(u"select description,code from cardKategory where description=?"_s, name));
-    if (category.isEmpty())
-        throw data::Error(data::ErrorCategory::Constraint, u"Η κατηγορία «%1» δεν υπάρχει πια."_s.arg(name));
+    const qint64 category = core::categoryCode(mod_.gConn, name);
     if (mAdding && mRsCard.editMode() != data::EditMode::Add) mRsCard.addNew();
     const int year = mod_.services.clock.today().year();
-    for (const CardField& field : cardFields()) writeField(*view_, field, mRsCard, category[u"code"].toLong(), year);
+    for (const CardField& field : cardFields()) writeField(*view_, field, mRsCard, category, year);
     data::Field photo = mRsCard[u"Photo"];
     if (!photo.isNull() || !mPhotoBytes.isEmpty()) photo.appendChunk(mPhotoBytes);
     mRsCard.update();
@@ -136,10 +135,7 @@ void frmAddress::CancelCard() {
         showHeader();
         return;
     }
-    if (wasAdding) {
-        mRsCards.moveFirst();
-        CurrentCode = mRsCards[u"code"].text();
-    }
+    if (wasAdding) return showFirst();
     ShowCard(true);
 }
 
@@ -155,7 +151,7 @@ void frmAddress::alignKeySet() {
 
 void frmAddress::DeleteCard() {
     if (isEditing() || mod_.gUserGroup == core::groupRestricted) return;
-    if (!mod_.services.prompts.question(this, core::programTitle(), u"Είστε σίγουρος για διαγραφή;"_s)) return;
+    if (!ask(u"Είστε σίγουρος για διαγραφή;"_s)) return;
     if (!hasCards()) return ClearCard();
     alignKeySet();
     data::Transaction transaction(mod_.gConn);
@@ -170,15 +166,12 @@ void frmAddress::DeleteCard() {
 }
 
 void frmAddress::loadPhoto() {
-    const auto bytes = choosePhoto(mod_, this);
-    if (!bytes) return;
-    mPhotoBytes = *bytes;
-    view_->photo()->setBytes(mPhotoBytes);
+    if (const auto bytes = core::choosePhoto(mod_, this)) setPhoto(*bytes);
 }
 
-void frmAddress::clearPhoto() {
-    mPhotoBytes.clear();
-    view_->photo()->setBytes({});
+void frmAddress::setPhoto(const QByteArray& bytes) {
+    mPhotoBytes = bytes;
+    view_->photo()->setBytes(bytes);
 }
 
 }  // namespace cards

@@ -1,7 +1,9 @@
 // The card on paper: what its controls show.
 #include "cards/frmaddress.h"
 #include "cards/kartela.h"
+#include "controls/fieldvalue.h"
 #include "core/printlist.h"
+#include "core/printout.h"
 
 using namespace Qt::Literals::StringLiterals;
 
@@ -38,10 +40,7 @@ const std::pair<QString, QString> basicLines[] = {
 };
 
 QString shown(const QWidget* control) {
-    if (const auto* combo = qobject_cast<const QComboBox*>(control)) return combo->currentText();
-    if (const auto* date = qobject_cast<const controls::DateBox*>(control)) return date->formattedText();
-    if (const auto* memo = qobject_cast<const controls::MemoBox*>(control)) return memo->text();
-    return qobject_cast<const controls::TextBox*>(control)->text();
+    return controls::fieldValue(control).toString();
 }
 
 }  // namespace
@@ -59,7 +58,7 @@ bool frmAddress::gPrintKartela(const QString& Title) {
             card.special.append({view_->captionText(field), shown(view_->control(field))});
     }
     // Sharp enough for half a page, whatever the camera delivered.
-    if (!mPhotoBytes.isEmpty()) card.photo = PhotoView::read(mPhotoBytes, {1500, 1500});
+    if (!mPhotoBytes.isEmpty()) card.photo = controls::PhotoView::read(mPhotoBytes, {1500, 1500});
     card.surname = shownText(0);
     card.notes = shown(view_->control(u"Text7(17)"_s));
     try {
@@ -74,17 +73,14 @@ bool frmAddress::gPrintKartela(const QString& Title) {
 }
 
 void frmAddress::printCard() {
-    if (gPrintKartela(u"ΣΤΟΙΧΕΙΑ ΚΑΡΤΕΛΑΣ"_s)) tellPrinted(u"Η εκτύπωση της καρτέλας ολοκληρώθηκε !"_s);
+    if (gPrintKartela(u"ΣΤΟΙΧΕΙΑ ΚΑΡΤΕΛΑΣ"_s)) tell(u"Η εκτύπωση της καρτέλας ολοκληρώθηκε !"_s);
 }
 
 void frmAddress::printMovements() {
-    if (core::gPrintListView(mod_, this, history_->list(), u"ΙΣΤΟΡΙΚΟ ΕΠΑΦΗΣ "_s + history_->period(), shownText(0),
-                             shownText(1), shownText(9), shownText(11)))
-        tellPrinted(u"Η εκτύπωση ολοκληρώθηκε"_s);
-}
-
-void frmAddress::tellPrinted(const QString& text) {
-    mod_.services.prompts.message(this, platform::MessageIcon::Plain, core::programTitle(), text);
+    printAndTell([this] {
+        return core::gPrintListView(mod_, this, history_->list(), u"ΙΣΤΟΡΙΚΟ ΕΠΑΦΗΣ "_s + history_->period(),
+                                    {shownText(0), shownText(1), shownText(9), shownText(11)});
+    });
 }
 
 }  // namespace cards

@@ -1,13 +1,13 @@
 #pragma once
 
-#include "cards/listeditor.h"
+#include "core/listeditor.h"
 
 namespace cards {
 
 using namespace Qt::Literals::StringLiterals;
 
 // The categories of the cards; one that is payable shows in red.
-class frmCategory : public ListEditor {
+class frmCategory : public core::ListEditor {
     Q_OBJECT
 public:
     explicit frmCategory(core::MainMod& mod);
@@ -17,7 +17,7 @@ protected:
 };
 
 // The values of one of the four lists, Combo1 to Combo4.
-class frmCombos : public ListEditor {
+class frmCombos : public core::ListEditor {
     Q_OBJECT
 public:
     explicit frmCombos(core::MainMod& mod);

@@ -7,7 +7,7 @@
 #include "controls/fieldvalue.h"
 #include "controls/layout.h"
 #include "controls/names.h"
-#include "data/recordset.h"
+#include "core/customfields.h"
 
 using namespace Qt::Literals::StringLiterals;
 
@@ -18,8 +18,6 @@ using controls::Item;
 using controls::named;
 
 namespace {
-
-const QString rowSql = u"Select * from customfields where id=1"_s;
 
 const QVector<FieldGroup> cardGroups = {
     {u"Αλφαριθμητικά"_s, u"Πεδίο"_s, 10, u"FIELdchar"_s, u"Text1"_s, 0, 1, u"fc"_s, u"Check1"_s},
@@ -99,18 +97,18 @@ void FieldsEditor::addColumn(const QString& name, QWidget* field, const QString&
 }
 
 void FieldsEditor::onLoad() {
-    data::Recordset row(mod_.gConn, rowSql);
-    for (const Column& column : columns_) controls::setFieldValue(column.field, row[column.name].value());
+    core::CustomFields row(mod_.gConn);
+    for (const Column& column : columns_) controls::setFieldValue(column.field, row.value(column.name));
     fields_.remember();
 }
 
 // Only what was changed here: another seat may have confirmed names of its own meanwhile.
 void FieldsEditor::confirm() {
     if (!fields_.isRemembering()) return onLoad();  // what couldn't be read is not to be overwritten
-    data::Recordset row(mod_.gConn, rowSql);
+    core::CustomFields row(mod_.gConn);
     for (const Column& column : columns_)
-        if (fields_.isChanged(column.field)) row[column.name].setValue(controls::fieldValue(column.field));
-    row.update();
+        if (fields_.isChanged(column.field)) row.set(column.name, controls::fieldValue(column.field));
+    row.save();
     fields_.remember();
     emit closeRequested();
 }

@@ -1,17 +1,12 @@
 #include "cards/frmfind.h"
 
-#include <QHBoxLayout>
-#include <QKeyEvent>
-#include <QLabel>
 #include <QPushButton>
-#include <QVBoxLayout>
 
+#include "controls/layout.h"
 #include "controls/names.h"
-#include "core/columnwidths.h"
-#include "core/guard.h"
 #include "core/placement.h"
-#include "data/phonekey.h"
 #include "data/recordset.h"
+#include "data/values/phonekey.h"
 
 using namespace Qt::Literals::StringLiterals;
 
@@ -20,8 +15,6 @@ namespace cards {
 using controls::named;
 
 namespace {
-
-const QString section = u"lvFind"_s;
 
 QVector<controls::ListColumn> columns() {
     return {{u"Name"_s, u"Επώνυμο"_s},
@@ -48,54 +41,30 @@ QString findStatement(const QString& text) {
 }
 
 frmFind::frmFind(core::MainMod& mod, QWidget* parent, std::function<void(const FoundCard&)> chosen)
-    : QDialog(parent), mod_(mod), chosen_(std::move(chosen)) {
-    setObjectName(u"frmFind"_s);
-    setWindowTitle(u"Έξυπνη Εύρεση"_s);
-    build();
-    core::loadColumns(mod_.services.settings, section, *list_, columns());
-    core::onSignal(mod_, this, list_, &controls::ListView::rowActivated, [this](int row) { choose(row); });
-    text_->installEventFilter(this);
+    : Dialog(mod, parent, u"frmFind"_s, u"Έξυπνη Εύρεση"_s),
+      chosen_(std::move(chosen)),
+      text_(named(new controls::TextBox, u"Text1(0)"_s)),
+      list_(new core::StoredList(mod.services.settings, u"ListView1"_s, u"Καρτέλες που βρέθηκαν"_s, u"lvFind"_s,
+                                 columns())) {
+    auto* exit = named(new QPushButton(u"Έξοδος"_s), u"cmdexit"_s);
+    auto* caption = named(controls::captionOf(u" Αναζήτηση για"_s, text_), u"Label1(0)"_s);
+    controls::add(controls::dialogLayout(this),
+                  {controls::row({caption, {text_, 1}}), {list_, 1}, controls::row({controls::Item::rest(), exit})});
+    resize(760, 460);
+    on(exit, &QPushButton::clicked, [this] { reject(); });
+    on(list_, &controls::ListView::rowActivated, [this](int row) { choose(row); });
+    enterRuns(text_, [this] {
+        search(text_->text());
+        // A second Enter takes the first of what was found.
+        if (!text_->text().isEmpty()) enterList();
+    });
+    onKey(Qt::Key_Down, text_, [this] { enterList(); });
+    text_->setHighlighting(true);
     text_->setFocus();
 }
 
-void frmFind::build() {
-    text_ = named(new controls::TextBox, controls::arrayName(u"Text1"_s, 0));
-    text_->setHighlighting(true);
-    auto* caption = named(new QLabel(u" Αναζήτηση για"_s), controls::arrayName(u"Label1"_s, 0));
-    controls::tie(caption, text_);
-    list_ = named(new controls::ListView, u"ListView1"_s);
-    list_->setAccessibleName(u"Καρτέλες που βρέθηκαν"_s);
-    auto* exit = named(new QPushButton(u"Έξοδος"_s), u"cmdexit"_s);
-    exit->setAutoDefault(false);
-    connect(exit, &QPushButton::clicked, this, &QDialog::reject);
-
-    auto* top = new QHBoxLayout;
-    top->addWidget(caption);
-    top->addWidget(text_, 1);
-    auto* layout = new QVBoxLayout(this);
-    layout->setContentsMargins(14, 14, 14, 12);
-    layout->setSpacing(10);
-    layout->addLayout(top);
-    layout->addWidget(list_, 1);
-    layout->addWidget(exit, 0, Qt::AlignRight);
-    resize(760, 460);
-}
-
-// Enter searches; in every other box of the program it would move on.
-bool frmFind::eventFilter(QObject* watched, QEvent* event) {
-    if (watched != text_ || event->type() != QEvent::KeyPress) return QDialog::eventFilter(watched, event);
-    const int key = static_cast<QKeyEvent*>(event)->key();
-    if (key == Qt::Key_Down && list_->count() > 0) {
-        list_->setFocus(Qt::TabFocusReason);
-        return true;
-    }
-    if (key != Qt::Key_Return && key != Qt::Key_Enter) return QDialog::eventFilter(watched, event);
-    core::attempt(mod_, this, [this] {
-        search(text_->text());
-        // A second Enter takes the first of what was found.
-        if (!text_->text().isEmpty() && list_->count() > 0) list_->setFocus(Qt::TabFocusReason);
-    });
-    return true;
+void frmFind::enterList() {
+    if (list_->count() > 0) list_->setFocus(Qt::TabFocusReason);
 }
 
 void frmFind::search(const QString& text) {
@@ -122,10 +91,8 @@ void frmFind::choose(int row) {
 }
 
 void frmFind::done(int result) {
-    core::storeColumns(mod_.services.settings, section, *list_);
-    const core::Placement placement{u"Find"_s};
-    if (!isMinimized()) core::storePosition(mod_.services.settings, placement, pos());
-    QDialog::done(result);
+    if (!isMinimized()) core::storePosition(mod_.services.settings, {u"Find"_s}, pos());
+    Dialog::done(result);
 }
 
 }  // namespace cards

@@ -1,12 +1,11 @@
 // The search of the cards: one text at the start of nine columns at once.
 #pragma once
 
-#include <QDialog>
 #include <functional>
 
 #include "controls/boxes.h"
-#include "controls/listview.h"
-#include "core/mainmod.h"
+#include "core/dialog.h"
+#include "core/storedlist.h"
 
 namespace cards {
 
@@ -19,7 +18,7 @@ struct FoundCard {
 // The statement behind a search text; matches are from the start of a column.
 QString findStatement(const QString& text);
 
-class frmFind : public QDialog {
+class frmFind : public core::Dialog {
     Q_OBJECT
 public:
     // `chosen` gets the card that the user picks, once, right before the window closes.
@@ -31,14 +30,12 @@ protected:
     void done(int result) override;
 
 private:
-    void build();
-    bool eventFilter(QObject* watched, QEvent* event) override;
+    void enterList();
     void choose(int row);
 
-    core::MainMod& mod_;
     std::function<void(const FoundCard&)> chosen_;
     controls::TextBox* text_;
-    controls::ListView* list_;
+    core::StoredList* list_;
 };
 
 }  // namespace cards

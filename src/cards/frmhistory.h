@@ -1,21 +1,17 @@
 // One movement of a card: added or changed.
 #pragma once
 
-#include <QDialog>
-#include <QLabel>
 #include <functional>
 
-#include "cards/photoview.h"
-#include "controls/boxes.h"
-#include "controls/datepair.h"
-#include "core/mainmod.h"
+#include "controls/datefield.h"
+#include "controls/photoview.h"
+#include "core/commands.h"
+#include "core/dialog.h"
 #include "data/recordset.h"
-
-class QFormLayout;
 
 namespace cards {
 
-class frmHistory : public QDialog {
+class frmHistory : public core::Dialog {
     Q_OBJECT
 public:
     // `saved` runs once a movement was written.
@@ -28,38 +24,29 @@ public:
     // Before the window is shown, once the members above are set.
     void load();
 
-protected:
-    void reject() override;
-
 private:
-    void build();
-    QWidget* fields();
-    QWidget* photoColumn();
-    QWidget* buttons();
-    void addRow(QFormLayout* form, const QString& caption, QWidget* box);
+    QFormLayout* fields();
+    QHBoxLayout* buttons();
     void dress();
     void clearForm();
+    void startAnew();
+    void readPhoto();
     void readMovement();
     bool isComplete();
     void save();
     void write(data::Recordset& row);
     void openCarrier();
-    QStringList typed() const;
 
-    core::MainMod& mod_;
     std::function<void(qint64)> saved_;
     QFormLayout* form_ = nullptr;
-    controls::DateBox* txtDate;
-    controls::DatePicker* DTPicker1;
+    controls::DateField* txtDate;
     QVector<controls::TextBox*> Text7;
     QVector<QLabel*> Label1;  // captions of Text7
     controls::NumberBox *txtXreosh, *txtPistosi;
     controls::MemoBox* Text1;
-    PhotoView* Image1;
-    QByteArray mPhotoBytes;
+    controls::PhotoView* Image1;
     data::Recordset mRsHistory;  // the movement as it was read, so that a change by somebody else is noticed
-    QStringList untouched_;      // what the boxes held when nothing was typed yet
-    QByteArray untouchedPhoto_;
+    core::Commands commands_;
 };
 
 }  // namespace cards

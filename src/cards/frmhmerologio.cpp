@@ -3,10 +3,12 @@
 #include "controls/choicebox.h"
 #include "controls/names.h"
 #include "controls/theme.h"
+#include "core/categories.h"
 #include "core/printlist.h"
 #include "core/required.h"
 #include "data/recordset.h"
 #include "data/sql.h"
+#include "data/values/format.h"
 
 using namespace Qt::Literals::StringLiterals;
 
@@ -86,24 +88,15 @@ void frmHmerologio::onLoad() {
 }
 
 void frmHmerologio::FillCombo() {
-    QStringList lines{QString()};
-    for (data::Recordset rows(mod_.gConn, u"select description,code,PAYABLE from cardKategory order by description"_s);
-         !rows.eof(); rows.moveNext())
-        lines << rows[u"description"].text();
     Combo1->clear();
-    Combo1->addItems(lines);
+    Combo1->addItems(QStringList{QString()} + core::categoryNames(mod_.gConn));
 }
 
 JournalFilter frmHmerologio::chosen() {
     const controls::Days days = core::required(*period_, u"των κινήσεων"_s);
     JournalFilter filter{days.from, days.to, txtAitia->text(), {}};
     const QString category = Combo1->currentText();
-    if (category.isEmpty()) return filter;
-    data::Recordset found(mod_.gConn,
-                          data::Sql(u"select description,code from cardKategory where description=?"_s, category));
-    if (found.isEmpty())
-        throw data::Error(data::ErrorCategory::Constraint, u"Η κατηγορία «%1» δεν υπάρχει πια."_s.arg(category));
-    filter.category = found[u"code"].toLong();
+    if (!category.isEmpty()) filter.category = core::categoryCode(mod_.gConn, category);
     return filter;
 }
 

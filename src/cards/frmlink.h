@@ -1,19 +1,17 @@
 // One link of a card: a file, named by a description.
 #pragma once
 
-#include <QDialog>
 #include <QLabel>
 #include <functional>
 
 #include "controls/boxes.h"
-#include "core/mainmod.h"
+#include "core/commands.h"
+#include "core/dialog.h"
 #include "data/recordset.h"
-
-class QPushButton;
 
 namespace cards {
 
-class frmLink : public QDialog {
+class frmLink : public core::Dialog {
     Q_OBJECT
 public:
     // `saved` runs once a link was written.
@@ -27,27 +25,19 @@ public:
     // or its file is gone, and the user was told.
     bool load();
 
-protected:
-    void reject() override;
-
 private:
-    void build();
-    QPushButton* button(const QString& name, const QString& icon, const QString& caption, void (frmLink::*run)());
     bool readLinkRow();
     void chooseFile();
     void showPath(const QString& path);
-    void openFile();
     void save();
-    void leave() { reject(); }
 
-    core::MainMod& mod_;
     std::function<void()> saved_;
     controls::TextBox *Text1, *File1;  // description; the chosen path
     QLabel* note_;                     // what is to be known of the path
-    QPushButton *choose_, *Command1, *Command2, *Command3;
+    QPushButton* choose_;
     data::Recordset mRsLink;  // the link as it was read, so that a change by somebody else is noticed
     QString path_;
-    QStringList untouched_;
+    core::Commands commands_;
 };
 
 }  // namespace cards

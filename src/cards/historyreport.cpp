@@ -1,7 +1,8 @@
 #include "cards/historyreport.h"
 
-#include "data/format.h"
+#include "core/printout.h"
 #include "data/recordset.h"
+#include "data/values/format.h"
 
 using namespace Qt::Literals::StringLiterals;
 

@@ -4,8 +4,9 @@
 #include <QDate>
 #include <QVector>
 
+#include "core/mainmod.h"
 #include "core/printheading.h"
-#include "core/printout.h"
+#include "core/printjob.h"
 
 namespace cards {
 

@@ -1,21 +1,16 @@
 #include "cards/historytab.h"
 
-#include <QHBoxLayout>
-#include <QVBoxLayout>
-
-#include "cards/dialogplace.h"
 #include "cards/frmhistory.h"
 #include "controls/names.h"
 #include "controls/theme.h"
-#include "core/columnwidths.h"
-#include "core/guard.h"
+#include "core/required.h"
 #include "data/recordset.h"
 
 using namespace Qt::Literals::StringLiterals;
 
 namespace cards {
 
-using controls::arrayName;
+using controls::Item;
 using controls::named;
 
 namespace {
@@ -38,114 +33,68 @@ QVector<controls::ListRow> listRows(QVector<LedgerRow> rows) {
 
 }  // namespace
 
-HistoryTab::HistoryTab(core::MainMod& mod) : mod_(mod) {
-    ListView1 = named(new controls::ListView, u"ListView1"_s);
-    ListView1->setAccessibleName(u"Κινήσεις"_s);
-    auto* layout = new QVBoxLayout(this);
-    layout->setContentsMargins(0, 0, 0, 0);
-    layout->setSpacing(8);
-    layout->addWidget(periodRow());
-    layout->addWidget(ListView1, 1);
-    layout->addWidget(commandRow());
-    buildMenu();
-    core::onSignal(mod_, this, ListView1, &controls::ListView::rowActivated, [this] { editMovement(); });
-    core::onSignal(mod_, this, ListView1, &controls::ListView::menuRequested,
-                   [this](int row, QPoint position) { showMenu(row, position); });
+HistoryTab::HistoryTab(core::MainMod& mod)
+    : Guarded(mod, this),
+      period_(new controls::Period(u"DTPcustDate0"_s)),
+      ListView1(new core::StoredList(mod.services.settings, u"ListView1"_s, u"Κινήσεις"_s, u"lvHistory"_s, columns())),
+      lblYpoloipo(named(new QLabel(u"0,00 "_s), u"lblYpoloipo"_s)),
+      commands_(mod, this, commands()) {
+    period_->setMonthToDate(mod.services.clock.today());
+    const QStringList ofRows = {u"cmdAddHistory"_s, u"Command4"_s, u"cmdDelHistory"_s};
+    auto* buttons = controls::row({});
+    commands_.addButtons(buttons, ofRows);
+    controls::add(buttons, {Item::rest(), commands_.button(u"cmdPrint"_s)});
+    controls::add(controls::bareLayout(this), {head(), {ListView1, 1}, buttons});
+    commands_.bindKeys(ListView1, ofRows);
+    QMenu* menu = commands_.menu(u"MnuPopUpHist"_s, ofRows);
+    on(ListView1, &controls::ListView::rowActivated, [this] { editMovement(); });
+    on(ListView1, &controls::ListView::menuRequested,
+       [this, menu](int row, QPoint position) { commands_.popUp(menu, row, position); });
 }
 
-controls::DateBox* HistoryTab::dateBox(const QString& name, int picker, const QString& caption, QHBoxLayout* into) {
-    auto* box = named(new controls::DateBox, name);
-    auto* calendar = named(new controls::DatePicker, arrayName(u"DTPcustDate0"_s, picker));
-    controls::setAccessibleCaption(calendar, u"Ημερολόγιο: "_s + caption);
-    controls::pairUp(box, calendar);
-    core::onSignal(mod_, this, box, &controls::DateBox::refused, [this] { mod_.beep(); });
-    auto* label = new QLabel(caption);
-    controls::tie(label, box);
-    into->addWidget(label);
-    into->addWidget(box);
-    into->addWidget(calendar);
-    into->addSpacing(10);
-    return box;
+QVector<core::Command> HistoryTab::commands() {
+    const auto shown = [this] { return !code_.isEmpty(); };
+    const auto possible = [this] { return browsing_ && !code_.isEmpty(); };
+    return {{u"cmdShow"_s, u"search"_s, u"Εμφάνισε"_s, {}, [this] { refresh(); }, shown},
+            {u"cmdAddHistory"_s,
+             u"add"_s,
+             u"Νέα Κίνηση"_s,
+             {Qt::Key_Insert},
+             [this] { open({}); },
+             possible,
+             false,
+             u"MnuNewHistory"_s},
+            {u"Command4"_s,
+             u"edit"_s,
+             u"Διόρθωση Κίνησης"_s,
+             {},
+             [this] { editMovement(); },
+             possible,
+             true,
+             u"mnuEditHistory"_s,
+             u"Επεξεργασία Κίνηση"_s},
+            {u"cmdDelHistory"_s,
+             u"delete"_s,
+             u"Διαγραφή Κίνησης"_s,
+             {Qt::Key_Delete},
+             [this] { deleteMovement(); },
+             possible,
+             true,
+             u"MnuDelHistory"_s},
+            {u"cmdPrint"_s, u"print"_s, u"Εκτύπωση Κίνησης"_s, {}, [this] { emit printRequested(); }, possible}};
 }
 
-QWidget* HistoryTab::periodRow() {
-    auto* row = new QWidget;
-    auto* layout = new QHBoxLayout(row);
-    layout->setContentsMargins(0, 0, 0, 0);
-    layout->setSpacing(4);
-    txtFrom = dateBox(u"txtFrom"_s, 0, u"Από:"_s, layout);
-    txtTo = dateBox(u"txtTo"_s, 1, u"Έως:"_s, layout);
-    cmdShow = named(new QPushButton(controls::icon(u"search"_s), u"Εμφάνισε"_s), u"cmdShow"_s);
-    core::onSignal(mod_, this, cmdShow, &QPushButton::clicked, [this] {
-        if (!code_.isEmpty()) refresh();
-    });
-    auto* caption = named(new QLabel(u" Υπόλοιπο:"_s), arrayName(u"Label1"_s, 3));
-    lblYpoloipo = named(new QLabel(u"0,00 "_s), u"lblYpoloipo"_s);
+QLayout* HistoryTab::head() {
     lblYpoloipo->setFont(controls::font(u"Tahoma"_s, 12, true));
-    layout->addWidget(cmdShow);
-    layout->addStretch(1);
-    layout->addWidget(caption);
-    layout->addWidget(lblYpoloipo);
-    return row;
-}
-
-QWidget* HistoryTab::commandRow() {
-    auto* row = new QWidget;
-    auto* layout = new QHBoxLayout(row);
-    layout->setContentsMargins(0, 0, 0, 0);
-    const auto command = [&](const QString& name, const QString& icon, const QString& caption, auto run) {
-        auto* button = named(new QPushButton(controls::icon(icon), caption), name);
-        core::onSignal(mod_, this, button, &QPushButton::clicked, run);
-        layout->addWidget(button);
-        return button;
-    };
-    cmdAddHistory = command(u"cmdAddHistory"_s, u"add"_s, u"Νέα Κίνηση"_s, [this] { newMovement(); });
-    Command4 = command(u"Command4"_s, u"edit"_s, u"Διόρθωση Κίνησης"_s, [this] { editMovement(); });
-    cmdDelHistory = command(u"cmdDelHistory"_s, u"delete"_s, u"Διαγραφή Κίνησης"_s, [this] { deleteMovement(); });
-    layout->addStretch(1);
-    cmdPrint = command(u"cmdPrint"_s, u"print"_s, u"Εκτύπωση Κίνησης"_s, [this] { emit printRequested(); });
-    return row;
-}
-
-void HistoryTab::buildMenu() {
-    MnuPopUpHist = named(new QMenu(this), u"MnuPopUpHist"_s);
-    struct Entry {
-        QString name;
-        QString caption;
-        Qt::Key key;
-        void (HistoryTab::*run)();
-        QAction*& action;
-    };
-    for (const Entry& entry :
-         {Entry{u"MnuNewHistory"_s, u"Νέα Κίνηση"_s, Qt::Key_Insert, &HistoryTab::newMovement, MnuNewHistory},
-          Entry{u"mnuEditHistory"_s, u"Επεξεργασία Κίνηση"_s, Qt::Key_unknown, &HistoryTab::editMovement,
-                mnuEditHistory},
-          Entry{u"MnuDelHistory"_s, u"Διαγραφή Κίνησης"_s, Qt::Key_Delete, &HistoryTab::deleteMovement,
-                MnuDelHistory}}) {
-        entry.action = named(new QAction(entry.caption, this), entry.name);
-        if (entry.key != Qt::Key_unknown) entry.action->setShortcut(entry.key);
-        entry.action->setShortcutContext(Qt::WidgetShortcut);
-        core::onSignal(mod_, this, entry.action, &QAction::triggered, [this, run = entry.run] { (this->*run)(); });
-        ListView1->addAction(entry.action);
-        MnuPopUpHist->addAction(entry.action);
-    }
-}
-
-void HistoryTab::load() {
-    core::loadColumns(mod_.services.settings, u"lvHistory"_s, *ListView1, columns());
-    const QDate today = mod_.services.clock.today();
-    txtFrom->setDate(QDate(today.year(), today.month(), 1));
-    txtTo->setDate(today);
-    clear();
+    auto* caption = named(new QLabel(u" Υπόλοιπο:"_s), controls::arrayName(u"Label1"_s, 3));
+    return controls::row({period_, commands_.button(u"cmdShow"_s), Item::rest(), caption, lblYpoloipo});
 }
 
 void HistoryTab::fill(const QString& code) {
     // Known from here on, so that a period that is none can be mended and shown.
-    code_ = code;
-    enableCommands();
-    const auto from = txtFrom->date(), to = txtTo->date();
-    if (!from || !to) throw data::Error(data::ErrorCategory::Type, u"Η περίοδος των κινήσεων δεν είναι σωστή."_s);
-    Ledger ledger(*from, *to);
+    setCode(code);
+    const controls::Days days = core::required(*period_, u"των κινήσεων"_s);
+    Ledger ledger(days.from, days.to);
     // Named columns, since notes and photos of every movement would be read along with all of them.
     data::Recordset rows(mod_.gConn, data::Sql(u"Select aa,ΗΜΕΡΟΜΗΝΙΑ,ΑΙΤΙΟΛΟΓΙΑ,ΧΡΕΩΣΗ,ΠΙΣΤΩΣΗ from History where "
                                                "codecards=? order by ημερομηνια,aa"_s,
@@ -156,19 +105,13 @@ void HistoryTab::fill(const QString& code) {
     balance_ = ledger.balance();
     ListView1->setRows(listRows(std::move(ledger).finish()));
     lblYpoloipo->setText(balance_.text() + u' ');
-    selectChanged();
+    // The movement that was just written is the selected one, and in view.
+    if (const auto changed = std::exchange(changed_, std::nullopt)) ListView1->selectTag(*changed);
 }
 
 void HistoryTab::refresh() {
     fill(code_);
     storeBalance();
-}
-
-// The movement that was just written is the selected one, and in view.
-void HistoryTab::selectChanged() {
-    const auto changed = std::exchange(changed_, std::nullopt);
-    for (int row = 0; changed && row < ListView1->count(); ++row)
-        if (ListView1->row(row).tag == QVariant(*changed)) ListView1->selectRow(row);
 }
 
 void HistoryTab::storeBalance() {
@@ -177,36 +120,20 @@ void HistoryTab::storeBalance() {
     mod_.gConn.execute(data::Sql(u"Update cards set total=? Where code=?"_s, balance_.toDouble(), code_.toLongLong()));
 }
 
+void HistoryTab::setCode(const QString& code) {
+    code_ = code;
+    commands_.refresh();
+}
+
 void HistoryTab::clear() {
-    code_.clear();
+    setCode({});
     ListView1->clear();
     lblYpoloipo->setText(u"0,00 "_s);
-    enableCommands();
 }
 
 void HistoryTab::setBrowsing(bool browsing) {
     browsing_ = browsing;
-    enableCommands();
-}
-
-void HistoryTab::enableCommands() {
-    const bool possible = browsing_ && !code_.isEmpty();
-    for (QPushButton* button : {cmdAddHistory, Command4, cmdDelHistory, cmdPrint}) button->setEnabled(possible);
-    for (QAction* action : {MnuNewHistory, mnuEditHistory, MnuDelHistory}) action->setEnabled(possible);
-    cmdShow->setEnabled(!code_.isEmpty());
-}
-
-void HistoryTab::showMenu(int row, QPoint position) {
-    enableCommands();
-    for (QAction* action : {mnuEditHistory, MnuDelHistory}) action->setEnabled(action->isEnabled() && row >= 0);
-    MnuPopUpHist->exec(position);
-    enableCommands();
-}
-
-std::optional<qint64> HistoryTab::selected() const {
-    const int row = ListView1->currentRow();
-    if (row < 0 || !ListView1->row(row).tag.isValid()) return {};
-    return ListView1->row(row).tag.toLongLong();
+    commands_.refresh();
 }
 
 void HistoryTab::open(std::optional<qint64> movement) {
@@ -218,31 +145,23 @@ void HistoryTab::open(std::optional<qint64> movement) {
     form.MovementId = movement.value_or(0);
     form.CodeCards = code_;
     form.load();
-    placeOver(form, this, {450, 2450});
+    core::placeOver(form, this, {450, 2450});
     form.exec();
-}
-
-void HistoryTab::newMovement() {
-    if (browsing_ && !code_.isEmpty()) open({});
 }
 
 void HistoryTab::editMovement() {
     // A double click reaches this also while the card is changed.
     if (!browsing_) return mod_.beep();
-    if (const auto movement = selected()) open(movement);
+    if (const QVariant movement = ListView1->currentTag(); movement.isValid()) open(movement.toLongLong());
 }
 
 void HistoryTab::deleteMovement() {
-    const auto movement = selected();
-    if (!browsing_ || !movement) return;
+    const QVariant movement = ListView1->currentTag();
+    if (!movement.isValid()) return;
     ListView1->setFocus(Qt::OtherFocusReason);
-    if (!mod_.services.prompts.question(this, core::programTitle(), u"Να συνεχίσω με διαγραφή της κίνησης;"_s)) return;
-    mod_.gConn.execute(data::Sql(u"Delete from history where aa=?"_s, *movement));
-    refresh();
-}
-
-QString HistoryTab::period() const {
-    return u"από %1 έως %2"_s.arg(txtFrom->formattedText(), txtTo->formattedText());
+    if (askAndDelete(u"Να συνεχίσω με διαγραφή της κίνησης;"_s,
+                     [&] { mod_.gConn.execute(data::Sql(u"Delete from history where aa=?"_s, movement.toLongLong())); }))
+        refresh();
 }
 
 }  // namespace cards

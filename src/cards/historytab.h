@@ -2,25 +2,22 @@
 #pragma once
 
 #include <QLabel>
-#include <QMenu>
-#include <QPushButton>
 #include <QWidget>
 
 #include "cards/ledger.h"
-#include "controls/datepair.h"
-#include "controls/listview.h"
-#include "core/mainmod.h"
-
-class QHBoxLayout;
+#include "controls/period.h"
+#include "core/commands.h"
+#include "core/guarded.h"
+#include "core/storedlist.h"
 
 namespace cards {
 
-class HistoryTab : public QWidget {
+class HistoryTab : public QWidget, core::Guarded {
     Q_OBJECT
 public:
+    // With the current month up to today as its period.
     explicit HistoryTab(core::MainMod& mod);
 
-    void load();  // columns, and the current month up to today
     // Lists the card's movements. Throws data::Error, with the rows as they were.
     void fill(const QString& code);
     // Writes the balance on show into the card, when it differs: a card that is merely looked at takes no lock and
@@ -30,40 +27,30 @@ public:
     // Movements are changed while the card itself isn't.
     void setBrowsing(bool browsing);
 
-    void newMovement();
-    void editMovement();
-    void deleteMovement();
-
     const controls::ListView& list() const { return *ListView1; }
-    QString period() const;  // "από ... έως ..."
+    QString period() const { return period_->text(); }  // "από ... έως ..."
 
 signals:
     void written();  // a movement was saved: the card is to be shown again
     void printRequested();
 
 private:
-    QWidget* periodRow();
-    QWidget* commandRow();
-    controls::DateBox* dateBox(const QString& name, int picker, const QString& caption, QHBoxLayout* into);
-    void buildMenu();
-    void showMenu(int row, QPoint position);
-    void enableCommands();
+    QVector<core::Command> commands();
+    QLayout* head();
+    void setCode(const QString& code);
     void refresh();
-    void selectChanged();
-    std::optional<qint64> selected() const;
+    void editMovement();
+    void deleteMovement();
     void open(std::optional<qint64> movement);
 
-    core::MainMod& mod_;
     QString code_;  // empty when no card is on show
     Money balance_;
     bool browsing_ = true;
-    std::optional<qint64> changed_;
-    controls::DateBox *txtFrom, *txtTo;
-    controls::ListView* ListView1;
+    std::optional<qint64> changed_;  // the movement that was just written
+    controls::Period* period_;
+    core::StoredList* ListView1;
     QLabel* lblYpoloipo;
-    QPushButton *cmdShow, *cmdAddHistory, *Command4, *cmdDelHistory, *cmdPrint;
-    QMenu* MnuPopUpHist;
-    QAction *MnuNewHistory, *mnuEditHistory, *MnuDelHistory;
+    core::Commands commands_;
 };
 
 }  // namespace cards

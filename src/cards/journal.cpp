@@ -1,7 +1,7 @@
 #include "cards/journal.h"
 
-#include "data/format.h"
 #include "data/recordset.h"
+#include "data/values/format.h"
 
 using namespace Qt::Literals::StringLiterals;
 
@@ -49,8 +49,8 @@ void PieceLength::took(double milliseconds) {
 
 JournalReader::JournalReader(data::Connection& connection, const JournalFilter& filter)
     : connection_(connection), filter_(filter), next_(filter.from) {
-    options_.searchOrder = connection.searchOrder(journalStatement(filter, filter.from, filter.to));
-    if (options_.searchOrder == data::SearchOrder::WordsFirst) return;
+    options_.accessPath = connection.accessPath(journalStatement(filter, filter.from, filter.to));
+    if (options_.accessPath == data::AccessPath::WordIndex) return;
     // Centuries without a movement aren't walked through.
     next_ = std::max(filter.from, outermostDay(connection, u"select min(ΗΜΕΡΟΜΗΝΙΑ) from History"_s));
     filter_.to = std::min(filter.to, outermostDay(connection, u"select max(ΗΜΕΡΟΜΗΝΙΑ) from History"_s));
@@ -59,7 +59,7 @@ JournalReader::JournalReader(data::Connection& connection, const JournalFilter& 
 bool JournalReader::step() {
     if (next_ > filter_.to) return false;
     // A piece would look up the same words in the whole table as all of them together.
-    const bool atOnce = options_.searchOrder == data::SearchOrder::WordsFirst;
+    const bool atOnce = options_.accessPath == data::AccessPath::WordIndex;
     QElapsedTimer clock;
     clock.start();
     const QDate last = atOnce ? filter_.to : std::min(next_.addDays(piece_.days() - 1), filter_.to);
@@ -77,7 +77,7 @@ void JournalReader::read(QDate from, QDate to) {
         const QDateTime ofRow = rows.field(0).toDate();
         if (ofRow != day) {
             day = ofRow;
-            shownDay = dayText(day);
+            shownDay = data::dayText(day);
         }
         const Money debit = Money::of(rows.field(5).toDouble()), credit = Money::of(rows.field(6).toDouble());
         debit_ += debit;

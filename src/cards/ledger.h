@@ -1,4 +1,4 @@
-// The arithmetic of a card's movements: exact money, and the rows of a period with their running balance.
+// The rows of a card's movements in a period, with their running balance.
 #pragma once
 
 #include <QDateTime>
@@ -6,28 +6,11 @@
 #include <QVector>
 #include <optional>
 
+#include "data/values/money.h"
+
 namespace cards {
 
-// An amount of money, exact to a ten-thousandth, so that sums of any length stay exact. What lies beyond about 900
-// billion stands still there.
-class Money {
-public:
-    Money() = default;
-    static Money of(double amount);  // the nearest one
-
-    double toDouble() const;
-    QString text() const;  // "#,##0.00"
-
-    Money& operator+=(Money other);
-    Money& operator-=(Money other);
-    friend bool operator==(Money, Money) = default;
-
-private:
-    qint64 units_ = 0;
-};
-
-// A typed amount, rounded to two decimals as it is stored; nothing for a text that is no amount.
-std::optional<double> typedAmount(QStringView text);
+using data::Money;
 
 struct Movement {
     qint64 id = 0;
@@ -60,8 +43,5 @@ private:
     Money balance_, debit_, credit_;
     bool carried_ = false;
 };
-
-// A day as lists show it, empty for none.
-QString dayText(const QDateTime& day);
 
 }  // namespace cards

@@ -1,6 +1,6 @@
-#include <QFontDatabase>
+#include "controls/fonts.h"
 
-#include "controls/theme.h"
+#include <QFontDatabase>
 
 using namespace Qt::Literals::StringLiterals;
 

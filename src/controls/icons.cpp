@@ -1,3 +1,5 @@
+#include "controls/icons.h"
+
 #include <QFile>
 #include <QIconEngine>
 #include <QPainter>
@@ -6,7 +8,7 @@
 
 #include "controls/color.h"
 #include "controls/resources.h"
-#include "controls/theme.h"
+#include "controls/themecolors.h"
 
 using namespace Qt::Literals::StringLiterals;
 

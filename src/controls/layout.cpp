@@ -6,7 +6,7 @@ namespace controls {
 
 namespace {
 
-QVBoxLayout* column(QWidget* widget, QMargins margins, int spacing) {
+QVBoxLayout* columnIn(QWidget* widget, QMargins margins, int spacing) {
     auto* layout = new QVBoxLayout(widget);
     layout->setContentsMargins(margins);
     layout->setSpacing(spacing);
@@ -16,19 +16,19 @@ QVBoxLayout* column(QWidget* widget, QMargins margins, int spacing) {
 }  // namespace
 
 QVBoxLayout* pageLayout(QWidget* widget) {
-    return column(widget, {14, 12, 14, 10}, 10);
+    return columnIn(widget, {14, 12, 14, 10}, 10);
 }
 
 QVBoxLayout* dialogLayout(QWidget* widget) {
-    return column(widget, {18, 16, 18, 14}, 12);
+    return columnIn(widget, {18, 16, 18, 14}, 12);
 }
 
 QVBoxLayout* tabLayout(QWidget* widget) {
-    return column(widget, {14, 14, 14, 14}, 8);
+    return columnIn(widget, {14, 14, 14, 14}, 8);
 }
 
 QVBoxLayout* bareLayout(QWidget* widget) {
-    return column(widget, {}, 8);
+    return columnIn(widget, {}, 8);
 }
 
 void add(QBoxLayout* layout, std::initializer_list<Item> items) {
@@ -42,6 +42,14 @@ void add(QBoxLayout* layout, std::initializer_list<Item> items) {
         else
             layout->addStretch(item.share);
     }
+}
+
+QVBoxLayout* column(std::initializer_list<Item> items, int spacing) {
+    auto* layout = new QVBoxLayout;
+    layout->setContentsMargins({});
+    layout->setSpacing(spacing);
+    add(layout, items);
+    return layout;
 }
 
 QHBoxLayout* row(std::initializer_list<Item> items, int spacing) {

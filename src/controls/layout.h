@@ -34,7 +34,9 @@ private:
 
 // Beside each other, without margins.
 QHBoxLayout* row(std::initializer_list<Item> items, int spacing = 6);
-// As a widget, which can be hidden or put into a form.
+// Below each other, without margins.
+QVBoxLayout* column(std::initializer_list<Item> items, int spacing = 8);
+// A row as a widget, which can be hidden or put into a form.
 QWidget* rowWidget(std::initializer_list<Item> items, int spacing = 6);
 // Adds the items to a layout that is there.
 void add(QBoxLayout* layout, std::initializer_list<Item> items);

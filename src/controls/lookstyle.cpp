@@ -6,7 +6,8 @@
 #include <QStyleOption>
 
 #include "controls/color.h"
-#include "controls/theme.h"
+#include "controls/icons.h"
+#include "controls/themecolors.h"
 
 using namespace Qt::Literals::StringLiterals;
 

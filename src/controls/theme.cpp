@@ -17,32 +17,6 @@ namespace {
 
 constexpr double uiPoints = 10;
 
-const Theme lightTheme{.dark = false,
-                       .window = "#F3F5F7",
-                       .base = "#FFFFFF",
-                       .alternateBase = "#F7F9FA",
-                       .text = "#1D2733",
-                       .mutedText = "#566270",
-                       .border = "#C2CAD3",
-                       .accent = "#0E7086",
-                       .accentText = "#FFFFFF",
-                       .highlightBox = "#FFFFC0",
-                       .danger = "#B3261E"};
-
-const Theme darkTheme{.dark = true,
-                      .window = "#20262C",
-                      .base = "#293038",
-                      .alternateBase = "#2E363F",
-                      .text = "#E6EAEE",
-                      .mutedText = "#A9B4BF",
-                      .border = "#4A5561",
-                      .accent = "#23798C",
-                      .accentText = "#FFFFFF",
-                      .highlightBox = "#454224",
-                      .danger = "#FF9C92"};
-
-const Theme* current = &lightTheme;
-
 bool desktopIsDark() {
     // The palette at the first call, before this program's own has replaced it.
     static const bool dark = QApplication::palette().color(QPalette::Window).lightness() < 128;
@@ -119,16 +93,12 @@ void applyTheme(QApplication& app, ThemeKind kind) {
     registerResources();
     const bool desktop = desktopIsDark();
     const bool dark = kind == ThemeKind::Automatic ? desktop : kind == ThemeKind::Dark;
-    current = dark ? &darkTheme : &lightTheme;
+    useThemeColors(dark);
     useGreekToolkitTexts(app);
     QApplication::setStyle(new LookStyle);
-    QApplication::setPalette(paletteOf(*current));
+    QApplication::setPalette(paletteOf(theme()));
     QApplication::setFont(font(u"Tahoma"_s, uiPoints));
-    app.setStyleSheet(styleSheetOf(*current));
-}
-
-const Theme& theme() {
-    return *current;
+    app.setStyleSheet(styleSheetOf(theme()));
 }
 
 }  // namespace controls

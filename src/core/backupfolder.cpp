@@ -7,9 +7,9 @@
 #include <QRegularExpression>
 #include <algorithm>
 
-#include "data/fileidentity.h"
+#include "copies/backup.h"
+#include "data/opening/fileidentity.h"
 #include "platform/folders.h"
-#include "schema/backup.h"
 #include "schema/office.h"
 
 using namespace Qt::Literals::StringLiterals;
@@ -129,9 +129,9 @@ std::optional<FoundBackup> newestGoodBackup(const QString& folder, const QString
     std::optional<data::Error> unchecked;
     for (const Copy& copy : copies) {
         try {
-            const schema::BackupInfo listed = schema::listBackup(copy.file, dataPath);
+            const copies::BackupInfo listed = copies::listBackup(copy.file, dataPath);
             if (officeTag(listed.folder) != officeTag(dataPath) || listed.onServer != onServer) continue;
-            schema::checkBackup(copy.file, dataPath);
+            copies::checkBackup(copy.file, dataPath);
             return FoundBackup{copy.file, listed.made, unchecked ? unchecked->text() : QString()};
         } catch (const data::Error& error) {
             qWarning("%s: %s", qUtf8Printable(copy.file), error.what());

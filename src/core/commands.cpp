@@ -68,11 +68,25 @@ controls::PictureButton* Commands::picture(const QString& name) {
     if (!from.command.keys.isEmpty())
         made->setToolTip(u"%1 (%2)"_s.arg(from.command.caption, from.command.keys.last().toString()));
     follow(made, from.action);
+    if (!sounds_) return made;
+    connect(made, &controls::PictureButton::hovered, this, [this] { mod_.playButtonSound(u"NIMOver.wav"_s); });
+    connect(made, &controls::PictureButton::pressed, this, [this] { mod_.playButtonSound(u"NIMClick.wav"_s); });
+    return made;
+}
+
+QToolButton* Commands::toolButton(const QString& name) {
+    const Entry& from = entry(name);
+    auto* made = controls::named(new QToolButton, name);
+    made->setIcon(from.action->icon());
+    made->setToolTip(from.command.caption);
+    made->setAccessibleName(from.command.caption);
+    made->setFocusPolicy(Qt::TabFocus);
+    follow(made, from.action);
     return made;
 }
 
 void Commands::addButtons(QBoxLayout* layout, const QStringList& names) {
-    for (const QString& name : names) layout->addWidget(button(name));
+    for (const QString& name : orAll(names)) layout->addWidget(button(name));
 }
 
 void Commands::addPictures(QBoxLayout* layout, const QStringList& names) {

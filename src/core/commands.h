@@ -6,6 +6,7 @@
 #include <QMenu>
 #include <QPushButton>
 #include <QToolBar>
+#include <QToolButton>
 
 #include "controls/picturebutton.h"
 #include "core/mainmod.h"
@@ -34,14 +35,18 @@ public:
     void refresh();
     void run(const QString& name);
 
-    // Each makes one more widget for a command, by its name, which is the window's from then on.
+    // Each makes one more widget for a command, by its name, which is the window's from then on; without names, all.
     QPushButton* button(const QString& name);
     controls::PictureButton* picture(const QString& name);  // its keys stand in the tool tip
+    QToolButton* toolButton(const QString& name);           // the icon alone, for a place beside a field
     QAction* action(const QString& name) const;
-    void addButtons(QBoxLayout* layout, const QStringList& names);
-    void addPictures(QBoxLayout* layout, const QStringList& names = {});  // all, without names
+    void addButtons(QBoxLayout* layout, const QStringList& names = {});
+    void addPictures(QBoxLayout* layout, const QStringList& names = {});
     QToolBar* toolBar(const QString& objectName, const QStringList& names = {});
     QMenu* menu(const QString& objectName, const QStringList& names = {});
+
+    // Pictures made after this play the delivered sounds, under the mouse and when pressed.
+    void soundPictures() { sounds_ = true; }
 
     // Where the keys count: while the focus is inside `widget`. Without a call they are told in tool tips alone.
     void bindKeys(QWidget* widget, const QStringList& names = {});
@@ -61,6 +66,7 @@ private:
     MainMod& mod_;
     QWidget* window_;
     QVector<Entry> entries_;
+    bool sounds_ = false;
 };
 
 }  // namespace core

@@ -4,9 +4,10 @@
 
 #include <QDir>
 
+#include "copies/backup.h"
+#include "copies/servertools.h"
 #include "core/browsemod.h"
-#include "data/fileidentity.h"
-#include "schema/backup.h"
+#include "data/opening/fileidentity.h"
 
 using namespace Qt::Literals::StringLiterals;
 
@@ -33,7 +34,7 @@ struct DailyBackup::Work {
     QString dataPath, folder, file;
     QDateTime now;
     std::atomic<bool> stop = false;
-    schema::ServerTools tools;
+    copies::ServerTools tools;
     QString failure, ofTheFuture;
 
     void run() {
@@ -42,12 +43,12 @@ struct DailyBackup::Work {
             const bool isDaily = kind == BackupKind::Daily;
             if (isDaily) ofTheFuture = backupsOfTheFuture(folder, dataPath, now).value(0);
             if (isDaily && hasDailyBackup(folder, dataPath, now.date())) return;
-            schema::BackupOptions options;
+            copies::BackupOptions options;
             options.now = now;
             options.replace = true;  // only a copy of this same office and second has this name
             options.tools = tools;
             options.progress = [this](const QString&, int) { return !stop; };
-            schema::backupOffice(dataPath, file, options);
+            copies::backupOffice(dataPath, file, options);
             if (isDaily) dropOldBackups(folder, dataPath, now);
         } catch (const data::Error& error) {
             failure = error.text();

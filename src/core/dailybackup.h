@@ -8,9 +8,9 @@
 #include <atomic>
 #include <memory>
 
+#include "copies/servertools.h"
 #include "core/backupfolder.h"
 #include "core/mainmod.h"
-#include "schema/servertools.h"
 
 namespace core {
 
@@ -31,7 +31,7 @@ public:
     // Breaks a running copy off without a word, and without waiting for its last step.
     void stop();
     // Where the programs are that copy a server's databases.
-    std::function<schema::ServerTools()> findTools = schema::findServerTools;
+    std::function<copies::ServerTools()> findTools = copies::findServerTools;
     bool isRunning() const { return thread_ != nullptr; }
 
 signals:

@@ -3,24 +3,23 @@
 #include <QPushButton>
 #include <QScreen>
 
-#include "controls/datepair.h"
 #include "controls/theme.h"
 #include "core/form.h"
 
 namespace core {
 
+void placeOver(QWidget& window, const QWidget* part, QPoint offset) {
+    const QWidget* below = part;
+    while (!below->isWindow() && !qobject_cast<const Form*>(below)) below = below->parentWidget();
+    const QPoint corner =
+        below->mapToGlobal(QPoint()) + QPoint(controls::toPixels(offset.x()), controls::toPixels(offset.y()));
+    window.move(fitInto({corner, window.size()}, below->screen()->availableGeometry()).topLeft());
+}
+
 Dialog::Dialog(MainMod& mod, QWidget* parent, const QString& name, const QString& caption)
     : QDialog(parent), Guarded(mod, this) {
     setObjectName(name);
     setWindowTitle(caption);
-}
-
-void Dialog::placeOver(const QWidget* part, QPoint offset) {
-    const QWidget* window = part;
-    while (!window->isWindow() && !qobject_cast<const Form*>(window)) window = window->parentWidget();
-    const QPoint corner =
-        window->mapToGlobal(QPoint()) + QPoint(controls::toPixels(offset.x()), controls::toPixels(offset.y()));
-    move(fitInto({corner, size()}, window->screen()->availableGeometry()).topLeft());
 }
 
 void Dialog::reject() {
@@ -33,17 +32,12 @@ void Dialog::keyPressEvent(QKeyEvent* event) {
 
 void Dialog::showEvent(QShowEvent* event) {
     if (!std::exchange(shown_, true)) {
-        beepForRefusedDates(mod_, this);
+        beepForRefusedDates();
         // The toolkit would make the first button the one that Enter presses from anywhere.
         for (QPushButton* button : findChildren<QPushButton*>())
             if (!button->isDefault()) button->setAutoDefault(false);
     }
     QDialog::showEvent(event);
-}
-
-void beepForRefusedDates(MainMod& mod, QWidget* window) {
-    for (controls::DateBox* box : window->findChildren<controls::DateBox*>())
-        QObject::connect(box, &controls::DateBox::refused, window, [&mod] { mod.beep(); });
 }
 
 }  // namespace core

@@ -8,6 +8,9 @@
 
 namespace core {
 
+// Puts a window over the form that `part` lies in, `offset` twips from the corner of it and inside the screen.
+void placeOver(QWidget& window, const QWidget* part, QPoint offset);
+
 // Esc and the frame's button leave the dialog, and ask first when a watched field was changed. Enter on a button
 // presses it, in a box it moves on; a default button is pressed only from where Enter has no other meaning.
 class Dialog : public QDialog, protected Guarded {
@@ -15,8 +18,8 @@ class Dialog : public QDialog, protected Guarded {
 public:
     Dialog(MainMod& mod, QWidget* parent, const QString& name, const QString& caption);
 
-    // Where the dialog opens: `offset` twips from the corner of the window that `part` lies in, and inside the screen.
-    void placeOver(const QWidget* part, QPoint offset);
+    // Where the dialog opens.
+    void placeOver(const QWidget* part, QPoint offset) { core::placeOver(*this, part, offset); }
 
     void reject() override;
 
@@ -30,8 +33,5 @@ protected:
 private:
     bool shown_ = false;
 };
-
-// A date box that refuses what was typed beeps; for all inside `window`.
-void beepForRefusedDates(MainMod& mod, QWidget* window);
 
 }  // namespace core

@@ -1,7 +1,5 @@
 #include "core/form.h"
 
-#include "core/dialog.h"
-
 namespace core {
 
 Form::Form(MainMod& mod, const QString& name, const QString& caption, Placement placement)
@@ -13,7 +11,7 @@ Form::Form(MainMod& mod, const QString& name, const QString& caption, Placement 
 void Form::load() {
     if (loaded_) return;
     loaded_ = true;
-    beepForRefusedDates(mod_, this);
+    beepForRefusedDates();
     attempt(mod_, this, [this] { onLoad(); });
 }
 

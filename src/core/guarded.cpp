@@ -1,8 +1,11 @@
 #include "core/guarded.h"
 
 #include <QAbstractButton>
+#include <QAbstractSpinBox>
 #include <QCheckBox>
 #include <QShortcut>
+
+#include "controls/datepair.h"
 
 using namespace Qt::Literals::StringLiterals;
 
@@ -27,15 +30,23 @@ void Guarded::printAndTell(const std::function<bool()>& print) {
     if (print()) tell(u"Η εκτύπωση ολοκληρώθηκε"_s);
 }
 
+void Guarded::beepForRefusedDates() {
+    for (controls::DateBox* box : self_->findChildren<controls::DateBox*>())
+        QObject::connect(box, &controls::DateBox::refused, self_, [&mod = mod_] { mod.beep(); });
+}
+
 bool Guarded::takesEnter(QKeyEvent& event) {
     const bool enter = event.key() == Qt::Key_Return || event.key() == Qt::Key_Enter;
-    auto* button = qobject_cast<QAbstractButton*>(self_->focusWidget());
-    if (!enter || !button || !button->isEnabled() || event.isAutoRepeat()) return false;
+    QWidget* const field = self_->focusWidget();
+    auto* button = qobject_cast<QAbstractButton*>(field);
+    const bool movesOn = qobject_cast<QCheckBox*>(field) || qobject_cast<QAbstractSpinBox*>(field);
+    if (!enter || !(button || movesOn) || !field->isEnabled()) return false;
     event.accept();
-    if (qobject_cast<QCheckBox*>(button)) {
+    if (event.isAutoRepeat()) return true;
+    if (movesOn) {
         // The toolkit's focusNextChild() isn't public.
         QKeyEvent tab(QEvent::KeyPress, Qt::Key_Tab, Qt::NoModifier);
-        QCoreApplication::sendEvent(button, &tab);
+        QCoreApplication::sendEvent(field, &tab);
     } else {
         button->click();
     }

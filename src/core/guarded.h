@@ -35,9 +35,12 @@ protected:
     // Says so when `print` did print; it tells its failures itself.
     void printAndTell(const std::function<bool()>& print);
 
-    // Enter on a button presses it and on a check box moves on, as everywhere in the program. False for any other
-    // key or focus.
+    // Enter on a button presses it, on a check box or in a spin box it moves on, as everywhere in the program; held
+    // down it counts once. False for any other key or focus.
     bool takesEnter(QKeyEvent& event);
+
+    // A date box that refuses what was typed beeps; for all inside.
+    void beepForRefusedDates();
 
     MainMod& mod_;
 

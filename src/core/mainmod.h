@@ -4,12 +4,12 @@
 #include <QString>
 #include <functional>
 
+#include "copies/seatlock.h"
 #include "core/doors.h"
 #include "core/logondelay.h"
 #include "data/connection.h"
 #include "platform/filesystemkind.h"
 #include "platform/services.h"
-#include "schema/seatlock.h"
 
 namespace core {
 
@@ -27,9 +27,9 @@ public:
     explicit MainMod(platform::Services services) : services(services) {}
 
     platform::Services services;
-    schema::SeatLock::Probe fileSystemKind = platform::fileSystemKind;
+    copies::SeatLock::Probe fileSystemKind = platform::fileSystemKind;
 
-    schema::SeatLock gSeat;       // given back after the databases are closed
+    copies::SeatLock gSeat;       // given back after the databases are closed
     data::Connection gConn;       // dorvalist.mdb
     data::Connection gConnUsers;  // dorvalistu.mdb
     QString gDataPath;            // folder of both files, without a trailing separator

@@ -1,6 +1,6 @@
 #include "core/printheading.h"
 
-#include "data/format.h"
+#include "data/values/format.h"
 
 using namespace Qt::Literals::StringLiterals;
 

@@ -1,6 +1,7 @@
 #include "core/printlist.h"
 
 #include "core/guard.h"
+#include "core/printout.h"
 #include "data/error.h"
 
 using namespace Qt::Literals::StringLiterals;
@@ -144,11 +145,10 @@ bool printList(MainMod& mod, QWidget* parent, const PrintedList& list) {
     } catch (const std::exception& error) {
         const auto* known = dynamic_cast<const data::Error*>(&error);
         constexpr int printerError = 482;  // the number that users know it by
-        mod.services.prompts.message(
-            parent, platform::MessageIcon::Critical, programTitle(),
-            u"gPrintListView() failed with the following error:-\nError Number: %1\nDescription:%2"_s
-                .arg(known ? known->number() : printerError)
-                .arg(known ? known->text() : QString::fromUtf8(error.what())));
+        complain(mod, parent,
+                 u"gPrintListView() failed with the following error:-\nError Number: %1\nDescription:%2"_s
+                     .arg(known ? known->number() : printerError)
+                     .arg(known ? known->text() : QString::fromUtf8(error.what())));
         return false;
     }
 }
@@ -179,10 +179,10 @@ bool gPrintListView(MainMod& mod, QWidget* parent, const controls::ListView& lis
 }
 
 bool gPrintListView(MainMod& mod, QWidget* parent, const controls::ListView& list, const QString& title,
-                    const QString& surname, const QString& firstName, const QString& telephone, const QString& mobile) {
+                    const PrintedCard& card) {
     PrintedList printed = contents(mod, list, title);
     printed.owner = ownerDetails(mod.services.settings);
-    printed.card = PrintedCard{surname, firstName, telephone, mobile};
+    printed.card = card;
     return printList(mod, parent, printed);
 }
 

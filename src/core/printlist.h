@@ -2,12 +2,17 @@
 #pragma once
 
 #include "controls/listview.h"
+#include "core/mainmod.h"
 #include "core/printheading.h"
-#include "core/printout.h"
+#include "core/printjob.h"
 
 namespace core {
 
 enum class ListHeading { Plain, Owner };  // date and title; with the owner's block above them
+
+struct PrintedCard {
+    QString surname, firstName, telephone, mobile;
+};
 
 // The list as it stands, every column, also those of width 0. True when printed; a failure ends in a box. An empty
 // title leaves the heading out.
@@ -15,17 +20,13 @@ bool gPrintListView(MainMod& mod, QWidget* parent, const controls::ListView& lis
                     ListHeading heading = ListHeading::Plain);
 // With the owner's block and a card's.
 bool gPrintListView(MainMod& mod, QWidget* parent, const controls::ListView& list, const QString& title,
-                    const QString& surname, const QString& firstName, const QString& telephone, const QString& mobile);
+                    const PrintedCard& card);
 
 // What the routine above draws, free of any window.
 struct PrintColumn {
     QString header;
     double width = 0;  // in any unit: the table takes its share of the page
     Qt::Alignment alignment = Qt::AlignLeft;
-};
-
-struct PrintedCard {
-    QString surname, firstName, telephone, mobile;
 };
 
 struct PrintedList {

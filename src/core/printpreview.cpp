@@ -1,17 +1,10 @@
 #include "core/printpreview.h"
 
-#include <QHBoxLayout>
-#include <QKeyEvent>
-#include <QPushButton>
 #include <QScreen>
-#include <QShortcut>
-#include <QToolButton>
-#include <QVBoxLayout>
 
 #include "controls/choicebox.h"
+#include "controls/layout.h"
 #include "controls/names.h"
-#include "controls/theme.h"
-#include "core/guard.h"
 #include "core/printsettings.h"
 #include "core/workprogress.h"
 
@@ -19,6 +12,8 @@ using namespace Qt::Literals::StringLiterals;
 
 namespace core {
 
+using controls::captionOf;
+using controls::Item;
 using controls::named;
 
 namespace {
@@ -48,38 +43,42 @@ QComboBox* choice(const QString& name) {
 }  // namespace
 
 PrintPreview::PrintPreview(MainMod& mod, QWidget* parent, const PrintJob& job)
-    : QDialog(parent), mod_(mod), job_(job), setup_(pageSetup(mod.services.settings, job.landscape)) {
-    document_ = drawn(parent, job_, setup_);
-    setObjectName(u"PrintPreview"_s);
-    setWindowTitle(u"Προεπισκόπηση εκτύπωσης: "_s + job_.title);
+    : Dialog(mod, parent, u"PrintPreview"_s, u"Προεπισκόπηση εκτύπωσης: "_s + job.title),
+      job_(job),
+      setup_(pageSetup(mod.services.settings, job.landscape)),
+      document_(drawn(parent, job_, setup_)),
+      view_(named(new PageView, u"PageView"_s)),
+      commands_(mod, this, commands()) {
     setWindowFlag(Qt::WindowMaximizeButtonHint);
-    view_ = named(new PageView, u"PageView"_s);
-    auto* layout = new QVBoxLayout(this);
-    layout->setContentsMargins(12, 10, 12, 10);
-    layout->setSpacing(8);
-    layout->addLayout(targetRow());
-    layout->addLayout(viewRow());
-    layout->addWidget(view_, 1);
+    auto* print = commands_.button(u"cmdPrint"_s);
+    print->setDefault(true);
+    controls::add(controls::dialogLayout(this), {targetRow(print), viewRow(), {view_, 1}});
     listPrinters();
     view_->setDocument(document_);
     wire();
     showPage(0);
     resize((screen()->availableGeometry().size() * 0.85).boundedTo({1060, 900}));
-    print_->setFocus();
+    print->setFocus();
 }
 
-QLabel* PrintPreview::captionOf(const QString& caption, QWidget* field) {
-    auto* label = new QLabel(caption);
-    controls::tie(label, field);
-    return label;
+QVector<Command> PrintPreview::commands() {
+    const auto before = [this] { return view_->page() > 0; };
+    const auto after = [this] { return view_->page() + 1 < document_->pageCount(); };
+    const auto turn = [this](int pages) { return [this, pages] { view_->setPage(view_->page() + pages); }; };
+    const auto last = [this] { view_->setPage(document_->pageCount() - 1); };
+    return {{u"cmdPrint"_s, {}, u"&Εκτύπωση"_s, {}, [this] { print(); }},
+            {u"cmdPdf"_s, u"pdf"_s, u"P&DF..."_s, {}, [this] { writePdf(); }},
+            {u"cmdFirst"_s, u"first"_s, u"Πρώτη σελίδα"_s, {}, [this] { view_->setPage(0); }, before},
+            {u"cmdPrevious"_s, u"prev"_s, u"Προηγούμενη σελίδα"_s, {}, turn(-1), before},
+            {u"cmdNext"_s, u"next"_s, u"Επόμενη σελίδα"_s, {}, turn(1), after},
+            {u"cmdLast"_s, u"last"_s, u"Τελευταία σελίδα"_s, {}, last, after},
+            {u"cmdClose"_s, u"exit"_s, u"&Κλείσιμο"_s, {}, [this] { reject(); }}};
 }
 
-QHBoxLayout* PrintPreview::targetRow() {
-    print_ = named(new QPushButton(u"&Εκτύπωση"_s), u"cmdPrint"_s);
-    print_->setDefault(true);
-    pdf_ = named(new QPushButton(controls::icon(u"pdf"_s), u"P&DF..."_s), u"cmdPdf"_s);
-    pdf_->setToolTip(u"Αποθήκευση σε αρχείο PDF"_s);
-    pdf_->setAccessibleName(u"Αποθήκευση σε αρχείο PDF"_s);
+QHBoxLayout* PrintPreview::targetRow(QWidget* print) {
+    auto* pdf = commands_.button(u"cmdPdf"_s);
+    pdf->setToolTip(u"Αποθήκευση σε αρχείο PDF"_s);
+    pdf->setAccessibleName(pdf->toolTip());
     printers_ = choice(u"Printer"_s);
     printers_->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
     printers_->setMinimumContentsLength(10);
@@ -92,45 +91,27 @@ QHBoxLayout* PrintPreview::targetRow() {
     orientation_ = choice(u"Orientation"_s);
     orientation_->addItems({u"Κατακόρυφα"_s, u"Οριζόντια"_s});
     orientation_->setCurrentIndex(setup_.landscape);
-
     // The whole row stays narrower than a small screen.
-    const auto narrow = [this](QComboBox* box, const QString& longest) {
+    for (const auto& [box, longest] : {std::pair(paper_, u"Letter"_s), std::pair(orientation_, u"Κατακόρυφα"_s)})
         box->setMaximumWidth(fontMetrics().horizontalAdvance(longest) + 56);
-    };
-    narrow(paper_, u"Letter"_s);
-    narrow(orientation_, u"Κατακόρυφα"_s);
-
-    auto* row = new QHBoxLayout;
-    row->setSpacing(6);
-    row->addWidget(print_);
-    row->addWidget(pdf_);
-    row->addSpacing(10);
-    const std::pair<QString, QWidget*> fields[] = {{u"Εκτυ&πωτής:"_s, printers_},
-                                                   {u"&Αντίτυπα:"_s, copies_},
-                                                   {u"&Χαρτί:"_s, paper_},
-                                                   {u"Προσα&νατολισμός:"_s, orientation_}};
-    for (const auto& [caption, field] : fields) {
-        row->addWidget(captionOf(caption, field));
-        row->addWidget(field, field == printers_);
-        row->addSpacing(6);
-    }
-    return row;
-}
-
-QToolButton* PrintPreview::pageButton(const QString& name, const QString& icon, const QString& caption) {
-    auto* button = named(new QToolButton, name);
-    button->setIcon(controls::icon(icon));
-    button->setToolTip(caption);
-    button->setAccessibleName(caption);
-    button->setFocusPolicy(Qt::StrongFocus);
-    return button;
+    const Item gap = Item::gap(6);
+    return controls::row({print,
+                          pdf,
+                          gap,
+                          captionOf(u"Εκτυ&πωτής:"_s, printers_),
+                          {printers_, 1},
+                          gap,
+                          captionOf(u"&Αντίτυπα:"_s, copies_),
+                          copies_,
+                          gap,
+                          captionOf(u"&Χαρτί:"_s, paper_),
+                          paper_,
+                          gap,
+                          captionOf(u"Προσα&νατολισμός:"_s, orientation_),
+                          orientation_});
 }
 
 QHBoxLayout* PrintPreview::viewRow() {
-    first_ = pageButton(u"cmdFirst"_s, u"first"_s, u"Πρώτη σελίδα"_s);
-    previous_ = pageButton(u"cmdPrevious"_s, u"prev"_s, u"Προηγούμενη σελίδα"_s);
-    next_ = pageButton(u"cmdNext"_s, u"next"_s, u"Επόμενη σελίδα"_s);
-    last_ = pageButton(u"cmdLast"_s, u"last"_s, u"Τελευταία σελίδα"_s);
     page_ = named(new QSpinBox, u"Page"_s);
     page_->setKeyboardTracking(false);
     pageCount_ = named(new QLabel, u"PageCount"_s);
@@ -139,61 +120,32 @@ QHBoxLayout* PrintPreview::viewRow() {
     direct_ = named(new QCheckBox(u"&Στο εξής χωρίς προεπισκόπηση"_s), u"Direct"_s);
     direct_->setChecked(!previewsPrints(mod_.services.settings));
     direct_->setToolTip(u"Η προεπισκόπηση επανέρχεται από το μενού «Εμφάνιση»."_s);
-    close_ = named(new QPushButton(controls::icon(u"exit"_s), u"&Κλείσιμο"_s), u"cmdClose"_s);
-    close_->setAutoDefault(false);
-    pdf_->setAutoDefault(false);
-
-    auto* row = new QHBoxLayout;
-    row->setSpacing(6);
-    row->addWidget(first_);
-    row->addWidget(previous_);
-    row->addWidget(captionOf(u"Σε&λίδα:"_s, page_));
-    row->addWidget(page_);
-    row->addWidget(pageCount_);
-    row->addWidget(next_);
-    row->addWidget(last_);
-    row->addSpacing(10);
-    row->addWidget(captionOf(u"&Μεγέθυνση:"_s, zoom_));
-    row->addWidget(zoom_);
-    row->addStretch(1);
-    row->addWidget(direct_);
-    row->addSpacing(6);
-    row->addWidget(close_);
-    return row;
+    const auto button = [this](const QString& name) {
+        QToolButton* made = commands_.toolButton(name);
+        made->setFocusPolicy(Qt::StrongFocus);  // after a click Enter goes on turning pages
+        return made;
+    };
+    const Item gap = Item::gap(6);
+    return controls::row({button(u"cmdFirst"_s), button(u"cmdPrevious"_s), captionOf(u"Σε&λίδα:"_s, page_), page_,
+                          pageCount_, button(u"cmdNext"_s), button(u"cmdLast"_s), gap,
+                          captionOf(u"&Μεγέθυνση:"_s, zoom_), zoom_, Item::rest(), direct_, gap,
+                          commands_.button(u"cmdClose"_s)});
 }
 
 void PrintPreview::wire() {
-    const auto on = [this](auto* sender, auto signal, auto handler) { onSignal(mod_, this, sender, signal, handler); };
-    on(print_, &QPushButton::clicked, [this] { print(); });
-    on(pdf_, &QPushButton::clicked, [this] { writePdf(); });
-    on(close_, &QPushButton::clicked, [this] { reject(); });
-    on(first_, &QToolButton::clicked, [this] { view_->setPage(0); });
-    on(previous_, &QToolButton::clicked, [this] { view_->setPage(view_->page() - 1); });
-    on(next_, &QToolButton::clicked, [this] { view_->setPage(view_->page() + 1); });
-    on(last_, &QToolButton::clicked, [this] { view_->setPage(document_->pageCount() - 1); });
     on(page_, &QSpinBox::valueChanged, [this](int page) { view_->setPage(page - 1); });
     on(view_, &PageView::pageShown, [this](int page) { showPage(page); });
     on(view_, &PageView::zoomWanted, [this](bool larger) { changeZoom(larger); });
     on(zoom_, &QComboBox::currentIndexChanged, [this] { view_->setZoom(zoom_->currentData().toInt()); });
     for (QComboBox* box : {paper_, orientation_}) on(box, &QComboBox::currentIndexChanged, [this] { redraw(); });
     on(direct_, &QCheckBox::toggled, [this](bool direct) { setPreviewsPrints(mod_.services.settings, !direct); });
-    const std::pair<QKeySequence, QAbstractButton*> keys[] = {{QKeySequence::Print, print_},
-                                                              {QKeySequence(u"Ctrl+PgDown"_s), next_},
-                                                              {QKeySequence(u"Ctrl+PgUp"_s), previous_},
-                                                              {QKeySequence(u"Ctrl+Home"_s), first_},
-                                                              {QKeySequence(u"Ctrl+End"_s), last_}};
-    for (const auto& [sequence, button] : keys)
-        connect(new QShortcut(sequence, this), &QShortcut::activated, button, &QAbstractButton::click);
-}
-
-void PrintPreview::keyPressEvent(QKeyEvent* event) {
-    const bool enter = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
-    if (auto* button = qobject_cast<QToolButton*>(focusWidget()); enter && button) return button->click();
-    if (enter && qobject_cast<QAbstractSpinBox*>(focusWidget())) {
-        focusNextChild();
-        return;
-    }
-    QDialog::keyPressEvent(event);
+    // Also where there is no such page, or the box with the focus would take the key for its own value.
+    const std::pair<QKeySequence, QString> keys[] = {{QKeySequence::Print, u"cmdPrint"_s},
+                                                     {Qt::CTRL | Qt::Key_PageDown, u"cmdNext"_s},
+                                                     {Qt::CTRL | Qt::Key_PageUp, u"cmdPrevious"_s},
+                                                     {Qt::CTRL | Qt::Key_Home, u"cmdFirst"_s},
+                                                     {Qt::CTRL | Qt::Key_End, u"cmdLast"_s}};
+    for (const auto& [key, command] : keys) onKey(key, this, [this, command = command] { commands_.run(command); });
 }
 
 // As the system has them now, on the one chosen before if it is still there.
@@ -236,10 +188,7 @@ void PrintPreview::showPage(int page) {
     page_->setRange(1, count);
     page_->setValue(page + 1);
     pageCount_->setText(u"από %1"_s.arg(count));
-    first_->setEnabled(page > 0);
-    previous_->setEnabled(page > 0);
-    next_->setEnabled(page + 1 < count);
-    last_->setEnabled(page + 1 < count);
+    commands_.refresh();
 }
 
 // To the next step of the list from the size on screen, whatever fitted it.

@@ -3,20 +3,18 @@
 
 #include <QCheckBox>
 #include <QComboBox>
-#include <QDialog>
 #include <QLabel>
 #include <QSpinBox>
 
+#include "core/commands.h"
+#include "core/dialog.h"
 #include "core/pageview.h"
-#include "core/printout.h"
-
-class QHBoxLayout;
-class QPushButton;
-class QToolButton;
+#include "core/printjob.h"
 
 namespace core {
 
-class PrintPreview : public QDialog {
+// Enter prints, except on another button and in a box.
+class PrintPreview : public Dialog {
     Q_OBJECT
 public:
     // Draws the job for the paper that was used last. Throws what the drawing throws, PrintStopped when the user
@@ -25,15 +23,10 @@ public:
 
     bool isDelivered() const { return delivered_; }  // printed, or written as PDF
 
-protected:
-    // Enter in a box moves on, on a page button presses it; anywhere else it prints.
-    void keyPressEvent(QKeyEvent* event) override;
-
 private:
-    QHBoxLayout* targetRow();
+    QVector<Command> commands();
+    QHBoxLayout* targetRow(QWidget* print);
     QHBoxLayout* viewRow();
-    QToolButton* pageButton(const QString& name, const QString& icon, const QString& caption);
-    QLabel* captionOf(const QString& caption, QWidget* field);
     void wire();
     void listPrinters();
     void redraw();
@@ -43,7 +36,6 @@ private:
     void writePdf();
     void deliver(const QString& caption, const std::function<bool(const platform::PageStep&)>& work);
 
-    MainMod& mod_;
     PrintJob job_;
     platform::PageSetup setup_;
     std::shared_ptr<const platform::PrintDocument> document_;
@@ -53,9 +45,8 @@ private:
     QComboBox *printers_, *paper_, *orientation_, *zoom_;
     QSpinBox *copies_, *page_;
     QLabel* pageCount_;
-    QPushButton *print_, *pdf_, *close_;
-    QToolButton *first_, *previous_, *next_, *last_;
     QCheckBox* direct_;
+    Commands commands_;
 };
 
 }  // namespace core

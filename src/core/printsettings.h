@@ -2,10 +2,17 @@
 #pragma once
 
 #include <QPageSize>
+#include <QWidget>
+#include <memory>
 
-#include "core/printout.h"
+#include "core/mainmod.h"
+#include "core/printjob.h"
 
 namespace core {
+
+// Whether print commands show the preview first.
+bool previewsPrints(const platform::Settings& settings);
+void setPreviewsPrints(platform::Settings& settings, bool on);
 
 // The papers that a user can choose, the usual one first.
 constexpr QPageSize::PageSizeId papers[] = {QPageSize::A4, QPageSize::A3, QPageSize::A5, QPageSize::Letter,

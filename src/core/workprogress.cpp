@@ -7,11 +7,10 @@
 #include <QProgressBar>
 #include <QPushButton>
 #include <QThread>
-#include <QVBoxLayout>
 #include <exception>
 
+#include "controls/layout.h"
 #include "controls/names.h"
-#include "controls/theme.h"
 
 using namespace Qt::Literals::StringLiterals;
 
@@ -83,14 +82,11 @@ void WorkProgress::show() {
     bar_ = controls::named(new QProgressBar, u"ProgressBar1"_s);
     bar_->setAccessibleName(u"Πρόοδος εργασίας"_s);
     bar_->setRange(0, 1000);
-    auto* layout = new QVBoxLayout(window_.get());
-    layout->setContentsMargins(16, 14, 16, 14);
-    layout->setSpacing(10);
-    layout->addWidget(label_);
-    layout->addWidget(bar_);
+    auto* layout = controls::dialogLayout(window_.get());
+    controls::add(layout, {label_, bar_});
     if (stoppable) {
         auto* stop = controls::named(new QPushButton(u"&Διακοπή"_s), u"cmdStop"_s);
-        layout->addWidget(stop, 0, Qt::AlignRight);
+        layout->addLayout(controls::row({controls::Item::rest(), stop}));
         QObject::connect(stop, &QPushButton::clicked, window_.get(), &QDialog::reject);
         QObject::connect(window_.get(), &QDialog::rejected, window_.get(), [this] { stopped_ = true; });
     }

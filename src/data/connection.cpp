@@ -1,12 +1,12 @@
 #include "data/connection.h"
 
-#include "data/connectionstring.h"
-#include "data/fileidentity.h"
-#include "data/fold.h"
+#include "data/dialect/translator.h"
+#include "data/opening/connectionstring.h"
+#include "data/opening/fileidentity.h"
 #include "data/postgres/pgengine.h"
-#include "data/recordset.h"
-#include "data/rowstore.h"
 #include "data/sqlite/sqliteengine.h"
+#include "data/sqlite/sqliteparserlimit.h"
+#include "data/values/format.h"
 
 using namespace Qt::Literals::StringLiterals;
 
@@ -44,8 +44,8 @@ QVariant storedForm(const QVariant& value) {
 
 std::unique_ptr<Engine> openEngine(const OpenSettings& settings) {
     if (identifyFile(settings.file).kind == FileKind::ServerDescription)
-        return std::make_unique<PgEngine>(readServerDescription(settings.file), settings);
-    return std::make_unique<SqliteEngine>(settings);
+        return std::make_unique<postgres::PgEngine>(readServerDescription(settings.file), settings);
+    return std::make_unique<sqlite::SqliteEngine>(settings);
 }
 
 }  // namespace
@@ -53,7 +53,7 @@ std::unique_ptr<Engine> openEngine(const OpenSettings& settings) {
 struct Connection::Private {
     std::unique_ptr<Engine> engine;
     Catalog catalog;
-    std::unique_ptr<Translator> translator;
+    std::unique_ptr<dialect::Translator> translator;
     QString connectionString;
 };
 
@@ -64,7 +64,7 @@ void Connection::open(const QString& connectionString) {
     close();
     std::unique_ptr<Engine> engine = openEngine(settingsFrom(connectionString));
     d->catalog = engine->readCatalog();
-    d->translator = std::make_unique<Translator>(d->catalog, engine->dialect());
+    d->translator = std::make_unique<dialect::Translator>(d->catalog, engine->dialect(), sqlite::sqliteParserLimit());
     d->engine = std::move(engine);
     d->connectionString = connectionString;
 }
@@ -97,9 +97,9 @@ void Connection::reloadCatalog() {
     d->translator->clear();
 }
 
-std::shared_ptr<const Translation> Connection::translate(const QString& sql, const OpenOptions& options) {
+std::shared_ptr<const dialect::Translation> Connection::translate(const QString& sql, const OpenOptions& options) {
     engine();
-    DialectOptions dialect;
+    dialect::DialectOptions dialect;
     dialect.parameters = options.parameters.keys();
     if (options.userComposed) {
         dialect.dateOrder = DateOrder::DayFirst;
@@ -113,12 +113,12 @@ std::shared_ptr<const Translation> Connection::translate(const QString& sql, con
     }
 }
 
-SearchOrder Connection::searchOrder(const QString& sql, const OpenOptions& options) {
+AccessPath Connection::accessPath(const QString& sql, const OpenOptions& options) {
     const auto translation = translate(sql, options);
-    if (translation->probe.isEmpty()) return SearchOrder::PeriodFirst;
+    if (translation->probe.isEmpty()) return AccessPath::Period;
     try {
-        const bool few = engine().query(translation->probe, {}, nullptr) <= Translation::probeLimit;
-        return few ? SearchOrder::WordsFirst : SearchOrder::PeriodFirst;
+        const bool few = engine().query(translation->probe, {}, nullptr) <= dialect::Translation::probeLimit;
+        return few ? AccessPath::WordIndex : AccessPath::Period;
     } catch (const Error& error) {
         throw Error(error.category(), error.text(), sql, error.engineCode());
     }
@@ -133,7 +133,7 @@ qint64 Connection::execute(const QString& sql, const Parameters& parameters) {
     const auto translation = translate(sql, {parameters, false});
     const QVector<QVariant> values = parameterValues(*translation, parameters);
     try {
-        if (translation->kind == StatementKind::Select) {
+        if (translation->kind == dialect::StatementKind::Select) {
             engine().query(translation->sql, values, nullptr);
             return 0;
         }
@@ -143,23 +143,7 @@ qint64 Connection::execute(const QString& sql, const Parameters& parameters) {
     }
 }
 
-Recordset Connection::openSchemaTables() {
-    engine();
-    QStringList names;
-    for (const TableInfo& table : d->catalog.tables()) names.append(table.name);
-    std::sort(names.begin(), names.end(), [](const QString& a, const QString& b) { return fold(a) < fold(b); });
-    RowStore rows(2);
-    for (const QString& name : names) {
-        const QByteArray utf8 = name.toUtf8();
-        rows.beginRow();
-        rows.text(utf8.constData(), utf8.size());
-        rows.text("TABLE", 5);
-    }
-    return Recordset({{u"TABLE_NAME"_s, ColumnType::Text, 255, -1}, {u"TABLE_TYPE"_s, ColumnType::Text, 255, -1}},
-                     std::move(rows));
-}
-
-QVector<QVariant> parameterValues(const Translation& translation, const Parameters& given) {
+QVector<QVariant> parameterValues(const dialect::Translation& translation, const Parameters& given) {
     QVector<QVariant> values;
     for (const QString& wanted : translation.parameters) {
         const QString key = nameKey(wanted);

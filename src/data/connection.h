@@ -11,20 +11,18 @@
 
 namespace data {
 
-class Recordset;
-
 // Values of named parameters of a statement, in the forms of types.h; names without regard to case.
 using Parameters = QVariantMap;
 
 // What a statement that asks for words inside a text and for a period reads first (Translation::periodFirst).
-enum class SearchOrder { WordsFirst, PeriodFirst };
+enum class AccessPath { WordIndex, Period };
 
 struct OpenOptions {
     Parameters parameters;
     // The text was composed or typed by a user: dates day first, decimal commas, nothing but one SELECT.
     bool userComposed = false;
-    // Without one the connection finds out (searchOrder).
-    std::optional<SearchOrder> searchOrder{};
+    // Without one the connection finds out (accessPath).
+    std::optional<AccessPath> accessPath{};
 };
 
 // Opens, executes, translates. Each statement commits by itself unless a Transaction is open.
@@ -49,18 +47,15 @@ public:
     // An INSERT, UPDATE or DELETE (a SELECT is run and thrown away); the number of rows it touched.
     qint64 execute(const QString& sql, const Parameters& parameters = {});
 
-    // Rows TABLE_NAME, TABLE_TYPE ("TABLE"), in order of name.
-    Recordset openSchemaTables();
-
     const Catalog& catalog() const;
     void reloadCatalog();
 
     // The statement as the engine gets it; for tools, tests and the curious.
-    std::shared_ptr<const Translation> translate(const QString& sql, const OpenOptions& options = {});
+    std::shared_ptr<const dialect::Translation> translate(const QString& sql, const OpenOptions& options = {});
 
     // Whether few rows have the words that a statement asks for, which costs the engine a look into its word index. Who
-    // opens one search for many periods asks once. PeriodFirst too when there is nothing to choose.
-    SearchOrder searchOrder(const QString& sql, const OpenOptions& options = {});
+    // opens one search for many periods asks once. Period too when there is nothing to choose.
+    AccessPath accessPath(const QString& sql, const OpenOptions& options = {});
 
     // An expression of the dialect over one table, as EngineDialect::createIndex wants it.
     QByteArray indexedExpression(const QString& table, const QString& expression);
@@ -75,7 +70,7 @@ private:
 
 // The values of a translation's parameters in their order, in the stored form. Throws Error(Parameter) for one without
 // a value.
-QVector<QVariant> parameterValues(const Translation& translation, const Parameters& given);
+QVector<QVariant> parameterValues(const dialect::Translation& translation, const Parameters& given);
 
 // Rolls back when it goes out of scope without a commit.
 class Transaction {

@@ -17,7 +17,9 @@ namespace data {
 
 using namespace Qt::Literals::StringLiterals;
 
+namespace dialect {
 class EngineDialect;
+}
 
 // Where the rows of a statement go; a cell is handed over in the engine's own form, without a copy.
 class RowSink {
@@ -51,7 +53,7 @@ class Engine {
 public:
     virtual ~Engine() = default;
 
-    virtual const EngineDialect& dialect() const = 0;
+    virtual const dialect::EngineDialect& dialect() const = 0;
     virtual Catalog readCatalog() = 0;
     // Runs a statement of the engine's own language; statements of the same text are prepared once.
     virtual ExecuteResult execute(const QByteArray& sql, const QVector<QVariant>& parameters) = 0;

@@ -1,7 +1,8 @@
 #include <cmath>
 
-#include "data/convert.h"
-#include "data/recordsetprivate.h"
+#include "data/recordset.h"
+#include "data/recordsetstate.h"
+#include "data/values/convert.h"
 
 using namespace Qt::Literals::StringLiterals;
 

@@ -1,19 +1,22 @@
 #include "data/recordset.h"
 
-#include "data/recordsetprivate.h"
+#include <algorithm>
+
+#include "data/recordsetstate.h"
 #include "data/rowfinder.h"
+#include "data/values/fold.h"
 
 using namespace Qt::Literals::StringLiterals;
 
 namespace data {
 
-Recordset::Recordset() : d(std::make_unique<Private>()) {}
+Recordset::Recordset() : d(std::make_unique<RecordsetState>()) {}
 
 Recordset::Recordset(Connection& connection, const QString& sql, const OpenOptions& options) : Recordset() {
     open(connection, sql, options);
 }
 
-Recordset::Recordset(const QVector<OutputColumn>& columns, RowStore rows) : Recordset() {
+Recordset::Recordset(const QVector<dialect::OutputColumn>& columns, RowStore rows) : Recordset() {
     d->setColumns(columns);
     d->rows = std::move(rows);
     d->isOpen = true;
@@ -22,16 +25,16 @@ Recordset::Recordset(const QVector<OutputColumn>& columns, RowStore rows) : Reco
 Recordset::~Recordset() = default;
 
 // The one moved from stays usable, closed.
-Recordset::Recordset(Recordset&& other) noexcept : d(std::exchange(other.d, std::make_unique<Private>())) {}
+Recordset::Recordset(Recordset&& other) noexcept : d(std::exchange(other.d, std::make_unique<RecordsetState>())) {}
 
 Recordset& Recordset::operator=(Recordset&& other) noexcept {
-    if (this != &other) d = std::exchange(other.d, std::make_unique<Private>());
+    if (this != &other) d = std::exchange(other.d, std::make_unique<RecordsetState>());
     return *this;
 }
 
 void Recordset::open(Connection& connection, const QString& sql, const OpenOptions& options) {
     close();
-    auto opened = std::make_unique<Private>();
+    auto opened = std::make_unique<RecordsetState>();
     opened->connection = &connection;
     opened->sql = sql;
     opened->options = options;
@@ -40,7 +43,7 @@ void Recordset::open(Connection& connection, const QString& sql, const OpenOptio
 }
 
 void Recordset::close() noexcept {
-    d = std::make_unique<Private>();
+    d = std::make_unique<RecordsetState>();
 }
 
 bool Recordset::isOpen() const {
@@ -113,7 +116,7 @@ void Recordset::find(const QString& criterion, qint64 skip, SearchDirection dire
     const FindCriterion wanted = parseCriterion(criterion, d->dateOrder());
     const int column = d->indexOf(wanted.column);
     if (column < 0) throw Error(ErrorCategory::Syntax, u"Δεν υπάρχει πεδίο «%1»."_s.arg(wanted.column), criterion);
-    const OutputColumn& output = d->columns[column];
+    const dialect::OutputColumn& output = d->columns[column];
     CellMatcher matcher(wanted, {output.name, output.type, output.size});
 
     const qint64 count = d->rows.count(), step = direction == SearchDirection::Forward ? 1 : -1;
@@ -188,6 +191,22 @@ void Recordset::remove() {
     d->endEdit();
     d->rows.remove(d->position);
     d->moveTo(d->position);
+}
+
+Recordset openSchemaTables(Connection& connection) {
+    connection.engine();
+    QStringList names;
+    for (const TableInfo& table : connection.catalog().tables()) names.append(table.name);
+    std::sort(names.begin(), names.end(), [](const QString& a, const QString& b) { return fold(a) < fold(b); });
+    RowStore rows(2);
+    for (const QString& name : names) {
+        const QByteArray utf8 = name.toUtf8();
+        rows.beginRow();
+        rows.text(utf8.constData(), utf8.size());
+        rows.text("TABLE", 5);
+    }
+    return Recordset({{u"TABLE_NAME"_s, ColumnType::Text, 255, -1}, {u"TABLE_TYPE"_s, ColumnType::Text, 255, -1}},
+                     std::move(rows));
 }
 
 }  // namespace data

@@ -10,11 +10,11 @@
 
 namespace data {
 
-enum class EditMode { None, InProgress, Add };
 enum class SearchDirection { Forward, Backward };
 
 class Recordset;
 class RowStore;
+struct RecordsetState;
 
 // A column of the current row. Cheap to copy; valid as long as its recordset.
 class Field {
@@ -98,10 +98,12 @@ public:
 
 private:
     friend class Field;
-    friend class Connection;
-    Recordset(const QVector<OutputColumn>& columns, RowStore rows);  // of no table
-    struct Private;
-    std::unique_ptr<Private> d;
+    friend Recordset openSchemaTables(Connection& connection);
+    Recordset(const QVector<dialect::OutputColumn>& columns, RowStore rows);  // of no table
+    std::unique_ptr<RecordsetState> d;
 };
+
+// Rows TABLE_NAME, TABLE_TYPE ("TABLE"), in order of name.
+Recordset openSchemaTables(Connection& connection);
 
 }  // namespace data

@@ -4,7 +4,7 @@
 #include <cstring>
 
 #include "data/error.h"
-#include "data/fold.h"
+#include "data/values/fold.h"
 
 using namespace Qt::Literals::StringLiterals;
 

@@ -5,8 +5,8 @@
 #include <QString>
 #include <QVariant>
 
-#include "data/format.h"
 #include "data/rowstore.h"
+#include "data/values/format.h"
 
 namespace data {
 

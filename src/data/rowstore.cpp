@@ -4,7 +4,7 @@
 #include <cstring>
 
 #include "data/error.h"
-#include "data/format.h"
+#include "data/values/format.h"
 
 namespace data {
 

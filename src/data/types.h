@@ -25,6 +25,9 @@ enum class AdoType : int {
 
 AdoType adoType(ColumnType type);
 
+// What a recordset is doing to its current row.
+enum class EditMode { None, InProgress, Add };
+
 inline bool isText(ColumnType t) {
     return t == ColumnType::Text || t == ColumnType::Memo;
 }

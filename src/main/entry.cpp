@@ -4,13 +4,15 @@
 #include <QFileInfo>
 #include <QLocale>
 
+#include "copies/restore.h"
+#include "copies/upgradecopy.h"
 #include "core/backupfolder.h"
 #include "core/browsemod.h"
 #include "core/workprogress.h"
-#include "data/format.h"
+#include "data/values/format.h"
 #include "platform/folders.h"
-#include "schema/backup.h"
 #include "schema/office.h"
+#include "schema/progress.h"
 
 using namespace Qt::Literals::StringLiterals;
 
@@ -52,7 +54,7 @@ std::optional<data::Error> openOne(data::Connection& connection, schema::Databas
         connection.close();
         // A server may be far or asleep, and a newer version may have much to do.
         core::inBackground(nullptr, u"Ανοίγουν τα δεδομένα του γραφείου"_s, [&](const core::Tell& tell) {
-            schema::open(connection, schema::connectionString(database, file), told(tell));
+            copies::openUpgraded(connection, schema::connectionString(database, file), told(tell));
         });
         return std::nullopt;
     } catch (const data::Error& error) {
@@ -120,13 +122,13 @@ bool restored(core::MainMod& mod, const QVector<schema::Database>& damaged) {
                 doubt))
         return false;
     try {
-        schema::RestoreOptions options;
+        copies::RestoreOptions options;
         options.force = true;
         options.databases = damaged;
         options.now = mod.services.clock.now();
         core::inBackground(nullptr, u"Επαναφορά του αντιγράφου"_s, [&](const core::Tell& tell) {
             options.progress = told(tell);
-            schema::restoreOffice(copy->file, mod.gDataPath, options);
+            copies::restoreOffice(copy->file, mod.gDataPath, options);
         });
         return true;
     } catch (const data::Error& error) {

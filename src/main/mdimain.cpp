@@ -6,7 +6,7 @@
 #include "cards/windows.h"
 #include "controls/names.h"
 #include "controls/theme.h"
-#include "core/printout.h"
+#include "core/printsettings.h"
 #include "main/mainplacement.h"
 #include "users/windows.h"
 

@@ -19,7 +19,7 @@ void letGo(std::unique_ptr<W>& window) {
 }  // namespace
 
 Program::Program(core::MainMod& mod) : mod_(mod), backup_(mod) {
-    connect(&mod_.gSeat, &schema::SeatLock::lost, this, &Program::seatLost);
+    connect(&mod_.gSeat, &copies::SeatLock::lost, this, &Program::seatLost);
 }
 Program::~Program() = default;
 

@@ -2,7 +2,7 @@
 
 #include "controls/names.h"
 #include "controls/theme.h"
-#include "data/format.h"
+#include "data/values/format.h"
 
 using namespace Qt::Literals::StringLiterals;
 

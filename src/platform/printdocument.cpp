@@ -5,7 +5,7 @@
 #include <optional>
 
 #include "platform/drawing.h"
-#include "platform/printer.h"
+#include "platform/printerror.h"
 
 using namespace Qt::Literals::StringLiterals;
 

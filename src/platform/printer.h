@@ -5,20 +5,13 @@
 #include <QDataStream>
 #include <functional>
 #include <memory>
-#include <stdexcept>
 
 #include "platform/printdocument.h"
+#include "platform/printerror.h"
 
 namespace platform {
 
 using namespace Qt::Literals::StringLiterals;
-
-// What can go wrong with paper; what() is a Greek sentence in UTF-8.
-class PrintError : public std::runtime_error {
-public:
-    explicit PrintError(const QString& text) : std::runtime_error(text.toStdString()) {}
-    QString text() const { return QString::fromUtf8(what()); }
-};
 
 struct PrintFont {
     QString name = u"Tahoma"_s;

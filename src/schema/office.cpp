@@ -1,18 +1,11 @@
 #include "schema/office.h"
 
 #include <QDir>
-#include <QFile>
 #include <QFileInfo>
 
-#include "data/connectionstring.h"
-#include "data/databasepassword.h"
 #include "data/error.h"
-#include "data/fileidentity.h"
-#include "data/password.h"
-#include "schema/backup.h"
-#include "schema/officebuilder.h"
-#include "schema/reference.h"
-#include "schema/tablewriter.h"
+#include "data/opening/connectionstring.h"
+#include "data/opening/fileidentity.h"
 #include "schema/upgrade.h"
 
 namespace schema {
@@ -92,33 +85,6 @@ void closeOnFailure(data::Connection& connection, const std::function<void()>& w
     }
 }
 
-void fillDatabase(const QString& file, Database database, const std::function<void(data::Connection&)>& fill) {
-    data::Connection connection;
-    connection.open(connectionString(database, file));
-    {
-        data::Transaction transaction(connection);
-        makeTables(connection, database);
-        makeIndexes(connection, database);
-        for (const QString& statement : defaultRows(database)) connection.execute(statement);
-        fill(connection);
-        storeVersion(connection, currentVersion);
-        transaction.commit();
-    }
-    connection.close();
-}
-
-void loadDeliveredReference(const QString& mainFile, const QString& folder) {
-    data::Connection connection;
-    connection.open(connectionString(Database::Main, mainFile));
-    for (const ReferenceKind& kind : referenceKinds())
-        loadReference(connection, kind, QDir(folder).filePath(kind.name + u".tsv"_s));
-}
-
-void fillUsers(data::Connection& users, const QString& adminPassword) {
-    TableWriter(users, *findTable(Database::Users, u"Admin"), {u"Pass"_s}).write({data::makeVerifier(adminPassword)});
-    data::setDatabasePassword(users.engine(), usersDatabasePassword());
-}
-
 }  // namespace
 
 QString usersDatabasePassword() {
@@ -159,31 +125,13 @@ void openToRead(data::Connection& connection, const QString& connectionString) {
     closeOnFailure(connection, [&] { openKnown(connection, connectionString + u"; mode=read"_s, properties); });
 }
 
-void open(data::Connection& connection, const QString& connectionString, const Progress& progress) {
+void open(data::Connection& connection, const QString& connectionString, const BeforeUpgrade& beforeUpgrade) {
     const Properties properties = data::parseConnectionString(connectionString);
     closeOnFailure(connection, [&] {
         openKnown(connection, connectionString, properties);
         const Database database = wantedDatabase(properties);
-        const QString file = properties.value(fileKey);
-        upgrade(connection, upgradeSteps(database), [&] {
-            copyBeforeUpgrade(connection, database, file, QDateTime::currentDateTime(), progress);
-            report(progress, u"Προσαρμογή του %1 στη νέα έκδοση"_s.arg(QFileInfo(file).fileName()), -1);
-        });
+        upgrade(connection, upgradeSteps(database), [&] { beforeUpgrade(database, properties.value(fileKey)); });
     });
-}
-
-void createOffice(const QString& folder, const NewOffice& options) {
-    if (options.adminPassword.isEmpty())
-        throw Error(ErrorCategory::Constraint, u"Ο κωδικός του Admin δεν μπορεί να είναι κενός."_s);
-    OfficeBuilder builder(folder, options.server);
-    builder.make(Database::Main);
-    fillDatabase(builder.file(Database::Main), Database::Main, [](data::Connection&) {});
-    builder.make(Database::Users);
-    fillDatabase(builder.file(Database::Users), Database::Users,
-                 [&](data::Connection& connection) { fillUsers(connection, options.adminPassword); });
-    if (!options.referenceFolder.isEmpty())
-        loadDeliveredReference(builder.file(Database::Main), options.referenceFolder);
-    builder.finish();
 }
 
 }  // namespace schema

@@ -6,13 +6,14 @@
 
 #include "data/dialect/enginedialect.h"
 #include "data/error.h"
-#include "data/fileidentity.h"
+#include "data/opening/fileidentity.h"
 #include "data/postgres/pgengine.h"
 #include "data/sqlite/sqliteengine.h"
-#include "schema/backupparts.h"
-#include "schema/exchange.h"
+#include "schema/databasefiles.h"
+#include "schema/filereplacement.h"
 #include "schema/indexes.h"
 #include "schema/office.h"
+#include "schema/workfolder.h"
 
 namespace schema {
 namespace {
@@ -45,7 +46,7 @@ OfficeBuilder::OfficeBuilder(const QString& folder, const std::optional<data::Se
     refuseExisting(folder);
     if (!QDir().mkpath(folder)) throw Error(ErrorCategory::Full, u"Δεν δημιουργείται ο φάκελος «%1»."_s.arg(folder));
     try {
-        workshop_ = workshopIn(folder);
+        workFolder_ = workFolderIn(folder);
     } catch (...) {
         if (!folderWasThere_) QDir().rmdir(folder);
         throw;
@@ -53,9 +54,9 @@ OfficeBuilder::OfficeBuilder(const QString& folder, const std::optional<data::Se
 }
 
 OfficeBuilder::~OfficeBuilder() {
-    workshop_.reset();
+    workFolder_.reset();
     if (finished_) return;
-    for (const data::ServerDescription& server : schemas_) data::dropPgDatabase(server);
+    for (const data::ServerDescription& server : schemas_) data::postgres::dropPgDatabase(server);
     if (!folderWasThere_) QDir().rmdir(folder_);
 }
 
@@ -69,23 +70,24 @@ data::ServerDescription serverFor(const data::ServerDescription& office, Databas
 void OfficeBuilder::make(Database database) {
     const bool main = database == Database::Main;
     if (!server_)
-        return data::createSqliteFile(file(database), main ? data::mainApplicationId : data::usersApplicationId);
+        return data::sqlite::createSqliteFile(file(database),
+                                              main ? data::mainApplicationId : data::usersApplicationId);
     const data::ServerDescription server = serverFor(*server_, database);
-    data::createPgDatabase(server, main ? data::DatabaseKind::Main : data::DatabaseKind::Users);
+    data::postgres::createPgDatabase(server, main ? data::DatabaseKind::Main : data::DatabaseKind::Users);
     schemas_ += server;
     data::writeServerDescription(file(database), server);
 }
 
 QString OfficeBuilder::file(Database database) const {
-    return databasePath(workshop_->path(), database);
+    return databasePath(workFolder_->path(), database);
 }
 
 void OfficeBuilder::finish() {
     refuseExisting(folder_);
-    Exchange exchange;
+    FileReplacement replacement;
     for (const Database database : allDatabases)
-        exchange.put(file(database), databasePath(folder_, database), QDateTime::currentDateTime());
-    exchange.keep();
+        replacement.put(file(database), databasePath(folder_, database), QDateTime::currentDateTime());
+    replacement.keep();
     finished_ = true;
 }
 

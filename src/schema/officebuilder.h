@@ -7,7 +7,7 @@
 #include <optional>
 
 #include "data/connection.h"
-#include "data/serverdescription.h"
+#include "data/opening/serverdescription.h"
 #include "schema/tables.h"
 
 namespace schema {
@@ -32,7 +32,7 @@ private:
     std::optional<data::ServerDescription> server_;
     bool folderWasThere_, finished_ = false;
     QVector<data::ServerDescription> schemas_;
-    std::unique_ptr<QTemporaryDir> workshop_;
+    std::unique_ptr<QTemporaryDir> workFolder_;
 };
 
 // Each database of an office on a server has a schema of its own, named like its file: NAME and NAMEu of the given

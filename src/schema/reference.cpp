@@ -3,8 +3,8 @@
 #include <QSet>
 
 #include "data/error.h"
-#include "data/format.h"
 #include "data/recordset.h"
+#include "data/values/format.h"
 #include "schema/tabfile.h"
 #include "schema/tablewriter.h"
 

@@ -1,8 +1,8 @@
 #include "schema/tablewriter.h"
 
-#include "data/convert.h"
 #include "data/dialect/enginedialect.h"
-#include "data/format.h"
+#include "data/values/convert.h"
+#include "data/values/format.h"
 
 namespace schema {
 namespace {
@@ -20,7 +20,7 @@ QVariant stored(const QVariant& value, const data::ColumnInfo& column) {
 TableWriter::TableWriter(data::Connection& connection, const Table& table, const QStringList& columns)
     : engine_(connection.engine()) {
     const data::TableInfo info = tableInfo(table);
-    const data::EngineDialect& dialect = engine_.dialect();
+    const data::dialect::EngineDialect& dialect = engine_.dialect();
     QByteArrayList names, places;
     for (const QString& name : columns) {
         const int index = info.indexOf(name);

@@ -2,8 +2,8 @@
 
 #include <algorithm>
 
-#include "data/fold.h"
 #include "data/recordset.h"
+#include "data/values/fold.h"
 
 using namespace Qt::Literals::StringLiterals;
 

@@ -1,7 +1,7 @@
 #include "users/credentials.h"
 
 #include "core/mainmod.h"
-#include "data/password.h"
+#include "data/opening/password.h"
 #include "data/recordset.h"
 
 using namespace Qt::Literals::StringLiterals;

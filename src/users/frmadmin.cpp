@@ -2,7 +2,7 @@
 
 #include "controls/layout.h"
 #include "controls/names.h"
-#include "data/password.h"
+#include "data/opening/password.h"
 #include "data/recordset.h"
 
 using namespace Qt::Literals::StringLiterals;

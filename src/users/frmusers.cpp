@@ -2,8 +2,8 @@
 
 #include "controls/layout.h"
 #include "controls/names.h"
-#include "data/fold.h"
-#include "data/password.h"
+#include "data/opening/password.h"
+#include "data/values/fold.h"
 #include "users/accounts.h"
 
 using namespace Qt::Literals::StringLiterals;

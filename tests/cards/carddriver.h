@@ -2,77 +2,115 @@
 #pragma once
 
 #include <QCheckBox>
-#include <QComboBox>
-#include <QLabel>
 #include <QTabWidget>
-#include <QTimer>
 
 #include "cards/frmaddress.h"
+#include "support/driver.h"
 #include "support/office.h"
 
 namespace support {
 
-// A dialog counts as active with its parent, so the toolkit's own wait would end too soon.
-inline void activate(QWidget& window) {
-    window.activateWindow();
-    if (!QTest::qWaitFor([&window] { return QApplication::activeWindow() == &window; }))
-        QTest::qFail("the window never got the focus", __FILE__, __LINE__);
+// The boxes and the buttons of the card that the tests speak of most.
+namespace card {
+inline const QString surname = "Text7(0)", firstName = "Text7(1)", profession = "Text7(4)", city = "Text7(8)",
+                     phone = "Text7(9)", mail = "Text7(13)", remark = "Text7(16)", notes = "Text7(17)";
+enum Button { Previous = 1, Next = 3, AddNew = 5, Edit = 6, Delete = 7, Save = 9, Cancel = 10, Exit = 11, Print = 12 };
+inline const QString browsing = "1 2 3 5 6 7 11 12", editing = "9 10 12", reading = "1 2 3 11 12";
+}  // namespace card
+
+struct CardOffice : Office {
+    qint64 addMovement(qint64 card, const QString& day, const QString& reason, double debit, double credit,
+                       const QString& notes = {}) {
+        data::Recordset row(mod.gConn, "select * from History where aa=0");
+        row.addNew();
+        row[u"codecards"].setValue(card);
+        row[u"ΗΜΕΡΟΜΗΝΙΑ"].setValue(QDateTime::fromString(day + "Z", Qt::ISODate));
+        row[u"ΑΙΤΙΟΛΟΓΙΑ"].setValue(reason);
+        row[u"ΧΡΕΩΣΗ"].setValue(debit);
+        row[u"ΠΙΣΤΩΣΗ"].setValue(credit);
+        if (!notes.isNull()) row[u"notes"].setValue(notes);
+        row.update();
+        return row[u"aa"].toLong();
+    }
+    qint64 addLink(qint64 card, const QString& description, const QString& path) {
+        data::Recordset row(mod.gConn, "select * from Links where aa=0");
+        row.addNew();
+        row[u"codecards"].setValue(card);
+        row[u"ΠΕΡΙΓΡΑΦΗ"].setValue(description);
+        row[u"ΣΥΝΔΕΣΗ"].setValue(path);
+        row.update();
+        return row[u"aa"].toLong();
+    }
+    // A file of these bytes beside the office.
+    QString file(const QString& name, const QByteArray& bytes = "x") const {
+        QFile made(directory_.filePath(name));
+        if (!made.open(QIODevice::WriteOnly) || made.write(bytes) != bytes.size()) qFatal("scratch file");
+        return made.fileName();
+    }
+};
+
+inline QByteArray pictureBytes(QSize size, const char* format = "BMP") {
+    QImage image(size, QImage::Format_RGB32);
+    image.fill(Qt::darkCyan);
+    QByteArray bytes;
+    QBuffer buffer(&bytes);
+    image.save(&buffer, format);
+    return bytes;
 }
 
-// Runs `act` in the dialog that the next event opens, and closes the dialog if `act` left it open.
-template <typename Dialog>
-void inNextDialog(std::function<void(Dialog&)> act) {
-    QTimer::singleShot(0, qApp, [act] {
-        auto* dialog = qobject_cast<Dialog*>(QApplication::activeModalWidget());
-        if (!dialog) return QTest::qFail("the dialog didn't open", __FILE__, __LINE__);
-        activate(*dialog);
-        act(*dialog);
-        if (dialog->isVisible()) dialog->done(QDialog::Rejected);
-    });
-}
-
-struct CardDriver {
-    explicit CardDriver(core::MainMod& mod) : form(mod) {
+struct CardDriver : Driver {
+    explicit CardDriver(core::MainMod& mod) : Driver(form), form(mod) {
         form.load();
         form.resize(960, 640);
-        form.show();
-        form.activateWindow();
-        if (!QTest::qWaitForWindowActive(&form)) QTest::qFail("the card never got the focus", __FILE__, __LINE__);
+        activate(form);
     }
 
-    template <typename W = QWidget>
-    W* find(const QString& name) {
-        W* widget = form.findChild<W*>(name);
-        if (!widget) QTest::qFail(qPrintable("no control " + name), __FILE__, __LINE__);
-        return widget;
-    }
-    controls::TextBox* text(int i) { return find<controls::TextBox>(QString("Text7(%1)").arg(i)); }
-    controls::TextBox* special(int i) { return find<controls::TextBox>(QString("Text8(%1)").arg(i)); }
-    controls::MemoBox* memo(int i) { return find<controls::MemoBox>(QString("txtMemo(%1)").arg(i)); }
-    controls::MemoBox* notes() { return find<controls::MemoBox>("Text7(17)"); }
-    controls::DateBox* date(const QString& name) { return find<controls::DateBox>(name); }
-    QComboBox* combo(const QString& name) { return find<QComboBox>(name); }
-    QString label(const QString& name) { return find<QLabel>(name)->text(); }
-    QString counter() { return label("Label4"); }
-    QString tab() { return find<QTabWidget>("TabStrip1")->tabText(find<QTabWidget>("TabStrip1")->currentIndex()); }
-    void openTab(const QString& caption) {
+    QString counter() const { return shown("Label4"); }
+    void openTab(const QString& caption) const {
         auto* tabs = find<QTabWidget>("TabStrip1");
         for (int i = 0; i < tabs->count(); ++i)
-            if (tabs->tabText(i) == caption) tabs->setCurrentIndex(i);
+            if (tabs->tabText(i) == caption) return tabs->setCurrentIndex(i);
+        qFatal("no tab %s", qPrintable(caption));
     }
-    controls::ListView* list(int i) { return find<controls::ListView>(QString("ListView%1").arg(i)); }
-    // Cells of a list's rows joined by '|'.
-    QStringList rows(int i) {
-        QStringList lines;
-        for (int row = 0; row < list(i)->count(); ++row) lines << list(i)->row(row).cells.join('|');
-        return lines;
+    QString tab() const {
+        return find<QTabWidget>("TabStrip1")->tabText(find<QTabWidget>("TabStrip1")->currentIndex());
     }
-    void click(const QString& name) { find<QAbstractButton>(name)->click(); }
-    controls::PictureButton* button(int i) { return find<controls::PictureButton>(QString("lblClick(%1)").arg(i)); }
-    void press(int i) { button(i)->click(); }
-    bool enabled(int i) { return button(i)->isEnabled(); }
+    bool isLocked() const { return find<QLineEdit>(card::surname)->isReadOnly() && !form.isEditing(); }
+    void press(card::Button button) const { click(QString("lblClick(%1)").arg(button)); }
+    // Begins a change, types, and saves.
+    void change(std::initializer_list<std::pair<QString, QString>> typed) const {
+        press(card::Edit);
+        for (const auto& [box, text] : typed) type(box, text);
+        press(card::Save);
+    }
+    // Those that can be pressed.
+    QString buttons() const {
+        QStringList enabled;
+        for (int i = 1; i <= 12; ++i)
+            if (const auto* button = form.findChild<QAbstractButton*>(QString("lblClick(%1)").arg(i));
+                button && button->isEnabled())
+                enabled << QString::number(i);
+        return enabled.join(' ');
+    }
 
     cards::frmAddress form;
+};
+
+// An office with these cards, and its card window open on the first of them.
+struct CardRow {
+    QString surname, firstName;
+    QVariantMap more = {};
+};
+struct CardSite : CardOffice {
+    CardSite(std::initializer_list<CardRow> rows) : card(with(rows)) {}
+
+    CardDriver card;
+
+private:
+    core::MainMod& with(std::initializer_list<CardRow> rows) {
+        for (const CardRow& row : rows) addCard(row.surname, row.firstName, row.more);
+        return mod;
+    }
 };
 
 }  // namespace support

@@ -1,29 +1,26 @@
 // Adding, changing, saving and deleting; the photo; two seats on one office.
-#include "cards/carddriver.h"
+#include "carddriver.h"
+#include "support/cases.h"
 
-using namespace Qt::Literals::StringLiterals;
-
-using support::CardDriver;
-using support::Office;
+using namespace support;
+using namespace support::card;
 
 namespace {
 
 const QString saveFailure =
-    u"Πρόβλημα κατά την αποθήκευση των δεμένων! \nΕλέγχετε τα αριθμητικά πεδία οτι είναι αριθμοι! \nDorvalist Error: "_s;
+    "Πρόβλημα κατά την αποθήκευση των δεμένων! \nΕλέγχετε τα αριθμητικά πεδία οτι είναι αριθμοι! \nDorvalist Error: ";
 
-QByteArray png(QSize size) {
-    QImage image(size, QImage::Format_RGB32);
-    image.fill(Qt::darkCyan);
-    QBuffer buffer;
-    buffer.open(QIODevice::WriteOnly);
-    image.save(&buffer, "BMP");
-    return buffer.data();
-}
-
-QString fileWith(const Office& office, const QString& name, const QByteArray& bytes) {
-    QFile file(office.directory_.filePath(name));
-    if (!file.open(QIODevice::WriteOnly) || file.write(bytes) != bytes.size()) qFatal("scratch file");
-    return file.fileName();
+// What every control of the card shows, and what stands around them.
+QStringList everything(const CardDriver& card) {
+    QStringList all;
+    for (const cards::CardField& field : cards::cardFields()) {
+        const QString name = field.controlName();
+        const auto* check = qobject_cast<QCheckBox*>(card.find(name));
+        all << name + '=' + (check ? QString::number(check->isChecked()) : card.shown(name));
+    }
+    for (const char* label : {"Label1(0)", "Label1(1)", "Label1(2)", "lblYpoloipo"}) all << card.shown(label);
+    for (const char* list : {"ListView1", "ListView2", "ListView3"}) all << card.rows(list);
+    return all << card.tab() << card.counter() << card.buttons();
 }
 
 }  // namespace
@@ -32,157 +29,177 @@ class TestFrmAddressEdit : public QObject {
     Q_OBJECT
 private slots:
     void theFirstTestThatFailsIsTold() {
-        Office office;
-        CardDriver card(office.mod);
-        card.press(5);
-        QCOMPARE(card.counter(), QString("Προσθήκη νέας καρτέλας"));
-        card.combo("Combo1")->setCurrentIndex(0);
-        const QPair<QString, QString> steps[] = {{"Combo1", "Δεν έχετε συμπληρώσει την Κατηγορία!"},
-                                                 {"Text7(0)", "Δεν έχετε συμπληρώσει το Επώνυμο!"},
-                                                 {"Text7(1)", "Δεν έχετε συμπληρώσει το Όνομα!"}};
+        CardSite office{};
+        auto& card = office.card;
+        card.press(AddNew);
+        card.type("Combo1", "");
+        const std::pair<QString, const char*> steps[] = {{"Combo1", "Δεν έχετε συμπληρώσει την Κατηγορία!"},
+                                                         {surname, "Δεν έχετε συμπληρώσει το Επώνυμο!"},
+                                                         {firstName, "Δεν έχετε συμπληρώσει το Όνομα!"}};
         for (const auto& [control, text] : steps) {
-            card.find<QTabWidget>("TabStrip1")->setCurrentIndex(3);
-            card.press(9);
+            card.openTab("Σημειώσεις");
+            card.press(Save);
             QCOMPARE(office.desk.prompts.lastText(), text);
-            QCOMPARE(card.tab(), QString("Βασικά Στοιχεία"));
-            QVERIFY(card.find(control)->hasFocus());
-            QVERIFY(card.form.isEditing());
-            if (auto* box = card.form.findChild<controls::TextBox*>(control)) box->setText(" ");
-            if (control == "Combo1") card.combo("Combo1")->setCurrentIndex(1);
+            QCOMPARE(card.tab(), "Βασικά Στοιχεία");
+            QVERIFY(card.hasFocus(control) && card.form.isEditing());
+            card.type(control, control == "Combo1" ? "ΕΠΑΦΕΣ" : " ");
         }
-        card.press(9);
+        card.press(Save);
         QVERIFY(!card.form.isEditing());
-        QCOMPARE(office.value("select count(*) from cards").toInt(), 1);
+        QCOMPARE(office.count("cards"), 1);
     }
 
     void aNewCardGetsItsNumberAndPlace() {
-        Office office;
-        office.addCard("Άλφα", "1");
-        office.addCard("Γάμμα", "2");
-        CardDriver card(office.mod);
-        card.press(5);
-        QVERIFY(card.text(0)->hasFocus() && !card.text(0)->isReadOnly());
-        for (int i : {1, 3, 5, 6, 7, 11}) QVERIFY(!card.enabled(i));
-        QVERIFY(!card.find("Label31")->isHidden());
-        card.text(0)->setText("βήτα");
-        card.text(1)->setText("Ν");
-        card.combo("Combo2")->setCurrentIndex(1);
-        QTest::keyClick(&card.form, Qt::Key_F5);
-        QCOMPARE(card.counter(), QString("Εμφάνιση Καρτέλας (2/3)"));
-        QCOMPARE(card.text(0)->text(), QString("βήτα"));
-        QCOMPARE(card.combo("Combo2")->currentText(), QString("Γυναίκα"));
-        QVERIFY(card.text(0)->isReadOnly());
+        CardSite office{{"Άλφα", "1"}, {"Γάμμα", "2"}};
+        auto& card = office.card;
+        QVERIFY(!card.isVisible("Label31"));
+        card.press(AddNew);
+        QVERIFY(card.hasFocus(surname) && !card.isLocked() && card.isVisible("Label31"));
+        QCOMPARE(card.counter(), "Προσθήκη νέας καρτέλας");
+        QCOMPARE(card.buttons(), editing);
+        card.type(surname, "βήτα");
+        card.type(firstName, "Ν");
+        card.type("Combo2", "Γυναίκα");
+        card.key(Qt::Key_F5);
+        QCOMPARE(card.counter(), "Εμφάνιση Καρτέλας (2/3)");
+        QCOMPARE(card.shown(surname), "βήτα");
+        QCOMPARE(card.shown("Combo2"), "Γυναίκα");
+        QCOMPARE(card.buttons(), browsing);
+        QVERIFY(card.isLocked());
         const QString row = "select %1 from cards where επωνυμο='ΒΗΤΑ'";
-        QCOMPARE(office.value(row.arg("code")).toString(), card.form.CurrentCode);
+        QCOMPARE(office.text(row.arg("code")), card.form.CurrentCode);
         QCOMPARE(office.value(row.arg("category")).toInt(), 1);
         QCOMPARE(office.value(row.arg("ΗΜ_ΓΕΝΗΣΗΣ")).toDateTime().date(), QDate(1900, 1, 1));
         QCOMPARE(office.value(row.arg("ΤΕΛΕΥΤΑΙΑ_ΚΙΝΗΣΗ")).toDateTime().date(), QDate(2026, 11, 5));
     }
 
-    void nameDaysAndBirthDates() {
-        Office office;
-        office.addCard("Α", "Μαρία");
+    // Nothing of the card on show goes into a new one.
+    void aNewCardStartsEmptyWhateverIsOnShow() {
+        CardOffice office;
+        QStringList empty;
+        {
+            CardDriver card(office.mod);
+            card.press(AddNew);
+            empty = everything(card);
+        }
+        office.mod.gConn.execute("INSERT into CardKategory VALUES (7,'ΠΕΛΑΤΕΣ',1)");
+        QVariantMap row{{"category", 7}, {"Photo", pictureBytes({40, 30})}};
+        for (const cards::CardField& field : cards::cardFields()) {
+            using enum cards::CardKind;
+            const bool number = field.kind == ParamNumber || field.kind == Frequency || field.kind == Amount;
+            const bool date = field.kind == ParamDate || field.kind == BirthDate || field.kind == LastMovement;
+            if (field.kind == Sex) row.insert(field.column, false);
+            if (field.kind == ParamFlag) row.insert(field.column, true);
+            if (number) row.insert(field.column, 77);
+            if (date) row.insert(field.column, "7/7/1977");
+            if (!number && !date && field.kind != Sex && field.kind != ParamFlag && field.kind != Category)
+                row.insert(field.column, "77");
+        }
+        const qint64 code = office.addCard("Πρώτη", "Άννα", row);
+        office.addMovement(code, "2026-11-03T00:00:00", "Επίσκεψη", 10, 0);
+        office.addLink(code, "Σύμβαση", "/α");
         CardDriver card(office.mod);
-        auto* nameDay = card.combo("Combo3");
-        const int maria = nameDay->findText("Μαρία   15/08");
-        QVERIFY2(maria > 0, "the delivered name days have a Μαρία on 15/08");
-        card.press(6);
-        nameDay->setCurrentIndex(maria);
-        card.date("txtDate")->setFormattedText("__/__/____");
-        QTest::keyClick(&card.form, Qt::Key_F5);
+        QCOMPARE(card.shown("Combo2"), "Γυναίκα");
+        QVERIFY(!card.rows("ListView2").isEmpty());
+        card.openTab("Κείμενα");
+        card.click("cmdMemo(3)");
+        card.press(AddNew);
+        QCOMPARE(everything(card), empty);
+        QVERIFY(card.find("txtMemo(0)")->isVisibleTo(card.find("Frame6")));
+        card.type(surname, "Δεύτερη");
+        card.type(firstName, "Β");
+        card.press(Save);
+        QVERIFY(!office.value("select Photo from cards where επωνυμο='Δεύτερη'").isValid());
+        QCOMPARE(card.buttons(), browsing);
+    }
+
+    void nameDaysAndBirthDates() {
+        CardSite office{{"Α", "Μαρία"}};
+        auto& card = office.card;
+        card.press(Edit);
+        card.type("Combo3", "Μαρία   15/08");
+        QVERIFY2(card.find<QComboBox>("Combo3")->currentIndex() > 0, "the delivered name days have a Μαρία on 15/08");
+        card.find<controls::DateBox>("txtDate")->setFormattedText("__/__/____");
+        card.key(Qt::Key_F5);
         QVERIFY(office.desk.prompts.isEmpty());
         QCOMPARE(office.value("select ΗΜ_ΕΟΡΤΗΣ from cards").toDateTime().date(), QDate(2026, 8, 15));
         QVERIFY(!office.value("select ΗΜ_ΓΕΝΗΣΗΣ from cards").isValid());
 
         // The empty choice keeps what the card has; the date stays in the year of its save.
         office.desk.clock.set({2027, 1, 2});
-        card.press(6);
-        nameDay->setEditText("");
-        card.press(9);
-        QCOMPARE(office.value("select KEIM_ΕΟΡΤΗΣ from cards").toString(), QString("Μαρία   15/08"));
+        card.press(Edit);
+        card.find<QComboBox>("Combo3")->setEditText("");
+        card.press(Save);
+        QCOMPARE(office.text("select KEIM_ΕΟΡΤΗΣ from cards"), "Μαρία   15/08");
         QCOMPARE(office.value("select ΗΜ_ΕΟΡΤΗΣ from cards").toDateTime().date().year(), 2026);
 
-        card.press(6);
-        nameDay->setEditText("όποτε να 'ναι");
-        card.press(9);
+        card.change({{"Combo3", "όποτε να 'ναι"}});
         QVERIFY(office.desk.prompts.lastText().startsWith(saveFailure));
         QVERIFY(card.form.isEditing());
     }
 
-    void numbersByGreekRules_data() {
-        QTest::addColumn<QString>("typed");
-        QTest::addColumn<QVariant>("stored");  // invalid: the save fails
-        QTest::newRow("comma") << "12,5" << QVariant(12.5);
-        QTest::newRow("thousands") << "1.234,50" << QVariant(1234.5);
-        QTest::newRow("zero") << "0" << QVariant(0.0);
-        QTest::newRow("empty") << "" << QVariant();
-        QTest::newRow("two commas") << "1,2,3" << QVariant();
-    }
+    // A number that is none fails the save; nothing typed is lost, and the mended card can be saved.
     void numbersByGreekRules() {
-        QFETCH(QString, typed);
-        QFETCH(QVariant, stored);
+        const std::pair<const char*, QVariant> cases[] = {
+            {"12,5", 12.5}, {"1.234,50", 1234.5}, {"0", 0.0}, {"", {}}, {"1,2,3", {}}};
         Office office;
         office.addCard("Α", "Β");
-        CardDriver card(office.mod);
-        card.press(6);
-        card.special(10)->setText(typed);
-        card.text(8)->setText("Πάτρα");
-        card.press(9);
-        QCOMPARE(card.form.isEditing(), !stored.isValid());
-        QCOMPARE(office.value("select FIELdnum1 from cards"), stored);
-        if (stored.isValid()) return;
-        QCOMPARE(office.desk.prompts.lastTitle(), QString("Μήνυμα λάθους"));
-        QVERIFY(office.desk.prompts.lastText().startsWith(saveFailure));
-        // Nothing typed is lost, and the mended card can be saved.
-        QCOMPARE(card.text(8)->text(), QString("Πάτρα"));
-        card.special(10)->setText("7");
-        card.press(9);
-        QVERIFY(!card.form.isEditing());
-        QCOMPARE(office.value("select πολη from cards").toString(), QString("Πάτρα"));
+        for (const auto& [typed, stored] : cases) {
+            const InCase in(typed);
+            office.mod.gConn.execute("update cards set FIELdnum1=Null,πολη=Null");
+            office.desk.prompts.clear();
+            CardDriver card(office.mod);
+            card.change({{"Text8(10)", typed}, {city, "Πάτρα"}});
+            QCOMPARE(card.form.isEditing(), !stored.isValid());
+            QCOMPARE(office.value("select FIELdnum1 from cards"), stored);
+            QCOMPARE(office.desk.prompts.isEmpty(), stored.isValid());
+            if (stored.isValid()) continue;
+            QCOMPARE(office.desk.prompts.lastTitle(), "Μήνυμα λάθους");
+            QVERIFY(office.desk.prompts.lastText().startsWith(saveFailure));
+            QCOMPARE(card.shown(city), "Πάτρα");
+            card.type("Text8(10)", "7");
+            card.press(Save);
+            QVERIFY(!card.form.isEditing());
+            QCOMPARE(office.text("select πολη from cards"), "Πάτρα");
+        }
     }
 
     void aFailedAddCanBeMended() {
-        Office office;
-        CardDriver card(office.mod);
-        card.press(5);
-        card.text(0)->setText(QString(31, u'Ω'));
-        card.text(1)->setText("Ν");
-        card.press(9);
+        CardSite office{};
+        auto& card = office.card;
+        card.press(AddNew);
+        card.type(firstName, "Ν");
+        for (const int length : {31, 30}) {
+            card.type(surname, QString(length, u'Ω'));
+            card.press(Save);
+            QCOMPARE(office.count("cards"), length > 30 ? 0 : 1);
+        }
+        QCOMPARE(office.desk.prompts.count(), 1);
         QVERIFY(office.desk.prompts.lastText().startsWith(saveFailure));
-        QCOMPARE(office.value("select count(*) from cards").toInt(), 0);
-        card.text(0)->setText(QString(30, u'Ω'));
-        card.press(9);
-        QCOMPARE(office.value("select count(*) from cards").toInt(), 1);
-        QCOMPARE(office.value("select επωνυμο from cards").toString(), QString(30, u'Ω'));
+        QCOMPARE(office.text("select επωνυμο from cards"), QString(30, u'Ω'));
     }
 
-    void textsOfEveryKind_data() {
-        QTest::addColumn<QString>("text");
-        QTest::newRow("quotes") << QString("O'Neil \"Ο Μέγας\" `x` --; DROP");
-        QTest::newRow("emoji") << QString::fromUtf8("👩‍💼 Ελένη 🎉");
-        QTest::newRow("right to left") << QString::fromUtf8("שלום مرحبا Γεια");
-        QTest::newRow("wildcards") << QString("100% _ [α-ω] #1/1/2000#");
-        QTest::newRow("long") << QString("Ελλάδα ").repeated(1500);
-        QTest::newRow("combining") << QString::fromUtf8("Μαρι\u0301α ﬁ ϊ΅");
-    }
     void textsOfEveryKind() {
-        QFETCH(QString, text);
-        Office office;
-        office.addCard("Α", "Β");
-        CardDriver card(office.mod);
-        card.press(6);
-        const bool isShort = text.size() <= 30;
-        card.notes()->setText(text + "\nδεύτερη γραμμή");
-        card.memo(5)->setText(text);
-        card.text(16)->setText(text);
-        if (isShort) card.text(0)->setText(text);
-        card.press(9);
-        QVERIFY2(office.desk.prompts.isEmpty(), qPrintable(office.desk.prompts.lastText()));
-        QCOMPARE(office.value("select σχολια from cards").toString(), text + "\nδεύτερη γραμμή");
-        QCOMPARE(office.value("select ΚΕΙΜΕΝΟ6 from cards").toString(), text);
-        QCOMPARE(office.value("select ΣΧΟΛΙΑ1 from cards").toString(), text);
-        QCOMPARE(card.notes()->text(), text + "\nδεύτερη γραμμή");
-        if (isShort) QCOMPARE(card.label("Label1(0)"), text);
+        CardSite office{{"Α", "Β"}};
+        auto& card = office.card;
+        for (const QString& text : {QString("O'Neil \"Ο Μέγας\" `x` --; DROP"), QString("👩‍💼 Ελένη 🎉"),
+                                    QString("שלום مرحبا Γεια"), QString("100% _ [α-ω] #1/1/2000#"),
+                                    QString("Ελλάδα ").repeated(1500), QString("Μαρι\u0301α ﬁ ϊ΅")}) {
+            const InCase in(text);
+            card.press(Edit);
+            const bool isShort = text.size() <= 30;
+            card.type(notes, text + "\nδεύτερη γραμμή");
+            card.type("txtMemo(5)", text);
+            card.type(remark, text);
+            if (isShort) card.type(surname, text);
+            card.press(Save);
+            QVERIFY2(office.desk.prompts.isEmpty(), qPrintable(office.desk.prompts.lastText()));
+            QCOMPARE(office.value("select σχολια from cards").toString(), text + "\nδεύτερη γραμμή");
+            QCOMPARE(office.value("select ΚΕΙΜΕΝΟ6 from cards").toString(), text);
+            QCOMPARE(office.value("select ΣΧΟΛΙΑ1 from cards").toString(), text);
+            QCOMPARE(card.shown(notes), text + "\nδεύτερη γραμμή");
+            if (isShort) QCOMPARE(card.shown("Label1(0)"), text);
+        }
     }
 
     void whatABoxCannotShowStaysInTheColumn() {
@@ -190,44 +207,39 @@ private slots:
         const QString stored = "γραμμή\r\nάλλη\tστήλη";
         office.addCard("Α", "Β", {{"ΣΧΟΛΙΑ1", stored}, {"σχολια", stored}});
         CardDriver card(office.mod);
-        card.press(6);
-        card.text(8)->setText("Κως");
-        card.press(9);
+        card.change({{city, "Κως"}});
         QCOMPARE(office.value("select ΣΧΟΛΙΑ1 from cards").toString(), stored);
         QCOMPARE(office.value("select σχολια from cards").toString(), stored);
-        QCOMPARE(office.value("select πολη from cards").toString(), QString("Κως"));
+        QCOMPARE(office.text("select πολη from cards"), "Κως");
     }
 
     void cancelling() {
-        Office office;
-        office.addCard("Α", "1", {{"πολη", "Βόλος"}});
-        office.addCard("Β", "2");
-        CardDriver card(office.mod);
-        card.press(6);
-        card.text(8)->setText("Λάρισα");
-        card.press(10);
-        QCOMPARE(card.text(8)->text(), QString("Βόλος"));
-        card.press(3);
-        card.press(5);
-        card.text(0)->setText("Γ");
+        {
+            CardSite office{};
+            office.card.press(AddNew);
+            office.card.press(Cancel);
+            QCOMPARE(office.card.counter(), "Καρτέλα (0/0)");
+            QCOMPARE(office.card.buttons(), browsing);
+        }
+        CardSite office{{"Α", "1", {{"πολη", "Βόλος"}}}, {"Β", "2"}};
+        auto& card = office.card;
+        card.press(Edit);
+        card.type(city, "Λάρισα");
+        card.press(Cancel);
+        QCOMPARE(card.shown(city), "Βόλος");
+        QCOMPARE(card.buttons(), browsing);
+        card.press(Next);
+        card.press(AddNew);
+        card.type(surname, "Γ");
         office.desk.prompts.answer(false);
-        QTest::keyClick(&card.form, Qt::Key_Escape);
-        QCOMPARE(card.text(0)->text(), QString("Γ"));
+        card.key(Qt::Key_Escape);
+        QCOMPARE(card.shown(surname), "Γ");
         office.desk.prompts.answer(true);
-        QTest::keyClick(&card.form, Qt::Key_Escape);
+        card.key(Qt::Key_Escape);
         // A cancelled add lands on the first card.
-        QCOMPARE(card.counter(), QString("Εμφάνιση Καρτέλας (1/2)"));
-        QVERIFY(!card.form.isEditing() && card.text(0)->isReadOnly());
-        QCOMPARE(office.value("select count(*) from cards").toInt(), 2);
-    }
-
-    void cancellingAnAddWithoutAnyCard() {
-        Office office;
-        CardDriver card(office.mod);
-        card.press(5);
-        card.press(10);
-        QCOMPARE(card.counter(), QString("Καρτέλα (0/0)"));
-        QVERIFY(card.enabled(5) && !card.enabled(9));
+        QCOMPARE(card.counter(), "Εμφάνιση Καρτέλας (1/2)");
+        QVERIFY(card.isLocked());
+        QCOMPARE(office.count("cards"), 2);
     }
 
     void deleting() {
@@ -235,21 +247,21 @@ private slots:
         office.addCard("Α", "1");
         const qint64 code = office.addCard("Β", "2", {{"OutlookEntryID", "it's"}});
         CardDriver card(office.mod);
-        card.press(3);
+        card.press(Next);
         office.desk.prompts.answer(false);
-        card.press(7);
-        QCOMPARE(office.desk.prompts.lastText(), QString("Είστε σίγουρος για διαγραφή;"));
-        QCOMPARE(office.value("select count(*) from cards").toInt(), 2);
+        card.press(Delete);
+        QCOMPARE(office.desk.prompts.lastText(), "Είστε σίγουρος για διαγραφή;");
+        QCOMPARE(office.count("cards"), 2);
         office.desk.prompts.answer(true);
-        card.press(7);
-        QCOMPARE(card.counter(), QString("Εμφάνιση Καρτέλας (1/1)"));
-        QCOMPARE(office.value(QString("select count(*) from cards where code=%1").arg(code)).toInt(), 0);
-        QCOMPARE(office.value("select EntryID from ToBeDeleted").toString(), QString("it's"));
+        card.press(Delete);
+        QCOMPARE(card.counter(), "Εμφάνιση Καρτέλας (1/1)");
+        QCOMPARE(office.count(QString("cards where code=%1").arg(code)), 0);
+        QCOMPARE(office.text("select EntryID from ToBeDeleted"), "it's");
         office.desk.prompts.answer(true);
-        card.press(7);
-        QCOMPARE(card.counter(), QString("Καρτέλα (0/0)"));
-        QVERIFY(card.text(0)->text().isEmpty());
-        QCOMPARE(office.value("select count(*) from ToBeDeleted").toInt(), 2);
+        card.press(Delete);
+        QCOMPARE(card.counter(), "Καρτέλα (0/0)");
+        QVERIFY(card.shown(surname).isEmpty());
+        QCOMPARE(office.count("ToBeDeleted"), 2);
     }
 
     void deletingTheCardOnShowAndNoOther() {
@@ -261,87 +273,80 @@ private slots:
         card.form.CurrentCode = QString::number(second);
         card.form.ShowCard(true);
         office.desk.prompts.answer(true);
-        card.press(7);
-        QCOMPARE(office.value("select επωνυμο from cards").toString(), QString("Α"));
+        card.press(Delete);
+        QCOMPARE(office.text("select επωνυμο from cards"), "Α");
     }
 
     void aCardThatSomebodyElseDeletedLeavesNoTwinBehind() {
-        Office office;
-        office.addCard("Α", "1");
-        CardDriver card(office.mod);
+        CardSite office{{"Α", "1"}};
+        auto& card = office.card;
         office.mod.gConn.execute("delete from cards");
         office.desk.prompts.answer(true);
-        card.press(7);
-        QCOMPARE(office.desk.prompts.lastTitle(), QString("Μήνυμα λάθους"));
-        QCOMPARE(office.value("select count(*) from ToBeDeleted").toInt(), 0);
+        card.press(Delete);
+        QCOMPARE(office.desk.prompts.lastTitle(), "Μήνυμα λάθους");
+        QVERIFY(office.desk.prompts.lastText().contains("διαγράφηκε"));
+        QCOMPARE(office.count("ToBeDeleted"), 0);
     }
 
     void photos() {
-        Office office;
-        office.addCard("Α", "1");
-        CardDriver card(office.mod);
-        auto* load = card.find<QPushButton>("Command1");
-        QVERIFY(!load->isEnabled());
-        card.press(6);
-        const QByteArray picture = png({2400, 2900});  // about 20 MB
-        office.desk.prompts.answerFile(fileWith(office, "photo.bmp", picture));
-        load->click();
-        for (const QByteArray& noise :
-             {QByteArray("no picture"), QByteArray(), QByteArray("BM\xff\xff\xff\xff junk")}) {
-            office.desk.prompts.answerFile(fileWith(office, "noise.jpg", noise));
-            load->click();
-        }
-        office.desk.prompts.answerFile(office.directory_.filePath("nowhere.jpg"));
-        load->click();
-        office.desk.prompts.answerFile("");
-        load->click();
-        card.press(9);
-        QVERIFY(office.value("select Photo from cards").toByteArray() == picture);
-
+        CardSite office{{"Α", "1"}};
+        auto& card = office.card;
+        QVERIFY(!card.isEnabled("Command1") && !card.isEnabled("Command3"));
+        const auto choose = [&](const QString& file) {
+            office.desk.prompts.answerFile(file);
+            card.click("Command1");
+        };
+        const auto stored = [&] { return office.value("select Photo from cards").toByteArray(); };
+        const QByteArray picture = pictureBytes({2400, 2900});  // about 20 MB
+        card.press(Edit);
+        choose(office.file("photo.bmp", picture));
+        for (const QByteArray& noise : {QByteArray("no picture"), QByteArray(), QByteArray("BM\xff\xff\xff\xff junk")})
+            choose(office.file("noise.jpg", noise));
+        choose(office.directory_.filePath("nowhere.jpg"));
+        choose("");
+        QCOMPARE(office.desk.prompts.count(), 6);  // the dialogs: what is no picture goes without a word
+        card.press(Save);
+        QVERIFY(stored() == picture);
         // Saving the card again keeps the bytes; clearing takes them away.
-        card.press(6);
-        card.press(9);
-        QVERIFY(office.value("select Photo from cards").toByteArray() == picture);
-        card.press(6);
-        card.find<QPushButton>("Command3")->click();
-        card.press(9);
-        QVERIFY(office.value("select Photo from cards").toByteArray().isEmpty());
+        card.press(Edit);
+        card.press(Save);
+        QVERIFY(stored() == picture);
+        card.press(Edit);
+        card.click("Command3");
+        card.press(Save);
+        QVERIFY(stored().isEmpty());
     }
 
     void twoSeatsOnOneCard() {
         Office office;
         office.addCard("Α", "1", {{"πολη", "Βόλος"}});
-        support::Desk otherDesk;
-        core::MainMod other(otherDesk.services);
-        office.open(other);
-        other.gUserGroup = core::groupAdministrators;
-        CardDriver here(office.mod), there(other);
-        here.press(6);
-        there.press(6);
-        here.text(8)->setText("Λάρισα");
-        there.text(8)->setText("Τρίκαλα");
-        there.text(4)->setText("γιατρός");
-        here.press(9);
-        there.press(9);
-        QVERIFY(otherDesk.prompts.lastText().startsWith(saveFailure));
+        OtherSeat other(office);
+        CardDriver here(office.mod), there(other.mod);
+        here.press(Edit);
+        there.press(Edit);
+        here.type(city, "Λάρισα");
+        there.type(city, "Τρίκαλα");
+        there.type(profession, "γιατρός");
+        here.press(Save);
+        there.press(Save);
+        QVERIFY(other.desk.prompts.lastText().startsWith(saveFailure + "Η εγγραφή άλλαξε στο μεταξύ"));
         QVERIFY(there.form.isEditing());
-        QCOMPARE(there.text(8)->text(), QString("Τρίκαλα"));
-        QCOMPARE(office.value("select πολη from cards").toString(), QString("Λάρισα"));
-        QCOMPARE(office.value("select επαγγελμα from cards").toString(), QString());
-        there.press(10);
-        QCOMPARE(there.text(8)->text(), QString("Λάρισα"));
+        QCOMPARE(there.shown(city), "Τρίκαλα");
+        QCOMPARE(office.text("select πολη from cards"), "Λάρισα");
+        QCOMPARE(office.text("select επαγγελμα from cards"), QString());
+        there.press(Cancel);
+        QCOMPARE(there.shown(city), "Λάρισα");
     }
 
     void anEditStartsFromTheNewestValues() {
-        Office office;
-        office.addCard("Α", "1", {{"πολη", "Βόλος"}});
-        CardDriver card(office.mod);
+        CardSite office{{"Α", "1", {{"πολη", "Βόλος"}}}};
+        auto& card = office.card;
         office.mod.gConn.execute("update cards set πολη='Λάρισα'");
-        card.press(6);
-        QCOMPARE(card.text(8)->text(), QString("Λάρισα"));
-        card.text(4)->setText("γιατρός");
-        card.press(9);
-        QCOMPARE(office.value("select πολη from cards").toString(), QString("Λάρισα"));
+        card.press(Edit);
+        QCOMPARE(card.shown(city), "Λάρισα");
+        card.type(profession, "γιατρός");
+        card.press(Save);
+        QCOMPARE(office.text("select πολη from cards"), "Λάρισα");
     }
 
     void aCategoryWithAQuoteIsFound() {
@@ -349,39 +354,35 @@ private slots:
         office.mod.gConn.execute("INSERT into CardKategory VALUES (9,'Φίλοι O''Neil',0)");
         office.addCard("Α", "1");
         CardDriver card(office.mod);
-        card.press(6);
-        card.combo("Combo1")->setCurrentText("Φίλοι O'Neil");
-        card.press(9);
+        card.change({{"Combo1", "Φίλοι O'Neil"}});
         QCOMPARE(office.value("select category from cards").toInt(), 9);
     }
 
     void theDatabaseGoesAwayWhileTyping() {
-        Office office;
-        office.addCard("Α", "1");
-        CardDriver card(office.mod);
-        card.press(6);
-        card.text(8)->setText("Χανιά");
-        const QString connection = office.mod.gConn.connectionString();
-        office.mod.gConn.close();
-        card.press(9);
-        QVERIFY(office.desk.prompts.lastText().startsWith(saveFailure));
-        QCOMPARE(card.text(8)->text(), QString("Χανιά"));
-        schema::open(office.mod.gConn, connection);
-        card.press(9);
-        QCOMPARE(office.value("select πολη from cards").toString(), QString("Χανιά"));
+        CardSite office{{"Α", "1"}};
+        auto& card = office.card;
+        card.press(Edit);
+        card.type(city, "Χανιά");
+        office.lose();
+        card.press(Save);
+        QVERIFY(office.desk.prompts.lastText().startsWith(saveFailure + "Η σύνδεση"));
+        QCOMPARE(card.shown(city), "Χανιά");
+        office.bringBack();
+        card.press(Save);
+        QCOMPARE(office.text("select πολη from cards"), "Χανιά");
     }
 
     void closingAsksForWhatWasTyped() {
-        Office office;
-        office.addCard("Α", "1");
-        CardDriver card(office.mod);
-        card.press(6);
-        office.desk.prompts.answer(false);
-        QVERIFY(!card.form.unload(false, {10, 20}));
-        office.desk.prompts.answer(true);
-        QVERIFY(card.form.unload(false, {10, 20}));
-        QVERIFY(!office.mod.gAddressOpen);
+        CardSite office{{"Α", "1"}};
+        auto& card = office.card;
+        card.press(Edit);
+        for (const bool yes : {false, true}) {
+            office.desk.prompts.answer(yes);
+            QCOMPARE(card.form.unload(false, {10, 20}), yes);
+            QCOMPARE(office.mod.gAddressOpen, !yes);
+        }
         QCOMPARE(office.desk.settings.number("Settings", "AddressTop", 0), 300);
+        QCOMPARE(office.desk.settings.number("Settings", "AddressLeft", 0), 150);
     }
 };
 

@@ -1,31 +1,27 @@
 #include "cards/frmfind.h"
 
-#include <QTimer>
+#include "carddriver.h"
+#include "support/cases.h"
 
-#include "cards/carddriver.h"
-
-using support::CardDriver;
-using support::Office;
+using namespace support;
 
 namespace {
 
-struct FindDriver {
+struct FindDriver : Driver {
     explicit FindDriver(Office& office)
-        : form(office.mod, nullptr,
-               [this](const cards::FoundCard& card) { chosen << card.surname + "/" + card.firstName; }) {
-        form.show();
-        if (!QTest::qWaitForWindowActive(&form)) QTest::qFail("no focus", __FILE__, __LINE__);
+        : Driver(form), form(office.mod, nullptr, [this](const cards::FoundCard& card) {
+              chosen << card.surname + "/" + card.firstName;
+          }) {
+        activate(form);
     }
+    // The surnames.
     QStringList searchFor(const QString& text) {
-        auto* box = form.findChild<controls::TextBox*>("Text1(0)");
+        auto* box = find<QLineEdit>("Text1(0)");
         box->setFocus();
         box->setText(text);
         QTest::keyClick(box, Qt::Key_Return);
-        QStringList found;
-        for (int i = 0; i < list()->count(); ++i) found << list()->row(i).cells.value(0);
-        return found;
+        return column(0);
     }
-    controls::ListView* list() { return form.findChild<controls::ListView*>("ListView1"); }
 
     QStringList chosen;
     cards::frmFind form;
@@ -36,30 +32,7 @@ struct FindDriver {
 class TestFrmFind : public QObject {
     Q_OBJECT
 private slots:
-    void whatIsFound_data() {
-        QTest::addColumn<QString>("text");
-        QTest::addColumn<QStringList>("surnames");
-        const QStringList both = {"ΠΑΠΑΔΟΠΟΥΛΟΣ", "Παπαδοπούλου"};
-        for (const char* form : {"ΠΑΠΑΔ", "παπαδ", "Παπάδ"}) QTest::newRow(form) << QString::fromUtf8(form) << both;
-        QTest::newRow("inside a value") << "οπουλος" << QStringList();
-        QTest::newRow("start of any telephone") << "26" << QStringList{"O'Neil", "Παπαδοπούλου"};
-        QTest::newRow("mobile") << "697" << QStringList{"ΠΑΠΑΔΟΠΟΥΛΟΣ"};
-        for (const char* number : {"2310 123456", "+30 2310123456", "2310-123456", "0030 (2310) 1234", "2310123456"})
-            QTest::newRow(number) << number << QStringList{"Αβραάμ", "Βαγγέλης", "Γαβρίλης"};
-        QTest::newRow("a blank before a number") << " 2310" << QStringList();
-        QTest::newRow("middle of a number") << "310 123456" << QStringList();
-        QTest::newRow("blanks stay in a name") << "αφ οι" << QStringList();
-        QTest::newRow("mail") << "ONEIL@" << QStringList{"O'Neil"};
-        QTest::newRow("quote") << "o'n" << QStringList{"O'Neil"};
-        QTest::newRow("company") << "αφοι" << QStringList{"Ωνάσης"};
-        QTest::newRow("typed blank") << " Παπ" << QStringList();
-        QTest::newRow("empty") << "" << QStringList();
-        QTest::newRow("very long") << QString(10000, u'π') << QStringList();
-        QTest::newRow("a backslash is no escape") << "\\" << QStringList();
-    }
     void whatIsFound() {
-        QFETCH(QString, text);
-        QFETCH(QStringList, surnames);
         Office office;
         office.addCard("Αβραάμ", "Α", {{"τηλεφωνο1", "2310123456"}});
         office.addCard("Βαγγέλης", "Β", {{"τηλεφωνο3", "+30 2310 123 456"}});
@@ -68,10 +41,40 @@ private slots:
         office.addCard("Παπαδοπούλου", "Άννα", {{"τηλεφωνο4", "2610"}});
         office.addCard("O'Neil", "Τζων", {{"email", "oneil@example.com"}, {"τηλεφωνο2", "2651"}});
         office.addCard("Ωνάσης", "Αρίστος", {{"εταιρια", "ΑΦΟΊ"}, {"FAX", "26"}});
-        FindDriver find(office);
-        QCOMPARE(find.searchFor(text), surnames);
-        QCOMPARE(office.desk.sound.beeps, surnames.isEmpty() && !text.isEmpty() ? 1 : 0);
-        QVERIFY(office.desk.prompts.isEmpty());
+        const QStringList both{"ΠΑΠΑΔΟΠΟΥΛΟΣ", "Παπαδοπούλου"}, numbers{"Αβραάμ", "Βαγγέλης", "Γαβρίλης"},
+            neil{"O'Neil"}, none;
+        const std::pair<QString, QStringList> cases[] = {
+            {"ΠΑΠΑΔ", both},
+            {"παπαδ", both},
+            {"Παπάδ", both},
+            {"οπουλος", none},  // inside a value
+            {"αριστ", {"Ωνάσης"}},
+            {"αφοι", {"Ωνάσης"}},
+            {"αφ οι", none},
+            {"ONEIL@", neil},
+            {"o'n", neil},
+            {" Παπ", none},
+            {"26", {"O'Neil", "Παπαδοπούλου"}},
+            {"697", {"ΠΑΠΑΔΟΠΟΥΛΟΣ"}},
+            {"2310 123456", numbers},
+            {"+30 2310123456", numbers},
+            {"2310-123456", numbers},
+            {"0030 (2310) 1234", numbers},
+            {"2310123456", numbers},
+            {" 2310", none},
+            {"310 123456", none},
+            {"", none},
+            {QString(10000, u'π'), none},
+            {"\\", none},
+        };
+        for (const auto& [text, surnames] : cases) {
+            const InCase in(text);
+            const int beeps = office.desk.sound.beeps;
+            FindDriver find(office);
+            QCOMPARE(find.searchFor(text), surnames);
+            QCOMPARE(office.desk.sound.beeps - beeps, surnames.isEmpty() && !text.isEmpty() ? 1 : 0);
+            QVERIFY(office.desk.prompts.isEmpty());
+        }
     }
 
     void anEmptyTextLeavesTheList() {
@@ -82,36 +85,32 @@ private slots:
         QCOMPARE(find.searchFor("").size(), 1);
     }
 
-    void enterTwiceTakesTheFirst() {
-        Office office;
-        office.addCard("Αα", "1");
-        FindDriver find(office);
-        find.searchFor("α");
-        QTest::keyClick(find.form.focusWidget(), Qt::Key_Return);
-        QCOMPARE(find.chosen, QStringList{"Αα/1"});
-    }
-
+    // Enter twice takes the first; the arrows lead to the others.
     void enterOnTheListChooses() {
         Office office;
         office.addCard("Αα", "1");
         office.addCard("Αβ", "2");
-        FindDriver find(office);
-        find.searchFor("α");
-        QTest::keyClick(find.form.findChild<controls::TextBox*>("Text1(0)"), Qt::Key_Down);
-        QVERIFY(find.list()->hasFocus());
-        QTest::keyClick(find.list(), Qt::Key_Down);
-        QTest::keyClick(find.list(), Qt::Key_Return);
-        QCOMPARE(find.chosen, QStringList{"Αβ/2"});
-        QVERIFY(!find.form.isVisible());
+        for (const bool second : {false, true}) {
+            FindDriver find(office);
+            find.searchFor("α");
+            if (second) {
+                QTest::keyClick(find.find("Text1(0)"), Qt::Key_Down);
+                QVERIFY(find.hasFocus("ListView1"));
+                QTest::keyClick(find.list(), Qt::Key_Down);
+            }
+            QTest::keyClick(find.form.focusWidget(), Qt::Key_Return);
+            QCOMPARE(find.chosen, QStringList(second ? "Αβ/2" : "Αα/1"));
+            QVERIFY(!find.isOpen());
+        }
     }
 
     void aFailureKeepsTheWindow() {
         Office office;
         FindDriver find(office);
-        office.mod.gConn.close();
+        office.lose();
         QVERIFY(find.searchFor("α").isEmpty());
-        QCOMPARE(office.desk.prompts.lastTitle(), QString("Μήνυμα λάθους"));
-        QVERIFY(find.form.isVisible());
+        QCOMPARE(office.desk.prompts.lastTitle(), "Μήνυμα λάθους");
+        QVERIFY(find.isOpen());
     }
 
     void widthsAreKept() {
@@ -132,23 +131,22 @@ private slots:
         office.addCard("Άλφα", "1");
         office.addCard("Βήτα", "2");
         CardDriver card(office.mod);
-        card.press(3);
+        card.press(card::Next);
         office.addCard("Γάμμα", "3");
         for (const QString wanted : {"Άλφα", "Γάμμα"}) {
-            card.form.activateWindow();
-            QVERIFY(QTest::qWaitForWindowActive(&card.form));
-            QTimer::singleShot(0, &card.form, [&] {
-                auto* find = qobject_cast<cards::frmFind*>(QApplication::activeModalWidget());
-                if (!find) return QTest::qFail("F3 opened nothing", __FILE__, __LINE__);
-                find->search(wanted.left(2));
-                QTest::keyClick(find->findChild<controls::ListView*>("ListView1"), Qt::Key_Return);
+            activate(card.form);
+            inNextDialog("frmFind", [&](Driver& find) {
+                find.type("Text1(0)", wanted.left(2));
+                QTest::keyClick(find.find("Text1(0)"), Qt::Key_Return);
+                QTest::keyClick(find.list(), Qt::Key_Return);
             });
-            card.text(13)->setFocus();
-            QTest::keyClick(card.text(13), Qt::Key_F3);
-            QCOMPARE(card.text(0)->text(), wanted);
+            card.find(card::mail)->setFocus();
+            QTest::keyClick(card.find(card::mail), Qt::Key_F3);
+            QCOMPARE(card.shown(card::surname), wanted);
         }
-        QCOMPARE(card.counter(), QString("Εμφάνιση Καρτέλας (3/3)"));
-        QTest::keyClick(card.text(2), Qt::Key_F3);
+        QCOMPARE(card.counter(), "Εμφάνιση Καρτέλας (3/3)");
+        // The other boxes don't search.
+        QTest::keyClick(card.find("Text7(2)"), Qt::Key_F3);
         QVERIFY(!QApplication::activeModalWidget());
     }
 };

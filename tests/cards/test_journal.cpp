@@ -1,70 +1,70 @@
-#include "cards/frmaddress.h"
-#include "cards/frmhmerologio.h"
 #include "cards/journal.h"
+
+#include "carddriver.h"
+#include "cards/frmhmerologio.h"
 #include "main/mdimain.h"
-#include "support/office.h"
+#include "support/cases.h"
 #include "support/sqlitetrace.h"
-#include "support/testengine.h"
+
+using namespace support;
 
 using cards::JournalFilter;
 using cards::JournalReader;
-using support::Office;
 
 namespace {
 
-struct Journal : Office {
+struct Journal : CardOffice {
     Journal() {
-        desk.settings.setValue("Settings", "Name", "Γραφείο");
+        desk.setOwner();
         mod.gConn.execute("insert into CardKategory (Description,payable) values ('O''Neil',0)");
-        category = value("select max(Code) from CardKategory").toLongLong();
         a = addCard("Άλφα", "Άννα");
-        b = addCard("Βήτα", "Βάσω", {{"category", category}});
-        add(a, "2026/10/31", "Ενοίκιο", 100, 0);
-        add(b, "2026/11/01", "Ενοίκιο Νοεμβρίου", 50.1, 0);
-        add(a, "2026/11/03 14:30:00", "100% έκπτωση", 0, 0.2);
-        add(b, "2026/11/05 09:00:00", "ΕΊΣΠΡΑΞΗ", 0, 30);
-        add(999, "2026/11/04", "Σβησμένης καρτέλας", 1000, 0);
+        b = addCard("Βήτα", "Βάσω", {{"category", value("select max(Code) from CardKategory")}});
+        addMovement(a, "2026-10-31T00:00:00", "Ενοίκιο", 100, 0);
+        addMovement(b, "2026-11-01T00:00:00", "Ενοίκιο Νοεμβρίου", 50.1, 0);
+        addMovement(a, "2026-11-03T14:30:00", "100% έκπτωση", 0, 0.2);
+        addMovement(b, "2026-11-05T09:00:00", "ΕΊΣΠΡΑΞΗ", 0, 30);
+        addMovement(999, "2026-11-04T00:00:00", "Σβησμένης καρτέλας", 1000, 0);
     }
-    void add(qint64 card, const QString& day, const QString& reason, double debit, double credit) {
-        mod.gConn.execute(QString("insert into History (codecards,ΗΜΕΡΟΜΗΝΙΑ,ΑΙΤΙΟΛΟΓΙΑ,ΧΡΕΩΣΗ,ΠΙΣΤΩΣΗ) values "
-                                  "(%1,#%2#,'%3',%4,%5)")
-                              .arg(card)
-                              .arg(day, reason)
-                              .arg(debit)
-                              .arg(credit));
+    void addOn(QDate day, qint64 card, const QString& reason, double debit, double credit) {
+        addMovement(card, day.startOfDay(Qt::UTC).toString("yyyy-MM-ddTHH:mm:ss"), reason, debit, credit);
     }
-    qint64 a = 0, b = 0, category = 0;
+    qint64 a = 0, b = 0;
 };
 
-struct JournalDriver {
-    explicit JournalDriver(Journal& office) : window(office.mod) {
+struct JournalWindow {
+    explicit JournalWindow(core::MainMod& mod) : window(mod) {
         window.load();
-        window.show();
-        if (!QTest::qWaitForWindowActive(&window)) QTest::qFail("no focus", __FILE__, __LINE__);
+        activate(window);
         window.menu("MnuΗμερολόγιο")->trigger();
         form = qobject_cast<cards::frmHmerologio*>(window.windows().find("frmHmerologio"));
-        settle();
-    }
-    void settle() { QTRY_VERIFY(!form->isReading()); }
-    void list() {
-        form->findChild<QAbstractButton*>("lblClick(0)")->click();
-        settle();
-    }
-    template <typename W>
-    W* find(const QString& name) {
-        return form->findChild<W*>(name);
-    }
-    controls::ListView* rows() { return find<controls::ListView>("ListView1"); }
-    QStringList reasons() {
-        QStringList all;
-        for (int i = 0; i < rows()->count() - 2; ++i) all << rows()->row(i).cells.value(3);
-        return all;
     }
     cards::frmAddress* card() { return qobject_cast<cards::frmAddress*>(window.windows().find("frmAddress")); }
 
     entry::MDIMain window;
-    cards::frmHmerologio* form = nullptr;
+    cards::frmHmerologio* form;
 };
+
+struct JournalDriver : JournalWindow, Driver {
+    explicit JournalDriver(core::MainMod& mod) : JournalWindow(mod), Driver(*form) { settle(); }
+    void settle() const { QTRY_VERIFY(!form->isReading()); }
+    void show() const {
+        click("lblClick(0)");
+        settle();
+    }
+    void setPeriod(const QString& from, const QString& to) const {
+        type("txtFrom", from);
+        type("txtTo", to);
+    }
+    QStringList reasons() const { return column(3).mid(0, list()->count() - 2); }
+    using JournalWindow::window;
+};
+
+// How many pieces the reader takes.
+int readAll(JournalReader& reader) {
+    int pieces = 1;
+    while (reader.step()) ++pieces;
+    return pieces;
+}
 
 }  // namespace
 
@@ -75,81 +75,73 @@ private slots:
     void aLongPeriodIsReadWholeAndOnce() {
         Journal office;
         QDate day(2020, 1, 1);
-        for (int i = 0; i < 300; ++i, day = day.addDays(1 + i % 7))
-            office.add(i % 2 ? office.a : office.b, day.toString("yyyy/MM/dd"), QString::number(i), 0.1, 0.01);
+        QStringList reasons;
+        for (int i = 0; i < 300; ++i, day = day.addDays(1 + i % 7)) {
+            reasons << QString::number(i);
+            office.addOn(day, i % 2 ? office.a : office.b, reasons.last(), 0.1, 0.01);
+        }
         JournalReader reader(office.mod.gConn, {QDate(2020, 1, 1), day, {}, {}});
-        int pieces = 1;
-        while (reader.step()) ++pieces;
-        QVERIFY(pieces > 1);
-        const auto rows = reader.takeRows();
-        QCOMPARE(rows.size(), 300);
-        for (int i = 0; i < rows.size(); ++i) QCOMPARE(rows[i].cells[3], QString::number(i));
-        QCOMPARE(reader.debit().text(), QString("30,00"));
-        QCOMPARE(reader.credit().text(), QString("3,00"));
+        QVERIFY(readAll(reader) > 1);
+        QStringList read;
+        for (const auto& row : reader.takeRows()) read << row.cells[3];
+        QCOMPARE(read, reasons);
+        QCOMPARE(reader.debit().text(), "30,00");
+        QCOMPARE(reader.credit().text(), "3,00");
     }
 
     // What is asked of the engine doesn't grow with the period: one look for the words, then either all the finds at
     // once or the days without the words.
-    void wordsAreLookedUpOncePerSearch_data() {
-        QTest::addColumn<QString>("reason");
-        QTest::addColumn<int>("finds");
-        QTest::newRow("rare") << "σπάνια" << 30;
-        QTest::newRow("common") << "πληρωμή" << int(data::Translation::probeLimit) + 1;
-    }
     void wordsAreLookedUpOncePerSearch() {
-        QFETCH(QString, reason);
-        QFETCH(int, finds);
         const QDate from(2016, 1, 1), to(2025, 12, 31);
-        Journal office;
-        {
+        for (const auto& [reason, finds] :
+             {std::pair("σπάνια", 30), {"πληρωμή", int(data::dialect::Translation::probeLimit) + 1}}) {
+            const InCase in(reason);
+            Journal office;
             data::Transaction transaction(office.mod.gConn);
             for (int i = 0; i < finds; ++i)
-                office.add(office.a, from.addDays(i % 3653).toString("yyyy/MM/dd"), "Έκτακτη " + reason, 1, 0);
+                office.addOn(from.addDays(i % 3653), office.a, QString("Έκτακτη ") + reason, 1, 0);
             transaction.commit();
+            const JournalFilter filter{from, to, reason, {}};
+            const auto translation = office.mod.gConn.translate(cards::journalStatement(filter, from, to));
+            std::unique_ptr<SqliteTrace> trace;
+            if (!testengine::isPostgres()) trace = std::make_unique<SqliteTrace>(office.mod.gConn);
+            JournalReader reader(office.mod.gConn, filter);
+            const int pieces = readAll(reader);
+            QCOMPARE(reader.takeRows().size(), finds);
+            if (!trace) continue;  // a server's planner chooses by itself
+            const bool few = finds <= data::dialect::Translation::probeLimit;
+            QCOMPARE(trace->count(translation->probe), 1);
+            QCOMPARE(trace->containing("_History_words"), few ? 2 : 1);
+            QCOMPARE(few, pieces == 1);
         }
-        const JournalFilter filter{from, to, reason, {}};
-        const auto translation = office.mod.gConn.translate(cards::journalStatement(filter, from, to));
-        std::unique_ptr<support::SqliteTrace> trace;
-        if (!testengine::isPostgres()) trace = std::make_unique<support::SqliteTrace>(office.mod.gConn);
-        JournalReader reader(office.mod.gConn, filter);
-        int pieces = 1;
-        while (reader.step()) ++pieces;
-        QCOMPARE(reader.takeRows().size(), finds);
-        if (!trace) return;  // a server's planner chooses by itself
-        const bool few = finds <= data::Translation::probeLimit;
-        QCOMPARE(trace->count(translation->probe), 1);
-        QCOMPARE(trace->containing("_History_words"), few ? 2 : 1);
-        QCOMPARE(few, pieces == 1);
     }
 
-    void piecesGrowUntilTheirDaysCount_data() {
-        QTest::addColumn<double>("fixed");
-        QTest::addColumn<double>("perDay");
-        QTest::addColumn<int>("most");        // pieces
-        QTest::addColumn<double>("longest");  // milliseconds
-        QTest::newRow("nothing there") << 0.1 << 0.0 << 60 << 1.0;
-        QTest::newRow("a few milliseconds whatever the days") << 7.0 << 0.0 << 60 << 7.0;
-        QTest::newRow("twenty of them") << 20.0 << 0.0 << 60 << 20.0;
-        QTest::newRow("twenty and some for each day") << 20.0 << 0.1 << 60 << 30.0;
-        QTest::newRow("some for each day") << 0.1 << 0.1 << 80 << 14.0;
-        QTest::newRow("busy days") << 0.1 << 7.0 << 3653 << 15.0;
-        QTest::newRow("very busy days") << 0.1 << 40.0 << 3653 << 81.0;
-    }
     void piecesGrowUntilTheirDaysCount() {
-        QFETCH(double, fixed);
-        QFETCH(double, perDay);
-        cards::PieceLength length;
-        QFETCH(int, most);
-        QFETCH(double, longest);
-        int pieces = 0;
-        for (int left = 3653; left > 0; ++pieces) {
-            const int days = std::min(length.days(), left);
-            const double took = fixed + perDay * days;
-            QVERIFY2(took <= longest, qPrintable(QString::number(took)));
-            left -= days;
-            length.took(took);
+        struct Case {
+            const char* name;
+            double fixed, perDay;
+            int most;        // pieces
+            double longest;  // milliseconds
+        };
+        for (const Case& c : {Case{"nothing there", 0.1, 0, 60, 1},
+                              {"a few milliseconds whatever the days", 7, 0, 60, 7},
+                              {"twenty of them", 20, 0, 60, 20},
+                              {"twenty and some for each day", 20, 0.1, 60, 30},
+                              {"some for each day", 0.1, 0.1, 80, 14},
+                              {"busy days", 0.1, 7, 3653, 15},
+                              {"very busy days", 0.1, 40, 3653, 81}}) {
+            const InCase in(c.name);
+            cards::PieceLength length;
+            int pieces = 0;
+            for (int left = 3653; left > 0; ++pieces) {
+                const int days = std::min(length.days(), left);
+                const double took = c.fixed + c.perDay * days;
+                QVERIFY2(took <= c.longest, qPrintable(QString::number(took)));
+                left -= days;
+                length.took(took);
+            }
+            QVERIFY2(pieces <= c.most, qPrintable(QString::number(pieces)));
         }
-        QVERIFY2(pieces <= most, qPrintable(QString::number(pieces)));
     }
 
     // A busy year behind quiet ones is met with a short piece, and left with shorter ones at once.
@@ -164,146 +156,133 @@ private slots:
 
     void itOpensOnTheMonthToDate() {
         Journal office;
-        JournalDriver journal(office);
-        QCOMPARE(journal.find<controls::DateBox>("txtFrom")->formattedText(), QString("01/11/2026"));
-        QStringList lines;
-        for (int i = 0; i < journal.rows()->count(); ++i) lines << journal.rows()->row(i).cells.join('|');
-        const QStringList expected = {"01/11/2026|Βήτα|Βάσω|Ενοίκιο Νοεμβρίου|50,10|0,00",
-                                      "03/11/2026|Άλφα|Άννα|100% έκπτωση|0,00|0,20",
-                                      "05/11/2026|Βήτα|Βάσω|ΕΊΣΠΡΑΞΗ|0,00|30,00", " ", " |||ΣΥΝΟΛΑ|50,10|30,20"};
-        QCOMPARE(lines, expected);
-        QCOMPARE(journal.find<QLabel>("Label1(3)")->text(), QString("Χρέωση: 50,10"));
-        QCOMPARE(journal.find<QLabel>("lblYpoloipo")->text(), QString("Πίστωση: 30,20"));
+        JournalDriver journal(office.mod);
+        QCOMPARE(journal.shown("txtFrom"), "01/11/2026");
+        QCOMPARE(journal.rows(),
+                 QStringList({"01/11/2026|Βήτα|Βάσω|Ενοίκιο Νοεμβρίου|50,10|0,00",
+                              "03/11/2026|Άλφα|Άννα|100% έκπτωση|0,00|0,20", "05/11/2026|Βήτα|Βάσω|ΕΊΣΠΡΑΞΗ|0,00|30,00",
+                              " ", " |||ΣΥΝΟΛΑ|50,10|30,20"}));
+        QCOMPARE(journal.shown("Label1(3)"), "Χρέωση: 50,10");
+        QCOMPARE(journal.shown("lblYpoloipo"), "Πίστωση: 30,20");
     }
 
-    void whatIsFound_data() {
-        QTest::addColumn<QString>("from");
-        QTest::addColumn<QString>("to");
-        QTest::addColumn<QString>("category");
-        QTest::addColumn<QString>("reason");
-        QTest::addColumn<QStringList>("found");
-        const QString from = "01/10/2026", to = "05/11/2026";
-        QTest::newRow("word") << from << to << ""
-                              << "ενοικιο" << QStringList({"Ενοίκιο", "Ενοίκιο Νοεμβρίου"});
-        QTest::newRow("inside") << from << to << ""
-                                << "πραξ" << QStringList{"ΕΊΣΠΡΑΞΗ"};
-        QTest::newRow("category with a quote") << from << to << "O'Neil"
-                                               << "" << QStringList({"Ενοίκιο Νοεμβρίου", "ΕΊΣΠΡΑΞΗ"});
-        QTest::newRow("both") << from << to << "O'Neil"
-                              << "ενοίκ" << QStringList{"Ενοίκιο Νοεμβρίου"};
-        QTest::newRow("quote") << from << to << ""
-                               << "o'n" << QStringList();
-        QTest::newRow("one day") << "31/10/2026"
-                                 << "31/10/2026"
-                                 << ""
-                                 << "" << QStringList{"Ενοίκιο"};
-        QTest::newRow("empty period") << "01/01/2000"
-                                      << "31/12/2000"
-                                      << ""
-                                      << "" << QStringList();
-        QTest::newRow("upside down") << to << from << ""
-                                     << "" << QStringList();
-        QTest::newRow("all time") << "01/01/0100"
-                                  << "31/12/9999"
-                                  << ""
-                                  << "νοεμ" << QStringList{"Ενοίκιο Νοεμβρίου"};
-        QTest::newRow("very long word") << from << to << "" << QString(10000, u'α') << QStringList();
-    }
     void whatIsFound() {
-        QFETCH(QString, from);
-        QFETCH(QString, to);
-        QFETCH(QString, category);
-        QFETCH(QString, reason);
+        struct Case {
+            const char* name;
+            QString from, to, category, reason;
+            QStringList found;
+        };
+        const QString from = "01/10/2026", to = "05/11/2026", november = "Ενοίκιο Νοεμβρίου";
+        const Case cases[] = {{"word", from, to, "", "ενοικιο", {"Ενοίκιο", november}},
+                              {"inside", from, to, "", "πραξ", {"ΕΊΣΠΡΑΞΗ"}},
+                              {"category with a quote", from, to, "O'Neil", "", {november, "ΕΊΣΠΡΑΞΗ"}},
+                              {"both", from, to, "O'Neil", "ενοίκ", {november}},
+                              {"quote", from, to, "", "o'n", {}},
+                              {"one day", "31/10/2026", "31/10/2026", "", "", {"Ενοίκιο"}},
+                              {"empty period", "01/01/2000", "31/12/2000", "", "", {}},
+                              {"upside down", to, from, "", "", {}},
+                              {"all time", "01/01/0100", "31/12/9999", "", "νοεμ", {november}},
+                              {"very long word", from, to, "", QString(10000, u'α'), {}}};
         Journal office;
-        JournalDriver journal(office);
-        journal.find<controls::DateBox>("txtFrom")->setFormattedText(from);
-        journal.find<controls::DateBox>("txtTo")->setFormattedText(to);
-        journal.find<QComboBox>("Combo1")->setCurrentText(category);
-        auto* word = journal.find<controls::TextBox>("txtAitia");
-        word->setFocus();
-        word->setText(reason);
-        QTest::keyClick(word, Qt::Key_Return);
-        journal.settle();
-        QTEST(journal.reasons(), "found");
-        QVERIFY(office.desk.prompts.isEmpty());
+        JournalDriver journal(office.mod);
+        for (const Case& c : cases) {
+            const InCase in(c.name);
+            journal.setPeriod(c.from, c.to);
+            journal.type("Combo1", c.category);
+            journal.type("txtAitia", c.reason);
+            journal.find("txtAitia")->setFocus();
+            QTest::keyClick(journal.find("txtAitia"), Qt::Key_Return);
+            journal.settle();
+            QCOMPARE(journal.reasons(), c.found);
+            QVERIFY(office.desk.prompts.isEmpty());
+        }
     }
 
     // The card may lie before the one on show, or be newer than the card window's keys.
     void aRowOpensItsCard() {
         Journal office;
-        JournalDriver journal(office);
+        JournalDriver journal(office.mod);
         journal.window.menu("mnuCards")->trigger();
         const qint64 fresh = office.addCard("Ωμέγα", "Ρ");
-        office.add(fresh, "2026/11/05", "Νέα", 1, 0);
-        journal.list();
-        for (const auto& [reason, surname] :
-             {std::pair("ΕΊΣΠΡΑΞΗ", "Βήτα"), {"100% έκπτωση", "Άλφα"}, {"Νέα", "Ωμέγα"}})
-            for (int i = 0; i < journal.rows()->count(); ++i)
-                if (journal.rows()->row(i).cells.value(3) == QString(reason)) {
-                    emit journal.rows()->rowActivated(i);
-                    QCOMPARE(journal.card()->findChild<controls::TextBox*>("Text7(0)")->text(), QString(surname));
-                }
-        for (int i = 1; i <= 2; ++i) emit journal.rows()->rowActivated(journal.rows()->count() - i);
+        office.addMovement(fresh, "2026-11-05T00:00:00", "Νέα", 1, 0);
+        journal.show();
+        const Driver card(*journal.card());
+        for (const auto& [reason, surname] : {std::pair("Ενοίκιο Νοεμβρίου", "Βήτα"),
+                                              {"ΕΊΣΠΡΑΞΗ", "Βήτα"},
+                                              {"100% έκπτωση", "Άλφα"},
+                                              {"Νέα", "Ωμέγα"}}) {
+            QVERIFY(journal.rowOf(reason, 3) >= 0);
+            emit journal.list()->rowActivated(journal.rowOf(reason, 3));
+            QCOMPARE(card.shown(card::surname), surname);
+        }
+        for (int i = 1; i <= 2; ++i) emit journal.list()->rowActivated(journal.list()->count() - i);
         QVERIFY(office.desk.prompts.isEmpty());
         journal.card()->CardEdit();
-        emit journal.rows()->rowActivated(0);
-        QCOMPARE(office.desk.prompts.count(), 1);
-        QCOMPARE(journal.card()->findChild<controls::TextBox*>("Text7(0)")->text(), QString("Ωμέγα"));
-        office.desk.prompts.answer(true);
+        emit journal.list()->rowActivated(0);
+        QVERIFY(office.desk.prompts.lastText().contains("σε διόρθωση"));
+        QCOMPARE(card.shown(card::surname), "Ωμέγα");
     }
 
     void headersMoveTheSharedOrder() {
         Journal office;
         {
-            JournalDriver journal(office);
-            emit journal.rows()->columnClicked(1);
-            emit journal.rows()->columnClicked(5);
+            JournalDriver journal(office.mod);
+            for (const int column : {1, 5}) emit journal.list()->columnClicked(column);
             journal.settle();
             QCOMPARE(journal.reasons().size(), 3);
-            journal.rows()->setColumnWidth(3, 222);
+            journal.list()->setColumnWidth(3, 222);
             journal.window.windows().unload("frmHmerologio");
         }
         const auto& settings = office.desk.settings;
-        QCOMPARE(settings.value("DateQuery", "SqlOrdr", {}), QString("Location"));
-        QCOMPARE(settings.value("DateQuery", "SqlOrdr1", {}), QString("Day"));
-        QCOMPARE(settings.value("DateQuery", "SqlOrdr2", {}), QString("Start"));
+        for (const auto& [key, order] : {std::pair("SqlOrdr", "Location"), {"SqlOrdr1", "Day"}, {"SqlOrdr2", "Start"}})
+            QCOMPARE(settings.value("DateQuery", key, {}), order);
         QCOMPARE(settings.number("lvHmerologio", "Αιτιολογία", 0), 222 * 15);
     }
 
     void faultsEndInTheBoxAndTheWindowGoesOn() {
         Journal office;
-        JournalDriver journal(office);
-        const QString lead =
-            "Πρόβλημα κατά την επεξεργασία των δεμένων! \nΕλέγχετε τα πεδία της ημερομηνίας! \nDorvalist Error: ";
-        auto* to = journal.find<controls::DateBox>("txtTo");
-        to->setFormattedText("__/__/____");
-        journal.list();
-        QVERIFY(office.desk.prompts.lastText().startsWith(lead));
-        to->setFormattedText("05/11/2026");
-        office.mod.gConn.execute("delete from CardKategory where Description='O''Neil'");
-        journal.find<QComboBox>("Combo1")->setCurrentText("O'Neil");
-        journal.list();
-        journal.find<QComboBox>("Combo1")->setCurrentText("");
-        office.mod.gConn.close();
-        journal.list();
+        JournalDriver journal(office.mod);
+        const std::pair<std::function<void()>, const char*> faults[] = {
+            {[&] { journal.find<controls::DateBox>("txtTo")->setFormattedText("__/__/____"); }, "Η περίοδος"},
+            {[&] {
+                 journal.setPeriod("01/11/2026", "05/11/2026");
+                 journal.type("Combo1", "O'Neil");
+                 office.mod.gConn.execute("delete from CardKategory where Description='O''Neil'");
+             },
+             "Η κατηγορία «O'Neil» δεν υπάρχει πια"},
+            {[&] {
+                 journal.type("Combo1", "");
+                 office.lose();
+             },
+             "Η σύνδεση"}};
+        for (const auto& [fault, told] : faults) {
+            fault();
+            journal.show();
+            QVERIFY2(office.desk.prompts.lastText().startsWith(
+                         QString("Πρόβλημα κατά την επεξεργασία των δεμένων! \nΕλέγχετε τα πεδία της ημερομηνίας! \n"
+                                 "Dorvalist Error: ") +
+                         told),
+                     qPrintable(office.desk.prompts.lastText()));
+            QCOMPARE(journal.list()->count(), 0);
+        }
         QCOMPARE(office.desk.prompts.count(), 3);
-        QVERIFY(office.desk.prompts.lastText().startsWith(lead));
-        QCOMPARE(journal.rows()->count(), 0);
-        office.mod.gConnUsers.close();
-        office.open(office.mod);
-        journal.list();
+        office.bringBack();
+        journal.show();
         QCOMPARE(journal.reasons().size(), 3);
     }
 
     void leavingWhileItReadsIsHarmless() {
         Journal office;
-        JournalDriver journal(office);
-        journal.find<controls::DateBox>("txtFrom")->setFormattedText("01/01/0100");
-        journal.form->FillList();
-        journal.form->FillList();
+        office.addOn(QDate(200, 5, 5), office.a, "Παλιά", 1, 0);  // far more days than are read at once
+        JournalDriver journal(office.mod);
+        journal.setPeriod("01/01/0100", "05/11/2026");
+        const QPointer<cards::frmHmerologio> form(journal.form);
+        for (int i = 0; i < 2; ++i) journal.form->FillList();
+        QVERIFY(form->isReading());
         journal.window.windows().unload("frmHmerologio");
-        QTest::qWait(50);
         QVERIFY(!journal.window.windows().find("frmHmerologio"));
+        QTRY_VERIFY(!form);
+        QVERIFY(office.desk.prompts.isEmpty());
     }
 };
 

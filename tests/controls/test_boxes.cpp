@@ -1,7 +1,8 @@
+#include <QClipboard>
 #include "controls/boxes.h"
 #include "controls/names.h"
 #include "controls/theme.h"
-#include "support/incase.h"
+#include "support/cases.h"
 
 using namespace Qt::Literals::StringLiterals;
 

@@ -1,8 +1,13 @@
+#include <QMdiSubWindow>
+#include <QMdiArea>
+#include <QMenuBar>
+#include <QClipboard>
+#include <QCalendarWidget>
 #include "controls/datepair.h"
 
 #include <QSignalSpy>
 
-#include "support/incase.h"
+#include "support/cases.h"
 
 using namespace controls;
 

@@ -1,6 +1,7 @@
+#include <QDialogButtonBox>
 #include "controls/boxes.h"
 #include "controls/theme.h"
-#include "support/incase.h"
+#include "support/cases.h"
 
 using namespace controls;
 

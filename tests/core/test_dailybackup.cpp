@@ -5,7 +5,10 @@
 #include <QSignalSpy>
 #include <csignal>
 
-#include "schema/backup.h"
+#include "copies/backup.h"
+#include "copies/servertools.h"
+#include "schema/creation.h"
+#include "schema/office.h"
 #include "support/failure.h"
 #include "support/office.h"
 #include "support/seat.h"
@@ -64,7 +67,7 @@ private slots:
         QVERIFY(site.run());
         const QStringList first = site.copies();
         QCOMPARE(first, QStringList(site.name(0)));
-        schema::checkBackup(QDir(site.folder).filePath(first[0]));
+        copies::checkBackup(QDir(site.folder).filePath(first[0]));
         site.office.desk.clock.advance(3600);
         QVERIFY(site.run());
         QCOMPARE(site.copies(), first);
@@ -77,10 +80,9 @@ private slots:
     // Another user's settings know nothing of the copy, and those who start at once all make one.
     void oneForAllSeats() {
         Site site;
-        support::Seat second;
-        auto& [desk, mod] = second;
+        support::OtherSeat second(site.office);
+        auto& [desk, mod] = static_cast<support::Seat&>(second);
         core::setBackupFolder(desk.settings, site.folder);
-        site.office.open(mod);
         mod.gDataPath = site.office.folder();
         mod.gMainDbPath = site.office.mod.gMainDbPath;
         mod.gUsersDbPath = site.office.mod.gUsersDbPath;
@@ -100,7 +102,7 @@ private slots:
 
     void withoutTheServersProgramsNothingIsDoneAndNothingSaid() {
         Site site;
-        site.backup.findTools = [] { return schema::ServerTools(); };
+        site.backup.findTools = [] { return copies::ServerTools(); };
         QCOMPARE(site.run(), !testengine::isPostgres());
         QVERIFY(site.office.desk.prompts.isEmpty());
         if (!testengine::isPostgres()) return;
@@ -198,7 +200,7 @@ private slots:
             }
             // It may have been ready before; nothing that is half made stays.
             QVERIFY(site.copies().size() <= 1);
-            for (const QString& name : site.copies()) schema::checkBackup(QDir(site.folder).filePath(name));
+            for (const QString& name : site.copies()) copies::checkBackup(QDir(site.folder).filePath(name));
             QVERIFY(site.office.desk.prompts.isEmpty());
         }
     }
@@ -232,7 +234,7 @@ private slots:
         // Another office's copy under this office's name, and one that a wrong clock dated.
         const QString foreign = site.office.directory_.filePath("άλλο");
         schema::createOffice(foreign, {u"x"_s, {}});
-        schema::backupOffice(foreign, site.folder + '/' + site.name(-2));
+        copies::backupOffice(foreign, site.folder + '/' + site.name(-2));
         const QString late = site.folder + '/' + site.name(-1000);
         QVERIFY(QFile::copy(good, late));
         const QDateTime now = site.office.desk.clock.now().addDays(3);

@@ -4,13 +4,14 @@
 #include <QScrollBar>
 
 #include "controls/theme.h"
+#include "core/printout.h"
 #include "core/printlist.h"
 #include "core/printpreview.h"
 #include "core/printsettings.h"
 #include "core/workprogress.h"
+#include "support/cases.h"
 #include "support/driver.h"
 #include "support/failure.h"
-#include "support/incase.h"
 #include "support/printedpdf.h"
 #include "support/seat.h"
 
@@ -94,49 +95,43 @@ private slots:
     void initTestCase() { controls::applyTheme(*qApp, controls::ThemeKind::Light); }
 
     void headings() {
-        const QStringList day{"Πέμπτη, 05/11/2026", "Κινήσεις"}, owner{"Γραφείο Α", "Ερμού 1", "210 1", "a@b.gr"},
+        const QStringList day{"Πέμπτη, 05/11/2026", "Κινήσεις"},
             card{"EΠΩΝΥΜΟ: ", "Σκίννερ", "ΤΗΛΕΦΩΝΟ: ", "2310", "ONOMA: ", "Άννα", "ΚΙΝΗΤΟ: ", "6970"},
             table{"Αριθμός", "Επώνυμο", "Ποσό", "1", "Παπαδόπουλος1", "1,50", "Σελίδα 1"};
         support::Seat seat;
         auto& [desk, mod] = seat;
-        const char* keys[] = {"Name", "Address", "Phone", "Email"};
-        for (int i = 0; i < 4; ++i) desk.settings.setValue("Settings", keys[i], owner[i]);
+        desk.setOwner();
         const std::unique_ptr<controls::ListView> list(listOf(1));
         QVERIFY(core::gPrintListView(mod, nullptr, *list, "Κινήσεις"));
         QVERIFY(core::gPrintListView(mod, nullptr, *list, "Κινήσεις", core::ListHeading::Owner));
-        QVERIFY(core::gPrintListView(mod, nullptr, *list, "Κινήσεις", "Σκίννερ", "Άννα", "2310", "6970"));
+        QVERIFY(core::gPrintListView(mod, nullptr, *list, "Κινήσεις", core::PrintedCard{"Σκίννερ", "Άννα", "2310", "6970"}));
         QCOMPARE(desk.printers.sent.value(0).texts(), day + table);
-        QCOMPARE(desk.printers.sent.value(1).texts(), owner + day + table);
-        QCOMPARE(desk.printers.sent.value(2).texts(), owner + day + card + table);
+        QCOMPARE(desk.printers.sent.value(1).texts(), desk.owner + day + table);
+        QCOMPARE(desk.printers.sent.value(2).texts(), desk.owner + day + card + table);
         QVERIFY(desk.prompts.isEmpty());
     }
 
     // What fails behind the printer is told, and never taken for printed; what the user stops isn't told.
     void aListThatIsNotPrintedSaysSo() {
-        struct Failing : support::RecordingPrinters {
-            bool print(const platform::PrintDocument&, const QString&, int, const platform::PageStep&) override {
-                if (!known) throw std::runtime_error("χωρίς μνήμη");
-                throw data::Error(data::ErrorCategory::Full, "Γέμισε ο δίσκος");
-            }
-            bool known = true;
-        } failing;
-        support::Desk desk;
-        platform::Services services{desk.settings, desk.clock, desk.prompts, desk.sound, desk.shell, failing};
-        core::MainMod mod(services);
+        support::Seat seat;
+        auto& [desk, mod] = seat;
         const std::unique_ptr<controls::ListView> list(listOf(1));
-        for (const auto& [known, number, text] :
-             {std::tuple(true, data::adoErrorNumber(data::ErrorCategory::Full), "Γέμισε ο δίσκος"),
-              {false, 482, "χωρίς μνήμη"}}) {
-            failing.known = known;
-            QVERIFY(!core::gPrintListView(mod, nullptr, *list, "Κινήσεις"));
-            QCOMPARE(desk.prompts.lastTitle(), core::programTitle());
-            const QString told = "gPrintListView() failed with the following error:-\nError Number: %1\nDescription:%2";
-            QCOMPARE(desk.prompts.lastText(), told.arg(number).arg(text));
-        }
-        support::Seat stopping;
-        stopping.desk.printers.stopsAtPage = 0;
-        QVERIFY(!core::gPrintListView(stopping.mod, nullptr, *list, "Κινήσεις"));
-        QVERIFY(stopping.desk.prompts.isEmpty());
+        const auto told = [](int number, const char* text) {
+            return QString("gPrintListView() failed with the following error:-\nError Number: %1\nDescription:%2")
+                .arg(number)
+                .arg(text);
+        };
+        desk.printers.fault = [] { throw data::Error(data::ErrorCategory::Full, "Γέμισε ο δίσκος"); };
+        QVERIFY(!core::gPrintListView(mod, nullptr, *list, "Κινήσεις"));
+        QCOMPARE(desk.prompts.lastTitle(), core::programTitle());
+        QCOMPARE(desk.prompts.lastText(), told(data::adoErrorNumber(data::ErrorCategory::Full), "Γέμισε ο δίσκος"));
+        desk.printers.fault = [] { throw std::runtime_error("χωρίς μνήμη"); };
+        QVERIFY(!core::gPrintListView(mod, nullptr, *list, "Κινήσεις"));
+        QCOMPARE(desk.prompts.lastText(), told(482, "χωρίς μνήμη"));
+        desk.printers.fault = {};
+        desk.printers.stopsAtPage = 0;
+        QVERIFY(!core::gPrintListView(mod, nullptr, *list, "Κινήσεις"));
+        QCOMPARE(desk.prompts.count(), 2);
     }
 
     void aThousandRowsOverManyPages() {

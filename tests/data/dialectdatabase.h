@@ -1,16 +1,13 @@
-// A database of either engine whose tables come from the dialect, for tests of translated statements.
+// A database of either engine with all tables of an office, both kinds' in one, for tests of translated statements.
 #pragma once
 
 #include <QMap>
 #include <QStringList>
 #include <QTemporaryDir>
 
-#include "data/dialect/translation.h"
+#include "data/dialect/translator.h"
 #include "data/engine.h"
 #include "support/testengine.h"
-
-// The office's tables as the dialect's statements know them; compact on purpose.
-data::Catalog officeCatalog();
 
 class DialectDatabase {
 public:
@@ -23,18 +20,18 @@ public:
 
     // Translates and runs; rows as "a|b / c|d", Null as "-", values as a user reads them. Of an UPDATE and its kin,
     // the number of rows. Failures throw data::Error.
-    QString run(const QString& sql, const data::DialectOptions& options = {},
+    QString run(const QString& sql, const data::dialect::DialectOptions& options = {},
                 const QMap<QString, QVariant>& parameters = {});
     // Throws when the engine doesn't take the statement; nothing is run.
-    void prepare(const data::Translation& translation);
+    void prepare(const data::dialect::Translation& translation);
     // The engine's plan of a statement, in one line.
     QString plan(const QString& sql);
     void engine(const QByteArray& sql);
     void empty();  // takes all rows away and begins to count again
 
-    const data::EngineDialect& dialect() const;
+    const data::dialect::EngineDialect& dialect() const;
 
-    data::Translator& translator() { return *translator_; }
+    data::dialect::Translator& translator() { return *translator_; }
     const data::Catalog& catalog() const { return catalog_; }
 
 private:
@@ -42,5 +39,5 @@ private:
     std::unique_ptr<testengine::Schema> schema_;
     std::unique_ptr<data::Engine> engine_;
     data::Catalog catalog_;
-    std::unique_ptr<data::Translator> translator_;
+    std::unique_ptr<data::dialect::Translator> translator_;
 };

@@ -5,7 +5,7 @@
 #include <QtTest>
 
 #include "data/connection.h"
-#include "data/fileidentity.h"
+#include "data/opening/fileidentity.h"
 #include "data/recordset.h"
 #include "data/sqlite/sqliteengine.h"
 #include "support/failure.h"
@@ -37,10 +37,10 @@ public:
         if (testengine::isPostgres()) {
             schema_ = std::make_unique<testengine::Schema>();
             data::writeServerDescription(file(), schema_->description());
-            data::PgEngine(schema_->description(), {}).script(serverCardsTable);
+            data::postgres::PgEngine(schema_->description(), {}).script(serverCardsTable);
         } else {
-            data::createSqliteFile(file(), data::mainApplicationId);
-            data::SqliteEngine({file(), {}, false, 5000}).script(cardsTable);
+            data::sqlite::createSqliteFile(file(), data::mainApplicationId);
+            data::sqlite::SqliteEngine({file(), {}, false, 5000}).script(cardsTable);
         }
     }
 

@@ -1,4 +1,4 @@
-#include "data/convert.h"
+#include "data/values/convert.h"
 #include "support/cases.h"
 #include "support/failure.h"
 

@@ -20,7 +20,7 @@ private slots:
     void brokenCharacters();
 
 private:
-    void check(const QString& sql);
+    void check(const QString& dialect::sql);
     QString operand(int depth);
     size_t below(size_t limit) { return std::uniform_int_distribution<size_t>(0, limit - 1)(random_); }
     template <class List>
@@ -38,22 +38,22 @@ private:
 };
 
 // Exceptions but Error, and statements that the engine refuses, are faults.
-void TestDialectRobustness::check(const QString& sql) {
+void TestDialectRobustness::check(const QString& dialect::sql) {
     if (!failure_.isEmpty()) return;
-    DialectOptions options;
+    dialect::DialectOptions options;
     options.decimalComma = below(2) == 0;
     options.parameters = {u"p1"_s, u"p2"_s};
-    std::shared_ptr<const Translation> translation;
+    std::shared_ptr<const dialect::Translation> translation;
     try {
-        translation = database_.translator().translate(sql, options);
+        translation = database_.translator().translate(dialect::sql, options);
         ++accepted_;
         database_.prepare(*translation);
     } catch (const Error& error) {
-        if (error.text().isEmpty()) failure_ = u"no text: "_s + sql;
+        if (error.text().isEmpty()) failure_ = u"no text: "_s + dialect::sql;
         // A server computes what is constant while it plans, and may find a value out of range.
-        if (translation && error.category() != ErrorCategory::Type) failure_ = error.text() + u"\n  from "_s + sql;
+        if (translation && error.category() != ErrorCategory::Type) failure_ = error.text() + u"\n  from "_s + dialect::sql;
     } catch (const std::exception& error) {
-        failure_ = QString::fromUtf8(error.what()) + u"\n  from "_s + sql;
+        failure_ = QString::fromUtf8(error.what()) + u"\n  from "_s + dialect::sql;
     }
 }
 
@@ -145,16 +145,16 @@ void TestDialectRobustness::grownExpressions() {
         "select max(%1), sum(%2), first(%1) from cards|"
         "select x from (select %1 as x from cards where %2) t where x is not null"_s.split(u'|');
     for (int round = 0; round < rounds_; ++round) {
-        QString sql = pick(frames);
-        sql.replace(u"%1"_s, operand(3)).replace(u"%2"_s, operand(2));
-        check(sql);
+        QString dialect::sql = pick(frames);
+        dialect::sql.replace(u"%1"_s, operand(3)).replace(u"%2"_s, operand(2));
+        check(dialect::sql);
         try {
-            if (failure_.isEmpty()) database_.run(sql, {}, {{u"p1"_s, u"5/11/2026"_s}});
+            if (failure_.isEmpty()) database_.run(dialect::sql, {}, {{u"p1"_s, u"5/11/2026"_s}});
         } catch (const Error& error) {
             if (error.category() == ErrorCategory::Other || error.text().contains(u"Η εντολή δεν είναι σωστή"))
-                failure_ = error.text() + u"\n  from "_s + sql;
+                failure_ = error.text() + u"\n  from "_s + dialect::sql;
         } catch (const std::exception& error) {
-            failure_ = QString::fromUtf8(error.what()) + u"\n  from "_s + sql;
+            failure_ = QString::fromUtf8(error.what()) + u"\n  from "_s + dialect::sql;
         }
     }
     QVERIFY2(failure_.isEmpty(), qPrintable(failure_));
@@ -170,8 +170,8 @@ void TestDialectRobustness::brokenCharacters() {
         for (const QString& frame : {u"%1"_s, u"select %1"_s, u"select code from cards where επωνυμο='%1'"_s,
                                      u"select code from cards where επωνυμο like '%1%'"_s, u"select [%1] from cards"_s,
                                      u"select code as [%1] from cards"_s, u"select code from %1"_s, u"select #%1#"_s}) {
-            QString sql = frame;
-            check(sql.replace(u"%1"_s, odd));
+            QString dialect::sql = frame;
+            check(dialect::sql.replace(u"%1"_s, odd));
         }
     QVERIFY2(failure_.isEmpty(), qPrintable(failure_));
 }

@@ -1,5 +1,4 @@
-// What a translation tells beside its SQL: parameters, columns, its place in the cache; and what the tables'
-// declarations give, back from the engine.
+// What a translation tells beside its SQL: parameters, columns, its place in the cache.
 #include "data/dialect/enginedialect.h"
 #include "dialectdatabase.h"
 #include "support/cases.h"
@@ -31,7 +30,7 @@ private slots:
     void outputColumns() {
         const struct {
             const char* name;
-            QString sql, columns;
+            QString dialect::sql, columns;
         } cases[] = {
             {"schema's spelling", u"select CODE, ΕΠΩΝΥΜΟ, ΗΜ_γενησησ from CARDS"_s,
              u"code a0, επωνυμο t30, ΗΜ_ΓΕΝΗΣΗΣ D0; Cards"_s},
@@ -61,7 +60,7 @@ private slots:
         support::forEach(cases, [&](const auto& one) {
             const auto translation = database_.translator().translate(one.sql);
             QStringList columns;
-            for (const OutputColumn& column : translation->columns) {
+            for (const dialect::OutputColumn& column : translation->columns) {
                 columns << column.name + u' ' + letterOf.value(column.type) + QString::number(column.size);
                 if (column.baseColumn < 0 || translation->baseTable.isEmpty()) continue;
                 QCOMPARE(database_.catalog().find(translation->baseTable)->columns[column.baseColumn].type,
@@ -83,7 +82,7 @@ private slots:
                 "n;"
                 "ANALYZE \"Cards\"");
         struct Served {
-            const char16_t* sql;
+            const char16_t* dialect::sql;
             bool inOrder;
         };
         constexpr Served served[] = {
@@ -93,8 +92,8 @@ private slots:
             {u"select top 10 * from cards where επωνυμο>='Μ' order by επωνυμο", true},
             {u"select top 10 * from cards order by επωνυμο desc,ονομα desc", true},
         };
-        for (const auto& [sql, inOrder] : served) {
-            QString plan = database_.plan(QString::fromUtf16(sql));
+        for (const auto& [dialect::sql, inOrder] : served) {
+            QString plan = database_.plan(QString::fromUtf16(dialect::sql));
             // Equal names are still put in the order of their rows, group by group.
             for (const char* inGroups : {"Incremental Sort", "Sort Key", "TEMP B-TREE FOR RIGHT PART"})
                 plan.remove(QLatin1String(inGroups));
@@ -103,31 +102,16 @@ private slots:
         }
     }
 
-    // What a table is declared as reads back as the same columns.
-    void declarations() {
-        const Catalog wanted = officeCatalog();
-        for (const TableInfo& table : wanted.tables()) {
-            const TableInfo* there = database_.catalog().find(table.name);
-            QVERIFY(there && there->autonumber == table.autonumber);
-            QCOMPARE(there->columns.size(), table.columns.size());
-            for (qsizetype i = 0; i < there->columns.size(); ++i) {
-                QCOMPARE(there->columns[i].name, table.columns[i].name);
-                QCOMPARE(there->columns[i].type, table.columns[i].type);
-                QCOMPARE(there->columns[i].size, table.columns[i].size);
-            }
-        }
-    }
-
     void remembersByTextAndOptions() {
-        const QString sql = u"select aa from dates where day=#11/05/2026#"_s;
-        Translator& translator = database_.translator();
-        const auto first = translator.translate(sql);
-        QCOMPARE(translator.translate(sql).get(), first.get());
-        QVERIFY(translator.translate(sql, {DateOrder::DayFirst, false, false, {}})->sql != first->sql);
+        const QString dialect::sql = u"select aa from dates where day=#11/05/2026#"_s;
+        dialect::Translator& translator = database_.translator();
+        const auto first = translator.translate(dialect::sql);
+        QCOMPARE(translator.translate(dialect::sql).get(), first.get());
+        QVERIFY(translator.translate(dialect::sql, {DateOrder::DayFirst, false, false, {}})->dialect::sql != first->dialect::sql);
         translator.clear();
-        QVERIFY(translator.translate(sql).get() != first.get());
+        QVERIFY(translator.translate(dialect::sql).get() != first.get());
         for (int i = 0; i < 5000; ++i) translator.translate(u"select code from cards where code=%1"_s.arg(i));
-        QCOMPARE(translator.translate(sql)->sql, first->sql);
+        QCOMPARE(translator.translate(dialect::sql)->dialect::sql, first->dialect::sql);
     }
 };
 

@@ -2,33 +2,25 @@
 #include <sqlite3.h>
 #include <sys/stat.h>
 
-#include "data/connectionstring.h"
-#include "data/databasepassword.h"
-#include "data/password.h"
+#include "data/opening/connectionstring.h"
+#include "data/opening/databasepassword.h"
+#include "data/opening/password.h"
 #include "roadfixture.h"
 #include "support/cases.h"
+#include "support/files.h"
 #include "support/rowtexts.h"
 
 using namespace data;
+using support::bytesOf;
+using support::write;
 
 namespace {
-
-void write(const QString& file, const QByteArray& bytes) {
-    QFile target(file);
-    QVERIFY(target.open(QIODevice::WriteOnly));
-    target.write(bytes);
-}
-
-QByteArray read(const QString& file) {
-    QFile source(file);
-    return source.open(QIODevice::ReadOnly) ? source.readAll() : QByteArray();
-}
 
 QByteArray sqliteBytes(quint32 applicationId) {
     QTemporaryDir folder;
     const QString file = folder.filePath("x");
-    createSqliteFile(file, applicationId);
-    return read(file);
+    sqlite::createSqliteFile(file, applicationId);
+    return bytesOf(file);
 }
 
 OpenSettings settings(const QString& file, const QString& password = {}) {
@@ -77,9 +69,9 @@ private slots:
             QVERIFY(error && !connection.isOpen());
             QCOMPARE(error->category(), one.category);
             QVERIFY2(error->text().contains(one.says), error->what());
-            QCOMPARE(read(file), one.bytes);
+            QCOMPARE(bytesOf(file), one.bytes);
             QCOMPARE(QFileInfo(file).lastModified(), modified);
-            QCOMPARE(QDir(folder.path()).entryList(QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot).size(), 1);
+            QCOMPARE(support::entriesOf(folder.path()).size(), 1);
         });
     }
 
@@ -122,14 +114,14 @@ private slots:
     void databasePassword() {
         QTemporaryDir folder;
         const QString file = folder.filePath("dorvalistu.mdb");
-        createSqliteFile(file, usersApplicationId);
+        sqlite::createSqliteFile(file, usersApplicationId);
         {
-            SqliteEngine engine(settings(file));
+            sqlite::SqliteEngine engine(settings(file));
             setDatabasePassword(engine, "πρώτος");
             setDatabasePassword(engine, "κωδ'ικός;");
             QVERIFY(engine.readCatalog().tables().isEmpty());
         }
-        QVERIFY(!read(file).contains(QString("κωδ'ικός;").toUtf8()));
+        QVERIFY(!bytesOf(file).contains(QString("κωδ'ικός;").toUtf8()));
         const QString string = "data source=" + file + ";Jet OLEDB:Database Password=";
         Connection connection;
         VERIFY_ERROR(Password, connection.open("data source=" + file));
@@ -160,16 +152,16 @@ private slots:
 
     void createRefusesAnExistingFile() {
         road::Office office;
-        const QByteArray before = read(office.file());
-        VERIFY_ERROR(Constraint, createSqliteFile(office.file(), mainApplicationId));
-        QCOMPARE(read(office.file()), before);
-        VERIFY_ERROR(ReadOnly, createSqliteFile(office.folder() + "/none/x.mdb", mainApplicationId));
+        const QByteArray before = bytesOf(office.file());
+        VERIFY_ERROR(Constraint, sqlite::createSqliteFile(office.file(), mainApplicationId));
+        QCOMPARE(bytesOf(office.file()), before);
+        VERIFY_ERROR(ReadOnly, sqlite::createSqliteFile(office.folder() + "/none/x.mdb", mainApplicationId));
     }
 
     void everyConnectionIsSetUp() {
         road::Office office;
         for (int i = 0; i < 2; ++i) {
-            SqliteEngine engine(settings(office.file()));
+            sqlite::SqliteEngine engine(settings(office.file()));
             engine.execute("INSERT INTO Saves (a) VALUES (1)", {});
             QVERIFY(QFileInfo(office.file() + "-wal").size() > 0);
             QCOMPARE(support::rowTexts(engine, "PRAGMA synchronous"), QStringList("2"));
@@ -180,7 +172,7 @@ private slots:
 
     void engineErrors() {
         road::Office office;
-        SqliteEngine engine(settings(office.file()));
+        sqlite::SqliteEngine engine(settings(office.file()));
         VERIFY_ERROR(Syntax, engine.execute("SELEC 1", {}));
         VERIFY_ERROR(Syntax, engine.execute("SELECT 1; SELECT 2", {}));
         VERIFY_ERROR(Syntax, engine.execute("", {}));
@@ -196,19 +188,19 @@ private slots:
         engine.rollback();
         engine.rollback();
         QCOMPARE(engine.query("SELECT * FROM Cards", {}, nullptr), 1);
-        VERIFY_ERROR(ReadOnly, SqliteEngine({office.file(), {}, true, 50}).execute("DELETE FROM Cards", {}));
+        VERIFY_ERROR(ReadOnly, sqlite::SqliteEngine({office.file(), {}, true, 50}).execute("DELETE FROM Cards", {}));
     }
 
     // More texts than the cache holds, and one text used inside its own run.
     void statementCache() {
         road::Office office;
-        SqliteEngine engine(settings(office.file()));
-        for (int i = 0; i < 3 * StatementCache::capacity; ++i) {
-            const QByteArray sql = "SELECT " + QByteArray::number(i);
-            QCOMPARE(engine.query(sql, {}, nullptr), 1);
+        sqlite::SqliteEngine engine(settings(office.file()));
+        for (int i = 0; i < 3 * sqlite::StatementCache::capacity; ++i) {
+            const QByteArray dialect::sql = "SELECT " + QByteArray::number(i);
+            QCOMPARE(engine.query(dialect::sql, {}, nullptr), 1);
         }
         struct Nested : support::RowTexts {
-            SqliteEngine* engine = nullptr;
+            sqlite::SqliteEngine* engine = nullptr;
             qint64 inner = 0;
             void beginRow() override {
                 RowTexts::beginRow();
@@ -223,7 +215,7 @@ private slots:
     void damagedPage() {
         road::Office office;
         {
-            SqliteEngine engine(settings(office.file()));
+            sqlite::SqliteEngine engine(settings(office.file()));
             engine.begin();
             for (int i = 0; i < 2000; ++i)
                 engine.execute("INSERT INTO Cards (\"επωνυμο\",\"σχολια\") VALUES (?1,?2)",
@@ -248,7 +240,7 @@ private slots:
 
     void damagedBeginning() {
         road::Office office;
-        QByteArray bytes = read(office.file());
+        QByteArray bytes = bytesOf(office.file());
         write(office.file(), bytes.left(100) + QByteArray(bytes.size() - 100, '\x33'));
         Connection connection;
         VERIFY_ERROR(Corrupt, connection.open(office.connectionString()));

@@ -1,5 +1,5 @@
-#include "data/fold.h"
 #include "data/types.h"
+#include "data/values/fold.h"
 #include "support/cases.h"
 
 using namespace Qt::Literals::StringLiterals;

@@ -1,4 +1,4 @@
-#include "data/format.h"
+#include "data/values/format.h"
 #include "support/cases.h"
 
 using namespace data;

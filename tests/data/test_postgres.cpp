@@ -4,11 +4,11 @@
 #include <QStringEncoder>
 #include <future>
 
-#include "data/databasepassword.h"
 #include "data/dialect/enginedialect.h"
-#include "data/fileidentity.h"
-#include "data/fold.h"
+#include "data/opening/databasepassword.h"
+#include "data/opening/fileidentity.h"
 #include "data/postgres/pgdialect.h"
+#include "data/values/fold.h"
 #include "roadfixture.h"
 #include "support/cases.h"
 #include "support/rowtexts.h"
@@ -21,8 +21,8 @@ using support::rowTexts;
 namespace {
 
 // Ends the session of an engine from another one, as a server that restarts does.
-void cut(PgEngine& victim, const ServerDescription& server) {
-    PgEngine other(server, {});
+void cut(postgres::PgEngine& victim, const ServerDescription& server) {
+    postgres::PgEngine other(server, {});
     other.query("SELECT pg_terminate_backend($1)", {victim.backendId()}, nullptr);
     // The session is gone when the server says so, not when it was told to go.
     while (rowTexts(other, "SELECT count(*) FROM pg_stat_activity WHERE pid = $1", {victim.backendId()}) !=
@@ -41,18 +41,18 @@ QStringList sockets() {
 // A role of the run's server, gone with this object.
 class Role {
 public:
-    Role(PgEngine& engine, const QByteArray& more) : engine_(engine), name_(testengine::Schema::newName()) {
+    Role(postgres::PgEngine& engine, const QByteArray& more) : engine_(engine), name_(testengine::Schema::newName()) {
         engine_.script("CREATE ROLE " + name_.toLatin1() + " LOGIN " + more);
     }
-    ~Role() { engine_.script("DROP OWNED BY " + sql() + " CASCADE; DROP ROLE " + sql()); }
-    QByteArray sql() const { return name_.toLatin1(); }
+    ~Role() { engine_.script("DROP OWNED BY " + dialect::sql() + " CASCADE; DROP ROLE " + dialect::sql()); }
+    QByteArray dialect::sql() const { return name_.toLatin1(); }
     ServerDescription in(ServerDescription server) const {
         server.user = name_;
         return server;
     }
 
 private:
-    PgEngine& engine_;
+    postgres::PgEngine& engine_;
     QString name_;
 };
 
@@ -77,7 +77,7 @@ private slots:
                                  (code >= 0x11000 && code <= 0x11FFF) || (code >= 0x16E00 && code <= 0x16EFF);
             if (letters && !QChar::isSurrogate(code)) all += QString::fromUcs4(&code, 1) + u'\n';
         }
-        PgEngine engine(server(), {});
+        postgres::PgEngine engine(server(), {});
         const QStringList wanted = fold(all).split(u'\n');
         const QStringList alone = rowTexts(
             engine, "SELECT fold(c) FROM regexp_split_to_table($1, E'\n') WITH ORDINALITY AS t(c, n) ORDER BY n",
@@ -91,17 +91,17 @@ private slots:
     // An office whose functions are of an older program gets today's at its next opening, with an index on one of them.
     void olderFunctionsAreReplaced() {
         {
-            PgEngine engine(server(), {});
+            postgres::PgEngine engine(server(), {});
             engine.script(
                 "DROP FUNCTION jet_dateadd; DROP FUNCTION jet_addmonths;"
-                "CREATE FUNCTION jet_addmonths(at timestamp, months bigint) RETURNS timestamp LANGUAGE sql IMMUTABLE "
+                "CREATE FUNCTION jet_addmonths(at timestamp, months bigint) RETURNS timestamp LANGUAGE dialect::sql IMMUTABLE "
                 "STRICT AS 'SELECT at';"
                 "CREATE FUNCTION jet_dateadd(interval_name text, number float8, at timestamp) RETURNS timestamp "
                 "LANGUAGE plpgsql IMMUTABLE STRICT SET search_path FROM CURRENT AS 'BEGIN RETURN at; END';"
                 "CREATE TABLE dated (at timestamp); CREATE INDEX ON dated (jet_dateadd('d', 1, at))");
             engine.setProperty(u"functions"_s, u"2"_s);
         }
-        PgEngine engine(server(), {});
+        postgres::PgEngine engine(server(), {});
         QCOMPARE(rowTexts(engine, "SELECT jet_dateadd('m', 1, timestamp '2026-01-31')::date::text"),
                  QStringList("2026-02-28"));
         QCOMPARE(rowTexts(engine,
@@ -132,7 +132,7 @@ private slots:
     }
 
     void lostConnection() {
-        PgEngine engine(server(), {});
+        postgres::PgEngine engine(server(), {});
         engine.execute("INSERT INTO \"Saves\" (a) VALUES ($1)", {1});
         cut(engine, server());
         VERIFY_ERROR(Connection, engine.execute("INSERT INTO \"Saves\" (a) VALUES ($1)", {2}));
@@ -144,7 +144,7 @@ private slots:
     // The server carries out what it got; only its answer is missing, and another try would write it twice.
     void lostAnswer() {
         const QStringList before = sockets();
-        PgEngine engine(server(), {});
+        postgres::PgEngine engine(server(), {});
         QStringList mine = sockets();
         mine.removeIf([&](const QString& socket) { return before.contains(socket); });
         QCOMPARE(mine.size(), 1);
@@ -158,7 +158,7 @@ private slots:
 
     // What was written before the loss is gone, so nothing behind it may be kept either.
     void lostInTransaction() {
-        PgEngine engine(server(), {});
+        postgres::PgEngine engine(server(), {});
         engine.begin();
         engine.execute("INSERT INTO \"Saves\" (a) VALUES (1)", {});
         cut(engine, server());
@@ -170,7 +170,7 @@ private slots:
     }
 
     void failedTransactionIsNotSaved() {
-        PgEngine engine(server(), {});
+        postgres::PgEngine engine(server(), {});
         engine.begin();
         VERIFY_ERROR(State, engine.begin());
         engine.execute("INSERT INTO \"Saves\" (a) VALUES (1)", {});
@@ -181,7 +181,7 @@ private slots:
     }
 
     void deadlock() {
-        PgEngine one(server(), {}), two(server(), {});
+        postgres::PgEngine one(server(), {}), two(server(), {});
         one.script("INSERT INTO \"Saves\" (a) VALUES (1), (2)");
         one.begin();
         two.begin();
@@ -204,7 +204,7 @@ private slots:
     void onlyReading() {
         OpenSettings settings;
         settings.readOnly = true;
-        PgEngine reader(server(), settings), writer(server(), {});
+        postgres::PgEngine reader(server(), settings), writer(server(), {});
         VERIFY_ERROR(ReadOnly, reader.execute("INSERT INTO \"Saves\" (a) VALUES (1)", {}));
         VERIFY_ERROR(ReadOnly, writer.query("DELETE FROM \"Saves\"", {}, nullptr));
         VERIFY_ERROR(ReadOnly,
@@ -220,14 +220,14 @@ private slots:
             info.autonumber = 0;
             return info;
         }();
-        PgEngine engine(server(), {});
-        engine.script(pgDialect().createTable(table, {}));
+        postgres::PgEngine engine(server(), {});
+        engine.script(postgres::pgDialect().createTable(table, {}));
         Connection connection;
         connection.open(office_->connectionString());
-        for (const char* sql : {"insert into Numbered (name) values ('α')", "insert into Numbered values (7,'β')",
+        for (const char* dialect::sql : {"insert into Numbered (name) values ('α')", "insert into Numbered values (7,'β')",
                                 "insert into Numbered (name) values ('γ')", "insert into Numbered values (5,'δ')",
                                 "insert into Numbered (name) values ('ε')"})
-            connection.execute(sql);
+            connection.execute(dialect::sql);
         QCOMPARE(rowTexts(engine, "SELECT code FROM \"Numbered\" ORDER BY code"),
                  QStringList({"1", "5", "7", "8", "9"}));
         VERIFY_ERROR(Constraint, connection.execute("insert into Numbered values (9,'ζ')"));
@@ -239,8 +239,8 @@ private slots:
         TableInfo table;
         table.name = u"Πίνακας"_s;
         table.columns = {{beginning + u'1', ColumnType::Text, 20}, {beginning + u'2', ColumnType::YesNo, 0}};
-        PgEngine engine(server(), {});
-        engine.script(pgDialect().createTable(table, {}));
+        postgres::PgEngine engine(server(), {});
+        engine.script(postgres::pgDialect().createTable(table, {}));
         const Catalog catalog = engine.readCatalog();
         const auto found = std::find_if(catalog.tables().begin(), catalog.tables().end(),
                                         [](const TableInfo& info) { return info.columns.size() == 2; });
@@ -255,48 +255,48 @@ private slots:
         testengine::Schema users(DatabaseKind::Users);
         OpenSettings right;
         right.password = u"σωστός"_s;
-        PgEngine(users.description(), right).setProperty(u"password"_s, {});
+        postgres::PgEngine(users.description(), right).setProperty(u"password"_s, {});
         {
-            PgEngine engine(users.description(), {});
+            postgres::PgEngine engine(users.description(), {});
             QCOMPARE(engine.kind(), DatabaseKind::Users);
             setDatabasePassword(engine, right.password);
         }
-        VERIFY_ERROR(Password, PgEngine(users.description(), {}));
-        PgEngine(users.description(), right);
-        VERIFY_ERROR(Constraint, createPgDatabase(users.description(), DatabaseKind::Users));
-        PgEngine(users.description(), right);  // and nothing was touched
+        VERIFY_ERROR(Password, postgres::PgEngine(users.description(), {}));
+        postgres::PgEngine(users.description(), right);
+        VERIFY_ERROR(Constraint, postgres::createPgDatabase(users.description(), DatabaseKind::Users));
+        postgres::PgEngine(users.description(), right);  // and nothing was touched
     }
 
     // An administrator prepared the schema for one role; another is its member, a third has nothing to do with it.
     void membersWorkInTheOwnersName() {
-        PgEngine admin(server(), {});
+        postgres::PgEngine admin(server(), {});
         const Role owner(admin, "");
         const Role member(admin, "IN ROLE " + owner.sql()), stranger(admin, "");
         admin.script("ALTER ROLE " + member.sql() + " SET default_transaction_isolation TO 'repeatable read'");
         ServerDescription office = server();
         office.schema = testengine::Schema::newName();
         admin.script("CREATE SCHEMA " + office.schema.toLatin1() + " AUTHORIZATION " + owner.sql());
-        createPgDatabase(member.in(office), DatabaseKind::Main);
+        postgres::createPgDatabase(member.in(office), DatabaseKind::Main);
         {
-            PgEngine theirs(owner.in(office), {}), engine(member.in(office), {});
+            postgres::PgEngine theirs(owner.in(office), {}), engine(member.in(office), {});
             engine.script("CREATE TABLE \"Saves\" (a integer)");
             theirs.script("ALTER TABLE \"Saves\" ADD b integer");
             QCOMPARE(rowTexts(engine, "SHOW default_transaction_isolation"), QStringList("read committed"));
         }
-        VERIFY_FAILURE(u"δικαίωμα στο σχήμα", PgEngine(stranger.in(office), {}));
-        dropPgDatabase(member.in(office));
-        QCOMPARE(pgSchemaState(office), PgSchemaState::Empty);  // the schema is the administrator's
+        VERIFY_FAILURE(u"δικαίωμα στο σχήμα", postgres::PgEngine(stranger.in(office), {}));
+        postgres::dropPgDatabase(member.in(office));
+        QCOMPARE(postgres::pgSchemaState(office), postgres::PgSchemaState::Empty);  // the schema is the administrator's
     }
 
     // What lies in a schema beside tables is somebody's work, too.
     void aFailedCreationTakesNothingThatWasThere() {
-        PgEngine admin(server(), {});
+        postgres::PgEngine admin(server(), {});
         ServerDescription office = server();
         office.schema = testengine::Schema::newName();
         const QByteArray schema = office.schema.toLatin1();
         admin.script("CREATE SCHEMA " + schema + "; CREATE FUNCTION " + schema +
-                     ".theirs() RETURNS integer LANGUAGE sql AS 'SELECT 1'");
-        VERIFY_ERROR(Constraint, createPgDatabase(office, DatabaseKind::Main));
+                     ".theirs() RETURNS integer LANGUAGE dialect::sql AS 'SELECT 1'");
+        VERIFY_ERROR(Constraint, postgres::createPgDatabase(office, DatabaseKind::Main));
         QCOMPARE(rowTexts(admin, "SELECT " + schema + ".theirs()"), QStringList("1"));
         admin.script("DROP SCHEMA " + schema + " CASCADE");
     }
@@ -304,13 +304,13 @@ private slots:
     void refusedServers() {
         ServerDescription nowhere = server();
         nowhere.host += u"/none"_s;
-        VERIFY_ERROR(Connection, PgEngine(nowhere, {}));
+        VERIFY_ERROR(Connection, postgres::PgEngine(nowhere, {}));
         ServerDescription foreign = server();
         foreign.schema = u"pg_catalog"_s;
-        VERIFY_ERROR(Connection, PgEngine(foreign, {}));
+        VERIFY_ERROR(Connection, postgres::PgEngine(foreign, {}));
         ServerDescription noDatabase = server();
         noDatabase.database = u"there's none"_s;
-        VERIFY_FAILURE(u"Ο διακομιστής της βάσης απάντησε", PgEngine(noDatabase, {}));
+        VERIFY_FAILURE(u"Ο διακομιστής της βάσης απάντησε", postgres::PgEngine(noDatabase, {}));
     }
 
     void descriptions() {

@@ -169,11 +169,11 @@ private slots:
     void notUpdatable() {
         addCard(*connection_, "Α");
         connection_->execute("insert into Saves (a,b) values (1,1)");
-        for (const char* sql : {"select Cards.code, Saves.a from Cards, Saves where Cards.code=Saves.code",
+        for (const char* dialect::sql : {"select Cards.code, Saves.a from Cards, Saves where Cards.code=Saves.code",
                                 "select count(*) as n from Cards", "select distinct επωνυμο from Cards"}) {
-            Recordset rows(*connection_, sql);
+            Recordset rows(*connection_, dialect::sql);
             QCOMPARE(rows.recordCount(), 1);
-            QVERIFY2(!rows.isUpdatable(), sql);
+            QVERIFY2(!rows.isUpdatable(), dialect::sql);
             VERIFY_ERROR(State, rows.addNew());
             VERIFY_ERROR(State, rows.field(0).setValue(1));
             VERIFY_ERROR(State, rows.remove());
@@ -353,9 +353,9 @@ private slots:
         addCard(*connection_, "Β", "11/5/1980");
         OpenOptions options;
         options.parameters = {{"dateFrom", QDate(1980, 11, 1)}, {"WHO", "α"}};
-        const QString sql = "select * from Cards where ΗΜ_ΓΕΝΗΣΗΣ >= DATEFROM and επωνυμο=who";
-        QCOMPARE(Recordset(*connection_, sql, options).recordCount(), 1);
-        VERIFY_ERROR(Parameter, Recordset(*connection_, sql));
+        const QString dialect::sql = "select * from Cards where ΗΜ_ΓΕΝΗΣΗΣ >= DATEFROM and επωνυμο=who";
+        QCOMPARE(Recordset(*connection_, dialect::sql, options).recordCount(), 1);
+        VERIFY_ERROR(Parameter, Recordset(*connection_, dialect::sql));
 
         const OpenOptions composed{{}, true};
         const QString day = "select επωνυμο from Cards where ΗΜ_ΓΕΝΗΣΗΣ=#05/11/1980#";
@@ -367,10 +367,10 @@ private slots:
     }
 
     void errorsCarryTheStatement() {
-        const QString sql = "select * from Nothing";
-        const auto error = errorOf([&] { connection_->execute(sql); });
+        const QString dialect::sql = "select * from Nothing";
+        const auto error = errorOf([&] { connection_->execute(dialect::sql); });
         QVERIFY(error && error->category() == ErrorCategory::Syntax);
-        QCOMPARE(error->statement(), sql);
+        QCOMPARE(error->statement(), dialect::sql);
         QVERIFY(!error->text().contains("select"));
     }
 
@@ -385,7 +385,7 @@ private slots:
     }
 
     void schemaTables() {
-        Recordset tables = connection_->openSchemaTables();
+        Recordset tables = openSchemaTables(*connection_);
         QCOMPARE(tables.recordCount(), 2);
         QCOMPARE(tables[u"TABLE_NAME"].text(), "Cards");
         QCOMPARE(tables[u"table_type"].text(), "TABLE");

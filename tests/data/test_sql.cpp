@@ -56,7 +56,7 @@ const ValueCase valueCases[] = {
 
 struct TextCase {
     const char* name;
-    Sql sql;
+    Sql dialect::sql;
     QString text;
 };
 

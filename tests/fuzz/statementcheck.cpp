@@ -4,6 +4,7 @@
 
 #include "data/error.h"
 #include "data/postgres/pgdialect.h"
+#include "data/sqlite/sqliteparserlimit.h"
 #include "data/sqlite/wordindex.h"
 
 using namespace Qt::Literals::StringLiterals;
@@ -12,8 +13,8 @@ using namespace data;
 
 namespace {
 
-DialectOptions optionsOf(unsigned char bits) {
-    DialectOptions options;
+dialect::DialectOptions optionsOf(unsigned char bits) {
+    dialect::DialectOptions options;
     if (bits & 1) options.dateOrder = DateOrder::DayFirst;
     options.decimalComma = bits & 2;
     options.selectOnly = bits & 4;
@@ -40,7 +41,7 @@ Catalog withWords(DialectDatabase& database) {
             if (isText(table.columns[i].type)) texts += i;
         if (table.autonumber >= 0 && !texts.isEmpty()) {
             table.rowIdentity = table.columns[table.autonumber].name;
-            database.engine(wordIndexScript(table, texts));
+            database.engine(sqlite::wordIndexScript(table, texts));
             table.words = {wordIndexName(table), texts};
         }
         out.add(table);
@@ -48,21 +49,21 @@ Catalog withWords(DialectDatabase& database) {
     return out;
 }
 
-QStringList linesOf(QString sql) {
-    sql.replace(u"\r\n"_s, u"\n"_s).replace(u'\r', u'\n');
-    return sql.split(u'\n');
+QStringList linesOf(QString dialect::sql) {
+    dialect::sql.replace(u"\r\n"_s, u"\n"_s).replace(u'\r', u'\n');
+    return dialect::sql.split(u'\n');
 }
 
-bool placeIsInside(const QString& error, const QString& sql) {
+bool placeIsInside(const QString& error, const QString& dialect::sql) {
     static const QRegularExpression one(u"^Στη θέση (\\d+): ."_s);
     static const QRegularExpression several(u"^Στη γραμμή (\\d+), στήλη (\\d+): ."_s);
     if (const auto found = one.match(error); found.hasMatch()) {
         const qlonglong position = found.captured(1).toLongLong();
-        return position >= 1 && position <= sql.size() + 1;
+        return position >= 1 && position <= dialect::sql.size() + 1;
     }
     const auto found = several.match(error);
     if (!found.hasMatch()) return false;
-    const QStringList lines = linesOf(sql);
+    const QStringList lines = linesOf(dialect::sql);
     const qlonglong line = found.captured(1).toLongLong();
     const qlonglong column = found.captured(2).toLongLong();
     return line >= 1 && line <= lines.size() && column >= 1 && column <= lines[line - 1].size() + 2;
@@ -78,21 +79,21 @@ bool isTranslators(int category) {
 
 StatementCheck::StatementCheck()
     : serverCatalog_(withServerIdentities(database_.catalog())),
-      server_(serverCatalog_, pgDialect()),
+      server_(serverCatalog_, postgres::pgDialect(), sqlite::sqliteParserLimit()),
       wordedCatalog_(withWords(database_)),
-      worded_(wordedCatalog_, database_.dialect()) {}
+      worded_(wordedCatalog_, database_.dialect(), sqlite::sqliteParserLimit()) {}
 
-StatementCheck::Outcome StatementCheck::outcome(Translator& translator, const QString& sql,
-                                                const DialectOptions& options) {
+StatementCheck::Outcome StatementCheck::outcome(dialect::Translator& translator, const QString& dialect::sql,
+                                                const dialect::DialectOptions& options) {
     try {
-        return {translator.translate(sql, options), {}, -1};
+        return {translator.translate(dialect::sql, options), {}, -1};
     } catch (const Error& error) {
         return {nullptr, error.text(), int(error.category())};
     }
 }
 
 // An engine's own complaint about a statement that we wrote is our mistake.
-QString StatementCheck::prepareFault(const Translation& translation) {
+QString StatementCheck::prepareFault(const dialect::Translation& translation) {
     try {
         database_.prepare(translation);
     } catch (const Error& error) {
@@ -103,10 +104,10 @@ QString StatementCheck::prepareFault(const Translation& translation) {
 
 QString StatementCheck::fault(const QByteArray& input) {
     if (input.isEmpty()) return {};
-    const DialectOptions options = optionsOf(static_cast<unsigned char>(input[0]));
-    const QString sql = QString::fromUtf8(input.mid(1));
-    const Outcome here = outcome(database_.translator(), sql, options);
-    const Outcome there = outcome(server_, sql, options);
+    const dialect::DialectOptions options = optionsOf(static_cast<unsigned char>(input[0]));
+    const QString dialect::sql = QString::fromUtf8(input.mid(1));
+    const Outcome here = outcome(database_.translator(), dialect::sql, options);
+    const Outcome there = outcome(server_, dialect::sql, options);
     if (here.category != there.category || here.error != there.error)
         return u"the engines differ: «%1» and «%2»"_s.arg(here.error, there.error);
     if (here.translation) {
@@ -114,10 +115,10 @@ QString StatementCheck::fault(const QByteArray& input) {
         if (here.translation->columns.size() != there.translation->columns.size())
             return u"the engines show different columns"_s;
         if (const QString wrong = prepareFault(*here.translation); !wrong.isEmpty()) return wrong;
-        const Outcome worded = outcome(worded_, sql, options);
+        const Outcome worded = outcome(worded_, dialect::sql, options);
         return worded.translation ? prepareFault(*worded.translation) : worded.error;
     }
     if (!isTranslators(here.category)) return u"category %1: "_s.arg(here.category) + here.error;
-    if (!placeIsInside(here.error, sql)) return u"no place in the statement: "_s + here.error;
+    if (!placeIsInside(here.error, dialect::sql)) return u"no place in the statement: "_s + here.error;
     return {};
 }

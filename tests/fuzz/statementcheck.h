@@ -16,17 +16,18 @@ public:
 
 private:
     struct Outcome {
-        std::shared_ptr<const data::Translation> translation;
+        std::shared_ptr<const data::dialect::Translation> translation;
         QString error;
         int category = -1;
     };
-    static Outcome outcome(data::Translator& translator, const QString& sql, const data::DialectOptions& options);
-    QString prepareFault(const data::Translation& translation);
+    static Outcome outcome(data::dialect::Translator& translator, const QString& sql,
+                           const data::dialect::DialectOptions& options);
+    QString prepareFault(const data::dialect::Translation& translation);
 
     DialectDatabase database_{DialectDatabase::Engine::Sqlite};
     data::Catalog serverCatalog_;
-    data::Translator server_;
+    data::dialect::Translator server_;
     data::Catalog wordedCatalog_;  // every text in a word index
-    data::Translator worded_;
+    data::dialect::Translator worded_;
     int translated_ = 0;
 };

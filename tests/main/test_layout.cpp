@@ -5,7 +5,7 @@
 #include <QMdiSubWindow>
 #include <QStackedWidget>
 
-#include "support/incase.h"
+#include "support/cases.h"
 #include "support/windowwalk.h"
 
 namespace {

@@ -1,29 +1,27 @@
 #include <QMdiArea>
 #include <QSignalSpy>
-#include <QTimer>
 
-#include "core/printout.h"
+#include "core/printsettings.h"
 #include "main/mdimain.h"
+#include "support/cases.h"
+#include "support/driver.h"
 #include "support/office.h"
-#include "users/frmowner.h"
 
 using entry::MDIMain;
 
 namespace {
 
-struct Site {
+struct Site : support::Office {
     explicit Site(int group = core::groupAdministrators) {
-        office.mod.gUserGroup = group;
-        desk().settings.setValue("Settings", "Name", "Γραφείο");
+        mod.gUserGroup = group;
+        desk.settings.setValue("Settings", "Name", "Γραφείο");
     }
-    support::Desk& desk() { return office.desk; }
     std::unique_ptr<MDIMain> open() {
-        auto window = std::make_unique<MDIMain>(office.mod);
+        auto window = std::make_unique<MDIMain>(mod);
         window->load();
         window->show();
         return window;
     }
-    support::Office office;
 };
 
 QStringList visible(const MDIMain& window) {
@@ -42,24 +40,22 @@ private slots:
         Site site;
         const auto window = site.open();
         QCOMPARE(window->windowTitle(), "Velmarine Dorvalist Ver. " + core::programVersion());
-        QCOMPARE(window->statusPanel(1)->text(), QString("05/11/2026"));
-        QCOMPARE(window->statusPanel(2)->text(), QString("10:30"));
-        QCOMPARE(window->statusPanel(5)->text(), QString("Χρήστης: Admin"));
+        QCOMPARE(window->statusPanel(1)->text(), "05/11/2026");
+        QCOMPARE(window->statusPanel(2)->text(), "10:30");
+        QCOMPARE(window->statusPanel(5)->text(), "Χρήστης: Admin");
     }
 
     void thePreviewComesBackFromTheMenu() {
-        support::Office office;
-        office.desk.settings.setValue("Settings", "Name", "Γραφείο");
-        core::setPreviewsPrints(office.desk.settings, true);
-        entry::MDIMain window(office.mod);
-        window.load();
-        QAction* entry = window.menu("mnuPreview");
+        Site site;
+        core::setPreviewsPrints(site.desk.settings, true);
+        const auto window = site.open();
+        QAction* entry = window->menu("mnuPreview");
         QVERIFY(entry->isVisible() && entry->isChecked());
-        core::setPreviewsPrints(office.desk.settings, false);  // as its check box does
-        emit window.menu("mnuView")->menu()->aboutToShow();
+        core::setPreviewsPrints(site.desk.settings, false);  // as its check box does
+        emit window->menu("mnuView")->menu()->aboutToShow();
         QVERIFY(!entry->isChecked());
         entry->trigger();
-        QVERIFY(core::previewsPrints(office.desk.settings));
+        QVERIFY(core::previewsPrints(site.desk.settings));
     }
 
     void rightsDecideTheSettingsMenu() {
@@ -83,33 +79,43 @@ private slots:
         QVERIFY(!names.contains("mnuDates") && !names.contains("mnuThinks"));
     }
 
-    void theNounChangesTheMenusAtOnce() {
+    void theNounNamesTheMenus() {
+        struct Case {
+            int category;
+            const char *address, *cards, *checked;  // "" when none of the entries is
+        };
+        const Case cases[] = {{1, "Επαφές", "Καρτέλα Επαφών", "MnuCat(1)"},
+                              {2, "Πελάτες", "Καρτέλα Πελατών", "MnuCat(2)"},
+                              {3, "Μέλη", "Καρτέλα Μελών", "MnuCat(3)"},
+                              {4, "Ασθενείς", "Καρτέλα Ασθενών", ""},
+                              {9, "01", "0101", ""}};
         Site site;
-        const auto window = site.open();
-        QCOMPARE(window->menu("mnuAddress")->text(), QString("Επαφές"));
-        QVERIFY(window->menu("MnuCat(1)")->isChecked());
-        window->menu("mnuCards")->trigger();
-        window->menu("MnuCat(3)")->trigger();
-        QCOMPARE(window->menu("mnuCards")->text(), QString("Καρτέλα Μελών"));
-        QVERIFY(window->menu("MnuCat(3)")->isChecked() && !window->menu("MnuCat(1)")->isChecked());
-        QCOMPARE(site.desk().settings.number("Settings", "Category", 0), 3);
-        QVERIFY(window->windows().find("frmAddress"));
-    }
-
-    void patientsKeepTheirNoun() {
-        Site site;
-        site.desk().settings.setNumber("Settings", "Category", 4);
-        const auto window = site.open();
-        QCOMPARE(window->menu("mnuAddress")->text(), QString("Ασθενείς"));
-        QVERIFY(!window->menu("mnu")->isVisible());
-    }
-
-    void aWrongNounShows() {
-        Site site;
-        site.desk().settings.setNumber("Settings", "Category", 9);
-        const auto window = site.open();
-        QCOMPARE(window->menu("mnuAddress")->text(), QString("01"));
-        QCOMPARE(window->menu("mnuCards")->text(), QString("0101"));
+        const auto state = [](const MDIMain& window) {
+            QStringList checked;
+            for (const char* entry : {"MnuCat(1)", "MnuCat(2)", "MnuCat(3)"})
+                if (window.menu(entry)->isChecked()) checked << entry;
+            return QStringList{window.menu("mnuAddress")->text(), window.menu("mnuCards")->text(), checked.join('+')};
+        };
+        for (const Case& c : cases) {
+            const support::InCase in(c.address);
+            const QStringList expected{c.address, c.cards, c.checked};
+            site.desk.settings.setNumber("Settings", "Category", c.category);
+            const auto window = site.open();
+            QCOMPARE(state(*window), expected);
+            QCOMPARE(window->menu("mnu")->isVisible(), c.category != 4);  // patients keep their noun
+            if (c.category > 3) continue;
+            // Chosen one after the other, with a card open.
+            window->menu("mnuCards")->trigger();
+            for (const Case& other : cases) {
+                if (other.category > 3) continue;
+                window->menu(other.checked)->trigger();
+                QCOMPARE(state(*window), QStringList({other.address, other.cards, other.checked}));
+                QCOMPARE(site.desk.settings.number("Settings", "Category", 0), other.category);
+            }
+            window->menu(c.checked)->trigger();
+            QCOMPARE(state(*window), expected);
+            QVERIFY(window->windows().find("frmAddress"));
+        }
     }
 
     void leavingAsksAndUnloads() {
@@ -117,15 +123,15 @@ private slots:
         const auto window = site.open();
         window->menu("mnuCards")->trigger();
         QSignalSpy exited(window.get(), &MDIMain::exited);
-        site.desk().prompts.answer(false);
-        window->menu("mnuExit")->trigger();
-        QCOMPARE(site.desk().prompts.lastTitle(), QString("Ερώτηση..."));
-        QCOMPARE(site.desk().prompts.lastText(), QString("Είστε σίγουρος για έξοδο απο το πρόγραμμα; "));
-        QVERIFY(window->isVisible() && site.office.mod.gAddressOpen && exited.isEmpty());
-        site.desk().prompts.answer(true);
-        window->close();
-        QVERIFY(!window->isVisible() && !site.office.mod.gAddressOpen);
-        QCOMPARE(exited.count(), 1);
+        for (const bool yes : {false, true}) {
+            site.desk.prompts.answer(yes);
+            window->menu("mnuExit")->trigger();
+            QCOMPARE(site.desk.prompts.lastTitle(), "Ερώτηση...");
+            QCOMPARE(site.desk.prompts.lastText(), "Είστε σίγουρος για έξοδο απο το πρόγραμμα; ");
+            QCOMPARE(window->isVisible(), !yes);
+            QCOMPARE(site.mod.gAddressOpen, !yes);
+            QCOMPARE(exited.count(), int(yes));
+        }
     }
 
     void aCardUnderEditHoldsTheLogOff() {
@@ -134,33 +140,31 @@ private slots:
         window->menu("mnuCards")->trigger();
         window->findChild<QAbstractButton*>("lblClick(5)")->click();
         QSignalSpy loggedOff(window.get(), &MDIMain::loggedOff);
-        site.desk().prompts.answer(false);
+        site.desk.prompts.answer(false);
         window->menu("mnuLogOff")->trigger();
         QVERIFY(window->isVisible() && loggedOff.isEmpty());
         // The next way out is an ordinary one again, with its question.
-        site.desk().prompts.answer(false);
+        site.desk.prompts.answer(false);
         window->close();
-        QCOMPARE(site.desk().prompts.lastTitle(), QString("Ερώτηση..."));
+        QCOMPARE(site.desk.prompts.lastTitle(), "Ερώτηση...");
     }
 
     void placementIsKeptUnlessMinimised() {
         Site site;
-        {
+        for (const bool minimised : {false, true}) {
             auto window = site.open();
-            window->setGeometry(60, 30, 700, 500);
-            site.desk().prompts.answer(true);
+            if (minimised) {
+                QCOMPARE(window->geometry(), QRect(60, 30, 700, 500));
+                window->showMinimized();
+            }
+            window->setGeometry(minimised ? QRect(10, 10, 300, 200) : QRect(60, 30, 700, 500));
+            site.desk.prompts.answer(true);
             window->close();
+            QCOMPARE(site.desk.settings.number("Settings", "MainWidth", 0), 700 * 15);
+            QCOMPARE(site.desk.settings.number("Settings", "MainHeight", 0), 500 * 15);
+            QCOMPARE(site.desk.settings.number("Settings", "MainLeft", 0), 60 * 15);
+            QCOMPARE(site.desk.settings.number("Settings", "MainTop", 0), 30 * 15);
         }
-        QCOMPARE(site.desk().settings.number("Settings", "MainWidth", 0), 700 * 15);
-        {
-            auto window = site.open();
-            QCOMPARE(window->size(), QSize(700, 500));
-            window->showMinimized();
-            window->resize(300, 200);
-            site.desk().prompts.answer(true);
-            window->close();
-        }
-        QCOMPARE(site.desk().settings.number("Settings", "MainWidth", 0), 700 * 15);
     }
 
     void theCardFitsAtItsFirstOpening() {
@@ -181,23 +185,21 @@ private slots:
         QWidget* frame = window->windows().find("frmAddress")->parentWidget();
         frame->close();
         QTRY_VERIFY(!window->windows().find("frmAddress"));
-        QVERIFY(!site.office.mod.gAddressOpen);
+        QVERIFY(!site.mod.gAddressOpen);
         window->menu("mnuCards")->trigger();
-        QVERIFY(site.office.mod.gAddressOpen);
+        QVERIFY(site.mod.gAddressOpen);
     }
 
     void aNewInstallationAsksForTheOwnerFirst() {
         Site site;
-        site.desk().settings.setValue("Settings", "Name", "");
-        MDIMain window(site.office.mod);
-        QTimer::singleShot(0, [] {
-            auto* owner = qobject_cast<users::frmOwner*>(QApplication::activeModalWidget());
-            QVERIFY(owner);
-            owner->findChild<QLineEdit*>("Text7(0)")->setText("Νέο γραφείο");
-            owner->findChild<QPushButton*>("Command1")->click();
+        site.desk.settings.setValue("Settings", "Name", "");
+        MDIMain window(site.mod);
+        support::inNextDialog("frmOwner", [](support::Driver& owner) {
+            owner.type("Text7(0)", "Νέο γραφείο");
+            owner.click("Command1");
         });
         window.load();
-        QCOMPARE(site.desk().settings.value("Settings", "Name", ""), QString("Νέο γραφείο"));
+        QCOMPARE(site.desk.settings.value("Settings", "Name", ""), "Νέο γραφείο");
     }
 };
 

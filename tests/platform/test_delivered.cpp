@@ -1,6 +1,6 @@
 #include "platform/clock.h"
 #include "platform/folders.h"
-#include "support/incase.h"
+#include "support/cases.h"
 
 // What the program brings along, and where it may write.
 class TestDelivered : public QObject {

@@ -1,6 +1,7 @@
 // The drawing surface, and what reaches a PDF.
+#include "support/cases.h"
 #include "support/failure.h"
-#include "support/incase.h"
+#include "support/pageimage.h"
 #include "support/printedpdf.h"
 
 using namespace Qt::Literals::StringLiterals;
@@ -194,12 +195,7 @@ private slots:
         printer.box({1000, 5000, 2000, 2000});
         printer.line(5000, 5000, 7000, 5000);
         const auto document = printer.endDoc();
-        QImage page((document->setup().areaTwips() / 20).toSize(), QImage::Format_RGB32);
-        page.fill(Qt::white);
-        QPainter painter(&page);
-        painter.scale(1 / 20.0, 1 / 20.0);
-        document->paint(painter, 0);
-        painter.end();
+        const QImage page = support::pageImage(*document);
         const auto at = [&page](int x, int y) { return page.pixelColor(x / 20, y / 20); };
         QCOMPARE(at(2000, 2000), QColor(Qt::red));
         QCOMPARE(at(6000, 2000), QColor(Qt::blue));

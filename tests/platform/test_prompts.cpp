@@ -1,6 +1,8 @@
+#include <QDialogButtonBox>
+#include <QMessageBox>
 #include "platform/prompts.h"
 #include "platform/sound.h"
-#include "support/incase.h"
+#include "support/cases.h"
 
 using namespace Qt::Literals::StringLiterals;
 

@@ -1,6 +1,6 @@
 #include "platform/settings.h"
 
-#include "support/incase.h"
+#include "support/cases.h"
 
 using namespace Qt::Literals::StringLiterals;
 

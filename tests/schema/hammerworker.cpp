@@ -3,6 +3,7 @@
 #include <QRandomGenerator>
 #include <cstdio>
 
+#include "copies/upgradecopy.h"
 #include "data/recordset.h"
 #include "schema/office.h"
 
@@ -16,8 +17,8 @@ public:
     Worker(const QString& folder, int number) : number_(number), random_(quint32(number) * 7919 + 1) {
         using schema::Database;
         // No office is ever as busy: a seat may have to wait longer than a person would be let wait.
-        schema::open(office_, schema::connectionString(Database::Main, schema::mainDatabasePath(folder)) +
-                                  u"; Busy Timeout=60000"_s);
+        copies::openUpgraded(office_, schema::connectionString(Database::Main, schema::mainDatabasePath(folder)) +
+                                          u"; Busy Timeout=60000"_s);
         held_.open(office_, u"select code,FIELdnum1 from cards where code=1"_s);
     }
 

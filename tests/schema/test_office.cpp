@@ -1,8 +1,12 @@
-#include "data/password.h"
+#include "copies/upgradecopy.h"
+#include "data/opening/password.h"
 #include "schema/check.h"
+#include "schema/creation.h"
+#include "schema/office.h"
 #include "schema/upgrade.h"
 #include "support/cases.h"
 #include "support/failure.h"
+#include "support/files.h"
 #include "support/officefolder.h"
 
 using namespace Qt::Literals::StringLiterals;
@@ -11,11 +15,6 @@ using schema::Database;
 
 class TestOffice : public QObject {
     Q_OBJECT
-
-    static QByteArray bytesOf(const QString& path) {
-        QFile file(path);
-        return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
-    }
 
 private slots:
     void createdDatabasesAreTheTables() {
@@ -103,13 +102,11 @@ private slots:
     void creationNeverTouchesWhatIsThere() {
         for (const QString& existing : {u"dorvalist.mdb"_s, u"dorvalistu.mdb"_s}) {
             QTemporaryDir folder;
-            QFile file(folder.filePath(existing));
-            QVERIFY(file.open(QIODevice::WriteOnly));
-            file.write("mine");
-            file.close();
+            const QString file = folder.filePath(existing);
+            write(file, "mine");
             VERIFY_FAILURE(existing, schema::createOffice(folder.path(), {u"x"_s, {}}));
-            QCOMPARE(bytesOf(file.fileName()), QByteArray("mine"));
-            QCOMPARE(QDir(folder.path()).entryList(QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot).size(), 1);
+            QCOMPARE(bytesOf(file), QByteArray("mine"));
+            QCOMPARE(entriesOf(folder.path()).size(), 1);
         }
     }
 
@@ -120,7 +117,8 @@ private slots:
             schema::createOffice(folder, {u"x"_s, {}});
             for (const Database database : schema::allDatabases) {
                 data::Connection connection;
-                schema::open(connection, schema::connectionString(database, schema::databasePath(folder, database)));
+                copies::openUpgraded(connection,
+                                     schema::connectionString(database, schema::databasePath(folder, database)));
                 QVERIFY2(connection.isOpen(), qPrintable(name));
             }
         }
@@ -137,7 +135,7 @@ private slots:
     void failedCreationLeavesNothing() {
         QTemporaryDir parent;
         const QString folder = parent.filePath(u"new/office"_s);
-        VERIFY_FAILURE(u"nowhere", schema::createOffice(folder, {u"x"_s, parent.filePath(u"nowhere"_s)}));
+        VERIFY_FAILURE(u"namedays.tsv", schema::createOffice(folder, {u"x"_s, parent.filePath(u"nowhere"_s)}));
         QVERIFY(!QFileInfo::exists(folder));
         VERIFY_ERROR(Constraint, schema::createOffice(folder, {QString(), {}}));
         QVERIFY(!QFileInfo::exists(folder));
@@ -150,14 +148,15 @@ private slots:
         schema::NewOffice wanted{u"x"_s, parent.filePath(u"nowhere"_s),
                                  testengine::server(testengine::Schema::newName())};
         const QString folder = parent.filePath(u"a"_s);
-        VERIFY_FAILURE(u"nowhere", schema::createOffice(folder, wanted));
+        VERIFY_FAILURE(u"namedays.tsv", schema::createOffice(folder, wanted));
         QVERIFY(!QFileInfo::exists(folder));
         wanted.referenceFolder.clear();
         schema::createOffice(folder, wanted);  // the schemas of the failure are free again
         VERIFY_FAILURE(u"έχει ήδη πίνακες", schema::createOffice(parent.filePath(u"b"_s), wanted));
         for (const Database database : schema::allDatabases) {
             data::Connection connection;
-            schema::open(connection, schema::connectionString(database, schema::databasePath(folder, database)));
+            copies::openUpgraded(connection,
+                                 schema::connectionString(database, schema::databasePath(folder, database)));
             QCOMPARE(schema::findings(connection, database), QStringList());
         }
         dropServerOf(folder);
@@ -168,9 +167,9 @@ private slots:
         office.closeBoth();
         data::Connection connection;
         VERIFY_FAILURE(u"είναι η κύρια βάση",
-                       schema::open(connection, schema::connectionString(Database::Users, office.mainFile())));
+                       copies::openUpgraded(connection, schema::connectionString(Database::Users, office.mainFile())));
         VERIFY_FAILURE(u"είναι η βάση των χρηστών",
-                       schema::open(connection, schema::connectionString(Database::Main, office.usersFile())));
+                       copies::openUpgraded(connection, schema::connectionString(Database::Main, office.usersFile())));
         QVERIFY(!connection.isOpen());
     }
 
@@ -183,9 +182,9 @@ private slots:
             const QByteArray before = bytesOf(office.mainFile());
             data::Connection connection;
             const QString string = schema::connectionString(Database::Main, office.mainFile());
-            VERIFY_FAILURE(part, schema::open(connection, string));
+            VERIFY_FAILURE(part, copies::openUpgraded(connection, string));
             if (part == newer)
-                VERIFY_FAILURE(QString::number(schema::currentVersion), schema::open(connection, string));
+                VERIFY_FAILURE(QString::number(schema::currentVersion), copies::openUpgraded(connection, string));
             QVERIFY(!connection.isOpen());
             QCOMPARE(bytesOf(office.mainFile()), before);
         }
@@ -195,7 +194,8 @@ private slots:
         ScratchOffice office;
         schema::storeVersion(office.main, 731);  // stays in the journal while this connection is open
         data::Connection second;
-        VERIFY_FAILURE(u"(731)", schema::open(second, schema::connectionString(Database::Main, office.mainFile())));
+        VERIFY_FAILURE(u"(731)",
+                       copies::openUpgraded(second, schema::connectionString(Database::Main, office.mainFile())));
     }
 
     void findingsNameTheDamage() {

@@ -3,7 +3,9 @@
 #include <algorithm>
 
 #include "schema/tabfile.h"
+#include "support/cases.h"
 #include "support/failure.h"
+#include "support/files.h"
 #include "support/officefolder.h"
 
 using namespace Qt::Literals::StringLiterals;
@@ -15,10 +17,9 @@ class TestReference : public QObject {
     static QString delivered(const QString& name) { return QString::fromUtf8(DORV_REFERENCE "/") + name; }
 
     QString written(const QByteArray& content) {
-        QFile file(folder_.filePath(u"own.tsv"_s));
-        if (!file.open(QIODevice::WriteOnly)) qFatal("no scratch file");
-        file.write(content);
-        return file.fileName();
+        const QString file = folder_.filePath(u"own.tsv"_s);
+        write(file, content);
+        return file;
     }
     static const schema::ReferenceKind& kind(const QString& name) { return *schema::findReferenceKind(name); }
 
@@ -46,71 +47,67 @@ private slots:
         QVERIFY(*std::min_element(perMonth.cbegin() + 1, perMonth.cend()) >= 30);
     }
 
-    void deliveredFilesLoad_data() {
-        QTest::addColumn<QString>("name");
-        QTest::addColumn<QString>("probe");
-        QTest::addColumn<QString>("answer");
-        QTest::newRow("namedays") << u"namedays"_s
-                                  << u"select onoma from NameDay where day(hmera)=21 and month(hmera)=5 and "
-                                     u"onoma='Ελένη'"_s
-                                  << u"Ελένη"_s;
-        QTest::newRow("farmaka") << u"farmaka"_s << u"select top 1 ousia from Farmaka where name like 'Ατορβα%'"_s
-                                 << u"Ατορβαστατίνη"_s;
-        QTest::newRow("medra") << u"medra"_s
-                               << u"select [Κατηγορία/Οργανικό Σύστημα (SOC)_ονομασία] from MEDRA where "
-                                  u"[Preferred Term (PT)_ name]='Cough'"_s
-                               << u"Διαταραχές του αναπνευστικού συστήματος, του θώρακα και του μεσοθωρακίου"_s;
-    }
     void deliveredFilesLoad() {
-        QFETCH(QString, name);
-        QFETCH(QString, probe);
-        QFETCH(QString, answer);
+        const struct {
+            QString name, probe, answer;
+        } cases[] = {
+            {u"namedays"_s,
+             u"select onoma from NameDay where day(hmera)=21 and month(hmera)=5 and "
+             u"onoma='Ελένη'"_s,
+             u"Ελένη"_s},
+            {u"farmaka"_s, u"select top 1 ousia from Farmaka where name like 'Ατορβα%'"_s, u"Ατορβαστατίνη"_s},
+            {u"medra"_s,
+             u"select [Κατηγορία/Οργανικό Σύστημα (SOC)_ονομασία] from MEDRA where "
+             u"[Preferred Term (PT)_ name]='Cough'"_s,
+             u"Διαταραχές του αναπνευστικού συστήματος, του θώρακα και του μεσοθωρακίου"_s},
+        };
         ScratchOffice office;
-        const QString file = delivered(name + u".tsv"_s);
-        const int added = schema::loadReference(office.main, kind(name), file).added;
-        QVERIFY(added >= 40);
-        QCOMPARE(firstText(office.main, probe), answer);
-        const schema::LoadCounts again = schema::loadReference(office.main, kind(name), file);
-        QCOMPARE(again.added, 0);
-        QCOMPARE(again.alreadyThere, added);
-        QCOMPARE(schema::loadReference(office.main, kind(name), file, true).added, added);
-        QCOMPARE(firstText(office.main, u"select count(*) from "_s + kind(name).table), QString::number(added));
+        forEach(cases, [&](const auto& one) {
+            const QString file = delivered(one.name + u".tsv"_s);
+            const int added = schema::loadReference(office.main, kind(one.name), file).added;
+            QVERIFY(added >= 40);
+            QCOMPARE(firstText(office.main, one.probe), one.answer);
+            const schema::LoadCounts again = schema::loadReference(office.main, kind(one.name), file);
+            QCOMPARE(again.added, 0);
+            QCOMPARE(again.alreadyThere, added);
+            QCOMPARE(schema::loadReference(office.main, kind(one.name), file, true).added, added);
+            QCOMPARE(firstText(office.main, u"select count(*) from "_s + kind(one.name).table), QString::number(added));
+        });
     }
 
-    void badLineRejectsTheWholeFile_data() {
-        QTest::addColumn<QByteArray>("content");
-        QTest::addColumn<QString>("part");
-        const QByteArray good = "# c\nΆννα\t09/09\n";
-        QTest::newRow("columns") << good + "Ελένη\n" << u"γραμμή 3: χρειάζονται 2"_s;
-        QTest::newRow("too many columns") << good + "Ελένη\t21/05\tx\n" << u"βρέθηκαν 3"_s;
-        QTest::newRow("no date") << good + "\nΕλένη\t31/04\n" << u"γραμμή 4: το «31/04»"_s;
-        QTest::newRow("month first") << good + "Ελένη\t05/21\n" << u"«05/21»"_s;
-        QTest::newRow("signs for digits") << good + "Ελένη\t+1/-5\n" << u"«+1/-5»"_s;
-        QTest::newRow("no name") << good + "\t21/05\n" << u"πρώτη στήλη"_s;
-        QTest::newRow("twice") << good + "Ελένη\t21/05\r\nΆννα\t09/09\n" << u"γραμμή 4: είναι ίδια με τη γραμμή 2"_s;
-        QTest::newRow("not UTF-8") << good + QByteArray("\xC5\xEB\xDD\xED\xE7\t21/05\n") << u"γραμμή 3"_s;
-        QTest::newRow("NUL") << good + QByteArray("A\0B\t21/05\n", 10) << u"χαρακτήρας ελέγχου"_s;
-        QTest::newRow("too long") << good + QByteArray(10000, 'a') + "\t21/05\n" << u"έως 255"_s;
-        QTest::newRow("nothing") << QByteArray("# only this\n\n") << u"καμία γραμμή"_s;
-    }
     void badLineRejectsTheWholeFile() {
-        QFETCH(QByteArray, content);
-        QFETCH(QString, part);
+        const QByteArray good = "# c\nΆννα\t09/09\n";
+        const struct {
+            const char* name;
+            QByteArray content;
+            QString says;
+        } cases[] = {
+            {"columns", good + "Ελένη\n", u"γραμμή 3: χρειάζονται 2"_s},
+            {"too many columns", good + "Ελένη\t21/05\tx\n", u"βρέθηκαν 3"_s},
+            {"no date", good + "\nΕλένη\t31/04\n", u"γραμμή 4: το «31/04»"_s},
+            {"month first", good + "Ελένη\t05/21\n", u"«05/21»"_s},
+            {"signs for digits", good + "Ελένη\t+1/-5\n", u"«+1/-5»"_s},
+            {"no name", good + "\t21/05\n", u"πρώτη στήλη"_s},
+            {"twice", good + "Ελένη\t21/05\r\nΆννα\t09/09\n", u"γραμμή 4: είναι ίδια με τη γραμμή 2"_s},
+            {"not UTF-8", good + QByteArray("\xC5\xEB\xDD\xED\xE7\t21/05\n"), u"γραμμή 3"_s},
+            {"NUL", good + QByteArray("A\0B\t21/05\n", 10), u"χαρακτήρας ελέγχου"_s},
+            {"too long", good + QByteArray(10000, 'a') + "\t21/05\n", u"έως 255"_s},
+            {"nothing", "# only this\n\n", u"καμία γραμμή"_s},
+        };
         ScratchOffice office;
         office.main.execute(u"insert into NameDay (ONOMA,HMERA) values ('Πρώτη',#2000/02/29#)"_s);
-        const QString text =
-            failureOf([&] { schema::loadReference(office.main, kind(u"namedays"_s), written(content), true); });
-        QVERIFY2(text.contains(part), qPrintable(text));
-        QCOMPARE(firstText(office.main, u"select onoma from NameDay"_s), u"Πρώτη"_s);
+        forEach(cases, [&](const auto& one) {
+            VERIFY_FAILURE(one.says,
+                           schema::loadReference(office.main, kind(u"namedays"_s), written(one.content), true));
+            QCOMPARE(firstText(office.main, u"select onoma from NameDay"_s), u"Πρώτη"_s);
+        });
     }
 
     void missingFileSaysSo() {
         ScratchOffice office;
-        const auto loading = [&](const QString& file) {
-            return failureOf([&] { schema::loadReference(office.main, kind(u"medra"_s), file); });
-        };
-        QVERIFY(loading(folder_.filePath(u"nowhere.tsv"_s)).contains(u"nowhere.tsv"));
-        QVERIFY(loading(folder_.path()).startsWith(u"Δεν διαβάζεται"));
+        VERIFY_FAILURE(u"nowhere.tsv",
+                       schema::loadReference(office.main, kind(u"medra"_s), folder_.filePath(u"nowhere.tsv"_s)));
+        VERIFY_FAILURE(u"Δεν διαβάζεται", schema::loadReference(office.main, kind(u"medra"_s), folder_.path()));
     }
 };
 

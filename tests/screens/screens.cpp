@@ -7,9 +7,11 @@
 #include "cards/frmhistory.h"
 #include "cards/historyreport.h"
 #include "controls/theme.h"
+#include "copies/upgradecopy.h"
 #include "core/printpreview.h"
 #include "core/workprogress.h"
-#include "schema/demo.h"
+#include "demo/demo.h"
+#include "schema/creation.h"
 #include "schema/office.h"
 #include "support/windowwalk.h"
 
@@ -22,12 +24,13 @@ struct Studio {
         const QString office = directory.filePath("office");
         schema::createOffice(office, {u"admin"_s, QString::fromUtf8(DORV_REFERENCE)});
         using schema::Database;
-        schema::open(mod.gConn, schema::connectionString(Database::Main, schema::mainDatabasePath(office)));
-        schema::open(mod.gConnUsers, schema::connectionString(Database::Users, schema::usersDatabasePath(office)));
-        schema::DemoOptions options;
+        copies::openUpgraded(mod.gConn, schema::connectionString(Database::Main, schema::mainDatabasePath(office)));
+        copies::openUpgraded(mod.gConnUsers,
+                             schema::connectionString(Database::Users, schema::usersDatabasePath(office)));
+        demo::DemoOptions options;
         options.cards = 1000;
         options.referenceDate = desk.clock.today();
-        schema::fillDemo(mod.gConn, mod.gConnUsers, options);
+        demo::fillDemo(mod.gConn, mod.gConnUsers, options);
         mod.gUserName = u"Admin"_s;
         mod.gUserGroup = core::groupAdministrators;
         const std::pair<const char*, const char*> owner[] = {{"Name", "Γραφείο Επίδειξης"},

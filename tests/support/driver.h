@@ -27,6 +27,11 @@ class Driver {
 public:
     explicit Driver(QWidget& window) : window_(window) {}
 
+    QWidget& window() const { return window_; }
+    bool isOpen() const { return window_.isVisible(); }
+    QString title() const { return window_.windowTitle(); }
+    void key(Qt::Key key, Qt::KeyboardModifiers modifiers = {}) const { QTest::keyClick(&window_, key, modifiers); }
+
     template <typename W = QWidget>
     W* find(const QString& name) const {
         W* found = window_.findChild<W*>(name);
@@ -80,16 +85,16 @@ private:
     QWidget& window_;
 };
 
-// Runs `act` on the dialog that the next events open, and closes it if `act` left it open.
-template <typename Dialog>
-void inNextDialog(std::function<void(Dialog&)> act) {
-    QTimer::singleShot(0, qApp, [act] {
-        auto* dialog = qobject_cast<Dialog*>(QApplication::activeModalWidget());
-        if (!dialog) return QTest::qFail("the dialog didn't open", __FILE__, __LINE__);
+// Drives the dialog of that name, which the next events open, and closes it if `act` left it open.
+inline void inNextDialog(const QString& name, const std::function<void(Driver&)>& act) {
+    QTimer::singleShot(0, qApp, [name, act] {
+        const QPointer<QDialog> dialog(qobject_cast<QDialog*>(QApplication::activeModalWidget()));
+        if (!dialog || dialog->objectName() != name)
+            return QTest::qFail(qPrintable("the dialog didn't open: " + name), __FILE__, __LINE__);
         activate(*dialog);
-        const QPointer<Dialog> alive(dialog);
-        act(*dialog);
-        if (alive && alive->isVisible()) alive->done(QDialog::Rejected);
+        Driver driver(*dialog);
+        act(driver);
+        if (dialog && dialog->isVisible()) dialog->done(QDialog::Rejected);
     });
 }
 

@@ -1,14 +1,13 @@
 // An office as the program has it open.
 #pragma once
 
-#include "core/mainmod.h"
 #include "support/officefolder.h"
-#include "support/services.h"
+#include "support/seat.h"
 
 namespace support {
 
 // Default rows, the delivered name days, Admin's password "admin"; Admin has logged on.
-class Office : public OfficeFolder {
+class Office : public OfficeFolder, public Seat {
 public:
     Office() : OfficeFolder(u"admin"_s, QString::fromUtf8(DORV_REFERENCE)) {
         open(mod);
@@ -32,9 +31,23 @@ public:
     }
 
     QVariant value(const QString& sql) { return firstValue(mod.gConn, sql); }
+    QString text(const QString& sql) { return firstText(mod.gConn, sql); }
+    int count(const QString& table) { return value(u"select count(*) from "_s + table).toInt(); }
 
-    Desk desk;
-    core::MainMod mod{desk.services};
+    // The main database goes away, as after a fault of its disk, until it is brought back.
+    void lose() { mod.gConn.close(); }
+    void bringBack() {
+        mod.gConnUsers.close();
+        open(mod);
+    }
+};
+
+// Somebody else at work on the same office.
+struct OtherSeat : Seat {
+    explicit OtherSeat(Office& office) {
+        office.open(mod);
+        mod.gUserGroup = core::groupAdministrators;
+    }
 };
 
 }  // namespace support

@@ -1,10 +1,14 @@
 // A real office in a scratch folder, on the engine that the test runs on; it goes away with its object.
 #pragma once
 
+#include <QDir>
 #include <QTemporaryDir>
+#include <map>
 
-#include "data/fileidentity.h"
+#include "copies/upgradecopy.h"
+#include "data/opening/fileidentity.h"
 #include "data/recordset.h"
+#include "schema/creation.h"
 #include "schema/office.h"
 #include "support/testengine.h"
 
@@ -16,7 +20,7 @@ using namespace Qt::Literals::StringLiterals;
 inline void dropServerOf(const QString& folder) {
     for (const QString& file : {schema::mainDatabasePath(folder), schema::usersDatabasePath(folder)})
         if (data::identifyFile(file).kind == data::FileKind::ServerDescription)
-            data::dropPgDatabase(data::readServerDescription(file));
+            data::postgres::dropPgDatabase(data::readServerDescription(file));
 }
 
 class OfficeFolder {
@@ -24,8 +28,18 @@ public:
     explicit OfficeFolder(const QString& adminPassword, const QString& referenceFolder = {},
                           bool onServer = testengine::isPostgres()) {
         schema::NewOffice office{adminPassword, referenceFolder};
-        if (onServer) office.server = testengine::server(testengine::Schema::newName());
-        schema::createOffice(folder(), office);
+        if (onServer) {
+            office.server = testengine::server(testengine::Schema::newName());
+            schema::createOffice(folder(), office);
+            return;
+        }
+        // Made once for a test's program and copied from then on, which waits for no disk.
+        static std::map<std::pair<QString, QString>, QTemporaryDir> made;
+        const QString model = made[{adminPassword, referenceFolder}].filePath(u"office"_s);
+        if (!QFile::exists(model)) schema::createOffice(model, office);
+        QDir().mkpath(folder());
+        for (const QString& name : QDir(model).entryList(QDir::Files))
+            if (!QFile::copy(model + u'/' + name, folder() + u'/' + name)) qFatal("the office wasn't copied");
     }
     ~OfficeFolder() { dropServerOf(folder()); }
     Q_DISABLE_COPY_MOVE(OfficeFolder)
@@ -36,8 +50,8 @@ public:
 
     void open(data::Connection& main, data::Connection& users) const {
         using schema::Database;
-        schema::open(main, schema::connectionString(Database::Main, mainFile()));
-        schema::open(users, schema::connectionString(Database::Users, usersFile()));
+        copies::openUpgraded(main, schema::connectionString(Database::Main, mainFile()));
+        copies::openUpgraded(users, schema::connectionString(Database::Users, usersFile()));
     }
 
     QTemporaryDir directory_;  // free beside the office

@@ -2,7 +2,7 @@
 #pragma once
 
 #include "data/connection.h"
-#include "schema/demo.h"
+#include "demo/demo.h"
 #include "support/rowtexts.h"
 #include "support/testengine.h"
 
@@ -16,10 +16,10 @@ inline QString planOf(data::Connection& connection, const QString& sql) {
 // A server's planner wants rows to plan for, and reads a small table whatever indexes there are.
 inline void preparePlans(data::Connection& main, data::Connection& users) {
     if (!testengine::isPostgres()) return;
-    schema::DemoOptions options;
+    demo::DemoOptions options;
     options.cards = 3000;
     options.referenceDate = QDate(2026, 11, 23);
-    schema::fillDemo(main, users, options);
+    demo::fillDemo(main, users, options);
     main.engine().script("ANALYZE; SET enable_seqscan = off");
 }
 

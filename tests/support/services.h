@@ -8,6 +8,7 @@
 #include <deque>
 
 #include "platform/services.h"
+#include "support/pageimage.h"
 
 namespace support {
 
@@ -42,23 +43,23 @@ private:
 };
 
 // Keeps what was told and answers what was asked from queues filled beforehand. A question that no answer waits for
-// fails the test and counts as No or Cancel; so does a message, once refuseMessages() was called.
+// fails the test and counts as No or Cancel; so does an answer that nobody asked for.
 class RecordingPrompts : public platform::Prompts {
 public:
-    enum class Kind { Message, Question, Input, OpenFile, SaveFile, ChooseFolder };
     struct Shown {
-        Kind kind;
         platform::MessageIcon icon;
         QString title;
-        QString text;  // the filter for OpenFile, the suggested name for SaveFile
+        QString text;  // the filter of an openFile, the suggested name of a saveFile
     };
 
+    ~RecordingPrompts() override {
+        if (!QTest::currentTestFailed() && !(answers_.empty() && files_.empty() && folders_.empty()))
+            QTest::qFail("an answer was left that nobody asked for", __FILE__, __LINE__);
+    }
+
     void answer(bool yes) { answers_.push_back(yes); }
-    void answerInput(const QString& text) { inputs_.push_back({true, text}); }
-    void cancelInput() { inputs_.push_back({false, QString()}); }
     void answerFile(const QString& path) { files_.push_back(path); }
     void answerFolder(const QString& path) { folders_.push_back(path); }
-    void refuseMessages(bool on = true) { refusingMessages_ = on; }
 
     const QList<Shown>& shown() const { return shown_; }
     int count() const { return int(shown_.size()); }
@@ -69,57 +70,44 @@ public:
     bool wasShown(const QString& text) const {
         return std::any_of(shown_.begin(), shown_.end(), [&](const Shown& s) { return s.text == text; });
     }
-    // Answers that nobody asked for: a test ends with none.
-    int waiting() const { return int(answers_.size() + inputs_.size() + files_.size() + folders_.size()); }
     void clear() { shown_.clear(); }
     QString startPath;  // where the last file dialog began
 
     void message(QWidget*, platform::MessageIcon icon, const QString& title, const QString& text) override {
-        shown_.append({Kind::Message, icon, title, text});
-        if (refusingMessages_) fail("message", title, text);
+        shown_.append({icon, title, text});
     }
     bool question(QWidget*, const QString& title, const QString& text) override {
-        shown_.append({Kind::Question, platform::MessageIcon::Question, title, text});
-        return taken(answers_, false, "question", title, text);
+        shown_.append({platform::MessageIcon::Question, title, text});
+        return taken(answers_);
     }
-    std::optional<QString> input(QWidget*, const QString& title, const QString& prompt,
-                                 const QString& /*initial*/) override {
-        shown_.append({Kind::Input, platform::MessageIcon::Plain, title, prompt});
-        const InputAnswer answer = taken(inputs_, {}, "input", title, prompt);
-        if (!answer.given) return std::nullopt;
-        return answer.text;
+    std::optional<QString> input(QWidget*, const QString& title, const QString& prompt, const QString&) override {
+        shown_.append({platform::MessageIcon::Plain, title, prompt});
+        std::deque<QString> none;
+        taken(none);
+        return {};
     }
     QString openFile(QWidget*, const QString& title, const QString& filter, const QString& start) override {
         startPath = start;
-        shown_.append({Kind::OpenFile, platform::MessageIcon::Plain, title, filter});
-        return taken(files_, {}, "file dialog", title, filter);
+        shown_.append({platform::MessageIcon::Plain, title, filter});
+        return taken(files_);
     }
     QString saveFile(QWidget*, const QString& title, const QString& suggested, const QString&) override {
-        shown_.append({Kind::SaveFile, platform::MessageIcon::Plain, title, suggested});
-        return taken(files_, {}, "file dialog", title, suggested);
+        shown_.append({platform::MessageIcon::Plain, title, suggested});
+        return taken(files_);
     }
     QString chooseFolder(QWidget*, const QString& title) override {
-        shown_.append({Kind::ChooseFolder, platform::MessageIcon::Plain, title, QString()});
-        return taken(folders_, {}, "folder dialog", title, {});
+        shown_.append({platform::MessageIcon::Plain, title, QString()});
+        return taken(folders_);
     }
 
 private:
-    struct InputAnswer {
-        bool given = false;
-        QString text;
-    };
-
-    static void fail(const char* what, const QString& title, const QString& text) {
-        const QString report = u"Unexpected %1 \"%2\": %3"_s.arg(QLatin1String(what), title, text);
-        QTest::qFail(qUtf8Printable(report), __FILE__, __LINE__);
-    }
-
-    // The next answer, or `otherwise` and a failed test when none waits.
+    // The next answer to what was just shown, or none and a failed test.
     template <typename T>
-    T taken(std::deque<T>& queue, T otherwise, const char* what, const QString& title, const QString& text) {
+    T taken(std::deque<T>& queue) {
         if (queue.empty()) {
-            fail(what, title, text);
-            return otherwise;
+            const QString report = u"Unexpected \"%1\": %2"_s.arg(lastTitle(), lastText());
+            QTest::qFail(qUtf8Printable(report), __FILE__, __LINE__);
+            return {};
         }
         T first = std::move(queue.front());
         queue.pop_front();
@@ -128,9 +116,7 @@ private:
 
     QList<Shown> shown_;
     std::deque<bool> answers_;
-    std::deque<InputAnswer> inputs_;
     std::deque<QString> files_, folders_;
-    bool refusingMessages_ = false;
 };
 
 class RecordingSound : public platform::Sound {
@@ -150,6 +136,7 @@ public:
         int copies;
         platform::PageSetup setup;
         QVector<QStringList> pages;  // the texts of each
+        QImage firstPage;
 
         QStringList texts() const {
             QStringList all;
@@ -159,17 +146,21 @@ public:
     };
 
     QStringList installed{u"Γραφείο"_s};
-    QString failure;       // what goes wrong with every print from now on; empty for nothing
-    int stopsAtPage = -1;  // where the user stops every print from now on
+    // What goes wrong with every print from now on: what the printer says, any other failure, or where the user stops
+    // it.
+    QString failure;
+    std::function<void()> fault;
+    int stopsAtPage = -1;
     QVector<Sent> sent;
 
     QStringList names() const override { return installed; }
     QString defaultName() const override { return installed.value(0); }
     bool print(const platform::PrintDocument& document, const QString& printer, int copies,
                const platform::PageStep& step) override {
+        if (fault) fault();
         if (!failure.isEmpty()) throw platform::PrintError(failure);
         if (!installed.contains(printer)) throw platform::PrintError(u"Δεν υπάρχει: "_s + printer);
-        Sent now{printer, document.title(), copies, document.setup(), {}};
+        Sent now{printer, document.title(), copies, document.setup(), {}, pageImage(document)};
         for (int page = 0; page < document.pageCount(); ++page) {
             if (page == stopsAtPage || (step && !step(page))) return false;
             now.pages.append(document.texts(page));
@@ -203,6 +194,13 @@ struct Desk {
     RecordingShell shell;
     RecordingPrinters printers;
     platform::Services services{settings, clock, prompts, sound, shell, printers};
+
+    // The office's owner, whose details head what is printed.
+    const QStringList owner{u"Γραφείο Α"_s, u"Ερμού 12"_s, u"210 1234567"_s, u"info@example.gr"_s};
+    void setOwner() {
+        const char* keys[] = {"Name", "Address", "Phone", "Email"};
+        for (int i = 0; i < owner.size(); ++i) settings.setValue("Settings", keys[i], owner[i]);
+    }
 
     // Prints go straight to the printer: a test that wants to see the preview switches it on.
     Desk() { settings.setValue(u"Options"_s, u"PrintPreview"_s, u"0"_s); }

@@ -14,7 +14,7 @@ namespace support {
 class SqliteTrace {
 public:
     explicit SqliteTrace(data::Connection& connection)
-        : handle_(static_cast<data::SqliteEngine&>(connection.engine()).handle()) {
+        : handle_(static_cast<data::sqlite::SqliteEngine&>(connection.engine()).handle()) {
         sqlite3_trace_v2(handle_, SQLITE_TRACE_STMT, &SqliteTrace::note, this);
     }
     ~SqliteTrace() { sqlite3_trace_v2(handle_, 0, nullptr, nullptr); }

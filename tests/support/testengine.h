@@ -32,9 +32,9 @@ inline data::ServerDescription server(const QString& schema) {
 class Schema {
 public:
     explicit Schema(data::DatabaseKind kind = data::DatabaseKind::Main) : server_(server(newName())) {
-        data::createPgDatabase(server_, kind);
+        data::postgres::createPgDatabase(server_, kind);
     }
-    ~Schema() { data::dropPgDatabase(server_); }
+    ~Schema() { data::postgres::dropPgDatabase(server_); }
     Schema(const Schema&) = delete;
     Schema& operator=(const Schema&) = delete;
 

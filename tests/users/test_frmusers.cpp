@@ -1,85 +1,64 @@
-#include <QGroupBox>
-#include <QMenu>
-#include <QPushButton>
-
-#include "data/password.h"
-#include "support/office.h"
-#include "users/credentials.h"
 #include "users/frmusers.h"
 
-using namespace Qt::Literals::StringLiterals;
+#include <QGroupBox>
+#include <QMenu>
+
+#include "support/cases.h"
+#include "support/driver.h"
+#include "useroffice.h"
 
 namespace {
 
-const QString noGroup = u"Δεν έχετε επιλέξει ομάδα δικαιωμάτων\n για τον χρήστη "_s;
-const QString noName = u"Το όνομα Χρήστη δεν μπορεί να είναι κενό !!!"_s;
-const QString noPassword = u"Για λόγους ασφαλείας ο Κωδικός δεν μπορεί να είναι κενό !!!"_s;
-const QString deletion = u"Είστε σίγουρος για διαγραφή του χρήστη: "_s;
+const QString noGroup = "Δεν έχετε επιλέξει ομάδα δικαιωμάτων\n για τον χρήστη ";
+const QString noName = "Το όνομα Χρήστη δεν μπορεί να είναι κενό !!!";
+const QString noPassword = "Για λόγους ασφαλείας ο Κωδικός δεν μπορεί να είναι κενό !!!";
+const QString deletion = "Είστε σίγουρος για διαγραφή του χρήστη: ";
 
-struct Site {
-    Site() {
-        add("maria", "m1", 1);
-        add("νίκος", "n2", 2);
-        add("O'Neil", "o3", 3);
+// Shown in this order: O'Neil, νίκος, maria.
+struct ThreeUsers : support::UserOffice {
+    ThreeUsers() {
+        addUser("maria", verifier("m1"), 1);
+        addUser("νίκος", verifier("n2"), 2);
+        addUser("O'Neil", verifier("o3"), 3);
     }
-    ~Site() { form.reset(); }
+    // "name/group", "" for nobody.
+    QString user(QString name) {
+        return stored("select UserName & '/' & [Group] from users where UserName='" + name.replace("'", "''") + "'");
+    }
+};
 
-    void add(const QString& name, const QString& password, const QVariant& group) {
-        data::Recordset users(office.mod.gConnUsers, "select * from users");
-        users.addNew();
-        users[u"UserName"].setValue(name);
-        users[u"Password"].setValue(data::makeVerifier(password, data::PasswordCost::Light));
-        users[u"Group"].setValue(group);
-        users.update();
+struct UsersDriver : support::Driver {
+    explicit UsersDriver(ThreeUsers& office) : Driver(form), form(office.mod) {
+        form.load();
+        support::activate(form);
     }
-    void open() {
-        form = std::make_unique<users::frmUsers>(office.mod);
-        form->load();
-        form->show();
-        QVERIFY(QTest::qWaitForWindowActive(form.get()));
+    void select(const QString& name) { list()->selectRow(rowOf(name)); }
+    void edit(const QString& name) {
+        select(name);
+        trigger("mnuEditUser");
     }
-    void select(const QString& name) {
-        for (int i = 0; i < list()->count(); ++i)
-            if (list()->row(i).cells[0] == name) return list()->selectRow(i);
-        QFAIL(qPrintable(name));
-    }
-    void type(const QString& name, const QString& password, const QString& group) {
-        for (auto [box, text] : {std::pair("Text1", name), std::pair("Text2", password)}) {
-            auto* edit = find<controls::TextBox>(box);
-            edit->setFocus(Qt::TabFocusReason);
-            edit->selectAll();
-            text.isEmpty() ? QTest::keyClick(edit, Qt::Key_Delete) : edit->insert(text);
+    // Over what stands there, as typing does.
+    void fill(const QString& name, const QString& password, const QString& group) {
+        for (const auto& [box, text] : {std::pair("Text1", name), std::pair("Text2", password)}) {
+            auto* line = find<QLineEdit>(box);
+            line->setFocus(Qt::TabFocusReason);
+            line->selectAll();
+            text.isEmpty() ? QTest::keyClick(line, Qt::Key_Delete) : line->insert(text);
         }
-        combo()->setCurrentIndex(combo()->findText(group));
+        find<QComboBox>("Combo1")->setCurrentIndex(find<QComboBox>("Combo1")->findText(group));
     }
-    void confirm() { find<QPushButton>("Command1")->click(); }
-    void trigger(const QString& action) { find<QAction>(action)->trigger(); }
-    bool editing() { return find<QGroupBox>("Frame1")->isVisible(); }
-    QStringList names() {
-        QStringList names;
-        for (int i = 0; i < list()->count(); ++i) names << list()->row(i).cells[0];
-        return names;
+    // At the end of the password's box, whatever stands there.
+    void typeBehindPassword(const std::function<void(QLineEdit*)>& keys) {
+        auto* line = find<QLineEdit>("Text2");
+        line->setFocus(Qt::TabFocusReason);
+        line->end(false);
+        keys(line);
     }
-    QString focused() { return form->focusWidget() ? form->focusWidget()->objectName() : QString(); }
-    // What the table holds: "name/group" and whether the password is right.
-    QString user(const QString& name) {
-        data::Recordset row(office.mod.gConnUsers,
-                            "select * from users where UserName='" + QString(name).replace("'", "''") + "'");
-        return row.isEmpty() ? QString() : row[u"UserName"].text() + "/" + row[u"Group"].text();
-    }
-    bool knows(const QString& name, const QString& password) {
-        return users::authenticate(office.mod.gConnUsers, name, password).has_value();
-    }
-    controls::ListView* list() { return find<controls::ListView>("ListView1"); }
-    controls::ChoiceBox* combo() { return find<controls::ChoiceBox>("Combo1"); }
-    support::RecordingPrompts& prompts() { return office.desk.prompts; }
-    template <typename T>
-    T* find(const QString& name) {
-        return form->findChild<T*>(name);
-    }
+    void confirm() { click("Command1"); }
+    bool isEditing() { return isVisible("Frame1") && !isVisible("ListView1"); }
+    QStringList names() { return column(0); }
 
-    support::Office office;
-    std::unique_ptr<users::frmUsers> form;
+    users::frmUsers form;
 };
 
 }  // namespace
@@ -88,282 +67,239 @@ class TestFrmUsers : public QObject {
     Q_OBJECT
 private slots:
     void theListShowsTheHighestGroupFirst() {
-        Site site;
-        site.add("παλιός", "x", 7);
-        site.add("χωρίς", "x", {});
-        site.office.mod.gConnUsers.execute("update groups set name='Ο''Κ' where code=3");
-        site.open();
-        QStringList rows;
-        for (int i = 0; i < site.list()->count(); ++i) rows << site.list()->row(i).cells.join('/');
+        ThreeUsers office;
+        office.addUser("παλιός", "x", 7);
+        office.addUser("χωρίς", "x", {});
+        office.mod.gConnUsers.execute("update groups set name='Ο''Κ' where code=3");
+        UsersDriver form(office);
         // A user without a group stands first, as Null does everywhere.
-        QCOMPARE(rows, QStringList({"χωρίς/", "παλιός/", "O'Neil/Ο'Κ", "νίκος/Χρήστες", "maria/Διαχειριστές"}));
-        QCOMPARE(site.combo()->count(), 3);
-        QVERIFY(site.prompts().isEmpty());
+        QCOMPARE(form.rows(), QStringList({"χωρίς|", "παλιός|", "O'Neil|Ο'Κ", "νίκος|Χρήστες", "maria|Διαχειριστές"}));
+        QCOMPARE(form.find<QComboBox>("Combo1")->count(), 3);
+        QVERIFY(office.desk.prompts.isEmpty());
     }
 
-    void checks_data() {
-        QTest::addColumn<QString>("edited");  // empty: a new user
-        QTest::addColumn<QString>("name");
-        QTest::addColumn<QString>("password");
-        QTest::addColumn<QString>("group");
-        QTest::addColumn<QString>("message");  // empty: saved
-        QTest::addColumn<QString>("focus");
-        const QString users = "Χρήστες", taken = "Το όνομα Χρήστη %1 υπάρχει ήδη !!!";
-        QTest::newRow("new") << ""
-                             << "άννα"
-                             << "p" << users << ""
-                             << "";
-        QTest::newRow("new, quotes") << ""
-                                     << "d'Artagnan"
-                                     << "p'q" << users << ""
-                                     << "";
-        QTest::newRow("new, no group") << ""
-                                       << "άννα"
-                                       << "p"
-                                       << "" << noGroup + "άννα"
-                                       << "Combo1";
-        QTest::newRow("the group counts first") << ""
-                                                << ""
-                                                << ""
-                                                << "" << noGroup << "Combo1";
-        QTest::newRow("new, no name") << ""
-                                      << ""
-                                      << "" << users << noName << "Text1";
-        QTest::newRow("new, taken") << ""
-                                    << "maria"
-                                    << "" << users << taken.arg("maria") << "Text1";
-        QTest::newRow("new, taken but for accents") << ""
-                                                    << "ΝΙΚΟΣ"
-                                                    << "p" << users << taken.arg("ΝΙΚΟΣ") << "Text1";
-        QTest::newRow("new, no password") << ""
-                                          << "άννα"
-                                          << "" << users << noPassword << "Text2";
-        QTest::newRow("edit") << "O'Neil"
-                              << "O'Hara"
-                              << "p" << users << ""
-                              << "";
-        QTest::newRow("edit, case alone") << "maria"
-                                          << "MARIA"
-                                          << "p" << users << ""
-                                          << "";
-        QTest::newRow("edit, name of another") << "maria"
-                                               << "o'neil"
-                                               << "p" << users << taken.arg("o'neil") << "Text1";
-        QTest::newRow("edit, password emptied") << "maria"
-                                                << "maria"
-                                                << "" << users << noPassword << "Text2";
-    }
     void checks() {
-        QFETCH(QString, edited);
-        QFETCH(QString, name);
-        QFETCH(QString, password);
-        QFETCH(QString, group);
-        QFETCH(QString, message);
-        QFETCH(QString, focus);
-        Site site;
-        site.open();
-        if (!edited.isEmpty()) site.select(edited);
-        site.trigger(edited.isEmpty() ? "mnuNewUser" : "mnuEditUser");
-        QVERIFY(site.editing() && !site.list()->isVisible());
-        const QStringList before = site.names();
-        site.type(name, password, group);
-        site.confirm();
-        QCOMPARE(site.prompts().lastText(), message);
-        QCOMPARE(site.editing(), !message.isEmpty());
-        if (!message.isEmpty()) {
-            QCOMPARE(site.focused(), focus);
-            QCOMPARE(site.find<controls::TextBox>("Text1")->text(), name);
-            QCOMPARE(site.names(), before);
-            return;
+        struct Case {
+            const char* name;
+            QString edited;  // empty: a new user
+            QString user, password, group, message, focus;
+        };
+        const QString users = "Χρήστες", taken = "Το όνομα Χρήστη %1 υπάρχει ήδη !!!", saved;
+        const Case cases[] = {
+            {"new", "", "άννα", "p", users, saved, "ListView1"},
+            {"new, quotes", "", "d'Artagnan", "p'q", users, saved, "ListView1"},
+            {"new, no group", "", "άννα", "p", "", noGroup + "άννα", "Combo1"},
+            {"the group counts first", "", "", "", "", noGroup, "Combo1"},
+            {"new, no name", "", "", "", users, noName, "Text1"},
+            {"new, taken", "", "maria", "", users, taken.arg("maria"), "Text1"},
+            {"new, taken but for accents", "", "ΝΙΚΟΣ", "p", users, taken.arg("ΝΙΚΟΣ"), "Text1"},
+            {"new, no password", "", "άννα", "", users, noPassword, "Text2"},
+            {"edit the first", "O'Neil", "O'Hara", "p", users, saved, "ListView1"},
+            {"edit, case alone", "maria", "MARIA", "p", users, saved, "ListView1"},
+            {"edit, name of another", "maria", "o'neil", "p", users, taken.arg("o'neil"), "Text1"},
+            {"edit, password emptied", "maria", "maria", "", users, noPassword, "Text2"},
+        };
+        for (const Case& c : cases) {
+            const support::InCase in(c.name);
+            ThreeUsers office;
+            UsersDriver form(office);
+            const QStringList before = form.names();
+            c.edited.isEmpty() ? form.trigger("mnuNewUser") : form.edit(c.edited);
+            QVERIFY(form.isEditing());
+            form.fill(c.user, c.password, c.group);
+            form.confirm();
+            QCOMPARE(office.desk.prompts.lastText(), c.message);
+            QCOMPARE(form.isEditing(), !c.message.isEmpty());
+            QCOMPARE(form.focused(), c.focus);
+            if (form.isEditing()) {
+                QCOMPARE(form.shown("Text1"), c.user);
+                QCOMPARE(form.names(), before);
+                continue;
+            }
+            QCOMPARE(office.user(c.user), c.user + "/2");
+            QVERIFY(office.knows(c.user, c.password));
+            QCOMPARE(form.names().size(), before.size() + (c.edited.isEmpty() ? 1 : 0));
+            QCOMPARE(form.list()->row(form.list()->currentRow()).cells, QStringList({c.user, c.group}));
         }
-        QCOMPARE(site.user(name), name + "/2");
-        QVERIFY(site.knows(name, password));
-        QCOMPARE(site.names().size(), before.size() + (edited.isEmpty() ? 1 : 0));
-        QCOMPARE(site.list()->row(site.list()->currentRow()).cells, QStringList({name, group}));
-        QCOMPARE(site.focused(), QString("ListView1"));
     }
 
     void anUntouchedPasswordStands() {
-        Site site;
-        site.open();
-        site.select("maria");
-        site.trigger("mnuEditUser");
-        auto* password = site.find<controls::TextBox>("Text2");
-        QCOMPARE(password->echoMode(), QLineEdit::Password);
-        QVERIFY(!password->text().isEmpty() && !password->text().contains("argon2"));
-        QCOMPARE(site.combo()->currentText(), QString("Διαχειριστές"));
-        site.combo()->setCurrentIndex(2);
-        site.confirm();
-        QCOMPARE(site.user("maria"), QString("maria/3"));
-        QVERIFY(site.knows("maria", "m1"));
+        ThreeUsers office;
+        UsersDriver form(office);
+        form.edit("maria");
+        QCOMPARE(form.find<QLineEdit>("Text2")->echoMode(), QLineEdit::Password);
+        QVERIFY(!form.shown("Text2").isEmpty() && !form.shown("Text2").contains("argon2"));
+        QCOMPARE(form.shown("Combo1"), "Διαχειριστές");
+        form.find<QComboBox>("Combo1")->setCurrentIndex(2);
+        form.confirm();
+        QCOMPARE(office.user("maria"), "maria/3");
+        QVERIFY(office.knows("maria", "m1"));
     }
 
     void typingBesideTheDotsStartsANewPassword() {
-        Site site;
-        site.open();
-        site.select("maria");
-        site.trigger("mnuEditUser");
-        auto* password = site.find<controls::TextBox>("Text2");
-        password->setFocus(Qt::TabFocusReason);
-        password->end(false);
-        QTest::keyClicks(password, "xy");
-        site.confirm();
-        QVERIFY(site.knows("maria", "xy") && !site.knows("maria", "m1"));
-        site.trigger("mnuEditUser");
-        password->setFocus(Qt::TabFocusReason);
-        password->end(false);
-        QTest::keyClick(password, Qt::Key_Backspace);
-        site.confirm();
-        QCOMPARE(site.prompts().lastText(), noPassword);
+        ThreeUsers office;
+        UsersDriver form(office);
+        form.edit("maria");
+        form.typeBehindPassword([](QLineEdit* line) { QTest::keyClicks(line, "xy"); });
+        form.confirm();
+        QVERIFY(office.knows("maria", "xy") && !office.knows("maria", "m1"));
+        form.trigger("mnuEditUser");
+        form.typeBehindPassword([](QLineEdit* line) { QTest::keyClick(line, Qt::Key_Backspace); });
+        form.confirm();
+        QCOMPARE(office.desk.prompts.lastText(), noPassword);
     }
 
     void aGroupThatIsGoneIsTold() {
-        Site site;
-        site.open();
-        site.trigger("mnuNewUser");
-        site.type("άννα", "p", "Χρήστες");
-        site.office.mod.gConnUsers.execute("delete from groups where code=2");
-        site.confirm();
-        QCOMPARE(site.prompts().lastText(),
-                 QString("Υπάρχει πρόβλημα με την συγκεκριμένη ομάδα Δικαιωμάτων (Χρήστες)"));
-        QVERIFY(site.editing() && site.user("άννα").isEmpty());
+        ThreeUsers office;
+        UsersDriver form(office);
+        form.trigger("mnuNewUser");
+        form.fill("άννα", "p", "Χρήστες");
+        office.mod.gConnUsers.execute("delete from groups where code=2");
+        form.confirm();
+        QCOMPARE(office.desk.prompts.lastText(), "Υπάρχει πρόβλημα με την συγκεκριμένη ομάδα Δικαιωμάτων (Χρήστες)");
+        QVERIFY(form.isEditing() && office.user("άννα").isEmpty());
     }
 
     void deletingAsksFirst() {
-        Site site;
-        site.open();
-        site.select("O'Neil");
-        site.prompts().answer(false);
-        site.trigger("mnuDeleteUser");
-        QCOMPARE(site.prompts().lastText(), deletion + "O'Neil");
-        QCOMPARE(site.user("O'Neil"), QString("O'Neil/3"));
-        site.prompts().answer(true);
-        site.trigger("mnuDeleteUser");
-        QCOMPARE(site.names(), QStringList({"νίκος", "maria"}));
-        QVERIFY(site.user("O'Neil").isEmpty());
+        ThreeUsers office;
+        UsersDriver form(office);
+        form.select("O'Neil");
+        for (const bool yes : {false, true}) {
+            office.desk.prompts.answer(yes);
+            form.trigger("mnuDeleteUser");
+            QCOMPARE(office.desk.prompts.lastText(), deletion + "O'Neil");
+            QCOMPARE(office.user("O'Neil"), yes ? "" : "O'Neil/3");
+        }
+        QCOMPARE(form.names(), QStringList({"νίκος", "maria"}));
     }
 
     void theKeyboardReachesEverything() {
-        Site site;
-        site.open();
-        site.select("maria");
-        QTest::keyClick(site.list(), Qt::Key_Return);
-        QVERIFY(site.editing());
-        QCOMPARE(site.find<controls::TextBox>("Text1")->text(), QString("maria"));
-        site.find<controls::TextBox>("Text1")->setText("άλλη");
+        ThreeUsers office;
+        UsersDriver form(office);
+        form.select("maria");
+        QTest::keyClick(form.list(), Qt::Key_Return);
+        QVERIFY(form.isEditing());
+        QCOMPARE(form.shown("Text1"), "maria");
+        form.type("Text1", "άλλη");
         QTest::keyClick(QApplication::focusWidget(), Qt::Key_Escape);
-        QVERIFY(!site.editing());
-        QCOMPARE(site.user("maria"), QString("maria/1"));
-        QTest::keyClick(site.list(), Qt::Key_Insert);
-        QVERIFY(site.editing() && site.find<controls::TextBox>("Text1")->text().isEmpty());
-        QCOMPARE(site.combo()->currentText(), QString());
-        site.find<QPushButton>("Command2")->click();
-        QVERIFY(!site.editing());
-        site.select("maria");
-        site.prompts().answer(true);
-        QTest::keyClick(site.list(), Qt::Key_Delete);
-        QCOMPARE(site.names(), QStringList({"O'Neil", "νίκος"}));
+        QVERIFY(!form.isEditing());
+        QCOMPARE(office.user("maria"), "maria/1");
+        // Nothing of the user that was on show stays for the new one.
+        QTest::keyClick(form.list(), Qt::Key_Insert);
+        QVERIFY(form.isEditing());
+        for (const char* control : {"Text1", "Text2", "Combo1"}) QCOMPARE(form.shown(control), QString());
+        form.click("Command2");
+        QVERIFY(!form.isEditing());
+        form.select("maria");
+        office.desk.prompts.answer(true);
+        QTest::keyClick(form.list(), Qt::Key_Delete);
+        QCOMPARE(form.names(), QStringList({"O'Neil", "νίκος"}));
     }
 
-    void theMenuOffersWhatIsPossible_data() {
-        QTest::addColumn<QString>("how");
-        QTest::addColumn<bool>("overAUser");
-        QTest::newRow("menu key") << "menu" << true;
-        QTest::newRow("Shift+F10") << "F10" << true;
-        QTest::newRow("request of the desktop") << "desktop" << true;
-        QTest::newRow("right click on a row") << "row" << true;
-        QTest::newRow("right click beside the rows") << "beside" << false;
-    }
     void theMenuOffersWhatIsPossible() {
-        QFETCH(QString, how);
-        QFETCH(bool, overAUser);
-        Site site;
-        site.open();
-        site.select("maria");
-        auto* list = site.list();
-        const auto rightClick = [&](QPoint at) {
-            QContextMenuEvent event(QContextMenuEvent::Mouse, at, list->viewport()->mapToGlobal(at));
-            QApplication::sendEvent(list->viewport(), &event);
+        ThreeUsers office;
+        UsersDriver form(office);
+        auto* list = form.list();
+        const auto request = [](QWidget* on, QContextMenuEvent::Reason reason, QPoint at) {
+            QContextMenuEvent event(reason, at, on->mapToGlobal(at));
+            QApplication::sendEvent(on, &event);
         };
-        if (how == "menu") QTest::keyClick(list, Qt::Key_Menu);
-        if (how == "F10") QTest::keyClick(list, Qt::Key_F10, Qt::ShiftModifier);
-        if (how == "desktop") {
-            const QPoint middle = list->rect().center();
-            QContextMenuEvent event(QContextMenuEvent::Keyboard, middle, list->mapToGlobal(middle));
-            QApplication::sendEvent(list, &event);
-        }
-        if (how == "row") rightClick(list->visualRect(list->currentIndex()).center());
-        if (how == "beside") rightClick(list->viewport()->rect().bottomLeft() - QPoint(-5, 5));
-        auto* menu = site.find<QMenu>("mnu1");
-        QVERIFY(menu->isVisible());
-        QVERIFY(site.find<QAction>("mnuNewUser")->isEnabled());
-        QCOMPARE(site.find<QAction>("mnuEditUser")->isEnabled(), overAUser);
-        QCOMPARE(site.find<QAction>("mnuDeleteUser")->isEnabled(), overAUser);
-        menu->close();
+        struct Case {
+            const char* name;
+            std::function<void()> act;
+            bool overAUser = true;
+        };
+        const Case cases[] = {
+            {"menu key", [&] { QTest::keyClick(list, Qt::Key_Menu); }},
+            {"Shift+F10", [&] { QTest::keyClick(list, Qt::Key_F10, Qt::ShiftModifier); }},
+            {"the desktop's", [&] { request(list, QContextMenuEvent::Keyboard, list->rect().center()); }},
+            {"right click on a row",
+             [&] {
+                 request(list->viewport(), QContextMenuEvent::Mouse, list->visualRect(list->currentIndex()).center());
+             }},
+            {"right click beside the rows",
+             [&] {
+                 request(list->viewport(), QContextMenuEvent::Mouse,
+                         list->viewport()->rect().bottomLeft() + QPoint(5, -5));
+             },
+             false},
+        };
+        // The first row as well as the last.
+        for (const char* user : {"O'Neil", "maria"})
+            for (const Case& c : cases) {
+                const support::InCase in(QString("%1, %2").arg(user, c.name));
+                form.select(user);
+                c.act();
+                QVERIFY(form.isVisible("mnu1") && form.isEnabled("mnuNewUser"));
+                QCOMPARE(form.isEnabled("mnuEditUser"), c.overAUser);
+                QCOMPARE(form.isEnabled("mnuDeleteUser"), c.overAUser);
+                form.find<QMenu>("mnu1")->close();
+            }
     }
 
     void withNobodyThereIsOnlyANewOne() {
-        Site site;
-        site.office.mod.gConnUsers.execute("delete from users");
-        site.open();
-        for (int key : {Qt::Key_Return, Qt::Key_Delete}) QTest::keyClick(site.list(), Qt::Key(key));
-        QVERIFY(!site.editing() && site.prompts().isEmpty());
-        QTest::keyClick(site.list(), Qt::Key_Menu);
-        QVERIFY(!site.find<QAction>("mnuEditUser")->isEnabled());
-        site.find<QMenu>("mnu1")->close();
+        ThreeUsers office;
+        office.mod.gConnUsers.execute("delete from users");
+        UsersDriver form(office);
+        for (const Qt::Key key : {Qt::Key_Return, Qt::Key_Delete}) QTest::keyClick(form.list(), key);
+        QVERIFY(!form.isEditing() && office.desk.prompts.isEmpty());
+        QTest::keyClick(form.list(), Qt::Key_Menu);
+        QVERIFY(form.isEnabled("mnuNewUser") && !form.isEnabled("mnuEditUser"));
+        form.find<QMenu>("mnu1")->close();
     }
 
     // Another seat changes or deletes the user meanwhile, or the name doesn't fit.
-    void aFailedSaveKeepsWhatWasTyped_data() {
-        QTest::addColumn<QString>("name");
-        QTest::addColumn<QString>("meanwhile");
-        QTest::newRow("changed") << "άννα"
-                                 << "update users set UserName='m' where UserName='maria'";
-        QTest::newRow("deleted") << "άννα"
-                                 << "delete from users where UserName='maria'";
-        QTest::newRow("too long") << QString(10000, u'a') << "";
-    }
     void aFailedSaveKeepsWhatWasTyped() {
-        QFETCH(QString, name);
-        QFETCH(QString, meanwhile);
-        Site site;
-        site.open();
-        site.select("maria");
-        site.trigger("mnuEditUser");
-        site.type(name, "p", "Χρήστες");
-        core::MainMod seat(site.office.desk.services);
-        site.office.open(seat);
-        if (!meanwhile.isEmpty()) seat.gConnUsers.execute(meanwhile);
-        site.confirm();
-        QCOMPARE(site.prompts().lastTitle(), QString("Μήνυμα λάθους"));
-        QVERIFY(site.editing());
-        QCOMPARE(site.find<controls::TextBox>("Text1")->text(), name);
-        QCOMPARE(site.find<controls::TextBox>("Text2")->text(), QString("p"));
-        QVERIFY(site.user(name).isEmpty());
+        struct Case {
+            const char* told;
+            QString user;
+            QString meanwhile;
+        };
+        const Case cases[] = {
+            {"άλλαξε στο μεταξύ", "άννα", "update users set UserName='m' where UserName='maria'"},
+            {"διαγράφηκε στο μεταξύ", "άννα", "delete from users where UserName='maria'"},
+            {"UserName", QString(10000, u'a'), ""},
+        };
+        for (const Case& c : cases) {
+            const support::InCase in(c.told);
+            ThreeUsers office;
+            UsersDriver form(office);
+            form.edit("maria");
+            form.fill(c.user, "p", "Χρήστες");
+            support::OtherSeat other(office);
+            if (!c.meanwhile.isEmpty()) other.mod.gConnUsers.execute(c.meanwhile);
+            form.confirm();
+            QCOMPARE(office.desk.prompts.lastTitle(), "Μήνυμα λάθους");
+            QVERIFY2(office.desk.prompts.lastText().contains(c.told), qPrintable(office.desk.prompts.lastText()));
+            QVERIFY(form.isEditing());
+            QCOMPARE(form.shown("Text1"), c.user);
+            QCOMPARE(form.shown("Text2"), "p");
+            QVERIFY(office.user(c.user).isEmpty());
+        }
     }
 
     void aUserWhoIsGoneLeavesTheList() {
         for (const char* action : {"mnuEditUser", "mnuDeleteUser"}) {
-            Site site;
-            site.open();
-            site.select("maria");
-            site.office.mod.gConnUsers.execute("delete from users where UserName='maria'");
-            site.trigger(action);
-            QCOMPARE(site.prompts().lastText(), QString("Ο χρήστης έχει διαγραφεί στο μεταξύ."));
-            QVERIFY(!site.editing() && !site.names().contains("maria"));
+            ThreeUsers office;
+            UsersDriver form(office);
+            form.select("maria");
+            office.mod.gConnUsers.execute("delete from users where UserName='maria'");
+            form.trigger(action);
+            QCOMPARE(office.desk.prompts.lastText(), "Ο χρήστης έχει διαγραφεί στο μεταξύ.");
+            QVERIFY(!form.isEditing() && !form.names().contains("maria"));
         }
     }
 
     void closingOverChangesAsks() {
-        Site site;
-        site.open();
-        site.trigger("mnuNewUser");
-        QVERIFY(site.form->unload(true, {}));
-        site.find<controls::TextBox>("Text1")->setText("άννα");
-        site.prompts().answer(false);
-        QVERIFY(!site.form->unload(true, {}));
-        site.prompts().answer(true);
-        QVERIFY(site.form->unload(true, {}));
+        ThreeUsers office;
+        UsersDriver form(office);
+        form.trigger("mnuNewUser");
+        QVERIFY(form.form.unload(true, {}));
+        form.type("Text1", "άννα");
+        for (const bool yes : {false, true}) {
+            office.desk.prompts.answer(yes);
+            QCOMPARE(form.form.unload(true, {}), yes);
+        }
     }
 };
 

@@ -24,7 +24,7 @@ void Binder::bind(Statement& statement) {
     bindTable(statement.table);
     if (statement.kind == StatementKind::Insert) return bindInsert(statement);
     scope.sources.push_back(&statement.table.source);
-    scope.noAggregates = "UPDATE και DELETE";
+    scope.noAggregates = u"UPDATE και DELETE"_s;
     if (statement.kind == StatementKind::Update) bindUpdate(statement, scope);
     if (statement.where) bindExpr(*statement.where, scope);
 }
@@ -42,7 +42,7 @@ void Binder::bindQuery(Query& query, const Scope* outer) {
         last = Scope();
         last.outer = outer;
         last.sources.push_back(&query.unionSource);
-        last.noAggregates = "ORDER BY μετά από UNION";
+        last.noAggregates = u"ORDER BY μετά από UNION"_s;
     }
     bindOrder(query, last);
 }
@@ -56,15 +56,15 @@ void Binder::bindSelect(Select& select, Scope& scope) {
     nameOutputs(select);
     if (select.having && !select.grouped)
         places_.fail(select.having->position, u"το HAVING θέλει GROUP BY, ή συνάρτηση συνόλου στο SELECT"_s);
-    scope.noAggregates = "WHERE";
+    scope.noAggregates = u"WHERE"_s;
     if (select.where) bindExpr(*select.where, scope);
-    scope.noAggregates = "GROUP BY";
+    scope.noAggregates = u"GROUP BY"_s;
     for (const ExprPtr& key : select.groupBy) {
         bindExpr(*key, scope);
         if (key->kind == ExprKind::Literal)
             places_.fail(key->position, u"περίμενα στήλη ή έκφραση με στήλη στο GROUP BY"_s);
     }
-    scope.noAggregates = nullptr;
+    scope.noAggregates.clear();
     if (select.having) bindExpr(*select.having, scope);
 }
 
@@ -81,7 +81,7 @@ void Binder::bindChain(JoinChain& chain, Scope& scope) {
         Scope visible;
         visible.outer = scope.outer;
         visible.sources.assign(scope.sources.begin() + qsizetype(start), scope.sources.end());
-        visible.noAggregates = "ON";
+        visible.noAggregates = u"ON"_s;
         bindExpr(*join.on, visible);
     }
 }
@@ -284,7 +284,7 @@ void Binder::bindInsert(Statement& statement) {
                      u"οι στήλες είναι %1 και το SELECT δίνει %2"_s.arg(statement.assignments.size()).arg(values));
     }
     Scope scope;
-    scope.noAggregates = "VALUES";
+    scope.noAggregates = u"VALUES"_s;
     QSet<int> seen;
     for (Assignment& assignment : statement.assignments) {
         if (statement.namesColumns) assignment.index = tableColumn(statement.table, assignment);

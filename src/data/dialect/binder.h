@@ -32,8 +32,8 @@ private:
     struct Scope {
         const Scope* outer = nullptr;
         std::vector<Source*> sources;
-        Select* select = nullptr;            // told when it holds an aggregate
-        const char* noAggregates = nullptr;  // where in the statement an aggregate can't stand
+        Select* select = nullptr;  // told when it holds an aggregate
+        QString noAggregates;      // where in the statement an aggregate can't stand
         bool insideAggregate = false;
     };
     struct Match {

@@ -257,9 +257,9 @@ void Binder::checkCall(const Expr& expr, const Scope& scope) const {
                      u"περίμενα διάστημα yyyy, q, m, y, d, w, ww, h, n ή s, βρήκα %1"_s.arg(
                          shown(expr.arguments[0]->value.toString())));
     if (!function.isAggregate()) return;
-    if (scope.noAggregates)
-        places_.fail(expr.position, u"η συνάρτηση συνόλου %1 δεν έχει θέση εδώ (%2)"_s.arg(
-                                        shown(expr.name), QString::fromUtf8(scope.noAggregates)));
+    if (!scope.noAggregates.isEmpty())
+        places_.fail(expr.position,
+                     u"η συνάρτηση συνόλου %1 δεν έχει θέση εδώ (%2)"_s.arg(shown(expr.name), scope.noAggregates));
     if (scope.insideAggregate)
         places_.fail(expr.position, u"η συνάρτηση συνόλου %1 βρίσκεται μέσα σε άλλη"_s.arg(shown(expr.name)));
 }

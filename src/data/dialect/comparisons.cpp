@@ -1,5 +1,5 @@
 #include "data/dialect/renderer.h"
-#include "data/fold.h"
+#include "data/values/fold.h"
 
 using namespace Qt::Literals::StringLiterals;
 

@@ -2,7 +2,7 @@
 
 #include <QLocale>
 
-namespace data {
+namespace data::dialect {
 
 ValueKind kindOf(ColumnType type) {
     switch (type) {
@@ -50,8 +50,12 @@ static QByteArray quoted(QStringView text, char quote) {
     return out;
 }
 
-QByteArray EngineDialect::identifier(QStringView name) const {
+QByteArray quotedIdentifier(QStringView name) {
     return quoted(name, '"');
+}
+
+QByteArray EngineDialect::identifier(QStringView name) const {
+    return quotedIdentifier(name);
 }
 
 QByteArray EngineDialect::textLiteral(QStringView text) const {
@@ -118,4 +122,4 @@ QByteArray EngineDialect::byteSize(const QByteArray& column, ValueKind) const {
     return "octet_length(" + column + ')';
 }
 
-}  // namespace data
+}  // namespace data::dialect

@@ -9,7 +9,7 @@
 
 #include "data/types.h"
 
-namespace data {
+namespace data::dialect {
 
 // What a value of a statement is, as far as comparing and computing go. Any is a parameter, whose value is known only
 // when the statement runs.
@@ -30,6 +30,9 @@ enum class Arithmetic {
     ConcatenateTexts,  // Null when one is Null
 };
 
+// "name", as every engine of standard SQL takes it.
+QByteArray quotedIdentifier(QStringView name);
+
 class EngineDialect {
 public:
     virtual ~EngineDialect() = default;
@@ -45,7 +48,7 @@ public:
 
     // Pieces of statements. The arguments are SQL of this engine; each stands alone or in parentheses when it must, and
     // so must the answer, unless told otherwise.
-    virtual QByteArray identifier(QStringView name) const;  // "name"
+    virtual QByteArray identifier(QStringView name) const;  // quotedIdentifier
     virtual QByteArray textLiteral(QStringView text) const;
     // Forms of types.h; Null too.
     virtual QByteArray literal(const QVariant& value) const;
@@ -102,4 +105,4 @@ public:
     virtual QByteArray byteSize(const QByteArray& column, ValueKind kind) const;
 };
 
-}  // namespace data
+}  // namespace data::dialect

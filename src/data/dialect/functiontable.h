@@ -25,7 +25,7 @@ enum class FunctionForm {
 };
 
 struct Function {
-    const char* name;
+    QString name;
     int least;  // arguments
     int most;
     // What each argument takes, one letter each: T text, N number, D date, B yes or no, I a date interval,

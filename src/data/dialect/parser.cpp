@@ -81,7 +81,7 @@ Select Parser::select() {
     if (accept(Keyword::Where)) select.where = condition();
     if (at(Keyword::Group)) {
         take();
-        expect(Keyword::By, "BY μετά το GROUP");
+        expect(Keyword::By, u"BY μετά το GROUP"_s);
         const Commas list(*this, false);
         select.groupBy = expressionList();
     }
@@ -153,7 +153,7 @@ JoinChain Parser::joinChain() {
         Join join;
         join.kind = *kind;
         join.table = tableRef();
-        expect(Keyword::On, "ON με τη συνθήκη της σύνδεσης");
+        expect(Keyword::On, u"ON με τη συνθήκη της σύνδεσης"_s);
         join.on = condition();
         chain.joins.push_back(std::move(join));
     }
@@ -173,7 +173,7 @@ std::optional<JoinKind> Parser::joinKeyword() {
     } else {
         return std::nullopt;
     }
-    expect(Keyword::Join, "JOIN");
+    expect(Keyword::Join, u"JOIN"_s);
     return kind;
 }
 
@@ -185,7 +185,7 @@ TableRef Parser::tableRef() {
         table.alias = aliasName();
     } else if (accept(Sign::Open)) {
         table.group = std::make_unique<JoinChain>(joinChain());
-        expect(Sign::Close, "παρένθεση που να κλείνει");
+        expect(Sign::Close, u"παρένθεση που να κλείνει"_s);
     } else {
         namedTable(table);
         table.alias = aliasName();
@@ -201,7 +201,7 @@ void Parser::namedTable(TableRef& table) {
 
 std::vector<OrderTerm> Parser::orderBy() {
     take();
-    expect(Keyword::By, "BY μετά το ORDER");
+    expect(Keyword::By, u"BY μετά το ORDER"_s);
     const Commas commas(*this, false);
     std::vector<OrderTerm> terms;
     do {
@@ -218,7 +218,7 @@ std::vector<OrderTerm> Parser::orderBy() {
 Statement Parser::insert() {
     Statement statement;
     statement.kind = StatementKind::Insert;
-    expect(Keyword::Into, "INTO μετά το INSERT");
+    expect(Keyword::Into, u"INTO μετά το INSERT"_s);
     namedTable(statement.table);
     if (at(Sign::Open) && !at(Keyword::Select, 1)) {
         take();
@@ -230,18 +230,18 @@ Statement Parser::insert() {
             column.column = take().content.toString();
             statement.assignments.push_back(std::move(column));
         } while (accept(Sign::Comma));
-        expect(Sign::Close, "κόμμα ή παρένθεση που να κλείνει τις στήλες");
+        expect(Sign::Close, u"κόμμα ή παρένθεση που να κλείνει τις στήλες"_s);
     }
     if (at(Keyword::Select)) {
         statement.query = query();
         return statement;
     }
-    expect(Keyword::Values, statement.namesColumns ? "VALUES ή SELECT" : "VALUES, SELECT ή στήλες σε παρένθεση");
+    expect(Keyword::Values, statement.namesColumns ? u"VALUES ή SELECT"_s : u"VALUES, SELECT ή στήλες σε παρένθεση"_s);
     const qsizetype opened = peek().position;
-    expect(Sign::Open, "παρένθεση με τις τιμές");
+    expect(Sign::Open, u"παρένθεση με τις τιμές"_s);
     const Commas commas(*this, false);
     std::vector<ExprPtr> values = expressionList();
-    expect(Sign::Close, "κόμμα ή παρένθεση που να κλείνει τις τιμές");
+    expect(Sign::Close, u"κόμμα ή παρένθεση που να κλείνει τις τιμές"_s);
     if (!statement.namesColumns) {
         statement.assignments.resize(values.size());
     } else if (values.size() != statement.assignments.size()) {
@@ -259,7 +259,7 @@ Statement Parser::update() {
     statement.kind = StatementKind::Update;
     namedTable(statement.table);
     statement.table.alias = aliasName();
-    expect(Keyword::Set, "SET");
+    expect(Keyword::Set, u"SET"_s);
     const Commas commas(*this, true);
     do {
         Assignment assignment;
@@ -271,7 +271,7 @@ Statement Parser::update() {
             assignment.qualifier = assignment.column;
             assignment.column = take().content.toString();
         }
-        expect(Sign::Equal, "= και τη νέα τιμή");
+        expect(Sign::Equal, u"= και τη νέα τιμή"_s);
         assignment.value = condition();
         statement.assignments.push_back(std::move(assignment));
     } while (accept(Sign::Comma));
@@ -288,7 +288,7 @@ Statement Parser::remove() {
         take();
     }
     accept(Sign::Star);
-    expect(Keyword::From, "FROM");
+    expect(Keyword::From, u"FROM"_s);
     namedTable(statement.table);
     statement.table.alias = aliasName();
     const Commas commas(*this, true);
@@ -320,12 +320,12 @@ bool Parser::accept(Keyword keyword) {
     return true;
 }
 
-void Parser::expect(Sign sign, const char* what) {
-    if (!accept(sign)) expected(QString::fromUtf8(what));
+void Parser::expect(Sign sign, const QString& what) {
+    if (!accept(sign)) expected(what);
 }
 
-void Parser::expect(Keyword keyword, const char* what) {
-    if (!accept(keyword)) expected(QString::fromUtf8(what));
+void Parser::expect(Keyword keyword, const QString& what) {
+    if (!accept(keyword)) expected(what);
 }
 
 // Words that can't be a name where an operand or a table is due; all others, as LEFT or GROUP, can.

@@ -75,8 +75,8 @@ private:
     bool at(Keyword keyword, int ahead = 0) const { return peek(ahead).keyword == keyword; }
     bool accept(Sign sign);
     bool accept(Keyword keyword);
-    void expect(Sign sign, const char* expected);
-    void expect(Keyword keyword, const char* expected);
+    void expect(Sign sign, const QString& expected);
+    void expect(Keyword keyword, const QString& expected);
     bool atReservedWord() const;
     [[noreturn]] void expected(const QString& what) const;
 

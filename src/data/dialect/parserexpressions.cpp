@@ -143,7 +143,7 @@ ExprPtr Parser::between(ExprPtr left, bool negated) {
     if (negated) take();
     const qsizetype position = take().position;
     ExprPtr low = concatenation();
-    expect(Keyword::And, "AND με το άνω όριο του BETWEEN");
+    expect(Keyword::And, u"AND με το άνω όριο του BETWEEN"_s);
     ExprPtr high = concatenation();
     ExprPtr expr = node(ExprKind::Between, position, std::move(left), std::move(low), std::move(high));
     expr->negated = negated;
@@ -159,17 +159,17 @@ ExprPtr Parser::in(ExprPtr left, bool negated) {
         expr->query = bracketedQuery();
         return expr;
     }
-    expect(Sign::Open, "παρένθεση με τις τιμές του IN");
+    expect(Sign::Open, u"παρένθεση με τις τιμές του IN"_s);
     const Commas commas(*this, false);
     for (ExprPtr& item : expressionList()) grow(*expr, std::move(item));
-    expect(Sign::Close, "κόμμα ή παρένθεση που να κλείνει το IN");
+    expect(Sign::Close, u"κόμμα ή παρένθεση που να κλείνει το IN"_s);
     return expr;
 }
 
 ExprPtr Parser::isNull(ExprPtr left) {
     const qsizetype position = take().position;
     const bool negated = accept(Keyword::Not);
-    expect(Keyword::Null, negated ? "NULL" : "NULL ή NOT NULL");
+    expect(Keyword::Null, negated ? u"NULL"_s : u"NULL ή NOT NULL"_s);
     ExprPtr expr = node(ExprKind::IsNull, position, std::move(left));
     expr->negated = negated;
     return expr;
@@ -274,7 +274,7 @@ ExprPtr Parser::bracketed() {
     }
     take();
     ExprPtr inner = condition();
-    expect(Sign::Close, "πράξη ή παρένθεση που να κλείνει");
+    expect(Sign::Close, u"πράξη ή παρένθεση που να κλείνει"_s);
     return inner;
 }
 
@@ -282,7 +282,7 @@ std::unique_ptr<Query> Parser::bracketedQuery() {
     take();
     const Commas commas(*this, false);
     std::unique_ptr<Query> inner = query();
-    expect(Sign::Close, "παρένθεση που να κλείνει το SELECT");
+    expect(Sign::Close, u"παρένθεση που να κλείνει το SELECT"_s);
     return inner;
 }
 
@@ -362,7 +362,7 @@ ExprPtr Parser::call(const Token& function) {
     } else if (!at(Sign::Close)) {
         for (ExprPtr& argument : expressionList()) grow(*expr, std::move(argument));
     }
-    expect(Sign::Close, "κόμμα ή παρένθεση που να κλείνει τη συνάρτηση");
+    expect(Sign::Close, u"κόμμα ή παρένθεση που να κλείνει τη συνάρτηση"_s);
     return expr;
 }
 

@@ -2,7 +2,7 @@
 
 #include <vector>
 
-#include "data/fold.h"
+#include "data/values/fold.h"
 
 using namespace Qt::Literals::StringLiterals;
 

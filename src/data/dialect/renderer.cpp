@@ -1,7 +1,7 @@
 #include "data/dialect/renderer.h"
 
-#include "data/convert.h"
 #include "data/dialect/wordfilter.h"
+#include "data/values/convert.h"
 
 using namespace Qt::Literals::StringLiterals;
 
@@ -155,7 +155,7 @@ QByteArray Renderer::distinctSelect(const Query& query, bool named) {
     QByteArray out = withoutDuplicates(rows, columns, named);
     replacements_ = {};
     replacements_.active = true;
-    replacements_.otherwise = "με DISTINCT το ORDER BY δέχεται μόνο ό,τι υπάρχει στο SELECT, όχι το";
+    replacements_.otherwise = u"με DISTINCT το ORDER BY δέχεται μόνο ό,τι υπάρχει στο SELECT, όχι το"_s;
     for (size_t i = 0; i < select.outputs.size(); ++i)
         replacements_.list.push_back({select.outputs[i].expr.get(), columnName(i)});
     const QByteArray order = orderBy(query);
@@ -255,7 +255,7 @@ void Renderer::startGrouping(const Select& select) {
     replacements_.list = std::move(list);
     replacements_.active = true;
     replacements_.select = &select;
-    replacements_.otherwise = "περίμενα στήλη του GROUP BY ή συνάρτηση συνόλου, όχι το";
+    replacements_.otherwise = u"περίμενα στήλη του GROUP BY ή συνάρτηση συνόλου, όχι το"_s;
 }
 
 QByteArray Renderer::from(const Select& select) {

@@ -31,7 +31,7 @@ private:
     // complaint about a column that isn't one.
     struct Replacements {
         std::vector<Replacement> list;
-        const char* otherwise = nullptr;
+        QString otherwise;
         const Select* select = nullptr;  // the grouped one
         bool active = false;
     };

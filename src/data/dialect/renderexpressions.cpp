@@ -1,10 +1,10 @@
 #include <cmath>
 
-#include "data/convert.h"
 #include "data/dialect/binder.h"
 #include "data/dialect/functiontable.h"
 #include "data/dialect/renderer.h"
-#include "data/fold.h"
+#include "data/values/convert.h"
+#include "data/values/fold.h"
 
 using namespace Qt::Literals::StringLiterals;
 
@@ -76,7 +76,7 @@ Renderer::Piece Renderer::piece(const Expr& expr) {
         for (const Replacement& replacement : group->list)
             if (sameExpr(*replacement.expr, expr)) return {replacement.sql, Whole};
         if (expr.kind == ExprKind::Column)
-            places_.fail(expr.position, QString::fromUtf8(group->otherwise) + u' ' +
+            places_.fail(expr.position, group->otherwise + u' ' +
                                             shown(expr.source->table ? expr.source->table->columns[expr.column].name
                                                                      : expr.source->columns[size_t(expr.column)].name));
     }
@@ -259,10 +259,10 @@ QVariant Renderer::convertLiteral(const Expr& literal, ValueKind kind, const Exp
             return value.toLongLong();
         return value;
     } catch (const Error&) {
-        const char* wanted = kind == ValueKind::Date    ? "ημερομηνία"
-                             : kind == ValueKind::YesNo ? "True ή False"
-                                                        : "αριθμό";
-        QString why = u"περίμενα %1, βρήκα %2"_s.arg(QString::fromUtf8(wanted), shown(valueText(literal.value)));
+        const QString wanted = kind == ValueKind::Date    ? u"ημερομηνία"_s
+                               : kind == ValueKind::YesNo ? u"True ή False"_s
+                                                          : u"αριθμό"_s;
+        QString why = u"περίμενα %1, βρήκα %2"_s.arg(wanted, shown(valueText(literal.value)));
         if (partner && partner->kind == ExprKind::Column && partner->source->table)
             why += u" (για τη στήλη «%1»)"_s.arg(partner->source->table->columns[partner->column].name);
         places_.fail(literal.position, why, ErrorCategory::Type);
@@ -331,7 +331,7 @@ QByteArray Renderer::call(const Expr& expr) {
         if (i == 0 && function.form == FunctionForm::Tagged)
             arguments << QByteArray("'") + kindTag(arg(0).type.kind) + '\'';
     }
-    return dialect_.call(function.name, arguments);
+    return dialect_.call(function.name.toUtf8(), arguments);
 }
 
 QByteArray Renderer::choice(const Expr& expr) {
@@ -351,7 +351,7 @@ QByteArray Renderer::aggregate(const Expr& expr) {
     const Function& function = *expr.function;
     if (expr.star) return "count(*)";
     const Expr& value = *expr.arguments[0];
-    const QByteArray name = function.name;
+    const QByteArray name = function.name.toUtf8();
     switch (function.form) {
         case FunctionForm::Count:
             return "count(" + sql(value, Loose) + ')';

@@ -1,18 +1,15 @@
-// From the dialect's text to an engine's statement.
+// An engine's statement, and how it was asked for in the dialect.
 #pragma once
 
 #include <QByteArray>
 #include <QString>
 #include <QStringList>
-#include <QStringView>
 #include <QVector>
-#include <memory>
 
-#include "data/error.h"
-#include "data/format.h"
 #include "data/types.h"
+#include "data/values/format.h"
 
-namespace data {
+namespace data::dialect {
 
 enum class StatementKind { Select, Insert, Update, Delete };
 
@@ -45,30 +42,4 @@ struct DialectOptions {
     bool operator==(const DialectOptions&) const = default;
 };
 
-// What differs from engine to engine; the renderer asks it wherever it has to name an engine's own thing.
-class EngineDialect;
-
-// Translates for one connection and remembers what it translated, by text. Not thread-safe.
-class Translator {
-public:
-    // The catalog and the dialect are the connection's and must outlive the translator.
-    Translator(const Catalog& catalog, const EngineDialect& dialect);
-    ~Translator();
-
-    // The statement in the engine's language. Errors are thrown as Error(Syntax, Parameter, Type, ReadOnly) whose
-    // Greek text names the place (line and column when the text has several lines, else the character's
-    // number from 1) and what was expected. The answer lives until the next clear().
-    std::shared_ptr<const Translation> translate(const QString& sql, const DialectOptions& options = {});
-
-    // One expression over the columns of a table, for an index on it: rendered as a statement compares and sorts
-    // it, but without the table's name.
-    QByteArray expression(const QString& table, const QString& text);
-
-    void clear();  // after the catalog changed
-
-private:
-    struct Private;
-    std::unique_ptr<Private> d;
-};
-
-}  // namespace data
+}  // namespace data::dialect

@@ -1,15 +1,14 @@
+#include "data/dialect/translator.h"
+
 #include <QHash>
 
 #include "data/dialect/binder.h"
 #include "data/dialect/parser.h"
 #include "data/dialect/renderer.h"
-#include "data/dialect/translation.h"
-#include "data/sqlite/sqlitedialect.h"
-#include "data/sqlite/sqliteerror.h"
 
 using namespace Qt::Literals::StringLiterals;
 
-namespace data {
+namespace data::dialect {
 
 namespace {
 
@@ -28,7 +27,8 @@ struct Remembered {
 struct Translator::Private {
     const Catalog& catalog;
     const EngineDialect& dialect;
-    dialect::ColumnIndex columns;
+    ParserLimit limit;
+    ColumnIndex columns;
     std::vector<Remembered> remembered;
 
     Remembered& memoryFor(const DialectOptions& options) {
@@ -39,32 +39,31 @@ struct Translator::Private {
     }
 
     std::shared_ptr<const Translation> translate(const QString& sql, const DialectOptions& options) {
-        const dialect::Places places(sql);
-        dialect::Parser parser(places, options);
-        dialect::Statement statement = parser.parse();
-        dialect::Binder binder(catalog, columns, dialect, options, places);
+        const Places places(sql);
+        Parser parser(places, options);
+        Statement statement = parser.parse();
+        Binder binder(catalog, columns, dialect, options, places);
         binder.bind(statement);
         auto translation = std::make_shared<Translation>();
-        dialect::Renderer(dialect, places).render(statement, *translation);
+        Renderer(dialect, places).render(statement, *translation);
         translation->parameters = binder.parameters();
         if (parser.deepest() > carefree) requireRoom(statement, *translation, places, parser.deepestPosition());
         return translation;
     }
 
-    // An office may move from one engine to the other, so what the one with the smaller parser can't take, none takes.
-    void requireRoom(const dialect::Statement& statement, const Translation& translation, const dialect::Places& places,
+    void requireRoom(const Statement& statement, const Translation& translation, const Places& places,
                      qsizetype position) const {
         Translation small;
-        if (&dialect != &sqliteDialect()) dialect::Renderer(sqliteDialect(), places).render(statement, small);
-        if (!sqliteHasRoomFor(small.sql.isEmpty() ? translation.sql : small.sql))
+        if (&dialect != &limit.dialect) Renderer(limit.dialect, places).render(statement, small);
+        if (!limit.hasRoomFor(small.sql.isEmpty() ? translation.sql : small.sql))
             places.fail(position,
                         u"η εντολή έχει πάρα πολλά επίπεδα το ένα μέσα στο άλλο· χωρίστε την "
                         "σε μικρότερες"_s);
     }
 };
 
-Translator::Translator(const Catalog& catalog, const EngineDialect& dialect)
-    : d(new Private{catalog, dialect, {}, {}}) {}
+Translator::Translator(const Catalog& catalog, const EngineDialect& dialect, const ParserLimit& limit)
+    : d(new Private{catalog, dialect, limit, {}, {}}) {}
 
 Translator::~Translator() = default;
 
@@ -80,12 +79,12 @@ std::shared_ptr<const Translation> Translator::translate(const QString& sql, con
 
 QByteArray Translator::expression(const QString& table, const QString& text) {
     const QString sql = u"SELECT "_s + text + u" FROM ["_s + table + u']';
-    const dialect::Places places(sql);
-    dialect::Statement statement = dialect::Parser(places, {}).parse();
-    dialect::Binder(d->catalog, d->columns, d->dialect, {}, places).bind(statement);
-    dialect::Select& select = statement.query->parts[0];
+    const Places places(sql);
+    Statement statement = Parser(places, {}).parse();
+    Binder(d->catalog, d->columns, d->dialect, {}, places).bind(statement);
+    Select& select = statement.query->parts[0];
     select.sources[0]->sqlName.clear();
-    return dialect::Renderer(d->dialect, places).expression(*select.outputs[0].expr);
+    return Renderer(d->dialect, places).expression(*select.outputs[0].expr);
 }
 
 void Translator::clear() {
@@ -93,4 +92,4 @@ void Translator::clear() {
     d->columns.clear();
 }
 
-}  // namespace data
+}  // namespace data::dialect

@@ -1,6 +1,6 @@
 #include "data/dialect/wordfilter.h"
 
-#include "data/fold.h"
+#include "data/values/fold.h"
 
 namespace data::dialect {
 namespace {

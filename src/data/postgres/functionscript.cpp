@@ -2,8 +2,8 @@
 
 #include <QLocale>
 
-#include "data/fold.h"
 #include "data/postgres/pgdialect.h"
+#include "data/values/fold.h"
 
 using namespace Qt::Literals::StringLiterals;
 

@@ -9,7 +9,7 @@
 
 using namespace Qt::Literals::StringLiterals;
 
-namespace data {
+namespace data::postgres {
 namespace {
 
 constexpr qsizetype longestSeatName = 63;  // bytes that the server keeps of it
@@ -42,11 +42,12 @@ qsizetype refusedRow(const PGresult* result) {
 
 }  // namespace
 
-QByteArray seatName(const ServerDescription& server) {
-    const QByteArray schema = server.schemaName().toUtf8(), prefix = "dorvalist ";
-    const QByteArray plain = prefix + schema.toPercentEncoding(" ");
+QString seatName(const ServerDescription& server) {
+    const QByteArray schema = server.schemaName().toUtf8();
+    const QString prefix = u"dorvalist "_s;
+    const QString plain = prefix + QString::fromUtf8(schema.toPercentEncoding(" "));
     if (plain.size() <= longestSeatName) return plain;
-    return prefix + QCryptographicHash::hash(schema, QCryptographicHash::Md5).toHex();
+    return prefix + QString::fromUtf8(QCryptographicHash::hash(schema, QCryptographicHash::Md5).toHex());
 }
 
 void PgEngine::requireAlone() {
@@ -140,4 +141,4 @@ void PgEngine::setLastNumber(const TableInfo& table, qint64 number) {
              QString::fromUtf8(pgName(table.columns[table.autonumber].name)), number});
 }
 
-}  // namespace data
+}  // namespace data::postgres

@@ -5,7 +5,7 @@
 
 using namespace Qt::Literals::StringLiterals;
 
-namespace data {
+namespace data::postgres {
 namespace {
 
 ColumnInfo columnOf(const QString& name, const QString& type, int modifier, bool identity) {
@@ -90,4 +90,4 @@ QHash<QString, QString> readPgIndexes(Engine& engine) {
     return indexes;
 }
 
-}  // namespace data
+}  // namespace data::postgres

@@ -6,7 +6,7 @@
 
 using namespace Qt::Literals::StringLiterals;
 
-namespace data {
+namespace data::postgres {
 namespace {
 
 // Empties the current schema of all but what extensions put there. The schema itself goes too, unless it is the common
@@ -85,9 +85,9 @@ void createPgDatabase(const ServerDescription& server, DatabaseKind kind) {
         engine.script(
             "CREATE TABLE _dorvalist (name text PRIMARY KEY, value text NOT NULL); "
             "CREATE DOMAIN _variant AS text;");
-        engine.script("SET LOCAL check_function_bodies TO off;" + postgres::foldScript() + postgres::functionsScript());
+        engine.script("SET LOCAL check_function_bodies TO off;" + foldScript() + functionsScript());
         engine.setProperty(u"kind"_s, pgKindName(kind));
-        engine.setProperty(u"functions"_s, QString::number(postgres::functionsVersion));
+        engine.setProperty(u"functions"_s, QString::number(functionsVersion));
         engine.commit();
     } catch (...) {
         engine.rollback();
@@ -103,4 +103,4 @@ void dropPgDatabase(const ServerDescription& server) noexcept {
     }
 }
 
-}  // namespace data
+}  // namespace data::postgres

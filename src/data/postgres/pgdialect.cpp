@@ -3,11 +3,16 @@
 #include <QCryptographicHash>
 
 #include "data/error.h"
-#include "data/format.h"
+#include "data/values/format.h"
 
 using namespace Qt::Literals::StringLiterals;
 
-namespace data {
+namespace data::postgres {
+
+using dialect::Arithmetic;
+using dialect::EngineDialect;
+using dialect::kindOf;
+using dialect::ValueKind;
 
 namespace {
 
@@ -86,7 +91,7 @@ public:
         const QByteArray identity =
             table.autonumber < 0 ? "\"_row\"" : identifier(table.columns[table.autonumber].name);
         return "CREATE TABLE " + identifier(table.name) + " (" + parts.join(", ") + "); CREATE UNIQUE INDEX " +
-               hidden(table, "rows") + " ON " + identifier(table.name) + " (" + identity + " NULLS FIRST)" + rest;
+               hidden(table, u"rows"_s) + " ON " + identifier(table.name) + " (" + identity + " NULLS FIRST)" + rest;
     }
 
     QByteArray addColumn(const TableInfo& table, const ColumnInfo& column) const override {
@@ -186,10 +191,11 @@ public:
             case ValueKind::Number:
                 return intoNumber(read(value, from, ValueKind::Number, "number", name), column, name);
             case ValueKind::Text:
-                return function("jet_into_text", {from == ValueKind::Text     ? value
-                                                  : from == ValueKind::Binary ? refused(value, "text", name)
-                                                                              : convert(value, from, ValueKind::Text),
-                                                  QByteArray::number(column.size), name});
+                return function("jet_into_text",
+                                {from == ValueKind::Text ? value
+                                 : from == ValueKind::Binary ? refused(value, "text", name, u"δεν είναι κείμενο."_s)
+                                                             : convert(value, from, ValueKind::Text),
+                                 QByteArray::number(column.size), name});
             case ValueKind::YesNo:
                 return "coalesce(" + read(value, from, ValueKind::YesNo, "yesno", name) + ", false)";
             case ValueKind::Date:
@@ -197,7 +203,7 @@ public:
             default:
                 if (from == ValueKind::Binary) return value;
                 return from == ValueKind::Any ? function("jet_vread_binary", {value, name})
-                                              : refused(value, "bytea", name);
+                                              : refused(value, "bytea", name, u"δεν είναι δεδομένα αρχείου."_s);
         }
     }
 
@@ -277,15 +283,15 @@ private:
     }
 
     // Names that begin so are no business of the catalog.
-    QByteArray hidden(const TableInfo& table, const char* what) const {
-        return identifier(u'_' + table.name + u'_' + QLatin1String(what));
+    QByteArray hidden(const TableInfo& table, const QString& what) const {
+        return identifier(u'_' + table.name + u'_' + what);
     }
 
-    QByteArray sequence(const TableInfo& table) const { return hidden(table, "number"); }
+    QByteArray sequence(const TableInfo& table) const { return hidden(table, u"number"_s); }
 
     // A number that was given, and not drawn, must not be drawn later.
     QByteArray numberTrigger(const TableInfo& table) const {
-        const QByteArray name = hidden(table, "given"), numbers = sequence(table);
+        const QByteArray name = hidden(table, u"given"_s), numbers = sequence(table);
         const QByteArray sequenceName = EngineDialect::textLiteral(QString::fromUtf8(numbers)) + "::regclass";
         const QByteArray column = "NEW." + identifier(table.columns[table.autonumber].name);
         return "; CREATE FUNCTION " + name + "() RETURNS trigger LANGUAGE plpgsql AS $given$ BEGIN IF " + column +
@@ -294,9 +300,9 @@ private:
                identifier(table.name) + " FOR EACH ROW EXECUTE FUNCTION " + name + "()";
     }
 
-    static QByteArray refused(const QByteArray& value, const char* type, const QByteArray& name) {
-        const char* why = type == QByteArrayView("bytea") ? "δεν είναι δεδομένα αρχείου." : "δεν είναι κείμενο.";
-        return QByteArray("jet_read_nothing(") + value + ", " + name + ", '" + why + "')::text::" + type;
+    static QByteArray refused(const QByteArray& value, const QByteArray& type, const QByteArray& name,
+                              const QString& why) {
+        return "jet_read_nothing(" + value + ", " + name + ", '" + why.toUtf8() + "')::text::" + type;
     }
 
     // The value as the kind that the column is of; one that doesn't read is refused.
@@ -309,10 +315,10 @@ private:
         const bool possible =
             from != ValueKind::Binary && to != ValueKind::Date && !(to == ValueKind::YesNo && from == ValueKind::Date);
         if (possible) return convert(value, from, to);
-        const char* why = to == ValueKind::Number  ? "δεν είναι αριθμός."
-                          : to == ValueKind::YesNo ? "πρέπει να είναι Ναι ή Όχι."
-                                                   : "δεν είναι ημερομηνία ή ώρα.";
-        return "jet_read_nothing(" + value + ", " + name + ", '" + why + "')::text::" + typeOf(to);
+        const QString why = to == ValueKind::Number  ? u"δεν είναι αριθμός."_s
+                            : to == ValueKind::YesNo ? u"πρέπει να είναι Ναι ή Όχι."_s
+                                                     : u"δεν είναι ημερομηνία ή ώρα."_s;
+        return refused(value, typeOf(to), name, why);
     }
 
     static QByteArray intoNumber(const QByteArray& number, const ColumnInfo& column, const QByteArray& name) {
@@ -345,4 +351,4 @@ const EngineDialect& pgDialect() {
     return dialect;
 }
 
-}  // namespace data
+}  // namespace data::postgres

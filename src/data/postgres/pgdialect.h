@@ -2,14 +2,14 @@
 
 #include "data/dialect/enginedialect.h"
 
-namespace data {
+namespace data::postgres {
 
 // Stored types: bigint identity (Autonumber), integer (Long), smallint (Integer), real (Single), double precision,
 // varchar(n) (Text), text (Memo), boolean (YesNo), timestamp(0) (DateTime), bytea. Texts compare by their bytes.
 // A table without an autonumber gets the hidden identity column "_row".
-const EngineDialect& pgDialect();
+const dialect::EngineDialect& pgDialect();
 
 // A name that is longer than the server keeps is cut and carries a hash of itself; its full form is the comment.
 QByteArray pgName(QStringView name);
 
-}  // namespace data
+}  // namespace data::postgres

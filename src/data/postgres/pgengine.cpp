@@ -8,7 +8,9 @@
 
 using namespace Qt::Literals::StringLiterals;
 
-namespace data {
+namespace data::postgres {
+
+using dialect::EngineDialect;
 namespace {
 
 constexpr int mostPrepared = 96;
@@ -228,4 +230,4 @@ QStringList PgEngine::hindrances() {
         "διαβάζουν όλο τον πίνακα. Φτιάξτε την με --locale=C.UTF-8."_s};
 }
 
-}  // namespace data
+}  // namespace data::postgres

@@ -7,10 +7,11 @@
 #include <vector>
 
 #include "data/engine.h"
-#include "data/postgres/pgschemas.h"
-#include "data/serverdescription.h"
+#include "data/opening/serverdescription.h"
 
-namespace data {
+namespace data::postgres {
+
+class PgSchemaWork;
 
 class PgEngine : public Engine {
 public:
@@ -21,7 +22,7 @@ public:
     PgEngine(const PgEngine&) = delete;
     PgEngine& operator=(const PgEngine&) = delete;
 
-    const EngineDialect& dialect() const override;
+    const dialect::EngineDialect& dialect() const override;
     Catalog readCatalog() override;
     ExecuteResult execute(const QByteArray& sql, const QVector<QVariant>& parameters) override;
     qint64 query(const QByteArray& sql, const QVector<QVariant>& parameters, RowSink* sink) override;
@@ -102,4 +103,4 @@ void createPgDatabase(const ServerDescription& server, DatabaseKind kind);
 // Takes it away again, and the schema with it unless that was prepared by somebody else.
 void dropPgDatabase(const ServerDescription& server) noexcept;
 
-}  // namespace data
+}  // namespace data::postgres

@@ -2,42 +2,42 @@
 
 using namespace Qt::Literals::StringLiterals;
 
-namespace data {
+namespace data::postgres {
 namespace {
 
 struct Meaning {
-    const char* state;  // a code or the beginning of several; the first that fits counts
+    QString state;  // a code or the beginning of several; the first that fits counts
     ErrorCategory category;
-    const char16_t* text;  // null: the server's own message behind the general words
+    QString text;  // empty: the server's own message behind the general words
 };
 
-constexpr Meaning meanings[] = {
-    {"DV001", ErrorCategory::Type, nullptr},
-    {"DV002", ErrorCategory::Constraint, nullptr},
-    {"23505", ErrorCategory::Constraint, u"Υπάρχει ήδη εγγραφή με αυτή την τιμή κλειδιού."},
-    {"23502", ErrorCategory::Constraint, u"Ένα υποχρεωτικό πεδίο είναι κενό."},
-    {"23", ErrorCategory::Constraint, u"Η εγγραφή παραβιάζει κανόνα του πίνακα."},
-    {"22001", ErrorCategory::Constraint, u"Η τιμή έχει περισσότερους χαρακτήρες από όσους χωράει το πεδίο."},
-    {"22021", ErrorCategory::Type, u"Το κείμενο έχει μέσα του χαρακτήρα που η βάση δεν δέχεται."},
-    {"22003", ErrorCategory::Type, u"Ένας αριθμός είναι έξω από τα όρια."},
-    {"22", ErrorCategory::Type, u"Η τιμή δεν ταιριάζει με τον τύπο του πεδίου."},
-    {"55P03", ErrorCategory::Busy, u"Κάποιος άλλος κρατά τα δεδομένα αυτή τη στιγμή. Δοκιμάστε ξανά σε λίγο."},
-    {"40P01", ErrorCategory::Busy,
-     u"Δύο εργασίες περίμεναν η μία την άλλη και αυτή εδώ ακυρώθηκε. Τίποτα δεν αποθηκεύτηκε· δοκιμάστε ξανά."},
-    {"40", ErrorCategory::Busy,
-     u"Η εργασία συγκρούστηκε με άλλη και ακυρώθηκε. Τίποτα δεν αποθηκεύτηκε· δοκιμάστε ξανά."},
-    {"25006", ErrorCategory::ReadOnly, u"Η βάση δεδομένων είναι ανοιχτή μόνο για ανάγνωση."},
-    {"25P02", ErrorCategory::State, u"Η εργασία απέτυχε σε προηγούμενη εντολή της και ακυρώθηκε."},
-    {"42501", ErrorCategory::ReadOnly, u"Δεν έχετε δικαίωμα για αυτή την εντολή στον διακομιστή."},
-    {"42", ErrorCategory::Syntax, nullptr},
-    {"53100", ErrorCategory::Full, u"Ο δίσκος του διακομιστή είναι γεμάτος. Τίποτα δεν αποθηκεύτηκε."},
-    {"54", ErrorCategory::Constraint, u"Η τιμή ή η εντολή είναι υπερβολικά μεγάλη."},
-    {"57014", ErrorCategory::Other, u"Η εργασία διακόπηκε."},
-    {"57P", ErrorCategory::Connection, u"Ο διακομιστής της βάσης σταμάτησε. Δοκιμάστε ξανά σε λίγο."},
-    {"08", ErrorCategory::Connection, u"Η σύνδεση με τον διακομιστή της βάσης χάθηκε."},
-    {"58", ErrorCategory::Full, u"Ο δίσκος του διακομιστή δεν διαβάζεται ή δεν γράφεται."},
-    {"XX001", ErrorCategory::Corrupt, u"Η βάση δεδομένων έχει καταστραφεί. Επαναφέρετε ένα αντίγραφο ασφαλείας."},
-    {"XX002", ErrorCategory::Corrupt, u"Ένα ευρετήριο της βάσης έχει καταστραφεί. Ειδοποιήστε τον διαχειριστή."},
+const Meaning meanings[] = {
+    {u"DV001"_s, ErrorCategory::Type, {}},
+    {u"DV002"_s, ErrorCategory::Constraint, {}},
+    {u"23505"_s, ErrorCategory::Constraint, u"Υπάρχει ήδη εγγραφή με αυτή την τιμή κλειδιού."_s},
+    {u"23502"_s, ErrorCategory::Constraint, u"Ένα υποχρεωτικό πεδίο είναι κενό."_s},
+    {u"23"_s, ErrorCategory::Constraint, u"Η εγγραφή παραβιάζει κανόνα του πίνακα."_s},
+    {u"22001"_s, ErrorCategory::Constraint, u"Η τιμή έχει περισσότερους χαρακτήρες από όσους χωράει το πεδίο."_s},
+    {u"22021"_s, ErrorCategory::Type, u"Το κείμενο έχει μέσα του χαρακτήρα που η βάση δεν δέχεται."_s},
+    {u"22003"_s, ErrorCategory::Type, u"Ένας αριθμός είναι έξω από τα όρια."_s},
+    {u"22"_s, ErrorCategory::Type, u"Η τιμή δεν ταιριάζει με τον τύπο του πεδίου."_s},
+    {u"55P03"_s, ErrorCategory::Busy, u"Κάποιος άλλος κρατά τα δεδομένα αυτή τη στιγμή. Δοκιμάστε ξανά σε λίγο."_s},
+    {u"40P01"_s, ErrorCategory::Busy,
+     u"Δύο εργασίες περίμεναν η μία την άλλη και αυτή εδώ ακυρώθηκε. Τίποτα δεν αποθηκεύτηκε· δοκιμάστε ξανά."_s},
+    {u"40"_s, ErrorCategory::Busy,
+     u"Η εργασία συγκρούστηκε με άλλη και ακυρώθηκε. Τίποτα δεν αποθηκεύτηκε· δοκιμάστε ξανά."_s},
+    {u"25006"_s, ErrorCategory::ReadOnly, u"Η βάση δεδομένων είναι ανοιχτή μόνο για ανάγνωση."_s},
+    {u"25P02"_s, ErrorCategory::State, u"Η εργασία απέτυχε σε προηγούμενη εντολή της και ακυρώθηκε."_s},
+    {u"42501"_s, ErrorCategory::ReadOnly, u"Δεν έχετε δικαίωμα για αυτή την εντολή στον διακομιστή."_s},
+    {u"42"_s, ErrorCategory::Syntax, {}},
+    {u"53100"_s, ErrorCategory::Full, u"Ο δίσκος του διακομιστή είναι γεμάτος. Τίποτα δεν αποθηκεύτηκε."_s},
+    {u"54"_s, ErrorCategory::Constraint, u"Η τιμή ή η εντολή είναι υπερβολικά μεγάλη."_s},
+    {u"57014"_s, ErrorCategory::Other, u"Η εργασία διακόπηκε."_s},
+    {u"57P"_s, ErrorCategory::Connection, u"Ο διακομιστής της βάσης σταμάτησε. Δοκιμάστε ξανά σε λίγο."_s},
+    {u"08"_s, ErrorCategory::Connection, u"Η σύνδεση με τον διακομιστή της βάσης χάθηκε."_s},
+    {u"58"_s, ErrorCategory::Full, u"Ο δίσκος του διακομιστή δεν διαβάζεται ή δεν γράφεται."_s},
+    {u"XX001"_s, ErrorCategory::Corrupt, u"Η βάση δεδομένων έχει καταστραφεί. Επαναφέρετε ένα αντίγραφο ασφαλείας."_s},
+    {u"XX002"_s, ErrorCategory::Corrupt, u"Ένα ευρετήριο της βάσης έχει καταστραφεί. Ειδοποιήστε τον διαχειριστή."_s},
 };
 
 QString field(const PGresult* result, int code) {
@@ -55,8 +55,8 @@ Error pgError(const PGresult* result, const QByteArray& sql) {
     const QString state = field(result, PG_DIAG_SQLSTATE), message = field(result, PG_DIAG_MESSAGE_PRIMARY);
     const QString statement = QString::fromUtf8(sql);
     for (const Meaning& meaning : meanings) {
-        if (!state.startsWith(QLatin1String(meaning.state))) continue;
-        QString text = meaning.text ? QString::fromUtf16(meaning.text) : message;
+        if (!state.startsWith(meaning.state)) continue;
+        QString text = meaning.text.isEmpty() ? message : meaning.text;
         if (meaning.category == ErrorCategory::Syntax) text = u"Η εντολή δεν είναι σωστή: "_s + message;
         return Error(meaning.category, text, statement, numberOf(state));
     }
@@ -85,4 +85,4 @@ Error pgLostError(WhatIsLost what, const QByteArray& sql) {
         QString::fromUtf8(sql));
 }
 
-}  // namespace data
+}  // namespace data::postgres

@@ -5,7 +5,7 @@
 
 #include "data/error.h"
 
-namespace data {
+namespace data::postgres {
 
 Error pgError(const PGresult* result, const QByteArray& sql = {});
 
@@ -17,4 +17,4 @@ Error pgConnectError(const QString& message, PGPing server);
 enum class WhatIsLost { Nothing, Unknown };
 Error pgLostError(WhatIsLost what, const QByteArray& sql = {});
 
-}  // namespace data
+}  // namespace data::postgres

@@ -5,10 +5,10 @@
 
 #include <memory>
 
-#include "data/serverdescription.h"
+#include "data/opening/serverdescription.h"
 #include "data/smallrows.h"
 
-namespace data {
+namespace data::postgres {
 
 struct PgResultDeleter {
     void operator()(PGresult* result) const { PQclear(result); }
@@ -25,9 +25,9 @@ class PgEngine;
 qint64 pgObjects(PgEngine& engine, const QString& schema);
 
 // What a seat calls itself on the server, one name for each schema; so others can see whether anybody is there.
-QByteArray seatName(const ServerDescription& server);
+QString seatName(const ServerDescription& server);
 
 // What every connection of the road is set to, but for the time zone; for measuring beside it.
 QByteArray pgSessionSettings(const ServerDescription& server, const OpenSettings& settings);
 
-}  // namespace data
+}  // namespace data::postgres

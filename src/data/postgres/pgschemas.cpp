@@ -8,7 +8,7 @@
 
 using namespace Qt::Literals::StringLiterals;
 
-namespace data {
+namespace data::postgres {
 
 namespace {
 
@@ -52,7 +52,7 @@ void PgSchemaWork::requireNobodyIn(const QString& schema) {
         others = number(
             "SELECT count(*) FROM pg_stat_activity WHERE datname = current_database() AND pid <> pg_backend_pid() AND "
             "application_name = $1",
-            QString::fromLatin1(seatName(seat)));
+            seatName(seat));
     }
     if (others > 0)
         throw Error(ErrorCategory::Busy,
@@ -78,7 +78,7 @@ void PgSchemaWork::dropEmpty(const QString& schema) {
 
 void PgSchemaWork::renewFunctions(const QString& schema) {
     script("SET LOCAL search_path TO " + pgDialect().identifier(schema) +
-           ", pg_temp; SET LOCAL check_function_bodies TO off;" + postgres::functionsScript());
+           ", pg_temp; SET LOCAL check_function_bodies TO off;" + functionsScript());
 }
 
 void PgSchemaWork::script(const QByteArray& sql) {
@@ -121,17 +121,17 @@ QString pgNameWith(const QString& name, const QString& ending) {
 }
 
 QString pgConnectionText(const ServerDescription& server) {
-    const std::pair<const char16_t*, QString> parts[] = {{u"service", server.service}, {u"host", server.host},
-                                                         {u"port", server.port},       {u"dbname", server.database},
-                                                         {u"user", server.user},       {u"sslmode", server.sslMode}};
+    const std::pair<QString, QString> parts[] = {{u"service"_s, server.service}, {u"host"_s, server.host},
+                                                 {u"port"_s, server.port},       {u"dbname"_s, server.database},
+                                                 {u"user"_s, server.user},       {u"sslmode"_s, server.sslMode}};
     QStringList pairs;
     for (const auto& [name, value] : parts) {
         if (value.isEmpty()) continue;
         QString quoted = value;
         quoted.replace(u'\\', u"\\\\"_s).replace(u'\'', u"\\'"_s);
-        pairs += QString::fromUtf16(name) + u"='"_s + quoted + u'\'';
+        pairs += name + u"='"_s + quoted + u'\'';
     }
     return pairs.join(u' ');
 }
 
-}  // namespace data
+}  // namespace data::postgres

@@ -3,9 +3,9 @@
 
 #include <memory>
 
-#include "data/serverdescription.h"
+#include "data/opening/serverdescription.h"
 
-namespace data {
+namespace data::postgres {
 
 class PgEngine;
 
@@ -58,4 +58,4 @@ QString pgNameWith(const QString& name, const QString& ending);
 // What a tool of the server needs to find the same database, without a password.
 QString pgConnectionText(const ServerDescription& server);
 
-}  // namespace data
+}  // namespace data::postgres

@@ -2,7 +2,7 @@
 #include <QElapsedTimer>
 #include <QTimeZone>
 
-#include "data/password.h"
+#include "data/opening/password.h"
 #include "data/postgres/functionscript.h"
 #include "data/postgres/pgdialect.h"
 #include "data/postgres/pgengine.h"
@@ -11,10 +11,10 @@
 
 using namespace Qt::Literals::StringLiterals;
 
-namespace data {
+namespace data::postgres {
 namespace {
 
-const char functionsProperty[] = "functions";
+const QString functionsProperty = u"functions"_s;
 
 [[noreturn]] void refuseForeign(const ServerDescription& server) {
     throw Error(ErrorCategory::Connection,
@@ -40,7 +40,7 @@ public:
             {"user", server.user},
             {"password", server.password},
             {"sslmode", server.sslMode},
-            {"application_name", QString::fromLatin1(seatName(server))},
+            {"application_name", seatName(server)},
             {"client_encoding", u"UTF8"_s},
             {"connect_timeout", u"10"_s},
             // A server that vanishes is missed within half a minute, whether bytes were on their way or not.
@@ -141,7 +141,7 @@ void PgEngine::configure() {
         connection_, [](void*, const char*) {}, nullptr);
     script(pgSessionSettings(server_, settings_));
     // The clock of the statements is the one on the wall here. A server may not know the zone by its name.
-    const QByteArray zone = pgDialect().EngineDialect::textLiteral(QString::fromLatin1(QTimeZone::systemTimeZoneId()));
+    const QByteArray zone = pgDialect().EngineDialect::textLiteral(QString::fromUtf8(QTimeZone::systemTimeZoneId()));
     const PgResult set(PQexec(connection_, ("SET TIME ZONE " + zone).constData()));
     if (PQresultStatus(set.get()) != PGRES_COMMAND_OK) {
         const int minutes = QDateTime::currentDateTime().offsetFromUtc() / 60;
@@ -188,14 +188,14 @@ void PgEngine::requireOurs() {
 }
 
 void PgEngine::refreshFunctions() {
-    const QString name = QString::fromLatin1(functionsProperty);
-    if (property(name).toInt() >= postgres::functionsVersion) return;
+    const QString& name = functionsProperty;
+    if (property(name).toInt() >= functionsVersion) return;
     begin();
     try {
         lockForUpgrade();
-        if (property(name).toInt() < postgres::functionsVersion) {
-            script(postgres::functionsScript());
-            setProperty(name, QString::number(postgres::functionsVersion));
+        if (property(name).toInt() < functionsVersion) {
+            script(functionsScript());
+            setProperty(name, QString::number(functionsVersion));
         }
         commit();
     } catch (...) {
@@ -221,4 +221,4 @@ void PgEngine::fail(PGresult* result, const QByteArray& sql) {
     throw pgLostError(certain ? WhatIsLost::Nothing : WhatIsLost::Unknown, head(sql));
 }
 
-}  // namespace data
+}  // namespace data::postgres

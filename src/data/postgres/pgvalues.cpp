@@ -5,11 +5,11 @@
 #include <cmath>
 #include <cstring>
 
-#include "data/format.h"
+#include "data/values/format.h"
 
 using namespace Qt::Literals::StringLiterals;
 
-namespace data {
+namespace data::postgres {
 namespace {
 
 // The server's own numbers of its types, fixed for ever.
@@ -31,9 +31,8 @@ enum TypeNumber : Oid {
 constexpr qint64 millionth = 1'000'000;
 constexpr qint64 epochSeconds = 36526LL * 86400;  // 2000-01-01, the server's zero, from 1899-12-30
 
-[[noreturn]] void refuse(const char* what) {
-    throw Error(ErrorCategory::Type,
-                u"Η τιμή δεν ταιριάζει με τον τύπο του πεδίου: περίμενα %1."_s.arg(QString::fromUtf8(what)));
+[[noreturn]] void refuse(const QString& what) {
+    throw Error(ErrorCategory::Type, u"Η τιμή δεν ταιριάζει με τον τύπο του πεδίου: περίμενα %1."_s.arg(what));
 }
 
 template <class T>
@@ -62,9 +61,9 @@ bool isText(const QVariant& value) {
 double number(const QVariant& value) {
     if (isText(value)) {
         if (const auto parsed = parseNumber(value.toString())) return *parsed;
-        refuse("αριθμό");
+        refuse(u"αριθμό"_s);
     }
-    if (value.typeId() == QMetaType::QByteArray) refuse("αριθμό");
+    if (value.typeId() == QMetaType::QByteArray) refuse(u"αριθμό"_s);
     if (value.typeId() == QMetaType::QDateTime) return double(dateToSeconds(value.toDateTime()));
     return value.toDouble();
 }
@@ -74,14 +73,14 @@ QByteArray whole(const QVariant& value) {
     const bool exact = value.typeId() == QMetaType::LongLong || value.typeId() == QMetaType::Int;
     const double rounded = exact ? value.toDouble() : std::nearbyint(number(value));
     constexpr double least = double(std::numeric_limits<T>::min()), most = double(std::numeric_limits<T>::max());
-    if (!(rounded >= least && rounded <= most)) refuse("αριθμό μέσα στα όρια");
+    if (!(rounded >= least && rounded <= most)) refuse(u"αριθμό μέσα στα όρια"_s);
     return bigEndian<T>(T(exact ? value.toLongLong() : qint64(rounded)));
 }
 
 QByteArray textBytes(const QVariant& value) {
-    if (value.typeId() == QMetaType::QByteArray) refuse("κείμενο");
+    if (value.typeId() == QMetaType::QByteArray) refuse(u"κείμενο"_s);
     QByteArray utf8 = valueText(value).toUtf8();
-    if (utf8.contains('\0')) refuse("κείμενο χωρίς χαρακτήρα μηδέν (NUL)");
+    if (utf8.contains('\0')) refuse(u"κείμενο χωρίς χαρακτήρα μηδέν (NUL)"_s);
     return utf8;
 }
 
@@ -250,4 +249,4 @@ qint64 sendRows(const PGresult* result, RowSink& sink) {
     return rows;
 }
 
-}  // namespace data
+}  // namespace data::postgres

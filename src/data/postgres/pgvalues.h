@@ -9,7 +9,7 @@
 
 #include "data/engine.h"
 
-namespace data {
+namespace data::postgres {
 
 // Parameters of one run, each in the form of the type that the server takes at its place. `variant` is the type of
 // values that say their own kind. Throws Error(Type) for a value that can't be that type.
@@ -34,4 +34,4 @@ QByteArray columnBytes(const QVariant& value, ColumnType type);
 // Hands a result in binary form to the sink; returns the number of rows.
 qint64 sendRows(const PGresult* result, RowSink& sink);
 
-}  // namespace data
+}  // namespace data::postgres

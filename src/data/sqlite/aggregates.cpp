@@ -83,7 +83,7 @@ void registerAggregates(sqlite3* database) {
                                                     nullptr, aggregate.step, finish, nullptr);
         if (code != SQLITE_OK)
             throw Error(ErrorCategory::Other,
-                        u"Η βάση δεν δέχεται τη συνάρτηση %1"_s.arg(QString::fromLatin1(aggregate.name)), {}, code);
+                        u"Η βάση δεν δέχεται τη συνάρτηση %1"_s.arg(QString::fromUtf8(aggregate.name)), {}, code);
     }
 }
 

@@ -1,8 +1,8 @@
 #include <cmath>
 
-#include "data/convert.h"
-#include "data/format.h"
 #include "data/sqlite/functionparts.h"
+#include "data/values/convert.h"
+#include "data/values/format.h"
 
 namespace data::sqlite {
 

@@ -1,7 +1,7 @@
 #include <cmath>
 
-#include "data/format.h"
 #include "data/sqlite/functionparts.h"
+#include "data/values/format.h"
 
 namespace data::sqlite {
 

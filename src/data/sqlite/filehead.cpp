@@ -4,7 +4,7 @@
 
 #include <memory>
 
-namespace data {
+namespace data::sqlite {
 
 std::optional<QByteArray> readFileHead(const QString& file, int most) {
     if (sqlite3_initialize() != SQLITE_OK) return std::nullopt;
@@ -25,4 +25,4 @@ std::optional<QByteArray> readFileHead(const QString& file, int most) {
     return code == SQLITE_OK ? std::optional(head) : std::nullopt;
 }
 
-}  // namespace data
+}  // namespace data::sqlite

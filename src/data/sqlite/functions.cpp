@@ -7,9 +7,7 @@
 
 using namespace Qt::Literals::StringLiterals;
 
-namespace data {
-
-namespace sqlite {
+namespace data::sqlite {
 
 // What SQLite calls: keeps Nulls and exceptions away from the functions' own code.
 static void runGuarded(Context context, int count, Values values) {
@@ -39,18 +37,16 @@ static void registerAll(sqlite3* database, const std::vector<SqlFunction>& funct
                                        const_cast<SqlFunction*>(&function), runGuarded, nullptr, nullptr, nullptr);
         if (code != SQLITE_OK)
             throw Error(ErrorCategory::Other,
-                        u"Η βάση δεν δέχεται τη συνάρτηση %1"_s.arg(QString::fromLatin1(function.name)), {}, code);
+                        u"Η βάση δεν δέχεται τη συνάρτηση %1"_s.arg(QString::fromUtf8(function.name)), {}, code);
     }
 }
 
-}  // namespace sqlite
-
 void registerFunctions(sqlite3* database) {
-    sqlite::registerAll(database, sqlite::textFunctions());
-    sqlite::registerAll(database, sqlite::dateFunctions());
-    sqlite::registerAll(database, sqlite::numberFunctions());
-    sqlite::registerAll(database, sqlite::conversionFunctions());
-    sqlite::registerAggregates(database);
+    registerAll(database, textFunctions());
+    registerAll(database, dateFunctions());
+    registerAll(database, numberFunctions());
+    registerAll(database, conversionFunctions());
+    registerAggregates(database);
 }
 
-}  // namespace data
+}  // namespace data::sqlite

@@ -2,7 +2,7 @@
 
 struct sqlite3;
 
-namespace data {
+namespace data::sqlite {
 
 // Registers what rendered statements call (the fold, the dialect's functions). Every connection needs it, since
 // indexes and statements call them; deterministic ones are marked so.
@@ -10,4 +10,4 @@ namespace data {
 // and the Greek sentence as sqlite3_errmsg.
 void registerFunctions(sqlite3* database);
 
-}  // namespace data
+}  // namespace data::sqlite

@@ -9,7 +9,7 @@
 
 using namespace Qt::Literals::StringLiterals;
 
-namespace data {
+namespace data::sqlite {
 namespace {
 
 constexpr int pagesAtOnce = 128;  // half a MB: often enough for whoever watches or breaks off
@@ -47,7 +47,7 @@ public:
 private:
     void discard() {
         sqlite3_close(database_);
-        for (const char* ending : {"", "-journal"}) QFile::remove(file_ + QLatin1String(ending));
+        for (const QString& file : {file_, file_ + u"-journal"_s}) QFile::remove(file);
     }
 
     QString file_;
@@ -89,4 +89,4 @@ void SqliteEngine::backupTo(const QString& file, const std::function<void()>& at
     target.keep();
 }
 
-}  // namespace data
+}  // namespace data::sqlite

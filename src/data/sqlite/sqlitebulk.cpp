@@ -5,7 +5,7 @@
 #include "data/smallrows.h"
 #include "data/sqlite/sqliteengine.h"
 
-namespace data {
+namespace data::sqlite {
 void SqliteEngine::beginSnapshot() {
     script("BEGIN");
     try {
@@ -66,4 +66,4 @@ void SqliteEngine::setLastNumber(const TableInfo& table, qint64 number) {
             {table.name, number});
 }
 
-}  // namespace data
+}  // namespace data::sqlite

@@ -1,9 +1,9 @@
 #include "data/sqlite/sqlitecatalog.h"
 
-#include "data/databasepassword.h"
+#include "data/opening/databasepassword.h"
 #include "data/sqlite/sqlitedialect.h"
 
-namespace data {
+namespace data::sqlite {
 namespace {
 
 // Rows as variants; for the few rows that describe a schema.
@@ -23,8 +23,8 @@ public:
 // several names for it; a column may have taken the usual one.
 QString rowIdentityOf(const TableInfo& table) {
     if (table.autonumber >= 0) return table.columns[table.autonumber].name;
-    for (const char16_t* name : {u"rowid", u"_rowid_", u"oid"})
-        if (table.indexOf(QStringView(name)) < 0) return QString::fromUtf16(name);
+    for (const QString& name : {u"rowid"_s, u"_rowid_"_s, u"oid"_s})
+        if (table.indexOf(name) < 0) return name;
     return {};
 }
 
@@ -70,4 +70,4 @@ Catalog readSqliteCatalog(Engine& engine) {
     return catalog;
 }
 
-}  // namespace data
+}  // namespace data::sqlite

@@ -2,9 +2,9 @@
 
 #include "data/engine.h"
 
-namespace data {
+namespace data::sqlite {
 
 // The tables of an open SQLite database, without the internal ones.
 Catalog readSqliteCatalog(Engine& engine);
 
-}  // namespace data
+}  // namespace data::sqlite

@@ -1,11 +1,16 @@
 #include "data/sqlite/sqlitedialect.h"
 
-#include "data/format.h"
 #include "data/sqlite/wordindex.h"
+#include "data/values/format.h"
 
 using namespace Qt::Literals::StringLiterals;
 
-namespace data {
+namespace data::sqlite {
+
+using dialect::Arithmetic;
+using dialect::EngineDialect;
+using dialect::kindTag;
+using dialect::ValueKind;
 
 namespace {
 
@@ -191,4 +196,4 @@ ColumnInfo columnFromDeclaration(const QString& name, const QString& declaredTyp
     return column;
 }
 
-}  // namespace data
+}  // namespace data::sqlite

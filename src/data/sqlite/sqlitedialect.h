@@ -2,14 +2,14 @@
 
 #include "data/dialect/enginedialect.h"
 
-namespace data {
+namespace data::sqlite {
 
 // Declared types carry the dialect's type through SQLite without a wrong affinity:
 // AUTONUMBER is "INTEGER PRIMARY KEY AUTOINCREMENT", the others "INTEGER" (Long), "SMALLINT", "FLOAT" (Single),
 // "DOUBLE", "TEXT(n)", "LONGTEXT" (Memo), "YESNO", "DATETIME", "LONGBLOB".
-const EngineDialect& sqliteDialect();
+const dialect::EngineDialect& sqliteDialect();
 
 // A column from its declaration as PRAGMA table_info gives it.
 ColumnInfo columnFromDeclaration(const QString& name, const QString& declaredType, bool isRowIdKey);
 
-}  // namespace data
+}  // namespace data::sqlite

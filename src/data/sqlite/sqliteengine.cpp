@@ -7,20 +7,22 @@
 #include <QFileInfo>
 #include <cmath>
 
-#include "data/databasepassword.h"
-#include "data/fileidentity.h"
-#include "data/format.h"
-#include "data/password.h"
+#include "data/opening/databasepassword.h"
+#include "data/opening/fileidentity.h"
+#include "data/opening/password.h"
 #include "data/smallrows.h"
 #include "data/sqlite/functions.h"
 #include "data/sqlite/sqlitecatalog.h"
 #include "data/sqlite/sqlitedialect.h"
 #include "data/sqlite/sqliteerror.h"
 #include "data/sqlite/wordindex.h"
+#include "data/values/format.h"
 
 using namespace Qt::Literals::StringLiterals;
 
-namespace data {
+namespace data::sqlite {
+
+using dialect::EngineDialect;
 namespace {
 
 FileIdentity requireOurs(const QString& file) {
@@ -44,9 +46,9 @@ FileIdentity requireOurs(const QString& file) {
 }
 
 // Binds in the stored form. Texts and bytes are lent to the statement, so they live in `held` until its reset.
-class Binder {
+class ParameterBinder {
 public:
-    Binder(sqlite3* database, sqlite3_stmt* statement, const QByteArray& sql)
+    ParameterBinder(sqlite3* database, sqlite3_stmt* statement, const QByteArray& sql)
         : database_(database), statement_(statement), sql_(sql) {}
 
     void bind(const QVector<QVariant>& values) {
@@ -205,7 +207,7 @@ Catalog SqliteEngine::readCatalog() {
 
 ExecuteResult SqliteEngine::execute(const QByteArray& sql, const QVector<QVariant>& parameters) {
     StatementCache::Lease statement(statements_, sql);
-    Binder binder(database_, statement.get(), sql);
+    ParameterBinder binder(database_, statement.get(), sql);
     binder.bind(parameters);
     const qint64 before = sqlite3_total_changes64(database_);
     int code;
@@ -222,7 +224,7 @@ qint64 SqliteEngine::query(const QByteArray& sql, const QVector<QVariant>& param
     if (!sqlite3_stmt_readonly(statement.get())) {
         throw Error(ErrorCategory::ReadOnly, u"Εδώ επιτρέπεται μόνο ανάγνωση."_s, QString::fromUtf8(sql));
     }
-    Binder binder(database_, statement.get(), sql);
+    ParameterBinder binder(database_, statement.get(), sql);
     binder.bind(parameters);
     const int columns = sqlite3_column_count(statement.get());
     qint64 rows = 0;
@@ -339,4 +341,4 @@ void createSqliteFile(const QString& file, quint32 applicationId) {
     throw sqliteOpenError(code, file);
 }
 
-}  // namespace data
+}  // namespace data::sqlite

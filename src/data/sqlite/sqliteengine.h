@@ -6,7 +6,7 @@
 
 struct sqlite3;
 
-namespace data {
+namespace data::sqlite {
 
 class SqliteEngine : public Engine {
 public:
@@ -17,7 +17,7 @@ public:
     SqliteEngine(const SqliteEngine&) = delete;
     SqliteEngine& operator=(const SqliteEngine&) = delete;
 
-    const EngineDialect& dialect() const override;
+    const dialect::EngineDialect& dialect() const override;
     Catalog readCatalog() override;
     ExecuteResult execute(const QByteArray& sql, const QVector<QVariant>& parameters) override;
     qint64 query(const QByteArray& sql, const QVector<QVariant>& parameters, RowSink* sink) override;
@@ -68,4 +68,4 @@ void createSqliteFile(const QString& file, quint32 applicationId);
 // What every connection is set to as it opens; for measuring beside it.
 const char* sqliteOpeningPragmas();
 
-}  // namespace data
+}  // namespace data::sqlite

@@ -6,33 +6,33 @@
 
 using namespace Qt::Literals::StringLiterals;
 
-namespace data {
+namespace data::sqlite {
 namespace {
 
 struct Meaning {
     int code;  // primary code
     ErrorCategory category;
-    const char16_t* text;
+    QString text;
 };
 
-constexpr Meaning meanings[] = {
+const Meaning meanings[] = {
     {SQLITE_BUSY, ErrorCategory::Busy,
-     u"Κάποιος άλλος κρατά τη βάση δεδομένων αυτή τη στιγμή. Δοκιμάστε ξανά σε λίγο."},
-    {SQLITE_LOCKED, ErrorCategory::Busy, u"Ο πίνακας είναι κλειδωμένος από άλλη εργασία. Δοκιμάστε ξανά σε λίγο."},
+     u"Κάποιος άλλος κρατά τη βάση δεδομένων αυτή τη στιγμή. Δοκιμάστε ξανά σε λίγο."_s},
+    {SQLITE_LOCKED, ErrorCategory::Busy, u"Ο πίνακας είναι κλειδωμένος από άλλη εργασία. Δοκιμάστε ξανά σε λίγο."_s},
     {SQLITE_CORRUPT, ErrorCategory::Corrupt,
-     u"Η βάση δεδομένων έχει καταστραφεί. Επαναφέρετε ένα αντίγραφο ασφαλείας."},
-    {SQLITE_NOTADB, ErrorCategory::Corrupt, u"Το αρχείο δεν είναι βάση δεδομένων ή έχει καταστραφεί."},
-    {SQLITE_FULL, ErrorCategory::Full, u"Ο δίσκος είναι γεμάτος. Τίποτα δεν αποθηκεύτηκε."},
-    {SQLITE_IOERR, ErrorCategory::Full, u"Ο δίσκος δεν διαβάζεται ή δεν γράφεται."},
-    {SQLITE_READONLY, ErrorCategory::ReadOnly, u"Η βάση δεδομένων είναι μόνο για ανάγνωση."},
-    {SQLITE_PERM, ErrorCategory::ReadOnly, u"Δεν έχετε δικαίωμα εγγραφής στη βάση δεδομένων."},
+     u"Η βάση δεδομένων έχει καταστραφεί. Επαναφέρετε ένα αντίγραφο ασφαλείας."_s},
+    {SQLITE_NOTADB, ErrorCategory::Corrupt, u"Το αρχείο δεν είναι βάση δεδομένων ή έχει καταστραφεί."_s},
+    {SQLITE_FULL, ErrorCategory::Full, u"Ο δίσκος είναι γεμάτος. Τίποτα δεν αποθηκεύτηκε."_s},
+    {SQLITE_IOERR, ErrorCategory::Full, u"Ο δίσκος δεν διαβάζεται ή δεν γράφεται."_s},
+    {SQLITE_READONLY, ErrorCategory::ReadOnly, u"Η βάση δεδομένων είναι μόνο για ανάγνωση."_s},
+    {SQLITE_PERM, ErrorCategory::ReadOnly, u"Δεν έχετε δικαίωμα εγγραφής στη βάση δεδομένων."_s},
     {SQLITE_CANTOPEN, ErrorCategory::Connection,
-     u"Η βάση δεδομένων δεν ανοίγει. Ελέγξτε ότι έχετε δικαίωμα εγγραφής στον φάκελό της."},
-    {SQLITE_TOOBIG, ErrorCategory::Constraint, u"Η τιμή ή η εντολή είναι υπερβολικά μεγάλη."},
-    {SQLITE_MISMATCH, ErrorCategory::Type, u"Η τιμή δεν ταιριάζει με τον τύπο του πεδίου."},
-    {SQLITE_AUTH, ErrorCategory::ReadOnly, u"Η εντολή δεν επιτρέπεται εδώ."},
-    {SQLITE_NOMEM, ErrorCategory::Other, u"Δεν υπάρχει αρκετή μνήμη."},
-    {SQLITE_INTERRUPT, ErrorCategory::Other, u"Η εργασία διακόπηκε."},
+     u"Η βάση δεδομένων δεν ανοίγει. Ελέγξτε ότι έχετε δικαίωμα εγγραφής στον φάκελό της."_s},
+    {SQLITE_TOOBIG, ErrorCategory::Constraint, u"Η τιμή ή η εντολή είναι υπερβολικά μεγάλη."_s},
+    {SQLITE_MISMATCH, ErrorCategory::Type, u"Η τιμή δεν ταιριάζει με τον τύπο του πεδίου."_s},
+    {SQLITE_AUTH, ErrorCategory::ReadOnly, u"Η εντολή δεν επιτρέπεται εδώ."_s},
+    {SQLITE_NOMEM, ErrorCategory::Other, u"Δεν υπάρχει αρκετή μνήμη."_s},
+    {SQLITE_INTERRUPT, ErrorCategory::Other, u"Η εργασία διακόπηκε."_s},
 };
 
 QString constraintText(int code) {
@@ -63,7 +63,7 @@ ErrorCategory categoryOf(int primary) {
 QString textOf(int code) {
     if ((code & 0xFF) == SQLITE_CONSTRAINT) return constraintText(code);
     for (const Meaning& meaning : meanings)
-        if (meaning.code == (code & 0xFF)) return QString::fromUtf16(meaning.text);
+        if (meaning.code == (code & 0xFF)) return meaning.text;
     return {};
 }
 
@@ -90,26 +90,10 @@ Error sqliteRangeError(const QByteArray& sql) {
     return Error(ErrorCategory::Type, u"Ένας αριθμός είναι έξω από τα όρια."_s, QString::fromUtf8(sql));
 }
 
-// The parser's stack overflows before it looks a single name up. A word more leaves room for whoever asks for the plan.
-bool sqliteHasRoomFor(const QByteArray& statementText) {
-    const QByteArray sql = "EXPLAIN " + statementText;
-    sqlite3* database = nullptr;
-    sqlite3_stmt* statement = nullptr;
-    bool fits = true;
-    if (sqlite3_open_v2(":memory:", &database, SQLITE_OPEN_READWRITE, nullptr) == SQLITE_OK &&
-        sqlite3_prepare_v2(database, sql.constData(), int(sql.size()), &statement, nullptr) != SQLITE_OK) {
-        const QByteArray message = sqlite3_errmsg(database);
-        fits = !message.contains("stack overflow") && !message.contains("too large");
-    }
-    sqlite3_finalize(statement);
-    sqlite3_close(database);
-    return fits;
-}
-
 Error sqliteOpenError(int code, const QString& file) {
     const QString text = textOf(code);
     return Error(categoryOf(code & 0xFF) == ErrorCategory::Other ? ErrorCategory::Connection : categoryOf(code & 0xFF),
                  u"Το αρχείο «%1» δεν άνοιξε. %2"_s.arg(QDir::toNativeSeparators(file), text), {}, code);
 }
 
-}  // namespace data
+}  // namespace data::sqlite

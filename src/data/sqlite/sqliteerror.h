@@ -7,7 +7,7 @@
 
 struct sqlite3;
 
-namespace data {
+namespace data::sqlite {
 
 // `preparing` tells a statement that doesn't parse from one that fails while it runs.
 Error sqliteError(sqlite3* database, int code, const QByteArray& sql = {}, bool preparing = false);
@@ -18,7 +18,4 @@ Error sqliteOpenError(int code, const QString& file);
 // A result that no number can hold.
 Error sqliteRangeError(const QByteArray& sql);
 
-// Whether the engine's parser has room for the nesting of a statement; anything else about it isn't asked.
-bool sqliteHasRoomFor(const QByteArray& sql);
-
-}  // namespace data
+}  // namespace data::sqlite

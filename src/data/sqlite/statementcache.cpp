@@ -6,7 +6,7 @@
 
 using namespace Qt::Literals::StringLiterals;
 
-namespace data {
+namespace data::sqlite {
 
 void StatementCache::clear() {
     for (const Entry& entry : entries_) sqlite3_finalize(entry.statement);
@@ -68,4 +68,4 @@ StatementCache::Lease::~Lease() {
     cache_.byText_.value(sql_)->inUse = false;
 }
 
-}  // namespace data
+}  // namespace data::sqlite

@@ -8,7 +8,7 @@
 struct sqlite3;
 struct sqlite3_stmt;
 
-namespace data {
+namespace data::sqlite {
 
 class StatementCache {
 public:
@@ -56,4 +56,4 @@ private:
     QHash<QByteArray, std::list<Entry>::iterator> byText_;
 };
 
-}  // namespace data
+}  // namespace data::sqlite

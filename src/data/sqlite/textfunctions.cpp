@@ -1,8 +1,8 @@
 #include <QLocale>
 
-#include "data/fold.h"
-#include "data/phonekey.h"
 #include "data/sqlite/functionparts.h"
+#include "data/values/fold.h"
+#include "data/values/phonekey.h"
 
 using namespace Qt::Literals::StringLiterals;
 

@@ -1,17 +1,15 @@
 #include "data/sqlite/wordindex.h"
 
-#include "data/sqlite/sqlitedialect.h"
+#include "data/dialect/enginedialect.h"
 
 using namespace Qt::Literals::StringLiterals;
 
-namespace data {
+namespace data::sqlite {
+
+using dialect::quotedIdentifier;
 namespace {
 
 using List = QByteArrayList;
-
-QByteArray quoted(const QString& name) {
-    return sqliteDialect().identifier(name);
-}
 
 List indexed(const List& columns, const QByteArray& row) {
     List out;
@@ -27,9 +25,10 @@ QByteArray trigger(const QByteArray& name, const QByteArray& event, const QByteA
 
 QByteArray wordIndexScript(const TableInfo& table, const QVector<int>& columns) {
     List names;
-    for (const int column : columns) names << quoted(table.columns[column].name);
-    const QByteArray name = wordIndexName(table).toUtf8(), index = quoted(wordIndexName(table));
-    const QByteArray list = names.join(','), source = quoted(table.name), row = quoted(table.rowIdentity);
+    for (const int column : columns) names << quotedIdentifier(table.columns[column].name);
+    const QByteArray name = wordIndexName(table).toUtf8(), index = quotedIdentifier(wordIndexName(table));
+    const QByteArray list = names.join(','), source = quotedIdentifier(table.name),
+                     row = quotedIdentifier(table.rowIdentity);
     const QByteArray add = "INSERT INTO " + index + "(rowid," + list + ") ";
     const QByteArray adds = add + "VALUES (new." + row + ',' + indexed(names, "new.").join(',') + ");";
     const QByteArray takes = "INSERT INTO " + index + '(' + index + ",rowid," + list + ") VALUES ('delete',old." + row +
@@ -63,4 +62,4 @@ QString wordQuery(const std::vector<QStringList>& alternatives) {
     return any.join(u" OR "_s);
 }
 
-}  // namespace data
+}  // namespace data::sqlite

@@ -7,7 +7,7 @@
 
 #include "data/types.h"
 
-namespace data {
+namespace data::sqlite {
 
 // Statements that make the index of these columns and fill it. It holds row numbers only, no texts. A table without an
 // autonumber gets new row numbers from VACUUM: whoever compacts such a file makes the index anew.
@@ -16,4 +16,4 @@ QByteArray wordIndexScript(const TableInfo& table, const QVector<int>& columns);
 // What MATCH takes for texts that hold all pieces of one of the alternatives; a piece has at least three characters.
 QString wordQuery(const std::vector<QStringList>& alternatives);
 
-}  // namespace data
+}  // namespace data::sqlite

@@ -1,0 +1,41 @@
+#include "schema/workfolder.h"
+
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+
+#include "data/error.h"
+#include "schema/office.h"
+
+namespace schema {
+
+static const QString workFolderName = u".dorvalist-work-"_s;
+
+QString dumpFileName(Database database) {
+    return QFileInfo(databaseFileName(database)).completeBaseName() + u".dump"_s;
+}
+
+void dropAbandonedWork(const QString& folder, const QDateTime& now) {
+    QStringList ours = {contentsFileName + u'*', packedFileName + u'*'};
+    for (const Database database : allDatabases)
+        ours << databaseFileName(database) + u'*' << dumpFileName(database) + u'*';
+    const auto workFolders = QDir::Dirs | QDir::Hidden | QDir::NoSymLinks;
+    for (const QFileInfo& workFolder : QDir(folder).entryInfoList({workFolderName + u"??????"_s}, workFolders)) {
+        if (workFolder.lastModified() >= now.addDays(-1)) continue;
+        const QDir left(workFolder.filePath());
+        for (const QFileInfo& file : left.entryInfoList(ours, QDir::Files | QDir::NoSymLinks))
+            QFile::remove(file.filePath());
+        QDir().rmdir(workFolder.filePath());  // fails when anything else is in it
+    }
+}
+
+std::unique_ptr<QTemporaryDir> workFolderIn(const QString& folder) {
+    dropAbandonedWork(folder);
+    auto workFolder = std::make_unique<QTemporaryDir>(QDir(folder).filePath(workFolderName + u"XXXXXX"_s));
+    if (!workFolder->isValid())
+        throw data::Error(data::ErrorCategory::Full, u"Δεν γράφεται ο φάκελος «%1»: %2"_s.arg(
+                                                         QDir::toNativeSeparators(folder), workFolder->errorString()));
+    return workFolder;
+}
+
+}  // namespace schema

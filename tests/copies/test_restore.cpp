@@ -1,0 +1,281 @@
+// What a restoring finds in the office's folder, and what stops it half way.
+#include "schema/office.h"
+#include "schema/workfolder.h"
+#include <sqlite3.h>
+
+#include "schema/creation.h"
+#include "copies/backup.h"
+#include "copies/restore.h"
+#include "data/opening/databasepassword.h"
+#include "data/opening/fileidentity.h"
+#include "platform/filestate.h"
+#include "copies/backup.h"
+#include "copies/unpacking.h"
+#include "support/cases.h"
+#include "support/failure.h"
+#include "support/files.h"
+#include "support/officefolder.h"
+
+#ifdef Q_OS_UNIX
+#include <sys/stat.h>
+
+#include "support/childprocess.h"
+#endif
+
+using namespace Qt::Literals::StringLiterals;
+using namespace support;
+using schema::Database;
+
+namespace {
+
+const QDateTime moment(QDate(2026, 11, 5), QTime(10, 30), Qt::UTC);
+const QString dated = u".20261105-103000"_s;
+
+// The file header's two numbers of the journal's kind.
+bool isJournalAhead(const QString& file) {
+    return bytesOf(file).left(20).endsWith("\2\2");
+}
+
+// An office with one card, and a copy of it from before there was any.
+struct Site {
+    Site() {
+        copies::backupOffice(folder(), file);
+        office.main.execute(u"insert into Cards (ΕΠΩΝΥΜΟ) values ('νέα')"_s);
+        office.closeBoth();
+    }
+    QString folder() const { return office.folder(); }
+    QString main() const { return office.mainFile(); }
+    QStringList restore(const copies::RestoreOptions& options = {.force = true, .now = moment}) {
+        return copies::restoreOffice(file, folder(), options);
+    }
+    // The number of cards in a sound office.
+    QString cards() {
+        office.openBoth();
+        const QString count = firstText(office.main, u"select count(*) from Cards"_s);
+        const bool sound = office.main.engine().damages().isEmpty();
+        office.closeBoth();
+        return sound ? count : u"damaged"_s;
+    }
+
+    ScratchOffice office;
+    QTemporaryDir scratch;
+    QString file = scratch.filePath(u"α.tar"_s);
+};
+
+#ifdef Q_OS_UNIX
+
+// Another process in the midst of its work on a database; killed, it leaves its journal.
+class OtherSeat {
+public:
+    OtherSeat(const QString& file, const char* work) {
+        int ends[2];
+        if (pipe(ends) != 0) qFatal("pipe");
+        child_ = fork();
+        if (child_ == 0) {
+            alarm(60);  // it mustn't outlive a failed test
+            sqlite3* database = nullptr;
+            sqlite3_open(qUtf8Printable(file), &database);
+            const int code = sqlite3_exec(database, work, nullptr, nullptr, nullptr);
+            if (write(ends[1], &code, sizeof code) == sizeof code) pause();
+            _exit(1);
+        }
+        int code = SQLITE_ERROR;
+        if (read(ends[0], &code, sizeof code) != sizeof code || code != SQLITE_OK) qFatal("seat");
+        for (const int end : ends) ::close(end);
+    }
+    ~OtherSeat() { kill(); }
+    void kill() {
+        if (child_ <= 0) return;
+        ::kill(child_, SIGKILL);
+        waitpid(child_, nullptr, 0);
+        child_ = 0;
+    }
+
+private:
+    pid_t child_ = 0;
+};
+
+constexpr char someWork[] =
+    "PRAGMA journal_mode=WAL; CREATE TABLE Other (text); WITH RECURSIVE n(i) AS (SELECT 1 UNION ALL SELECT i+1 FROM n "
+    "WHERE i<2000) INSERT INTO Other SELECT hex(randomblob(200)) FROM n;";
+
+#endif
+
+}  // namespace
+
+class TestRestore : public QObject {
+    Q_OBJECT
+private slots:
+#ifdef Q_OS_UNIX
+    // The engine would play it into whatever stands there next.
+    void aJournalWithoutItsFileIsPutAside() {
+        for (const bool create : {false, true}) {
+            Site site;
+            OtherSeat(site.main(), someWork).kill();
+            QVERIFY(QFileInfo::exists(site.main() + u"-wal"_s));
+            QFile::remove(site.main());
+            QFile::remove(site.office.usersFile());
+            if (create)
+                schema::createOffice(site.folder(), {u"x"_s, {}});
+            else
+                QVERIFY(site.restore().isEmpty());
+            QCOMPARE(site.cards(), u"0"_s);
+            const QStringList aside = QDir(site.folder()).entryList({u"dorvalist.mdb.*-wal"_s});
+            QCOMPARE(aside.size(), 1);
+            QVERIFY(create || aside[0] == u"dorvalist.mdb"_s + dated + u"-wal"_s);
+        }
+    }
+
+    // A process that closes a file gives up all its locks on it; without them a restoring would find nobody there.
+    void lookingAtAnOpenFileKeepsItsLocks() {
+        Site site;
+        site.office.openBoth();
+        for (int i = 0; i < 3; ++i) QCOMPARE(data::identifyFile(site.main()).kind, data::FileKind::Main);
+        QVERIFY(platform::isLocked(site.main()));
+    }
+
+    void aSeatAtWorkIsNoticed() {
+        const struct {
+            const char* name;
+            bool damaged, gone;
+        } cases[] = {{"sound", false, false}, {"damaged head", true, false}, {"file removed", false, true}};
+        forEach(cases, [](const auto& one) {
+            Site site;
+            OtherSeat seat(site.main(), "BEGIN IMMEDIATE; CREATE TABLE Other (text)");
+            if (one.damaged) overwrite(site.main(), QByteArray(4096, '\x5A'));
+            if (one.gone) QFile::remove(site.main());
+            VERIFY_FAILURE(u"Κάποιος δουλεύει", site.restore());
+            QCOMPARE(QFileInfo::exists(site.main()), !one.gone);
+            seat.kill();
+            site.restore();
+            QCOMPARE(site.cards(), u"0"_s);
+        });
+    }
+
+    // With everything ready for the exchange.
+    void aKilledRestoringLeavesTheOffice() {
+        Site site;
+        int steps = 0;
+        copies::restoreOffice(site.file, site.scratch.filePath(u"δοκιμή"_s),
+                              {.progress = [&](const QString&, int) { return ++steps > 0; }});
+        const int result = runInChild([&] {
+            int step = 0;
+            site.restore({.force = true,
+                          .progress = [&](const QString&, int) { return ++step < steps || ::raise(SIGKILL) == 0; }});
+            return 0;
+        });
+        QCOMPARE(result, -SIGKILL);
+        QCOMPARE(site.cards(), u"1"_s);
+    }
+
+    void theOwnerAndTheRightsStay() {
+        if (geteuid() != 0) QSKIP("Only root can give a file away.");
+        Site site;
+        constexpr uid_t somebody = 12345;
+        QVERIFY(chown(qUtf8Printable(site.main()), somebody, somebody) == 0 &&
+                chmod(qUtf8Printable(site.main()), 0660) == 0);
+        QFile::remove(site.office.usersFile());
+        QVERIFY(chown(qUtf8Printable(site.folder()), somebody, somebody + 1) == 0);
+        site.restore();
+        struct stat main, users;
+        QVERIFY(stat(qUtf8Printable(site.main()), &main) == 0 &&
+                stat(qUtf8Printable(site.office.usersFile()), &users) == 0);
+        QCOMPARE(main.st_uid, somebody);
+        QCOMPARE(main.st_mode & 0777, mode_t(0660));
+        QCOMPARE(users.st_gid, gid_t(somebody + 1));
+    }
+#endif
+
+    void whatCannotBeAskedIsRefused() {
+        Site site;
+        site.office.openBoth();
+        data::setDatabasePassword(site.office.users.engine(), u"another"_s);
+        site.office.closeBoth();
+        VERIFY_FAILURE(u"κωδικός", site.restore());
+        QCOMPARE(QDir(site.folder()).entryList(QDir::Files | QDir::Hidden).size(), 2);
+    }
+
+    void aRefusalLeavesTheJournalAhead() {
+        Site site;
+        sqlite3* lock = nullptr;
+        QCOMPARE(sqlite3_open(qUtf8Printable(site.office.usersFile()), &lock), SQLITE_OK);
+        QCOMPARE(sqlite3_exec(lock, "BEGIN IMMEDIATE", nullptr, nullptr, nullptr), SQLITE_OK);
+        VERIFY_FAILURE(u"Κάποιος δουλεύει με το «dorvalistu.mdb»", site.restore());
+        sqlite3_close(lock);
+        QVERIFY(isJournalAhead(site.main()));
+        QVERIFY(isJournalAhead(site.office.usersFile()));
+        QCOMPARE(QDir(site.folder()).entryList(QDir::Files | QDir::Hidden).size(), 2);
+        QCOMPARE(site.cards(), u"1"_s);
+    }
+
+    // A move holds the old office still, and may end on its way.
+    void holdingStillLeavesTheJournalAhead() {
+        Site site;
+        data::Connection source;
+        schema::openAsItIs(source, schema::connectionString(Database::Main, site.main()));
+        source.engine().holdStill();
+        QVERIFY(!isJournalAhead(site.main()));
+        source.close();
+        QVERIFY(isJournalAhead(site.main()));
+    }
+
+    void aServersPlaceIsNotTakenUnasked() {
+        Site site;
+        data::ServerDescription server;
+        server.host = u"/nowhere"_s;
+        for (const QString& file : {site.main(), site.office.usersFile()}) {
+            QFile::remove(file);
+            data::writeServerDescription(file, server);
+        }
+        VERIFY_FAILURE(u"--as-files", site.restore());
+        QCOMPARE(data::readServerDescription(site.main()).host, server.host);
+        const QStringList aside = site.restore({.force = true, .asFiles = true, .now = moment});
+        QCOMPARE(aside, QStringList({site.main() + dated, site.office.usersFile() + dated}));
+        QCOMPARE(data::readServerDescription(aside[0]).host, server.host);
+        QCOMPARE(site.cards(), u"0"_s);
+    }
+
+    void aCopyReplacesNothingOfTheOffice() {
+        const struct {
+            const char* name;
+            QString file;
+        } cases[] = {
+            {"database", u"dorvalist.mdb"_s},
+            {"users, by a way around", u"../office/dorvalistu.mdb"_s},
+            {"a journal to come", u"dorvalist.mdb-wal"_s},
+            {"a folder", u"../office"_s},
+            {"a link", u"link"_s},
+        };
+        Site site;
+        const QDir folder(site.folder());
+        QFile::link(site.file, folder.filePath(u"link"_s));
+        forEach(cases, [&](const auto& one) {
+            VERIFY_FAILURE(u"άλλο όνομα",
+                           copies::backupOffice(site.folder(), folder.filePath(one.file), {.replace = true}));
+            QCOMPARE(site.cards(), u"1"_s);
+        });
+    }
+
+    // What nobody of this program put there stays, and so does its folder.
+    void abandonedWorkGoesAway() {
+        QTemporaryDir folder;
+        const QDir here(folder.path());
+        for (const QString& name : {u".dorvalist-work-aaaaaa"_s, u".dorvalist-work-bbbbbb"_s,
+                                    u".dorvalist-work-ccccc"_s, u".dorvalist-other"_s}) {
+            here.mkdir(name);
+            overwrite(here.filePath(name + u"/dorvalist.mdb-wal"_s), "x");
+            overwrite(here.filePath(name + u"/packed.tar.Ab12Cd"_s), "x");
+        }
+        overwrite(here.filePath(u".dorvalist-work-bbbbbb/letter.txt"_s), "x");
+        const auto left = [&] { return here.entryList(QDir::Dirs | QDir::Hidden | QDir::NoDotAndDotDot).size(); };
+        schema::dropAbandonedWork(folder.path());
+        QCOMPARE(left(), 4);
+        schema::dropAbandonedWork(folder.path(), QDateTime::currentDateTime().addDays(2));
+        QCOMPARE(left(), 3);
+        QVERIFY(here.exists(u".dorvalist-work-bbbbbb/letter.txt"_s));
+        QVERIFY(!here.exists(u".dorvalist-work-bbbbbb/packed.tar.Ab12Cd"_s));
+    }
+};
+
+QTEST_GUILESS_MAIN(TestRestore)
+#include "test_restore.moc"
