@@ -20,8 +20,6 @@ QStringList pictures(std::initializer_list<int> indexes) {
     return names;
 }
 
-const QString unsaved = u"Η καρτέλα έχει αλλαγές που δεν αποθηκεύτηκαν.\n"_s;
-
 }  // namespace
 
 QVector<core::Command> frmAddress::commands() {
@@ -83,9 +81,9 @@ void frmAddress::wire() {
     // Where the main window has a key of its own, and where a key alone would take back what was typed, a command has
     // its key in the tool tip alone.
     commands_.bindKeys(this, pictures({1, 2, 3, 5, 6, 7, 9, 12}));
-    unsavedQuestion_ = unsaved + u"Να κλείσει χωρίς αποθήκευση;"_s;
+    guardUnsaved(u"Η καρτέλα έχει αλλαγές που δεν αποθηκεύτηκαν."_s, [this] { SaveCard(); });
     onKey(Qt::Key_Escape, this, [this] {
-        if (isEditing() && (!fields_.isChanged() || ask(unsaved + u"Να ακυρωθούν;"_s))) CancelCard();
+        if (isEditing() && mayLose()) CancelCard();
     });
     // The boxes that F3 searches from: surname, first name, first telephone, e-mail.
     for (int box : {0, 1, 9, 13})

@@ -19,10 +19,7 @@ frmCombos::frmCombos(core::MainMod& mod)
           QString()) {}
 
 void frmCombos::setList(int number) {
-    if (isEditing()) {
-        if (number == number_ || !mayLose()) return;
-        cancel();
-    }
+    if (isEditing() && (number == number_ || !cancel())) return;
     number_ = number;
     setWindowTitle(u"Τιμές λίστας %1"_s.arg(number));
     core::attempt(mod_, this, [this] { Refresh(); });

@@ -38,7 +38,7 @@ const QVector<FieldGroup> historyGroups = {
 FieldsEditor::FieldsEditor(core::MainMod& mod, const QString& name, const QString& caption,
                            const QVector<FieldGroup>& groups, int columns)
     : Form(mod, name, caption, {u"Fields"_s, 1000, 0}), commands_(mod, this, commands()) {
-    unsavedQuestion_ = u"Οι αλλαγές των πεδίων δεν επικυρώθηκαν.\nΝα κλείσει χωρίς αυτές;"_s;
+    guardUnsaved(u"Οι αλλαγές των πεδίων δεν επικυρώθηκαν."_s, [this] { confirm(); });
     auto* stacks = controls::row({}, 10);
     // Two groups to a column keeps the columns of the card's fields about equally long.
     const int height = int(groups.size()) / columns;

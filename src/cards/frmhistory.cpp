@@ -48,7 +48,7 @@ frmHistory::frmHistory(core::MainMod& mod, QWidget* parent, std::function<void(q
     commands_.bindKeys(this);
     fields_.watchAll(this);
     fields_.watch([this] { return Image1->bytes(); });
-    unsavedQuestion_ = u"Η κίνηση έχει αλλαγές που δεν αποθηκεύτηκαν.\nΝα κλείσει χωρίς αποθήκευση;"_s;
+    guardUnsaved(u"Η κίνηση έχει αλλαγές που δεν αποθηκεύτηκαν."_s, [this] { save(); });
 }
 
 QFormLayout* frmHistory::fields() {

@@ -47,7 +47,7 @@ frmLink::frmLink(core::MainMod& mod, QWidget* parent, std::function<void()> save
     resize(680, 220);
     fields_.watch(Text1);
     fields_.watch(File1);
-    unsavedQuestion_ = u"Η σύνδεση έχει αλλαγές που δεν αποθηκεύτηκαν.\nΝα κλείσει χωρίς αποθήκευση;"_s;
+    guardUnsaved(u"Η σύνδεση έχει αλλαγές που δεν αποθηκεύτηκαν."_s, [this] { save(); });
 }
 
 bool frmLink::load() {

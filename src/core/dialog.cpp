@@ -17,13 +17,21 @@ void placeOver(QWidget& window, const QWidget* part, QPoint offset) {
 }
 
 Dialog::Dialog(MainMod& mod, QWidget* parent, const QString& name, const QString& caption)
-    : QDialog(parent), Guarded(mod, this) {
+    : QDialog(parent), Editing(mod, this) {
     setObjectName(name);
     setWindowTitle(caption);
 }
 
+void Dialog::accept() {
+    fields_.forget();
+    QDialog::accept();
+}
+
 void Dialog::reject() {
-    if (!fields_.isChanged() || ask(unsavedQuestion_)) QDialog::reject();
+    attempt(mod_, this, [this] {
+        // A save on the way has closed the dialog already.
+        if (mayLose() && result() != QDialog::Accepted) QDialog::reject();
+    });
 }
 
 void Dialog::keyPressEvent(QKeyEvent* event) {

@@ -3,8 +3,7 @@
 
 #include <QDialog>
 
-#include "core/fieldwatch.h"
-#include "core/guarded.h"
+#include "core/editing.h"
 
 namespace core {
 
@@ -13,7 +12,7 @@ void placeOver(QWidget& window, const QWidget* part, QPoint offset);
 
 // Esc and the frame's button leave the dialog, and ask first when a watched field was changed. Enter on a button
 // presses it, in a box it moves on; a default button is pressed only from where Enter has no other meaning.
-class Dialog : public QDialog, protected Guarded {
+class Dialog : public QDialog, protected Editing {
     Q_OBJECT
 public:
     Dialog(MainMod& mod, QWidget* parent, const QString& name, const QString& caption);
@@ -21,14 +20,12 @@ public:
     // Where the dialog opens.
     void placeOver(const QWidget* part, QPoint offset) { core::placeOver(*this, part, offset); }
 
+    void accept() override;
     void reject() override;
 
 protected:
     void keyPressEvent(QKeyEvent* event) override;
     void showEvent(QShowEvent* event) override;
-
-    FieldWatch fields_;        // the fields that are being edited
-    QString unsavedQuestion_;  // what is asked before typed values are lost
 
 private:
     bool shown_ = false;

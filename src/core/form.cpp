@@ -3,7 +3,7 @@
 namespace core {
 
 Form::Form(MainMod& mod, const QString& name, const QString& caption, Placement placement)
-    : Guarded(mod, this), placement_(std::move(placement)) {
+    : Editing(mod, this), placement_(std::move(placement)) {
     setObjectName(name);
     setWindowTitle(caption);
 }
@@ -19,12 +19,14 @@ void Form::keyPressEvent(QKeyEvent* event) {
     if (!takesEnter(*event)) QWidget::keyPressEvent(event);
 }
 
-bool Form::mayLose() {
-    return !fields_.isChanged() || ask(unsavedQuestion_);
+bool Form::mayLeave() {
+    if (!leaving_) attempt(mod_, this, [this] { leaving_ = queryUnload(); });
+    return leaving_;
 }
 
 bool Form::unload(bool minimised, QPoint position) {
-    if (!queryUnload()) return false;
+    if (!mayLeave()) return false;
+    stay();
     attempt(mod_, this, [&] {
         onUnload();
         if (!minimised) storePosition(mod_.services.settings, placement_, position);

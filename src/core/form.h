@@ -3,13 +3,12 @@
 
 #include <QWidget>
 
-#include "core/fieldwatch.h"
-#include "core/guarded.h"
+#include "core/editing.h"
 #include "core/placement.h"
 
 namespace core {
 
-class Form : public QWidget, protected Guarded {
+class Form : public QWidget, protected Editing {
     Q_OBJECT
 public:
     Form(MainMod& mod, const QString& name, const QString& caption, Placement placement);
@@ -18,7 +17,11 @@ public:
 
     // Once, before the first showing. Throws nothing: a failure ends in the general box.
     void load();
-    // Before closing; false keeps the window. After true the window is deleted by its host.
+    // Asks what must be asked before the window closes, once; false when it stays. stay() takes the answer back, for a
+    // closing that another window refused.
+    bool mayLeave();
+    void stay() { leaving_ = false; }
+    // Closing; false keeps the window. After true the window is deleted by its host.
     bool unload(bool minimised, QPoint position);
 
 signals:
@@ -29,19 +32,14 @@ protected:
     void keyPressEvent(QKeyEvent* event) override;
 
     virtual void onLoad() = 0;
-    // Whether the window may go: asks when a field of fields_ was changed.
+    // Whether the window may go: asks when a field was changed.
     virtual bool queryUnload() { return mayLose(); }
     virtual void onUnload() {}
-
-    // Asks whether what was typed may be lost; true at once when nothing was.
-    bool mayLose();
-
-    FieldWatch fields_;        // the fields that are being edited
-    QString unsavedQuestion_;  // what is asked then
 
 private:
     Placement placement_;
     bool loaded_ = false;
+    bool leaving_ = false;  // it was asked, and may go
 };
 
 }  // namespace core

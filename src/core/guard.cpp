@@ -28,6 +28,10 @@ bool ask(MainMod& mod, QWidget* parent, const QString& question) {
     return mod.services.prompts.question(visible(parent), programTitle(), question);
 }
 
+platform::SaveChoice askToSave(MainMod& mod, QWidget* parent, const QString& what) {
+    return mod.services.prompts.askToSave(visible(parent), programTitle(), what);
+}
+
 void tell(MainMod& mod, QWidget* parent, const QString& text) {
     mod.services.prompts.message(visible(parent), platform::MessageIcon::Plain, programTitle(), text);
 }

@@ -30,6 +30,7 @@ bool attempt(MainMod& mod, QWidget* parent, Work&& work) {
 // Boxes with the program's title: a question (closing it is No), a plain message, and a critical one after which the
 // focus goes to `field`.
 bool ask(MainMod& mod, QWidget* parent, const QString& question);
+platform::SaveChoice askToSave(MainMod& mod, QWidget* parent, const QString& what);
 void tell(MainMod& mod, QWidget* parent, const QString& text);
 void complain(MainMod& mod, QWidget* parent, const QString& text, QWidget* field = nullptr);
 

@@ -26,6 +26,7 @@ protected:
     void enterRuns(QWidget* box, std::function<void()> run);
 
     bool ask(const QString& question) const { return core::ask(mod_, self_, question); }
+    platform::SaveChoice askToSave(const QString& what) const { return core::askToSave(mod_, self_, what); }
     void tell(const QString& text) const { core::tell(mod_, self_, text); }
     // Critical; the focus goes to `field` afterwards.
     void complain(const QString& text, QWidget* field = nullptr) const { core::complain(mod_, self_, text, field); }

@@ -17,7 +17,7 @@ ListEditor::ListEditor(MainMod& mod, const QString& name, const QString& caption
       texts_(std::move(texts)),
       list_(named(new controls::ListView, u"ListView1"_s)),
       commands_(mod, this, commands()) {
-    unsavedQuestion_ = u"Η περιγραφή που γράψατε δεν αποθηκεύτηκε.\nΝα κλείσει χωρίς αποθήκευση;"_s;
+    guardUnsaved(u"Η περιγραφή που γράψατε δεν αποθηκεύτηκε."_s, [this] { save(); });
     list_->setAccessibleName(windowTitle());
     list_->setColumns({{u"Description"_s, u"Περιγραφή"_s, 5000}});
     stack_ = new QStackedWidget;
@@ -151,9 +151,11 @@ void ListEditor::save() {
     refresh(code);
 }
 
-void ListEditor::cancel() {
+bool ListEditor::cancel() {
+    if (!mayLose()) return false;
     record_.close();
     showList();
+    return true;
 }
 
 }  // namespace core

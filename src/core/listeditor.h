@@ -38,7 +38,8 @@ protected:
     bool hasCheck() const { return Check1 != nullptr; }
 
     void onLoad() override { Refresh(); }
-    void cancel();
+    // Back to the list; false when the user goes on with what was typed.
+    bool cancel();
 
 private:
     QVector<Command> commands();

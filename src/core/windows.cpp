@@ -46,6 +46,11 @@ bool Windows::unload(const QString& name) {
 }
 
 bool Windows::unloadAll() {
+    for (auto name = order_.rbegin(); name != order_.rend(); ++name) {
+        if (find(*name)->mayLeave()) continue;
+        for (const QString& each : std::as_const(order_)) find(each)->stay();
+        return false;
+    }
     while (!order_.isEmpty())
         if (!unload(order_.last())) return false;
     return true;

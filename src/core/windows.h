@@ -48,7 +48,8 @@ public:
     Form* front(const QString& name);
     Form* find(const QString& name) const;
     bool unload(const QString& name);  // false when the window refused
-    bool unloadAll();                  // from the last opened to the first; stops at a refusal
+    // From the last opened to the first. All are asked before any of them closes; false when one of them stays.
+    bool unloadAll();
     QStringList shown() const { return order_; }
 
 private:

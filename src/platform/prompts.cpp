@@ -105,6 +105,20 @@ bool DesktopPrompts::question(QWidget* parent, const QString& title, const QStri
     return box.clickedButton() == yesButton;
 }
 
+SaveChoice DesktopPrompts::askToSave(QWidget* parent, const QString& title, const QString& text) {
+    QMessageBox box(QMessageBox::Question, title, text, QMessageBox::NoButton, parent);
+    box.setTextFormat(Qt::PlainText);
+    const QPushButton* save = box.addButton(u"&Αποθήκευση"_s, QMessageBox::YesRole);
+    const QPushButton* discard = box.addButton(u"&Χωρίς αποθήκευση"_s, QMessageBox::NoRole);
+    QPushButton* back = box.addButton(u"&Επιστροφή"_s, QMessageBox::RejectRole);
+    // A hasty Enter loses nothing and stores nothing.
+    box.setDefaultButton(back);
+    box.setEscapeButton(back);
+    box.exec();
+    if (box.clickedButton() == save) return SaveChoice::Save;
+    return box.clickedButton() == discard ? SaveChoice::Discard : SaveChoice::Back;
+}
+
 std::optional<QString> DesktopPrompts::input(QWidget* parent, const QString& title, const QString& prompt,
                                              const QString& initial) {
     QInputDialog dialog(parent);

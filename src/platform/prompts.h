@@ -9,6 +9,7 @@ class QWidget;
 namespace platform {
 
 enum class MessageIcon { Plain, Information, Question, Warning, Critical };
+enum class SaveChoice { Save, Discard, Back };
 
 class Prompts {
 public:
@@ -16,6 +17,8 @@ public:
     // `parent` may be null everywhere.
     virtual void message(QWidget* parent, MessageIcon icon, const QString& title, const QString& text) = 0;
     virtual bool question(QWidget* parent, const QString& title, const QString& text) = 0;  // Yes/No; closing is No
+    // Whether typed values are saved, given up, or gone on with; closing the box is Back.
+    virtual SaveChoice askToSave(QWidget* parent, const QString& title, const QString& text) = 0;
     virtual std::optional<QString> input(QWidget* parent, const QString& title, const QString& prompt,
                                          const QString& initial) = 0;
     // `filter` in the form "Φωτογραφίες (*.bmp *.jpg)"; several separated by ";;". The dialog
@@ -34,6 +37,7 @@ class DesktopPrompts : public Prompts {
 public:
     void message(QWidget* parent, MessageIcon icon, const QString& title, const QString& text) override;
     bool question(QWidget* parent, const QString& title, const QString& text) override;
+    SaveChoice askToSave(QWidget* parent, const QString& title, const QString& text) override;
     std::optional<QString> input(QWidget* parent, const QString& title, const QString& prompt,
                                  const QString& initial) override;
     QString openFile(QWidget* parent, const QString& title, const QString& filter, const QString& start = {}) override;

@@ -27,7 +27,7 @@ frmUsers::frmUsers(core::MainMod& mod)
       ListView1(new core::StoredList(mod.services.settings, u"ListView1"_s, windowTitle(), u"lvUsers"_s,
                                      {{u"UserName"_s, u"Όνομα Χρήστη"_s, 3300}, {u"Group"_s, u"Δικαιώματα"_s, 3300}})),
       commands_(mod, this, commands()) {
-    unsavedQuestion_ = u"Ο χρήστης έχει αλλαγές που δεν αποθηκεύτηκαν.\nΝα κλείσει χωρίς αποθήκευση;"_s;
+    guardUnsaved(u"Ο χρήστης έχει αλλαγές που δεν αποθηκεύτηκαν."_s, [this] { save(); });
     hint_ = new QLabel(u"Δεξί κλικ ή πλήκτρο μενού: νέος χρήστης, ενημέρωση, διαγραφή"_s);
     hint_->setProperty("role", u"muted"_s);
     buildFrame();
@@ -186,6 +186,7 @@ void frmUsers::save() {
 }
 
 void frmUsers::cancel() {
+    if (!mayLose() || !mRs.isOpen()) return;
     showList(mRs.editMode() == data::EditMode::Add ? 0 : mRs[u"aa"].toLong());
 }
 

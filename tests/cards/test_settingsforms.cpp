@@ -99,6 +99,7 @@ private slots:
         editor.keyInBox(Qt::Key_A);
         office.desk.prompts.answer(false);
         QVERIFY(!editor.form.unload(false, {}));
+        office.desk.prompts.answer(true);
         editor.keyInBox(Qt::Key_Escape);
         QVERIFY(!editor.form.isEditing());
         QVERIFY(editor.form.unload(false, {}));
@@ -153,6 +154,21 @@ private slots:
         QCOMPARE(editor.described(), "Πελάτες");
     }
 
+    // The question saves, too; a save that fails keeps the window.
+    void closingSavesWhatWasTyped() {
+        Office office;
+        CategoryDriver editor(office);
+        editor.trigger("mnuNewCategory");
+        editor.check()->setChecked(true);
+        office.desk.prompts.answerSave();
+        QVERIFY(!editor.form.unload(false, {}));
+        QCOMPARE(office.desk.prompts.lastText(), "H Περιγραφή κατηγορίας δεν μπορεί να είναι κενή !!!");
+        editor.describe("Πελάτες");
+        office.desk.prompts.answerSave();
+        QVERIFY(editor.form.unload(false, {}));
+        QCOMPARE(office.value("select payable from CardKategory where description='Πελάτες'").toBool(), true);
+    }
+
     // What was typed stays, and the window works on when the fault is over.
     void faultsKeepACategoryUnderEdit() {
         Office office;
@@ -164,6 +180,7 @@ private slots:
         QVERIFY(office.desk.prompts.lastText().contains("από άλλον χρήστη"));
         QVERIFY(editor.form.isEditing());
         QCOMPARE(editor.described(), "Πελάτες");
+        office.desk.prompts.answer(true);
         editor.keyInBox(Qt::Key_Escape);
         office.lose();
         editor.trigger("mnuNewCategory");

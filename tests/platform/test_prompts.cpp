@@ -58,6 +58,26 @@ private slots:
         }
     }
 
+    void typedValuesAreSavedGivenUpOrKept() {
+        using platform::SaveChoice;
+        const std::tuple<const char*, QString, SaveChoice> cases[] = {
+            {"saved", "Αποθήκευση", SaveChoice::Save},
+            {"given up", "Χωρίς αποθήκευση", SaveChoice::Discard},
+            {"kept", "Επιστροφή", SaveChoice::Back},
+            {"Escape keeps", {}, SaveChoice::Back}};
+        for (const auto& [name, pressed, choice] : cases) {
+            const support::InCase in(name);
+            whenShown([pressed = pressed](QDialog* dialog) {
+                QCOMPARE(buttonTexts(dialog).size(), 3);
+                QCOMPARE(qobject_cast<QMessageBox*>(dialog)->defaultButton()->text().remove(u'&'), "Επιστροφή");
+                for (auto* button : dialog->findChildren<QPushButton*>())
+                    if (button->text().remove(u'&') == pressed) return button->click();
+                QTest::keyClick(dialog, Qt::Key_Escape);
+            });
+            QCOMPARE(prompts_.askToSave(nullptr, "Dorvalist", "Η καρτέλα έχει αλλαγές."), choice);
+        }
+    }
+
     void message() {
         const QString texts[] = {"Η εκτύπωση της καρτέλας ολοκληρώθηκε !", "<h1>a</h1><img src='x'>",
                                  QString("γραμμή\n").repeated(2000), QString(200000, u'Ω'), QChar(0)};

@@ -53,11 +53,13 @@ public:
     };
 
     ~RecordingPrompts() override {
-        if (!QTest::currentTestFailed() && !(answers_.empty() && files_.empty() && folders_.empty()))
+        if (!QTest::currentTestFailed() && !(answers_.empty() && saves_.empty() && files_.empty() && folders_.empty()))
             QTest::qFail("an answer was left that nobody asked for", __FILE__, __LINE__);
     }
 
     void answer(bool yes) { answers_.push_back(yes); }
+    // To a question whether typed values are saved; answer(true) gives them up, answer(false) goes back to them.
+    void answerSave() { saves_.push_back(true); }
     void answerFile(const QString& path) { files_.push_back(path); }
     void answerFolder(const QString& path) { folders_.push_back(path); }
 
@@ -79,6 +81,14 @@ public:
     bool question(QWidget*, const QString& title, const QString& text) override {
         shown_.append({platform::MessageIcon::Question, title, text});
         return taken(answers_);
+    }
+    platform::SaveChoice askToSave(QWidget*, const QString& title, const QString& text) override {
+        shown_.append({platform::MessageIcon::Question, title, text});
+        if (!saves_.empty()) {
+            saves_.pop_front();
+            return platform::SaveChoice::Save;
+        }
+        return taken(answers_) ? platform::SaveChoice::Discard : platform::SaveChoice::Back;
     }
     std::optional<QString> input(QWidget*, const QString& title, const QString& prompt, const QString&) override {
         shown_.append({platform::MessageIcon::Plain, title, prompt});
@@ -115,7 +125,7 @@ private:
     }
 
     QList<Shown> shown_;
-    std::deque<bool> answers_;
+    std::deque<bool> answers_, saves_;
     std::deque<QString> files_, folders_;
 };
 

@@ -179,8 +179,11 @@ private slots:
         QVERIFY(form.isEditing());
         QCOMPARE(form.shown("Text1"), "maria");
         form.type("Text1", "άλλη");
-        QTest::keyClick(QApplication::focusWidget(), Qt::Key_Escape);
-        QVERIFY(!form.isEditing());
+        for (const bool discarded : {false, true}) {
+            form.desk.prompts.answer(discarded);
+            QTest::keyClick(QApplication::focusWidget(), Qt::Key_Escape);
+            QCOMPARE(form.isEditing(), !discarded);
+        }
         QCOMPARE(form.user("maria"), "maria/1");
         // Nothing of the user that was on show stays for the new one.
         QTest::keyClick(form.list(), Qt::Key_Insert);
