@@ -48,11 +48,14 @@ FieldsEditor::FieldsEditor(core::MainMod& mod, const QString& name, const QStrin
         stack->addStretch(1);
         stacks->addLayout(stack, 1);
     }
-    controls::add(controls::pageLayout(this), {stacks, controls::row({Item::rest(), commands_.button(u"Command1"_s)})});
+    controls::add(
+        controls::pageLayout(this),
+        {stacks, controls::row({Item::rest(), commands_.button(u"Command1"_s), commands_.button(u"cmdExit"_s)})});
 }
 
 QVector<core::Command> FieldsEditor::commands() {
-    QVector<core::Command> all{{u"Command1"_s, {}, u"Επικύρωση"_s, {}, [this] { confirm(); }}};
+    QVector<core::Command> all{{u"Command1"_s, {}, u"Επικύρωση"_s, {}, [this] { confirm(); }},
+                               {u"cmdExit"_s, {}, u"Έξοδος"_s, {}, [this] { emit closeRequested(); }}};
     for (int list = 1; list <= 4; ++list)
         all.append(
             {arrayName(u"cmdCombo"_s, list - 1), {}, u"Τιμές..."_s, {}, [this, list] { mod_.doors.openValues(list); }});

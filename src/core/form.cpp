@@ -16,7 +16,12 @@ void Form::load() {
 }
 
 void Form::keyPressEvent(QKeyEvent* event) {
-    if (!takesEnter(*event)) QWidget::keyPressEvent(event);
+    if (event->key() == Qt::Key_Escape && !event->isAutoRepeat()) {
+        event->accept();
+        emit closeRequested();
+    } else if (!takesEnter(*event)) {
+        QWidget::keyPressEvent(event);
+    }
 }
 
 bool Form::mayLeave() {
@@ -24,12 +29,12 @@ bool Form::mayLeave() {
     return leaving_;
 }
 
-bool Form::unload(bool minimised, QPoint position) {
+bool Form::unload(bool awayFromPlace, QPoint position) {
     if (!mayLeave()) return false;
     stay();
     attempt(mod_, this, [&] {
         onUnload();
-        if (!minimised) storePosition(mod_.services.settings, placement_, position);
+        if (!awayFromPlace) storePosition(mod_.services.settings, placement_, position);
     });
     return true;
 }

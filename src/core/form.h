@@ -21,14 +21,16 @@ public:
     // closing that another window refused.
     bool mayLeave();
     void stay() { leaving_ = false; }
-    // Closing; false keeps the window. After true the window is deleted by its host.
-    bool unload(bool minimised, QPoint position);
+    // Closing; false keeps the window. A minimised or maximised one is away from its place and keeps the stored one.
+    // After true the window is deleted by its host.
+    bool unload(bool awayFromPlace, QPoint position);
 
 signals:
     void closeRequested();                    // the window wants to go; the host unloads it
     void openRequested(const QString& form);  // the window wants another one in front
 
 protected:
+    // Esc, when nothing in the window takes it, closes the window.
     void keyPressEvent(QKeyEvent* event) override;
 
     virtual void onLoad() = 0;

@@ -38,7 +38,7 @@ Form* Windows::front(const QString& name) {
 bool Windows::unload(const QString& name) {
     Form* form = find(name);
     if (!form) return true;
-    if (!form->unload(host_.isMinimised(form), host_.position(form))) return false;
+    if (!form->unload(!host_.isAtItsPlace(form), host_.position(form))) return false;
     forms_.remove(name);
     order_.removeAll(name);
     host_.remove(form);

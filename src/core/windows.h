@@ -19,7 +19,7 @@ public:
     virtual ~WindowHost() = default;
     virtual void add(Form* form) = 0;  // takes ownership
     virtual void bringToFront(Form* form) = 0;
-    virtual bool isMinimised(Form* form) const = 0;
+    virtual bool isAtItsPlace(Form* form) const = 0;  // neither minimised nor maximised
     virtual QPoint position(Form* form) const = 0;
     virtual void remove(Form* form) = 0;  // deletes it
 };

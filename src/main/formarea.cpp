@@ -50,8 +50,21 @@ void FormArea::add(core::Form* form) {
     auto* frame = new FormFrame(form);
     addSubWindow(frame);
     frame->resize(frame->sizeHint());
-    frame->move(core::loadPosition(settings_, form->placement()));
+    frame->move(freePlace(core::loadPosition(settings_, form->placement())));
     makeRoomFor(frame);
+}
+
+// A step beside the windows that stand there already, so that each one's title stays in view.
+QPoint FormArea::freePlace(QPoint wanted) const {
+    constexpr QPoint step(28, 28);
+    const auto frames = subWindowList();
+    const auto isTaken = [&](QPoint place) {
+        return std::any_of(frames.begin(), frames.end(), [=](const QMdiSubWindow* frame) {
+            return frame->isVisible() && (frame->pos() - place).manhattanLength() < step.x();
+        });
+    };
+    while (isTaken(wanted)) wanted += step;
+    return wanted;
 }
 
 // A window that wouldn't fit makes the main window grow as far as the screen allows, so that nothing is cut off at its
@@ -73,8 +86,8 @@ void FormArea::bringToFront(core::Form* form) {
     setActiveSubWindow(frame);
 }
 
-bool FormArea::isMinimised(core::Form* form) const {
-    return frameOf(form)->isMinimized();
+bool FormArea::isAtItsPlace(core::Form* form) const {
+    return !frameOf(form)->isMinimized() && !frameOf(form)->isMaximized();
 }
 
 QPoint FormArea::position(core::Form* form) const {

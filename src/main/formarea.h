@@ -16,7 +16,7 @@ public:
 
     void add(core::Form* form) override;
     void bringToFront(core::Form* form) override;
-    bool isMinimised(core::Form* form) const override;
+    bool isAtItsPlace(core::Form* form) const override;
     QPoint position(core::Form* form) const override;
     void remove(core::Form* form) override;
 
@@ -25,6 +25,7 @@ signals:
     void roomWanted(QSize missing);
 
 private:
+    QPoint freePlace(QPoint wanted) const;
     void makeRoomFor(QWidget* frame);
 
     const platform::Settings& settings_;

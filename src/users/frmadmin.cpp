@@ -14,7 +14,9 @@ using controls::named;
 
 frmAdmin::frmAdmin(core::MainMod& mod)
     : Form(mod, u"frmAdmin"_s, u"Αλλαγή κωδικού Administrator"_s, {u"Admin"_s}),
-      commands_(mod, this, {{u"Command1"_s, {}, u"Επικύρωση"_s, {}, [this] { change(); }}}) {
+      commands_(mod, this,
+                {{u"Command1"_s, {}, u"Επικύρωση"_s, {}, [this] { change(); }},
+                 {u"cmdExit"_s, {}, u"Έξοδος"_s, {}, [this] { emit closeRequested(); }}}) {
     auto* form = controls::formLayout();
     const auto addBox = [form](const QString& name, const QString& caption) {
         auto* box = named(new controls::TextBox, name);
@@ -28,7 +30,8 @@ frmAdmin::frmAdmin(core::MainMod& mod)
     Text3 = addBox(u"Text3"_s, u" Επιβεβαίωση"_s);
     auto* change = commands_.button(u"Command1"_s);
     change->setDefault(true);
-    controls::add(controls::pageLayout(this), {form, controls::row({Item::rest(), change}), Item::rest()});
+    controls::add(controls::pageLayout(this),
+                  {form, controls::row({Item::rest(), change, commands_.button(u"cmdExit"_s)}), Item::rest()});
     setMinimumWidth(380);
 }
 

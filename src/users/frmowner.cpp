@@ -40,6 +40,14 @@ frmOwner::frmOwner(core::MainMod& mod, QWidget* parent)
     setMinimumWidth(460);
 }
 
+// Every printout begins with the name, so the first start doesn't go on without it.
+void frmOwner::reject() {
+    if (mod_.services.settings.value(section, ownerFields[0].key).isEmpty())
+        complain(u" Πρέπει να συμπληρώσετε τα Στοιχεία σας"_s, Text7.first());
+    else
+        Dialog::reject();
+}
+
 void frmOwner::store() {
     if (Text7.first()->text().isEmpty()) return complain(u" Πρέπει να συμπληρώσετε τα Στοιχεία σας"_s, Text7.first());
     for (int i = 0; i < Text7.size(); ++i)

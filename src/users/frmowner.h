@@ -12,6 +12,8 @@ class frmOwner : public core::Dialog {
 public:
     explicit frmOwner(core::MainMod& mod, QWidget* parent = nullptr);
 
+    void reject() override;
+
 private:
     void store();
 

@@ -31,7 +31,8 @@ frmUsers::frmUsers(core::MainMod& mod)
     hint_ = new QLabel(u"Δεξί κλικ ή πλήκτρο μενού: νέος χρήστης, ενημέρωση, διαγραφή"_s);
     hint_->setProperty("role", u"muted"_s);
     buildFrame();
-    controls::add(controls::pageLayout(this), {{ListView1, 1}, hint_, {Frame1, 1}});
+    controls::add(controls::pageLayout(this),
+                  {{ListView1, 1}, {Frame1, 1}, controls::row({hint_, Item::rest(), commands_.button(u"cmdExit"_s)})});
     setMinimumSize(480, 320);
     wire();
 }
@@ -41,6 +42,7 @@ QVector<core::Command> frmUsers::commands() {
         {u"mnuNewUser"_s, {}, u"Νέος Χρήστης"_s, {Qt::Key_Insert}, [this] { newUser(); }},
         {u"mnuEditUser"_s, {}, u"Ενημέρωση Χρήστη"_s, {}, [this] { editUser(); }, {}, true},
         {u"mnuDeleteUser"_s, {}, u"Διαγραφή Χρήστη"_s, {Qt::Key_Delete}, [this] { deleteUser(); }, {}, true},
+        {u"cmdExit"_s, {}, u"Έξοδος"_s, {}, [this] { emit closeRequested(); }},
         {u"Command1"_s, {}, u"Επικύρωση"_s, {}, [this] { save(); }},
         {u"Command2"_s, {}, u"Άκυρο"_s, {Qt::Key_Escape}, [this] { cancel(); }},
     };

@@ -72,6 +72,9 @@ private slots:
             QVERIFY(contrast(t.text, t.highlightBox) >= 4.5);
             QVERIFY(contrast(t.mutedText, t.highlightBox) >= 4.5);
             QVERIFY(contrast(t.accentText, t.accent) >= 4.5);
+            // The frames of boxes and check boxes.
+            for (const QColor& ground : {t.window, t.base, t.alternateBase})
+                QVERIFY2(contrast(t.border, ground) >= 3, qPrintable(t.border.name() + " on " + ground.name()));
         });
     }
 

@@ -33,7 +33,7 @@ class PlainHost : public core::WindowHost {
 public:
     void add(Form* form) override { forms << form; }
     void bringToFront(Form* form) override { front = form; }
-    bool isMinimised(Form*) const override { return minimised; }
+    bool isAtItsPlace(Form*) const override { return !minimised; }
     QPoint position(Form*) const override { return {40, 50}; }
     void remove(Form* form) override {
         forms.removeAll(form);

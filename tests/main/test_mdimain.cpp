@@ -179,6 +179,25 @@ private slots:
         QVERIFY(form->size().width() >= form->minimumSizeHint().width());
     }
 
+    void windowsStandBesideEachOther() {
+        Site site;
+        for (const QString key : {"CategoryLeft", "FieldsLeft", "AdminLeft"})
+            site.desk.settings.setValue("Settings", key, "0");
+        const auto window = site.open();
+        QSet<QPair<int, int>> corners;
+        for (const QString name : {"frmCategory", "frmFields1", "frmAdmin"}) {
+            const QPoint corner = window->windows().front(name)->parentWidget()->pos();
+            corners.insert({corner.x(), corner.y()});
+        }
+        QCOMPARE(corners.size(), 3);
+        // A maximised one keeps the place that it had.
+        window->windows().find("frmAdmin")->parentWidget()->showMaximized();
+        window->windows().unload("frmAdmin");
+        QCOMPARE(site.desk.settings.value("Settings", "AdminLeft", ""), "0");
+        QTest::keyClick(window->windows().find("frmFields1"), Qt::Key_Escape);
+        QTRY_VERIFY(!window->windows().find("frmFields1"));
+    }
+
     void closingTheFrameUnloadsTheCardOnce() {
         Site site;
         const auto window = site.open();
@@ -195,7 +214,9 @@ private slots:
         Site site;
         site.desk.settings.setValue("Settings", "Name", "");
         MDIMain window(site.mod);
-        support::inNextDialog("frmOwner", [](support::Driver& owner) {
+        support::inNextDialog("frmOwner", [&site](support::Driver& owner) {
+            QTest::keyClick(owner.find("Text7(0)"), Qt::Key_Escape);
+            QCOMPARE(site.desk.prompts.lastText(), " Πρέπει να συμπληρώσετε τα Στοιχεία σας");
             owner.type("Text7(0)", "Νέο γραφείο");
             owner.click("Command1");
         });
