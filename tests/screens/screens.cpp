@@ -93,6 +93,7 @@ void shootCardDialogs(Studio& studio, const Album& album) {
 void shootCards(Studio& studio, const Album& album) {
     entry::MDIMain window(studio.mod);
     window.load();
+    window.show();
     window.menu("mnuCards")->trigger();
     auto* card = qobject_cast<cards::frmAddress*>(window.windows().find("frmAddress"));
     data::Recordset withPhoto(
