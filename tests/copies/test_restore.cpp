@@ -3,7 +3,9 @@
 #include "schema/office.h"
 #include "schema/workfolder.h"
 
+#include "copies/archive.h"
 #include "copies/backup.h"
+#include "copies/manifest.h"
 #include "copies/restore.h"
 #include "copies/unpacking.h"
 #include "data/opening/databasepassword.h"
@@ -16,7 +18,11 @@
 #include "support/officefolder.h"
 
 #ifdef Q_OS_UNIX
+#include <fcntl.h>
+#include <sys/socket.h>
 #include <sys/stat.h>
+#include <sys/un.h>
+#include <unistd.h>
 
 #include "support/childprocess.h"
 #endif
@@ -97,6 +103,53 @@ private:
 constexpr char someWork[] =
     "PRAGMA journal_mode=WAL; CREATE TABLE Other (text); WITH RECURSIVE n(i) AS (SELECT 1 UNION ALL SELECT i+1 FROM n "
     "WHERE i<2000) INSERT INTO Other SELECT hex(randomblob(200)) FROM n;";
+
+#endif
+
+#ifdef Q_OS_UNIX
+
+// A place where a server could be; it answers nobody, and knows who came.
+class Listener {
+public:
+    explicit Listener(const QString& folder) {
+        sockaddr_un address{};
+        address.sun_family = AF_UNIX;
+        const QByteArray path = QFile::encodeName(folder + u"/.s.PGSQL.5432"_s);
+        if (path.size() >= qsizetype(sizeof address.sun_path)) qFatal("too long a path");
+        memcpy(address.sun_path, path.constData(), size_t(path.size()));
+        socket_ = socket(AF_UNIX, SOCK_STREAM, 0);
+        if (bind(socket_, reinterpret_cast<sockaddr*>(&address), sizeof address) != 0 || listen(socket_, 9) != 0)
+            qFatal("listen");
+        fcntl(socket_, F_SETFL, O_NONBLOCK);
+    }
+    ~Listener() { ::close(socket_); }
+    bool somebodyCame() const { return accept(socket_, nullptr, nullptr) >= 0; }
+
+private:
+    int socket_;
+};
+
+// The pieces of a copy taken apart, and a copy made of others that its list agrees with.
+struct Pieces {
+    explicit Pieces(const Site& site) : manifest(copies::unpackManifest(site.file, folder.path())) {
+        copies::extractArchive(site.file, folder.path(), manifest.members.keys());
+    }
+    QString path(const QString& name) const { return folder.filePath(name); }
+    void list(const QString& name, const QString& instead = {}) {
+        copies::Manifest::Member member = instead.isEmpty() ? manifest.members[name] : manifest.members.take(instead);
+        member.sha256 = copies::sha256Of(path(name));
+        manifest.members[name] = member;
+    }
+    void pack(const QString& file) {
+        write(path(schema::contentsFileName), manifest.toText());
+        QVector<copies::ArchiveMember> members = {{schema::contentsFileName, path(schema::contentsFileName)}};
+        for (const QString& name : manifest.members.keys()) members += {name, path(name)};
+        copies::writeArchive(file, members);
+    }
+
+    QTemporaryDir folder;
+    copies::Manifest manifest;
+};
 
 #endif
 
@@ -254,6 +307,39 @@ private slots:
             QCOMPARE(site.cards(), u"1"_s);
         });
     }
+
+#ifdef Q_OS_UNIX
+    // A copy that came from elsewhere, made to look like one of files.
+    void whatIsNotOfTheListedKindIsRefused() {
+        const QString main = u"dorvalist.mdb"_s, users = u"dorvalistu.mdb"_s, dump = u"dorvalist.dump"_s;
+        QTemporaryDir server;
+        const Listener listener(server.path());
+        const QByteArray description = "host = " + server.path().toUtf8() + "\ndatabase = x\n";
+        const struct {
+            const char* name;
+            QString member, instead;
+            QByteArray bytes;
+        } cases[] = {
+            {"the main database on a server", main, {}, description},
+            {"the users' on a server", users, {}, description},
+            {"a description as a dump", dump, main, description},
+            {"no database", main, {}, QByteArray("SQLite format 3\0", 16) + QByteArray(4080, '\0')},
+            {"nothing", users, {}, {}},
+        };
+        forEach(cases, [&](const auto& one) {
+            Site site;
+            Pieces pieces(site);
+            write(pieces.path(one.member), one.bytes);
+            pieces.list(one.member, one.instead);
+            pieces.pack(site.file);
+            const QString says = u"«%1» μέσα στο αντίγραφο δεν είναι"_s.arg(one.member);
+            VERIFY_FAILURE(says, copies::checkBackup(site.file));
+            VERIFY_FAILURE(says, site.restore());
+            QVERIFY(!listener.somebodyCame());
+            QCOMPARE(site.cards(), u"1"_s);
+        });
+    }
+#endif
 
     // What nobody of this program put there stays, and so does its folder.
     void abandonedWorkGoesAway() {
