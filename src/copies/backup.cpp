@@ -11,6 +11,7 @@
 #include "data/connection.h"
 #include "data/error.h"
 #include "data/opening/fileidentity.h"
+#include "data/opening/privatefile.h"
 #include "schema/databasefiles.h"
 #include "schema/office.h"
 #include "schema/workfolder.h"
@@ -118,6 +119,7 @@ BackupInfo backupOffice(const QString& folder, const QString& file, const Backup
     report(options.progress, u"Έλεγχος του αντιγράφου"_s, 0);
     for (const ArchiveMember& member : members) QFile::remove(member.file);  // their bytes are needed for reading back
     checkPacked(packed, manifest, workFolder->path());
+    data::closeToOthers(packed, QFileInfo(file).absolutePath());
     schema::moveTo(packed, file, options.replace);
     return infoOf(manifest);
 }

@@ -8,6 +8,7 @@
 #include "copies/manifest.h"
 #include "copies/restore.h"
 #include "copies/unpacking.h"
+#include "copies/upgradecopy.h"
 #include "data/opening/databasepassword.h"
 #include "data/opening/fileidentity.h"
 #include "platform/filestate.h"
@@ -337,6 +338,52 @@ private slots:
             VERIFY_FAILURE(says, site.restore());
             QVERIFY(!listener.somebodyCame());
             QCOMPARE(site.cards(), u"1"_s);
+        });
+    }
+#endif
+
+#ifdef Q_OS_UNIX
+    // Under the most open mask there is.
+    void whatIsMadeIsClosedToOthers() {
+        struct Mask {
+            const mode_t before = umask(0);
+            ~Mask() { umask(before); }
+        } const mask;
+        const struct {
+            const char* name;
+            mode_t folder, wanted;
+        } cases[] = {{"one user's", 0755, 0600}, {"everybody's", 0757, 0600}, {"a group's", 0775, 0660}};
+        forEach(cases, [&](const auto& one) {
+            QTemporaryDir scratch;
+            const QString office = scratch.filePath(u"office"_s), other = scratch.filePath(u"other"_s);
+            for (const QString& folder : {office, other}) {
+                QDir().mkpath(folder);
+                QCOMPARE(chmod(qUtf8Printable(folder), one.folder), 0);
+            }
+            schema::createOffice(office, {u"admin"_s, {}});
+            data::Connection main;
+            copies::openUpgraded(main, schema::connectionString(Database::Main, schema::mainDatabasePath(office)));
+            main.execute(u"insert into Cards (ΕΠΩΝΥΜΟ) values ('νέα')"_s);
+            const QString copy = office + u"/α.tar"_s;
+            copies::backupOffice(office, copy);
+            copies::restoreOffice(copy, other);
+            QFile::setPermissions(schema::mainDatabasePath(other), QFile::Permissions(0x6666));
+            copies::restoreOffice(copy, other, {.force = true, .databases = {Database::Users}});
+            data::ServerDescription server;
+            server.password = u"x"_s;
+            data::writeServerDescription(office + u"/server.mdb"_s, server);
+            const QString kept =
+                copies::copyBeforeUpgrade(main, Database::Main, schema::mainDatabasePath(office), moment);
+            for (const QString& file : {schema::mainDatabasePath(office), schema::mainDatabasePath(office) + u"-wal"_s,
+                                        schema::mainDatabasePath(office) + u"-shm"_s, schema::usersDatabasePath(office),
+                                        copy, schema::usersDatabasePath(other), office + u"/server.mdb"_s, kept}) {
+                struct stat state;
+                QVERIFY2(stat(qUtf8Printable(file), &state) == 0, qPrintable(file));
+                QVERIFY2((state.st_mode & 0777) == one.wanted,
+                         qPrintable(file + u' ' + QString::number(state.st_mode, 8)));
+            }
+            copies::restoreOffice(copy, other, {.force = true});
+            QCOMPARE(QFile::permissions(schema::mainDatabasePath(other)) & 0xF, QFile::Permissions());
         });
     }
 #endif
