@@ -12,6 +12,7 @@
 #include "data/opening/databasepassword.h"
 #include "data/opening/fileidentity.h"
 #include "platform/filestate.h"
+#include "platform/processes.h"
 #include "schema/creation.h"
 #include "support/cases.h"
 #include "support/failure.h"
@@ -20,6 +21,7 @@
 
 #ifdef Q_OS_UNIX
 #include <fcntl.h>
+#include <sys/resource.h>
 #include <sys/socket.h>
 #include <sys/stat.h>
 #include <sys/un.h>
@@ -388,6 +390,18 @@ private slots:
     }
 #endif
 
+    // The journal's index is what an opening makes first.
+    void aFullDiskIsCalledSo() {
+        Site site;
+        const int result = runInChild([&] {
+            signal(SIGXFSZ, SIG_IGN);
+            const rlimit most{4096, 4096};
+            setrlimit(RLIMIT_FSIZE, &most);
+            return failureOf([&] { site.office.openBoth(); }).contains(u"γεμάτος") ? 1 : 0;
+        });
+        QCOMPARE(result, 1);
+    }
+
     // What nobody of this program put there stays, and so does its folder.
     void abandonedWorkGoesAway() {
         QTemporaryDir folder;
@@ -400,8 +414,18 @@ private slots:
         }
         overwrite(here.filePath(u".dorvalist-work-bbbbbb/letter.txt"_s), "x");
         const auto left = [&] { return here.entryList(QDir::Dirs | QDir::Hidden | QDir::NoDotAndDotDot).size(); };
+        // A child that has ended, and this very process.
+        const pid_t child = fork();
+        if (child == 0) _exit(0);
+        waitpid(child, nullptr, 0);
+        const QByteArray mine = platform::processMark();
+        here.mkdir(u".dorvalist-work-dddddd"_s);
+        overwrite(here.filePath(u".dorvalist-work-dddddd/process"_s),
+                  mine.left(mine.chopped(1).lastIndexOf('\n') + 1) + QByteArray::number(child) + '\n');
+        overwrite(here.filePath(u".dorvalist-work-aaaaaa/process"_s), mine);
         schema::dropAbandonedWork(folder.path());
         QCOMPARE(left(), 4);
+        QVERIFY(!here.exists(u".dorvalist-work-dddddd"_s));
         schema::dropAbandonedWork(folder.path(), QDateTime::currentDateTime().addDays(2));
         QCOMPARE(left(), 3);
         QVERIFY(here.exists(u".dorvalist-work-bbbbbb/letter.txt"_s));

@@ -167,14 +167,60 @@ private slots:
 
             site.desk.prompts.answer(yes);
             QCOMPARE(site.run(), Outcome::Logon);
-            QCOMPARE(site.desk.prompts.count(), 2);
+            QCOMPARE(site.desk.prompts.count(), yes ? 3 : 2);
             QVERIFY(site.told()[0].startsWith(noBase));
+            if (yes)
+                QVERIFY2(fits(site.told()[2], "Επαναφέρθηκε*03/11/2026 10:30*" + QFileInfo(damaged).fileName() +
+                                                  ".\n*" + damaged + ".20261105-103000"),
+                         qPrintable(site.told()[2]));
             QVERIFY2(site.told()[1].contains("03/11/2026 10:30"), qPrintable(site.told()[1]));
             QCOMPARE(site.mod.gConn.isOpen() && site.mod.gConnUsers.isOpen(), yes);
             QVERIFY(contents(yes ? damaged + ".20261105-103000" : damaged) == noise);
             site.mod.gConn.close();
             site.mod.gConnUsers.close();
             QVERIFY(contents(whole) == before);
+        }
+    }
+
+    void aMissingFileComesFromTheNewestGoodCopy() {
+        for (const bool main : {true, false}) {
+            const support::InCase in(main ? "main" : "users");
+            KnownSite site;
+            const QDateTime made = site.desk.clock.now().addDays(-2);
+            copies::backupOffice(site.office,
+                                 site.copies + '/' + core::backupName(site.office, made, core::BackupKind::Daily),
+                                 {.now = made});
+            QVERIFY(QFile::remove(main ? site.main() : site.users()));
+            site.desk.prompts.answer(true);
+            QCOMPARE(site.run(), Outcome::Logon);
+            const QStringList told = site.told();
+            QVERIFY2(told.size() > 1 && told[told.size() - 2].contains("03/11/2026 10:30"), qPrintable(told.join('|')));
+            QVERIFY(told.last().startsWith("Επαναφέρθηκε"));
+            QVERIFY(site.mod.gConn.isOpen() && site.mod.gConnUsers.isOpen());
+        }
+    }
+
+    void aRefusedFolderIsNotRemembered() {
+        struct Case {
+            const char* name;
+            QByteArray bytes;
+            bool readOnly;
+        };
+        const Case cases[] = {
+            {"Jet", QByteArray("\0\1\0\0Standard Jet DB\0\1\0\0\0", 24) + QByteArray(4096, '\1'), false},
+            {"noise", noise, false},
+            {"no rights", {}, true},
+        };
+        for (const Case& c : cases) {
+            const support::InCase in(c.name);
+            Site site;
+            if (!c.bytes.isEmpty()) write(site.main(), c.bytes);
+            if (c.readOnly) QFile::setPermissions(site.main(), QFile::ReadOwner);
+            if (c.readOnly && QFileInfo(site.main()).isWritable()) continue;  // nothing is refused to this user
+            site.desk.prompts.answerFolder(site.office);
+            QCOMPARE(site.run(), Outcome::Logon);
+            QVERIFY(site.told().last().startsWith(noBase));
+            QCOMPARE(site.stored(), "none");
         }
     }
 
