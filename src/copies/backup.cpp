@@ -86,10 +86,14 @@ void refuseTarget(const QString& folder, const QString& file) {
 
 BackupInfo infoOf(const Manifest& manifest) {
     BackupInfo info{manifest.made, manifest.folder};
+    const QString cards = u"Cards"_s;
     for (const Database database : allDatabases)
         if (manifest.members.contains(dumpFileName(database))) info.onServer += database;
-    for (const Manifest::Member& member : manifest.members)
+    for (const Manifest::Member& member : manifest.members) {
         for (const qint64 rows : member.rows) info.rows += rows;
+        for (auto table = member.rows.cbegin(); table != member.rows.cend(); ++table)
+            if (table.key().compare(cards, Qt::CaseInsensitive) == 0) info.cards += table.value();
+    }
     return info;
 }
 

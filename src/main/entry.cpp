@@ -136,6 +136,27 @@ QString restoredText(const QVector<schema::Database>& restored, const QString& m
     return text;
 }
 
+bool restoreAndTell(core::MainMod& mod, const QString& copy, const QString& made,
+                    const QVector<schema::Database>& databases) {
+    try {
+        QStringList aside;
+        copies::RestoreOptions options;
+        options.force = true;
+        options.databases = databases;
+        options.now = mod.services.clock.now();
+        core::inBackground(nullptr, u"Επαναφορά του αντιγράφου"_s, [&](const core::Tell& tell) {
+            options.progress = told(tell);
+            aside = copies::restoreOffice(copy, mod.gDataPath, options);
+        });
+        mod.services.prompts.message(nullptr, platform::MessageIcon::Information, core::programTitle(),
+                                     restoredText(databases, made, aside));
+        return true;
+    } catch (const data::Error& error) {
+        tell(mod, u"Το αντίγραφο δεν επαναφέρθηκε. "_s + error.text());
+        return false;
+    }
+}
+
 // Puts the newest good copy in the place of what is damaged or gone, if there is one and the user wants it.
 bool restored(core::MainMod& mod, const QVector<schema::Database>& damaged) {
     const auto copy = newestGoodBackup(mod);
@@ -147,23 +168,7 @@ bool restored(core::MainMod& mod, const QVector<schema::Database>& damaged) {
     const bool missing = !exists(schema::databasePath(mod.gDataPath, damaged.first()));
     if (!mod.services.prompts.question(nullptr, core::programTitle(), restoreQuestion(made, missing) + doubt))
         return false;
-    try {
-        QStringList aside;
-        copies::RestoreOptions options;
-        options.force = true;
-        options.databases = damaged;
-        options.now = mod.services.clock.now();
-        core::inBackground(nullptr, u"Επαναφορά του αντιγράφου"_s, [&](const core::Tell& tell) {
-            options.progress = told(tell);
-            aside = copies::restoreOffice(copy->file, mod.gDataPath, options);
-        });
-        mod.services.prompts.message(nullptr, platform::MessageIcon::Information, core::programTitle(),
-                                     restoredText(damaged, made, aside));
-        return true;
-    } catch (const data::Error& error) {
-        tell(mod, u"Το αντίγραφο δεν επαναφέρθηκε. "_s + error.text());
-        return false;
-    }
+    return restoreAndTell(mod, copy->file, made, damaged);
 }
 
 Opened openBoth(core::MainMod& mod) {
@@ -197,6 +202,14 @@ void findFolder(core::MainMod& mod) {
 }
 
 }  // namespace
+
+void restoreAndReopen(core::MainMod& mod, const QString& copy, const QDateTime& made) {
+    mod.gConn.close();
+    mod.gConnUsers.close();
+    restoreAndTell(mod, copy, data::format(made, u"dd/mm/yyyy hh:nn"),
+                   {schema::Database::Main, schema::Database::Users});
+    openAndTell(mod);
+}
 
 Outcome run(core::MainMod& mod) {
     restoreMissingMain(mod);

@@ -39,6 +39,7 @@ MDIMain::MDIMain(core::MainMod& mod) : mod_(mod), windows_(*this), area_(new QMd
         {u"mnuExit"_s, [this] { close(); }},
         {u"mnuBackupNow"_s, [this] { emit backupWanted(); }},
         {u"mnuBackupFolder"_s, [this] { emit backupFolderWanted(); }},
+        {u"mnuRestore"_s, [this] { emit restoreWanted(); }},
         {u"mnuSounds"_s,
          [this] { mod_.services.settings.setNumber(optionsSection, u"Sounds"_s, menu(u"mnuSounds"_s)->isChecked()); }},
         {u"mnuPreview"_s,

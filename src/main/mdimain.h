@@ -23,6 +23,8 @@ public:
 
     // Caption, placement, noun, rights, and the windows that open by themselves. Before the first show().
     void load();
+    // Closes the windows and itself, unless one of them refuses.
+    void logOff();
 
     core::Windows& windows() { return windows_; }
     QAction* menu(const QString& name) const { return entries_.value(name); }    // an entry or a submenu's title
@@ -33,6 +35,7 @@ signals:
     void exited();
     void backupWanted();
     void backupFolderWanted();
+    void restoreWanted();
 
 protected:
     void closeEvent(QCloseEvent* event) override;
@@ -52,7 +55,6 @@ private:
     void trigger(const MenuDef& def);
     void setNoun(int category);
     void setTheme(int kind);
-    void logOff();
     void tick();
     void place();
     void putFrame(QRect wanted);

@@ -4,7 +4,9 @@
 #include <QSignalSpy>
 
 #include "copies/backup.h"
+#include "copies/upgradecopy.h"
 #include "core/backupfolder.h"
+#include "data/recordset.h"
 #include "main/program.h"
 #include "platform/folders.h"
 #include "schema/office.h"
@@ -73,6 +75,32 @@ struct KnownSite : Site {
     }
     QString copies = directory.filePath("αντίγραφα");
 };
+
+void logOn(entry::Program& program, const QString& password) {
+    const support::Driver logon(*program.logon());
+    logon.type("Text1", "Admin");
+    logon.type("Text2", password);
+    logon.click("Command1");
+}
+
+void execute(const QString& file, const QString& sql) {
+    data::Connection connection;
+    copies::openUpgraded(connection, schema::connectionString(schema::Database::Main, file));
+    connection.execute(sql);
+}
+
+// Waits for the dialog behind whatever is done before it opens.
+void inRestoreDialog(const std::function<void(const support::Driver&)>& act) {
+    auto* look = new QTimer(qApp);
+    QObject::connect(look, &QTimer::timeout, look, [look, act] {
+        QWidget* dialog = QApplication::activeModalWidget();
+        if (!dialog || dialog->objectName() != "frmRestore") return;
+        look->stop();
+        look->deleteLater();
+        act(support::Driver(*dialog));
+    });
+    look->start(10);
+}
 
 }  // namespace
 
@@ -296,20 +324,66 @@ private slots:
         QVERIFY(contents(site.main()) == bytes);
     }
 
+    // By hand from the menu, and when the day's copy, the first to read every page, meets damage.
+    void aCopyIsChosenAndRestored() {
+        for (const bool damaged : {false, true}) {
+            const support::InCase in(damaged ? "damaged" : "by hand");
+            KnownSite site;
+            site.desk.settings.setValue("Settings", "Name", "Γραφείο");
+            const auto copyFile = [&](int daysAgo) {
+                const QDateTime made = site.desk.clock.now().addDays(-daysAgo);
+                return site.copies + '/' + core::backupName(site.office, made, core::BackupKind::Daily);
+            };
+            execute(site.main(), "insert into Cards (ΕΠΩΝΥΜΟ) values ('παλιά')");
+            copies::backupOffice(site.office, copyFile(2), {.now = site.desk.clock.now().addDays(-2)});
+            write(copyFile(1), "x");
+            execute(site.main(), "insert into Cards (ΕΠΩΝΥΜΟ) values ('νέα')");
+            const qint64 middle = QFileInfo(site.main()).size() / 4096 / 2 * 4096;
+            if (damaged) write(site.main(), contents(site.main()).replace(middle, 8 * 4096, QByteArray(8 * 4096, 'Z')));
+
+            entry::Program program(site.mod);
+            QSignalSpy copied(&program.backup(), &core::DailyBackup::finished);
+            QVERIFY(program.start());
+            QVERIFY(site.told().isEmpty());
+            logOn(program, "admin");
+            if (damaged) site.desk.prompts.answer(true);
+            site.desk.prompts.answer(true);
+            QStringList rows;
+            inRestoreDialog([&](const support::Driver& dialog) {
+                rows = dialog.rows();
+                dialog.list()->selectRow(0);
+                if (!damaged) QVERIFY(dialog.isEnabled("Command1"));
+                dialog.list()->selectRow(int(rows.size()) - 2);
+                QVERIFY(!dialog.isEnabled("Command1"));
+                dialog.list()->selectRow(int(rows.size()) - 1);
+                dialog.click("Command1");
+            });
+            QVERIFY(copied.wait(60000));
+            if (!damaged) program.mainWindow()->menu("mnuRestore")->trigger();
+            QVERIFY(QTest::qWaitFor([&] { return !program.mainWindow(); }, 30000));
+            QCOMPARE(rows.size(), damaged ? 2 : 3);
+            QVERIFY2(fits(rows[damaged ? 0 : 1], "04/11/2026 10:30||1|*δεν είναι αντίγραφο*"),
+                     qPrintable(rows.join('\n')));
+            QVERIFY2(fits(rows.last(), "03/11/2026 10:30|1|*|Καλό"), qPrintable(rows.join('\n')));
+            const QStringList told = site.told();
+            if (damaged) QVERIFY2(told.value(1).contains("έχει βλάβη"), qPrintable(told.join('\n')));
+            QVERIFY2(fits(told.last(), damaged ? "Επαναφέρθηκε*03/11/2026*.20261105-103000*" : "Επαναφέρθηκε*"),
+                     qPrintable(told.join('\n')));
+            QVERIFY(program.logon()->isVisible());
+            data::Recordset cards(site.mod.gConn, "select ΕΠΩΝΥΜΟ from Cards order by code");
+            QCOMPARE(cards.recordCount(), 1);
+            QCOMPARE(cards.field(0).text(), "παλιά");
+        }
+    }
+
     void fromStartToMainWindowAndBack() {
         KnownSite site;
         site.desk.settings.setValue("Settings", "Name", "Γραφείο");
         entry::Program program(site.mod);
         QVERIFY(program.start());
-        const auto type = [&](const QString& user, const QString& password) {
-            const support::Driver logon(*program.logon());
-            logon.type("Text1", user);
-            logon.type("Text2", password);
-            logon.click("Command1");
-        };
-        type("Admin", "wrong");
+        logOn(program, "wrong");
         QVERIFY(!program.mainWindow());
-        type("Admin", "admin");
+        logOn(program, "admin");
         QVERIFY(program.mainWindow()->isVisible());
         program.mainWindow()->menu("mnuCards")->trigger();
         QVERIFY(site.mod.gAddressOpen);
