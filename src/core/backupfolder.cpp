@@ -140,7 +140,7 @@ QVector<ListedBackup> listBackups(const QString& folder, const QString& dataPath
             else if (info.onServer != onServer)
                 one.fault = u"Τα δεδομένα ήταν τότε αλλού (σε αρχεία ή σε διακομιστή)."_s;
         } catch (const data::Error& error) {
-            one.fault = error.text();
+            one.fault = error.category() == data::ErrorCategory::Corrupt ? u"Δεν είναι ακέραιο."_s : error.text();
         }
         listed += one;
     }

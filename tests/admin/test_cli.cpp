@@ -1,5 +1,6 @@
 // The tool's commands, run as processes.
 #include "copies/upgradecopy.h"
+#include "data/opening/password.h"
 #include "support/cases.h"
 #include "support/files.h"
 #include "support/officefolder.h"
@@ -105,6 +106,43 @@ private slots:
         QCOMPARE(runTool(QStringList{u"create"_s, other, u"--admin-password=x"_s} + place()).code, 0);
         QCOMPARE(runTool({u"check"_s, other}).code, 0);
         remove(other);
+    }
+
+    void aPasswordNeedsNoCommandLine() {
+        const QString file = scratch_.filePath(u"password"_s), option = u"--admin-password-file"_s;
+        write(file, "κρυφός κωδικός\r\nother\n");
+        const struct {
+            const char* name;
+            QStringList words;
+            QByteArray input;
+            QMap<QString, QString> environment;
+            int code;
+        } cases[] = {
+            {"file", {option, file}, {}, {{u"DORVALIST_ADMIN_PASSWORD"_s, u"x"_s}}, 0},
+            {"input", {option, u"-"_s}, "κρυφός κωδικός\n", {}, 0},
+            {"environment", {}, {}, {{u"DORVALIST_ADMIN_PASSWORD"_s, u"κρυφός κωδικός"_s}}, 0},
+            {"nowhere", {}, {}, {}, 2},
+            {"no such file", {option, file + u'x'}, {}, {}, 1},
+            {"an empty input", {option, u"-"_s}, {}, {}, 1},
+            {"two ways", {option, file, u"--admin-password"_s, u"x"_s}, {}, {}, 2},
+        };
+        for (const auto& one : cases) {
+            const InCase in(one.name);
+            const QString other = scratch_.filePath(u"other"_s);
+            const ToolRun made =
+                runTool(QStringList{u"create"_s, other} + one.words + place(), one.input, one.environment);
+            QVERIFY2(made.code == one.code, qPrintable(made.err));
+            QCOMPARE(QFileInfo::exists(other), one.code == 0);
+            if (one.code != 0) continue;
+            {
+                data::Connection users;
+                copies::openUpgraded(
+                    users, schema::connectionString(schema::Database::Users, schema::usersDatabasePath(other)));
+                const QString stored = firstText(users, u"select Pass from Admin"_s);
+                QVERIFY(data::verifyPassword(stored, u"κρυφός κωδικός"_s));
+            }
+            remove(other);
+        }
     }
 
     void sqlReadsInPlainCells() {

@@ -362,7 +362,7 @@ private slots:
             if (!damaged) program.mainWindow()->menu("mnuRestore")->trigger();
             QVERIFY(QTest::qWaitFor([&] { return !program.mainWindow(); }, 30000));
             QCOMPARE(rows.size(), damaged ? 2 : 3);
-            QVERIFY2(fits(rows[damaged ? 0 : 1], "04/11/2026 10:30||1|*δεν είναι αντίγραφο*"),
+            QVERIFY2(fits(rows[damaged ? 0 : 1], "04/11/2026 10:30||1|Δεν είναι ακέραιο."),
                      qPrintable(rows.join('\n')));
             QVERIFY2(fits(rows.last(), "03/11/2026 10:30|1|*|Καλό"), qPrintable(rows.join('\n')));
             const QStringList told = site.told();
