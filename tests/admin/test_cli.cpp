@@ -226,7 +226,7 @@ private slots:
             {"foreign",
              testengine::isPostgres()
                  ? "CREATE FUNCTION spy() RETURNS trigger LANGUAGE plpgsql AS 'BEGIN RETURN NULL; END'; CREATE TRIGGER "
-                   "spy BEFORE INSERT ON cards FOR EACH ROW EXECUTE FUNCTION spy()"
+                   "spy BEFORE INSERT ON \"Cards\" FOR EACH ROW EXECUTE FUNCTION spy()"
                  : "CREATE TRIGGER spy BEFORE INSERT ON Cards BEGIN SELECT RAISE(IGNORE); END",
              u"spy"_s},
             {"missing", "DROP TRIGGER \"_Cards_words_added\"", u"Πίνακας Cards: το ευρετήριο των λέξεων"_s},
