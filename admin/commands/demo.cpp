@@ -5,6 +5,7 @@
 #include "admin/command.h"
 #include "admin/officeoptions.h"
 #include "admin/output.h"
+#include "admin/passwords.h"
 #include "admin/seat.h"
 #include "copies/upgradecopy.h"
 #include "schema/office.h"
@@ -32,8 +33,7 @@ demo::DemoOptions demoOptions(const Arguments& arguments) {
 ExitCode demo(const Arguments& arguments) {
     demo::DemoOptions options = demoOptions(arguments);
     const QString folder = arguments.positional().first();
-    const QString adminPassword =
-        arguments.has(u"--admin-password"_s) ? arguments.value(u"--admin-password"_s) : u"admin"_s;
+    const QString adminPassword = passwordGiven(arguments).value_or(u"admin"_s);
     createOffice(arguments, adminPassword);
     Seat seat(folder);
     options.progress = [&seat](int done, int total) {
@@ -68,6 +68,7 @@ Command demoCommand() {
              {u"--seed"_s, u"N"_s, u"ο σπόρος των τυχαίων αριθμών (1)"_s},
              {u"--date"_s, u"εεεε-μμ-ηη"_s, u"η ημέρα που θα είναι «σήμερα» (η σημερινή)"_s},
              adminPasswordOption(u"ο κωδικός του Admin (admin)"_s),
+             passwordFileOption(),
              referenceOption(),
              serverOption()},
             demo};

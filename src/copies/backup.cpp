@@ -11,6 +11,7 @@
 #include "data/connection.h"
 #include "data/error.h"
 #include "data/opening/fileidentity.h"
+#include "data/opening/privatefile.h"
 #include "schema/databasefiles.h"
 #include "schema/office.h"
 #include "schema/workfolder.h"
@@ -85,10 +86,14 @@ void refuseTarget(const QString& folder, const QString& file) {
 
 BackupInfo infoOf(const Manifest& manifest) {
     BackupInfo info{manifest.made, manifest.folder};
+    const QString cards = u"Cards"_s;
     for (const Database database : allDatabases)
         if (manifest.members.contains(dumpFileName(database))) info.onServer += database;
-    for (const Manifest::Member& member : manifest.members)
+    for (const Manifest::Member& member : manifest.members) {
         for (const qint64 rows : member.rows) info.rows += rows;
+        for (auto table = member.rows.cbegin(); table != member.rows.cend(); ++table)
+            if (table.key().compare(cards, Qt::CaseInsensitive) == 0) info.cards += table.value();
+    }
     return info;
 }
 
@@ -118,6 +123,7 @@ BackupInfo backupOffice(const QString& folder, const QString& file, const Backup
     report(options.progress, u"Έλεγχος του αντιγράφου"_s, 0);
     for (const ArchiveMember& member : members) QFile::remove(member.file);  // their bytes are needed for reading back
     checkPacked(packed, manifest, workFolder->path());
+    data::closeToOthers(packed, QFileInfo(file).absolutePath());
     schema::moveTo(packed, file, options.replace);
     return infoOf(manifest);
 }

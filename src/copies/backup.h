@@ -23,7 +23,7 @@ struct BackupOptions {
 struct BackupInfo {
     QDateTime made;
     QString folder;  // of the office, absolute
-    qint64 rows = 0;
+    qint64 rows = 0, cards = 0;
     QVector<schema::Database> onServer = {};  // when it was made; of these there is a dump
 };
 

@@ -121,6 +121,7 @@ void SchemaRestore::fill(const QString& dump, const QString& schemaOfDump) {
     const QString restoring = u"Επαναφορά του "_s + QFileInfo(dump).fileName();
     const GoOn goOn = [&] { return !options_.progress || options_.progress(restoring, 0); };
     data::postgres::PgSchemaWork work(filled());
+    work.actAsOwnerOf(place_.schemaName());
     if (work.has(filling_)) work.drop(filling_);
     const QString hidden = data::postgres::pgNameWith(schemaOfDump, u"_hidden"_s);
     const bool nameTaken = work.has(schemaOfDump);
@@ -140,8 +141,9 @@ void SchemaRestore::fill(const QString& dump, const QString& schemaOfDump) {
 }
 
 QString SchemaRestore::exchange(data::postgres::PgSchemaWork& work) {
-    refuseUnlessFree(work);
+    refuseUnlessFree(work);  // as oneself: a member sees more seats than the owner does
     const QString name = place_.schemaName();
+    work.actAsOwnerOf(name);
     QString aside;
     if (work.hasObjects(name)) {
         const QString dated = u'_' + schema::stamp(options_.now);
@@ -153,6 +155,7 @@ QString SchemaRestore::exchange(data::postgres::PgSchemaWork& work) {
     }
     work.rename(filling_, name);
     work.renewFunctions(name);
+    work.actAsMyself();
     return aside;
 }
 

@@ -22,13 +22,10 @@ namespace {
 constexpr int lookSeconds = 5;
 
 // The lines of a lock file; the last one tells two takings of one process apart.
-enum Line { Host, Boot, Process, Taking };
+enum Line { Host, Boot, Process, Taking };  // the first three are those of platform::processMark()
 
 QByteArray newMark() {
-    const QByteArrayList lines = {QSysInfo::machineHostName().toUtf8(), QSysInfo::bootUniqueId(),
-                                  QByteArray::number(QCoreApplication::applicationPid()),
-                                  QUuid::createUuid().toByteArray(QUuid::WithoutBraces)};
-    return lines.join('\n') + '\n';
+    return platform::processMark() + QUuid::createUuid().toByteArray(QUuid::WithoutBraces) + '\n';
 }
 
 struct Holder {
@@ -46,13 +43,8 @@ std::optional<Holder> holderOf(const QString& file) {
     return Holder{mark, source.fileTime(QFileDevice::FileModificationTime)};
 }
 
-// Its process is gone from this very run of this machine. The machine's name alone wouldn't do: disks are copied with
-// it.
 bool isDead(const Holder& holder) {
-    const QByteArray boot = QSysInfo::bootUniqueId();
-    const bool here =
-        !boot.isEmpty() && holder.line(Boot) == boot && holder.line(Host) == QSysInfo::machineHostName().toUtf8();
-    return here && !platform::processRuns(holder.line(Process).toLongLong());
+    return platform::isGone(holder.mark);
 }
 
 // Removes the file if it holds this text; it goes out of the others' way first, since one of them may just be putting

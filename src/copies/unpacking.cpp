@@ -6,6 +6,7 @@
 #include "copies/archive.h"
 #include "copies/databasecopy.h"
 #include "data/error.h"
+#include "data/opening/fileidentity.h"
 #include "schema/office.h"
 #include "schema/workfolder.h"
 
@@ -43,6 +44,25 @@ void dropForeign(Manifest& manifest) {
     manifest.members.removeIf([&](auto member) { return !ours.contains(member.key()); });
 }
 
+bool isDump(const QString& file) {
+    QFile source(file);
+    return source.open(QIODevice::ReadOnly) && source.read(5) == "PGDMP";
+}
+
+// A description of a server in the place of a database would have its opening connect to whatever it names.
+void requireKinds(const Manifest& manifest, const QString& folder) {
+    for (const Database database : allDatabases) {
+        const QString dump = dumpFileName(database), file = schema::databasePath(folder, database);
+        const auto right = database == Database::Main ? data::FileKind::Main : data::FileKind::Users;
+        const bool fits = manifest.members.contains(dump) ? isDump(QDir(folder).filePath(dump))
+                                                          : data::identifyFile(file).kind == right;
+        if (!fits)
+            throw Error(ErrorCategory::Corrupt,
+                        u"Το «%1» μέσα στο αντίγραφο δεν είναι αυτό που λέει ο κατάλογός του."_s.arg(
+                            manifest.members.contains(dump) ? dump : databaseFileName(database)));
+    }
+}
+
 }  // namespace
 
 void checkPacked(const QString& archive, const Manifest& manifest, const QString& folder) {
@@ -71,6 +91,7 @@ Manifest unpackChecked(const QString& file, const QString& folder, const ServerT
     schema::report(progress, u"Άνοιγμα του αντιγράφου"_s, 0);
     const Manifest manifest = unpackManifest(file, folder);
     checkPacked(file, manifest, folder);
+    requireKinds(manifest, folder);
     for (const Database database : allDatabases) {
         schema::report(progress, u"Έλεγχος του "_s + databaseFileName(database), 0);
         if (const QString dump = dumpFileName(database); manifest.members.contains(dump))

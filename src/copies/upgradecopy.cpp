@@ -6,6 +6,7 @@
 
 #include "copies/databasecopy.h"
 #include "data/opening/fileidentity.h"
+#include "data/opening/privatefile.h"
 #include "schema/databasefiles.h"
 #include "schema/office.h"
 #include "schema/upgrade.h"
@@ -32,6 +33,7 @@ QString copyBeforeUpgrade(data::Connection& connection, schema::Database databas
     else
         copyChecked(connection, database, copy, progress);
     const QString kept = schema::freeName(target);
+    data::closeToOthers(copy, info.absolutePath());
     schema::moveTo(copy, kept, false);
     const QRegularExpression ours(
         QRegularExpression::anchoredPattern(QRegularExpression::escape(mark) + u"\\d+-\\d{8}-\\d{6}(-\\d+)?"_s));

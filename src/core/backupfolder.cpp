@@ -120,6 +120,33 @@ void dropOldBackups(const QString& folder, const QString& dataPath, const QDateT
     }
 }
 
+QVector<ListedBackup> listBackups(const QString& folder, const QString& dataPath,
+                                  const std::function<void(const QString&)>& tell) {
+    requireBackupFolder(folder);
+    const QVector<schema::Database> onServer = databasesOnServer(dataPath);
+    QVector<ListedBackup> listed;
+    for (const Copy& copy : copiesOf(folder, dataPath, anyKind)) {
+        if (tell) tell(copy.file);
+        ListedBackup one;
+        one.file = copy.file;
+        one.made = QDateTime::fromString(copy.stamp, stampFormat);
+        one.bytes = QFileInfo(copy.file).size();
+        try {
+            const copies::BackupInfo info = copies::checkBackup(copy.file, dataPath);
+            one.made = info.made;
+            one.cards = info.cards;
+            if (officeTag(info.folder) != officeTag(dataPath))
+                one.fault = u"Είναι αντίγραφο άλλου γραφείου."_s;
+            else if (info.onServer != onServer)
+                one.fault = u"Τα δεδομένα ήταν τότε αλλού (σε αρχεία ή σε διακομιστή)."_s;
+        } catch (const data::Error& error) {
+            one.fault = error.category() == data::ErrorCategory::Corrupt ? u"Δεν είναι ακέραιο."_s : error.text();
+        }
+        listed += one;
+    }
+    return listed;
+}
+
 std::optional<FoundBackup> newestGoodBackup(const QString& folder, const QString& dataPath, const QDateTime& now) {
     requireBackupFolder(folder);
     QVector<Copy> copies = copiesOf(folder, dataPath, anyKind);

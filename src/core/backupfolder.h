@@ -3,6 +3,7 @@
 
 #include <QDateTime>
 #include <QStringList>
+#include <functional>
 #include <optional>
 
 #include "platform/settings.h"
@@ -44,5 +45,15 @@ struct FoundBackup {
 // The newest copy of this office, each database of the kind that it is now, that passes every check; those of the
 // future come last. Throws data::Error when none does and something else than damage kept one from being checked.
 std::optional<FoundBackup> newestGoodBackup(const QString& folder, const QString& dataPath, const QDateTime& now);
+
+struct ListedBackup {
+    QString file;
+    QDateTime made;
+    qint64 cards = 0, bytes = 0;
+    QString fault;  // why it can't be restored; empty for a good one
+};
+// Every copy of this office, newest first, each looked through, which lasts. `tell` hears which.
+QVector<ListedBackup> listBackups(const QString& folder, const QString& dataPath,
+                                  const std::function<void(const QString& file)>& tell = {});
 
 }  // namespace core

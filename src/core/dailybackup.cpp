@@ -7,6 +7,7 @@
 #include "copies/backup.h"
 #include "copies/servertools.h"
 #include "core/browsemod.h"
+#include "core/damage.h"
 #include "data/opening/fileidentity.h"
 
 using namespace Qt::Literals::StringLiterals;
@@ -36,6 +37,7 @@ struct DailyBackup::Work {
     std::atomic<bool> stop = false;
     copies::ServerTools tools;
     QString failure, ofTheFuture;
+    bool damaged = false;
 
     void run() {
         try {
@@ -52,6 +54,7 @@ struct DailyBackup::Work {
             if (isDaily) dropOldBackups(folder, dataPath, now);
         } catch (const data::Error& error) {
             failure = error.text();
+            damaged = error.category() == data::ErrorCategory::Corrupt;
         } catch (const std::exception& error) {
             failure = QString::fromUtf8(error.what());
         }
@@ -114,6 +117,7 @@ void DailyBackup::end() {
     thread_.release()->deleteLater();
     const std::shared_ptr<Work> work = std::move(work_);
     if (!work->stop) tell(*work);
+    if (!work->stop && work->damaged) damageWasTold();  // a copy reads every page, and is the first to notice
     emit finished();
 }
 

@@ -2,6 +2,8 @@
 
 #include <QApplication>
 
+#include "core/damage.h"
+
 using namespace Qt::Literals::StringLiterals;
 
 namespace core {
@@ -22,6 +24,7 @@ void showFailure(MainMod& mod, QWidget* parent, const std::exception& error, con
     if (dataError) qWarning("%s | %s", error.what(), qUtf8Printable(dataError->statement()));
     mod.services.prompts.message(visible(parent), platform::MessageIcon::Critical, u"Μήνυμα λάθους"_s,
                                  lead + programTitle() + u" Error: "_s + text);
+    if (dataError && dataError->category() == data::ErrorCategory::Corrupt) damageWasTold();
 }
 
 bool ask(MainMod& mod, QWidget* parent, const QString& question) {

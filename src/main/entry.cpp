@@ -9,6 +9,7 @@
 #include "core/backupfolder.h"
 #include "core/browsemod.h"
 #include "core/workprogress.h"
+#include "data/opening/fileidentity.h"
 #include "data/values/format.h"
 #include "platform/folders.h"
 #include "schema/office.h"
@@ -74,8 +75,13 @@ std::optional<data::Error> takeSeat(core::MainMod& mod) {
     }
 }
 
-// The databases that are damaged beyond opening; the first failure is told.
-QVector<schema::Database> openAndTell(core::MainMod& mod) {
+struct Opened {
+    QVector<schema::Database> lost;  // damaged beyond opening, or gone from beside the other one
+    bool noRights = false;
+};
+
+// The first failure is told.
+Opened openAndTell(core::MainMod& mod) {
     using schema::Database;
     const auto seatFailure = takeSeat(mod);
     const auto mainFailure = seatFailure ? seatFailure : openOne(mod.gConn, Database::Main, mod.gMainDbPath);
@@ -84,11 +90,17 @@ QVector<schema::Database> openAndTell(core::MainMod& mod) {
     if (failure)
         tell(mod, u"Πρόβλημα στο main αρχείο της εφαρμογής (Dorvalist.mdb)%1 %2"_s.arg(failure->number())
                       .arg(failure->text()));
-    const auto damaged = [](const auto& e) { return e && e->category() == data::ErrorCategory::Corrupt; };
-    QVector<Database> found;
-    if (damaged(mainFailure)) found += Database::Main;
-    if (damaged(usersFailure)) found += Database::Users;
-    return found;
+    const auto isOf = [](const auto& e, data::ErrorCategory category) { return e && e->category() == category; };
+    const auto lost = [&](const auto& e, const QString& file) {
+        const bool alone = !exists(file) && (exists(mod.gMainDbPath) || exists(mod.gUsersDbPath));
+        return isOf(e, data::ErrorCategory::Corrupt) || (e && alone && !seatFailure);
+    };
+    Opened opened;
+    if (lost(mainFailure, mod.gMainDbPath)) opened.lost += Database::Main;
+    if (lost(usersFailure, mod.gUsersDbPath)) opened.lost += Database::Users;
+    opened.noRights =
+        isOf(mainFailure, data::ErrorCategory::ReadOnly) || isOf(usersFailure, data::ErrorCategory::ReadOnly);
+    return opened;
 }
 
 // None, too, when the copies can't be looked into, which is told.
@@ -107,29 +119,37 @@ std::optional<core::FoundBackup> newestGoodBackup(core::MainMod& mod) {
     }
 }
 
-// Puts the newest good copy in the place of what is damaged, if there is one and the user wants it.
-bool restored(core::MainMod& mod, const QVector<schema::Database>& damaged) {
-    const auto copy = newestGoodBackup(mod);
-    if (!copy) return false;
-    const QString made = data::format(copy->made, u"dd/mm/yyyy hh:nn");
-    const QString doubt = copy->notChecked.isEmpty()
-                              ? QString()
-                              : u"\n\nΈνα νεότερο αντίγραφο δεν μπόρεσε να ελεγχθεί: "_s + copy->notChecked;
-    if (!mod.services.prompts.question(
-            nullptr, core::programTitle(),
-            u"Υπάρχει ένα καλό αντίγραφο ασφαλείας της %1.\nΝα επαναφερθεί στη θέση του κατεστραμμένου "
-            "αρχείου; Ό,τι γράφτηκε μετά από τότε δεν θα υπάρχει. Το κατεστραμμένο θα κρατηθεί."_s.arg(made) +
-                doubt))
-        return false;
+QString restoreQuestion(const QString& made, bool missing) {
+    return (missing ? u"Υπάρχει ένα καλό αντίγραφο ασφαλείας της %1.\nΝα επαναφερθεί από αυτό το αρχείο που λείπει; "
+                      "Ό,τι γράφτηκε μετά από τότε δεν θα υπάρχει."_s
+                    : u"Υπάρχει ένα καλό αντίγραφο ασφαλείας της %1.\nΝα επαναφερθεί στη θέση του κατεστραμμένου "
+                      "αρχείου; Ό,τι γράφτηκε μετά από τότε δεν θα υπάρχει. Το κατεστραμμένο θα κρατηθεί."_s)
+        .arg(made);
+}
+
+// What was done, and where the old files are.
+QString restoredText(const QVector<schema::Database>& restored, const QString& made, const QStringList& aside) {
+    QStringList names;
+    for (const schema::Database database : restored) names += schema::databaseFileName(database);
+    QString text = u"Επαναφέρθηκε από το αντίγραφο ασφαλείας της %1: %2."_s.arg(made, names.join(u", "_s));
+    for (const QString& kept : aside) text += u"\nΤο παλιό αρχείο κρατήθηκε: "_s + QDir::toNativeSeparators(kept);
+    return text;
+}
+
+bool restoreAndTell(core::MainMod& mod, const QString& copy, const QString& made,
+                    const QVector<schema::Database>& databases) {
     try {
+        QStringList aside;
         copies::RestoreOptions options;
         options.force = true;
-        options.databases = damaged;
+        options.databases = databases;
         options.now = mod.services.clock.now();
         core::inBackground(nullptr, u"Επαναφορά του αντιγράφου"_s, [&](const core::Tell& tell) {
             options.progress = told(tell);
-            copies::restoreOffice(copy->file, mod.gDataPath, options);
+            aside = copies::restoreOffice(copy, mod.gDataPath, options);
         });
+        mod.services.prompts.message(nullptr, platform::MessageIcon::Information, core::programTitle(),
+                                     restoredText(databases, made, aside));
         return true;
     } catch (const data::Error& error) {
         tell(mod, u"Το αντίγραφο δεν επαναφέρθηκε. "_s + error.text());
@@ -137,9 +157,42 @@ bool restored(core::MainMod& mod, const QVector<schema::Database>& damaged) {
     }
 }
 
-void openBoth(core::MainMod& mod) {
-    const auto damaged = openAndTell(mod);
-    if (!damaged.isEmpty() && restored(mod, damaged)) openAndTell(mod);
+// Puts the newest good copy in the place of what is damaged or gone, if there is one and the user wants it.
+bool restored(core::MainMod& mod, const QVector<schema::Database>& damaged) {
+    const auto copy = newestGoodBackup(mod);
+    if (!copy) return false;
+    const QString made = data::format(copy->made, u"dd/mm/yyyy hh:nn");
+    const QString doubt = copy->notChecked.isEmpty()
+                              ? QString()
+                              : u"\n\nΈνα νεότερο αντίγραφο δεν μπόρεσε να ελεγχθεί: "_s + copy->notChecked;
+    const bool missing = !exists(schema::databasePath(mod.gDataPath, damaged.first()));
+    if (!mod.services.prompts.question(nullptr, core::programTitle(), restoreQuestion(made, missing) + doubt))
+        return false;
+    return restoreAndTell(mod, copy->file, made, damaged);
+}
+
+Opened openBoth(core::MainMod& mod) {
+    const Opened opened = openAndTell(mod);
+    return !opened.lost.isEmpty() && restored(mod, opened.lost) ? openAndTell(mod) : opened;
+}
+
+// A folder with somebody else's files, or where this user may not write, would be opened again at every start.
+bool isWorthRemembering(const core::MainMod& mod, const Opened& opened) {
+    const auto isOurs = [](const QString& file) {
+        const data::FileKind kind = data::identifyFile(file).kind;
+        return kind == data::FileKind::Main || kind == data::FileKind::Users ||
+               kind == data::FileKind::ServerDescription;
+    };
+    return !opened.noRights && isOurs(mod.gMainDbPath) && isOurs(mod.gUsersDbPath);
+}
+
+// The known office may have lost its main file alone; no other folder has to be looked for, then.
+void restoreMissingMain(core::MainMod& mod) {
+    mod.gDataPath = mod.services.settings.value(section, pathKey);
+    if (mod.gDataPath.isEmpty()) return;
+    setPaths(mod);
+    if (exists(mod.gMainDbPath) || !exists(mod.gUsersDbPath) || takeSeat(mod)) return;
+    restored(mod, {schema::Database::Main});
 }
 
 void findFolder(core::MainMod& mod) {
@@ -150,7 +203,16 @@ void findFolder(core::MainMod& mod) {
 
 }  // namespace
 
+void restoreAndReopen(core::MainMod& mod, const QString& copy, const QDateTime& made) {
+    mod.gConn.close();
+    mod.gConnUsers.close();
+    restoreAndTell(mod, copy, data::format(made, u"dd/mm/yyyy hh:nn"),
+                   {schema::Database::Main, schema::Database::Users});
+    openAndTell(mod);
+}
+
 Outcome run(core::MainMod& mod) {
+    restoreMissingMain(mod);
     for (;;) {
         findFolder(mod);
         if (mod.gDataPath.isEmpty()) return Outcome::End;
@@ -159,7 +221,7 @@ Outcome run(core::MainMod& mod) {
             tell(mod, u"Δεν υπάρχει το directory "_s + mod.gDataPath);
             continue;
         }
-        openBoth(mod);
+        const Opened opened = openBoth(mod);
         if (!exists(mod.gMainDbPath)) {
             tell(mod, u"Δεν υπάρχουν στο [ %1 ]\nτα αρχεία του προγράμματος"_s.arg(upperPath(mod)));
             continue;
@@ -169,7 +231,7 @@ Outcome run(core::MainMod& mod) {
                           upperPath(mod)));
             return Outcome::End;
         }
-        mod.services.settings.setValue(section, pathKey, mod.gDataPath);
+        if (isWorthRemembering(mod, opened)) mod.services.settings.setValue(section, pathKey, mod.gDataPath);
         return Outcome::Logon;
     }
 }

@@ -51,6 +51,7 @@ QHash<QString, OwnEntry> MDIMain::ownEntries() {
         {u"mnuExit"_s, {[this] { close(); }}},
         {u"mnuBackupNow"_s, {[this] { emit backupWanted(); }}},
         {u"mnuBackupFolder"_s, {[this] { emit backupFolderWanted(); }}},
+        {u"mnuRestore"_s, {[this] { emit restoreWanted(); }}},
         {u"mnuSounds"_s, {[=, &settings] { settings.setNumber(optionsSection, u"Sounds"_s, !sounds()); }, sounds}},
         {u"mnuPreview"_s, {[=, &settings] { core::setPreviewsPrints(settings, !previews()); }, previews}},
     };

@@ -15,6 +15,8 @@ public:
 
     // Caption, placement, noun, rights, and the windows that open by themselves. Before the first show().
     void load();
+    // Closes the windows and itself, unless one of them refuses.
+    void logOff();
 
     core::Windows& windows() { return windows_; }
     QAction* menu(const QString& name) const { return menus_->entry(name); }  // an entry or a submenu's title
@@ -25,6 +27,7 @@ signals:
     void exited();
     void backupWanted();
     void backupFolderWanted();
+    void restoreWanted();
 
 protected:
     void closeEvent(QCloseEvent* event) override;
@@ -32,7 +35,6 @@ protected:
 private:
     QHash<QString, OwnEntry> ownEntries();
     void setTheme(int kind);
-    void logOff();
 
     core::MainMod& mod_;
     FormArea* area_;

@@ -57,6 +57,7 @@ const QVector<MenuDef>& menuDefs() {
         {u"mnuBackup"_s, u"mnuOptions"_s, u"Αντίγραφα Ασφαλείας"_s, {}},
         {u"mnuBackupFolder"_s, u"mnuBackup"_s, u"Φάκελος αντιγράφων..."_s, {}},
         {u"mnuBackupNow"_s, u"mnuBackup"_s, u"Αντίγραφο τώρα"_s, {}},
+        {u"mnuRestore"_s, u"mnuBackup"_s, u"Επαναφορά αντιγράφου..."_s, {}},
         {u"mnuPizza"_s, u"mnuOptions"_s, u"Αύξων Αριθμός Εντύπων"_s, u"frmFixaa"_s},
         {u"MnuFarmaka"_s, {}, u"Πίνακες"_s, {}},
         {u"MnuListaFramaka"_s, u"MnuFarmaka"_s, u"Φάρμακα"_s, u"frmList3"_s},

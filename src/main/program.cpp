@@ -2,7 +2,12 @@
 
 #include <QTimer>
 
+#include "core/damage.h"
+#include "core/guard.h"
+#include "core/workprogress.h"
+#include "data/values/format.h"
 #include "main/entry.h"
+#include "main/frmrestore.h"
 
 using namespace Qt::Literals::StringLiterals;
 
@@ -46,16 +51,56 @@ void Program::showMain() {
     connect(main_.get(), &MDIMain::exited, this, &Program::finished);
     connect(main_.get(), &MDIMain::loggedOff, this, [this] {
         letGo(main_);
+        if (!restoring_.file.isEmpty()) {
+            opening_ = true;
+            restoreAndReopen(mod_, restoring_.file, restoring_.made);
+            opening_ = false;
+            if (lost_) seatLost();
+        }
+        restoring_ = {};
         showLogon();
     });
     core::onSignal(mod_, main_.get(), main_.get(), &MDIMain::backupWanted,
                    [this] { backup_.startByHand(main_.get()); });
     core::onSignal(mod_, main_.get(), main_.get(), &MDIMain::backupFolderWanted,
                    [this] { backup_.chooseFolder(main_.get()); });
+    core::onSignal(mod_, main_.get(), main_.get(), &MDIMain::restoreWanted, [this] { chooseAndRestore(); });
+    core::offerAfterDamage(main_.get(), [this] { offerRestore(); });
     main_->load();
     main_->show();
     // After the window's first painting.
     QTimer::singleShot(0, this, [this] { backup_.startIfDue(main_.get()); });
+}
+
+void Program::offerRestore() {
+    if (core::ask(
+            mod_, core::frontWindow(main_.get()),
+            u"Η βάση δεδομένων έχει βλάβη. Ό,τι γραφτεί τώρα μπορεί να χαθεί.\nΝα ανοίξει η λίστα με τα αντίγραφα "
+            "ασφαλείας, για να επαναφερθεί το τελευταίο καλό;"_s))
+        chooseAndRestore();
+}
+
+// The windows close first, as at a log-off: none may go on with rows of the old data.
+void Program::chooseAndRestore() {
+    if (backup_.isRunning())
+        return core::tell(mod_, main_.get(), u"Γίνεται ένα αντίγραφο ασφαλείας. Δοκιμάστε ξανά σε λίγο."_s);
+    QVector<core::ListedBackup> copies;
+    const QString folder = core::backupFolder(mod_.services.settings);
+    core::inBackground(main_.get(), u"Ελέγχονται τα αντίγραφα ασφαλείας"_s, [&](const core::Tell& tell) {
+        copies = core::listBackups(folder, mod_.gDataPath, [&](const QString& file) { tell(file, -1); });
+    });
+    frmRestore dialog(mod_, main_.get(), copies);
+    if (dialog.exec() != QDialog::Accepted) return;
+    const core::ListedBackup chosen = dialog.chosen();
+    if (!core::ask(
+            mod_, main_.get(),
+            u"Να επαναφερθεί το γραφείο όπως ήταν στις %1; Ό,τι γράφτηκε μετά από τότε δεν θα υπάρχει. Τα τωρινά "
+            "αρχεία θα κρατηθούν δίπλα του. Τα παράθυρα κλείνουν και το γραφείο ανοίγει πάλι από την είσοδο."_s.arg(
+                data::format(chosen.made, u"dd/mm/yyyy hh:nn"))))
+        return;
+    restoring_ = chosen;
+    main_->logOff();
+    if (main_) restoring_ = {};  // a window stayed open
 }
 
 // Nothing more may reach the files: somebody else works on them without knowing of this seat. While they are being

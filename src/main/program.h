@@ -4,6 +4,7 @@
 #include <QObject>
 #include <memory>
 
+#include "core/backupfolder.h"
 #include "core/dailybackup.h"
 #include "core/mainmod.h"
 #include "main/mdimain.h"
@@ -31,11 +32,14 @@ private:
     void showLogon();
     void showMain();
     void seatLost();
+    void offerRestore();
+    void chooseAndRestore();
 
     core::MainMod& mod_;
     std::unique_ptr<users::frmLogon> logon_;
     std::unique_ptr<MDIMain> main_;
     core::DailyBackup backup_;
+    core::ListedBackup restoring_;  // its file is empty unless a copy was chosen
     bool opening_ = false, lost_ = false;
 };
 

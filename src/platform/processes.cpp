@@ -1,5 +1,8 @@
 #include "platform/processes.h"
 
+#include <QCoreApplication>
+#include <QSysInfo>
+
 #ifdef Q_OS_UNIX
 #include <signal.h>
 
@@ -15,6 +18,20 @@ bool processRuns(qint64 pid) {
     Q_UNUSED(pid);
     return true;
 #endif
+}
+
+QByteArray processMark() {
+    const QByteArrayList lines = {QSysInfo::machineHostName().toUtf8(), QSysInfo::bootUniqueId(),
+                                  QByteArray::number(QCoreApplication::applicationPid())};
+    return lines.join('\n') + '\n';
+}
+
+bool isGone(const QByteArray& mark) {
+    const QByteArrayList lines = mark.split('\n');
+    const QByteArray boot = QSysInfo::bootUniqueId();
+    const bool here =
+        lines.size() > 2 && !boot.isEmpty() && lines[1] == boot && lines[0] == QSysInfo::machineHostName().toUtf8();
+    return here && !processRuns(lines[2].toLongLong());
 }
 
 }  // namespace platform

@@ -1,6 +1,12 @@
 #include "schema/check.h"
 
+#include <QDir>
+#include <QFileInfo>
+
 #include "data/dialect/enginedialect.h"
+#include "data/opening/fileidentity.h"
+#include "data/opening/privatefile.h"
+#include "data/opening/serverdescription.h"
 #include "data/smallrows.h"
 #include "schema/indexes.h"
 #include "schema/upgrade.h"
@@ -72,7 +78,79 @@ void checkTables(QStringList& found, data::Connection& connection, Database data
         if (!findTable(database, there.name)) found += u"Περισσεύει ο πίνακας %1."_s.arg(there.name);
 }
 
+bool holds(const QVector<data::Trigger>& all, const data::Trigger& wanted) {
+    return std::any_of(all.begin(), all.end(),
+                       [&](const data::Trigger& one) { return one.name == wanted.name && one.sql == wanted.sql; });
+}
+
+QVector<data::Trigger> wantedTriggers(data::Connection& connection, const Table& table) {
+    const data::TableInfo* there = connection.catalog().find(table.name);
+    if (!there || there->words.columns.isEmpty()) return {};
+    return data::wordTriggers(connection.engine(), *there, there->words.columns);
+}
+
+void checkTriggers(QStringList& found, data::Connection& connection, Database database) {
+    for (const Table& table : tables(database))
+        if (!wordTriggersStand(connection, table))
+            found += u"Πίνακας %1: το ευρετήριο των λέξεων δεν ενημερώνεται, και οι αναζητήσεις χάνουν εγγραφές."_s.arg(
+                table.name);
+    for (const data::Trigger& trigger : foreignTriggers(connection, database))
+        found += u"Πίνακας %1: υπάρχει ο ξένος μηχανισμός (trigger) %2."_s.arg(trigger.table, trigger.name);
+}
+
+// A description may carry a password, which opens the whole office.
+bool hasPassword(const QString& file) {
+    if (data::identifyFile(file).kind != data::FileKind::ServerDescription) return false;
+    try {
+        return !data::readServerDescription(file).password.isEmpty();
+    } catch (const data::Error&) {
+        return true;  // a line that isn't understood may be one
+    }
+}
+
+QStringList filesOpenToOthers(const QString& file) {
+    const QFileInfo info(file);
+    QStringList found;
+    for (const QString& name : info.dir().entryList({info.fileName() + u'*'}, QDir::Files | QDir::Hidden))
+        if (const QString path = info.dir().filePath(name); data::isOpenToOthers(path)) found += path;
+    return found;
+}
+
 }  // namespace
+
+QVector<data::Trigger> foreignTriggers(data::Connection& connection, Database database) {
+    QStringList ours;
+    for (const Table& table : tables(database))
+        for (const data::Trigger& trigger : wantedTriggers(connection, table)) ours += trigger.name;
+    QVector<data::Trigger> all = data::triggers(connection.engine());
+    all.removeIf([&](const data::Trigger& trigger) { return ours.contains(trigger.name); });
+    return all;
+}
+
+bool wordTriggersStand(data::Connection& connection, const Table& table) {
+    const QVector<data::Trigger> wanted = wantedTriggers(connection, table), all = data::triggers(connection.engine());
+    return std::all_of(wanted.begin(), wanted.end(), [&](const data::Trigger& one) { return holds(all, one); });
+}
+
+QStringList openFiles(const QString& file) {
+    QStringList found;
+    for (const QString& path : filesOpenToOthers(file)) {
+        const QString about = hasPassword(path)
+                                  ? u"Το «%1» έχει μέσα κωδικό και το διαβάζουν όλοι οι χρήστες του υπολογιστή."_s
+                                  : u"Το «%1» το διαβάζουν όλοι οι χρήστες του υπολογιστή."_s;
+        found += about.arg(QFileInfo(path).fileName());
+    }
+    return found;
+}
+
+void closeFiles(const QString& file) {
+    for (const QString& path : filesOpenToOthers(file)) {
+        data::closeToOthers(path);
+        if (data::isOpenToOthers(path))
+            throw data::Error(data::ErrorCategory::ReadOnly,
+                              u"Τα δικαιώματα του «%1» τα αλλάζει μόνο ο ιδιοκτήτης του."_s.arg(path));
+    }
+}
 
 QStringList fileDamage(data::Connection& connection) {
     QStringList found;
@@ -87,6 +165,7 @@ QStringList findings(data::Connection& connection, Database database) {
         found += u"Η έκδοση της βάσης είναι %1 αντί για %2."_s.arg(version).arg(currentVersion);
     checkTables(found, connection, database);
     checkIndexes(found, connection, database);
+    checkTriggers(found, connection, database);
     return found + fileDamage(connection);
 }
 

@@ -4,6 +4,7 @@
 #include <QFileInfo>
 #include <filesystem>
 
+#include "data/opening/privatefile.h"
 #include "platform/filestate.h"
 #include "schema/databasefiles.h"
 
@@ -49,8 +50,13 @@ void FileReplacement::move(const QString& from, const QString& to) {
 QString FileReplacement::put(const QString& fresh, const QString& target, const QDateTime& now) {
     const bool replaces = QFileInfo::exists(target);
     const QString aside = asideName(target, now);
-    if (replaces) QFile::setPermissions(fresh, QFile::permissions(target));  // others may share this office
-    platform::copyOwner(replaces ? target : QFileInfo(target).absolutePath(), fresh);
+    const QString folder = QFileInfo(target).absolutePath();
+    platform::copyOwner(replaces ? target : folder, fresh);
+    const QFile::Permissions others = QFile::ReadOther | QFile::WriteOther | QFile::ExeOther;
+    if (replaces)
+        QFile::setPermissions(fresh, QFile::permissions(target) & ~others);  // a group may share this office
+    else
+        data::closeToOthers(fresh, folder);
     for (const QString& journal : journalsOf(target)) move(journal, aside + journal.mid(target.size()));
     if (!replaces) {
         move(fresh, target);

@@ -16,9 +16,10 @@ public:
     FileReplacement(const FileReplacement&) = delete;
     FileReplacement& operator=(const FileReplacement&) = delete;
 
-    // Moves `fresh`, which is on the same file system, to `target`, with the rights and the owner of what is there, or
-    // the folder's owner. Journals that were left behind there go aside even without their file: they would be taken
-    // for the new one's. Returns the old file's new name, empty when there was none. Throws data::Error(Full).
+    // Moves `fresh`, which is on the same file system, to `target`, with the owner and the rights of what is there, or
+    // the folder's owner; never open to others. Journals that were left behind there go aside even without their file:
+    // they would be taken for the new one's. Returns the old file's new name, empty when there was none. Throws
+    // data::Error(Full).
     QString put(const QString& fresh, const QString& target, const QDateTime& now);
     void keep() { kept_ = true; }
 

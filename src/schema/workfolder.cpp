@@ -5,23 +5,31 @@
 #include <QFileInfo>
 
 #include "data/error.h"
+#include "platform/processes.h"
 #include "schema/office.h"
 
 namespace schema {
 
 static const QString workFolderName = u".dorvalist-work-"_s;
+static const QString ownerFileName = u"process"_s;  // whose work it is
+
+static bool ownerIsGone(const QString& workFolder) {
+    QFile file(QDir(workFolder).filePath(ownerFileName));
+    constexpr qint64 most = 4096;
+    return file.open(QIODevice::ReadOnly) && platform::isGone(file.read(most));
+}
 
 QString dumpFileName(Database database) {
     return QFileInfo(databaseFileName(database)).completeBaseName() + u".dump"_s;
 }
 
 void dropAbandonedWork(const QString& folder, const QDateTime& now) {
-    QStringList ours = {contentsFileName + u'*', packedFileName + u'*'};
+    QStringList ours = {contentsFileName + u'*', packedFileName + u'*', ownerFileName};
     for (const Database database : allDatabases)
         ours << databaseFileName(database) + u'*' << dumpFileName(database) + u'*';
     const auto workFolders = QDir::Dirs | QDir::Hidden | QDir::NoSymLinks;
     for (const QFileInfo& workFolder : QDir(folder).entryInfoList({workFolderName + u"??????"_s}, workFolders)) {
-        if (workFolder.lastModified() >= now.addDays(-1)) continue;
+        if (workFolder.lastModified() >= now.addDays(-1) && !ownerIsGone(workFolder.filePath())) continue;
         const QDir left(workFolder.filePath());
         for (const QFileInfo& file : left.entryInfoList(ours, QDir::Files | QDir::NoSymLinks))
             QFile::remove(file.filePath());
@@ -35,6 +43,9 @@ std::unique_ptr<QTemporaryDir> workFolderIn(const QString& folder) {
     if (!workFolder->isValid())
         throw data::Error(data::ErrorCategory::Full, u"Δεν γράφεται ο φάκελος «%1»: %2"_s.arg(
                                                          QDir::toNativeSeparators(folder), workFolder->errorString()));
+    QFile owner(workFolder->filePath(ownerFileName));
+    if (owner.open(QIODevice::WriteOnly))
+        owner.write(platform::processMark());  // without it the folder only stays longer
     return workFolder;
 }
 

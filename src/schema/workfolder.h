@@ -20,7 +20,8 @@ QString dumpFileName(Database database);
 // there by work that was killed go away first. Throws data::Error(Full).
 std::unique_ptr<QTemporaryDir> workFolderIn(const QString& folder);
 
-// Deletes such folders that nobody has touched for a day, and in them only what this program puts there.
+// Deletes such folders whose process is gone or that nobody has touched for a day, and in them only what this program
+// puts there.
 void dropAbandonedWork(const QString& folder, const QDateTime& now = QDateTime::currentDateTime());
 
 }  // namespace schema

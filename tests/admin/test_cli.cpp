@@ -1,5 +1,6 @@
 // The tool's commands, run as processes.
 #include "copies/upgradecopy.h"
+#include "data/opening/password.h"
 #include "support/cases.h"
 #include "support/files.h"
 #include "support/officefolder.h"
@@ -103,6 +104,43 @@ private slots:
         remove(other);
     }
 
+    void aPasswordNeedsNoCommandLine() {
+        const QString file = scratch_.filePath(u"password"_s), option = u"--admin-password-file"_s;
+        write(file, "κρυφός κωδικός\r\nother\n");
+        const struct {
+            const char* name;
+            QStringList words;
+            QByteArray input;
+            QMap<QString, QString> environment;
+            int code;
+        } cases[] = {
+            {"file", {option, file}, {}, {{u"DORVALIST_ADMIN_PASSWORD"_s, u"x"_s}}, 0},
+            {"input", {option, u"-"_s}, "κρυφός κωδικός\n", {}, 0},
+            {"environment", {}, {}, {{u"DORVALIST_ADMIN_PASSWORD"_s, u"κρυφός κωδικός"_s}}, 0},
+            {"nowhere", {}, {}, {}, 2},
+            {"no such file", {option, file + u'x'}, {}, {}, 1},
+            {"an empty input", {option, u"-"_s}, {}, {}, 1},
+            {"two ways", {option, file, u"--admin-password"_s, u"x"_s}, {}, {}, 2},
+        };
+        for (const auto& one : cases) {
+            const InCase in(one.name);
+            const QString other = scratch_.filePath(u"other"_s);
+            const ToolRun made =
+                runTool(QStringList{u"create"_s, other} + one.words + place(), one.input, one.environment);
+            QVERIFY2(made.code == one.code, qPrintable(made.err));
+            QCOMPARE(QFileInfo::exists(other), one.code == 0);
+            if (one.code != 0) continue;
+            {
+                data::Connection users;
+                copies::openUpgraded(
+                    users, schema::connectionString(schema::Database::Users, schema::usersDatabasePath(other)));
+                const QString stored = firstText(users, u"select Pass from Admin"_s);
+                QVERIFY(data::verifyPassword(stored, u"κρυφός κωδικός"_s));
+            }
+            remove(other);
+        }
+    }
+
     void sqlReadsInPlainCells() {
         QCOMPARE(
             runTool({u"sql"_s, office_,
@@ -174,6 +212,66 @@ private slots:
         QCOMPARE(runTool({u"sql"_s, office_, query}).out, u"n\n1\n"_s);
     }
 
+    // What nobody notices at work, and what mends it.
+    void checkFindsForeignAndMissingTriggers() {
+        const struct {
+            const char* name;
+            QByteArray script;
+            QString says;
+        } cases[] = {
+            {"foreign",
+             testengine::isPostgres()
+                 ? "CREATE FUNCTION spy() RETURNS trigger LANGUAGE plpgsql AS 'BEGIN RETURN NULL; END'; CREATE TRIGGER "
+                   "spy BEFORE INSERT ON \"Cards\" FOR EACH ROW EXECUTE FUNCTION spy()"
+                 : "CREATE TRIGGER spy BEFORE INSERT ON Cards BEGIN SELECT RAISE(IGNORE); END",
+             u"spy"_s},
+            {"missing", "DROP TRIGGER \"_Cards_words_added\"", u"Πίνακας Cards: το ευρετήριο των λέξεων"_s},
+            {"another",
+             "DROP TRIGGER \"_Cards_words_changed\"; CREATE TRIGGER \"_Cards_words_changed\" AFTER UPDATE "
+             "ON Cards BEGIN SELECT 1; END",
+             u"Πίνακας Cards: το ευρετήριο των λέξεων"_s},
+        };
+        const QString insert = u"insert into Cards (ΕΠΩΝΥΜΟ,ΚΕΙΜΕΝΟ1) values ('%1','κρυφή λέξη')"_s;
+        const QString search = u"select ΕΠΩΝΥΜΟ from Cards where ΚΕΙΜΕΝΟ1 like '%κρυφή%' and ΕΠΩΝΥΜΟ='%1'"_s;
+        for (const auto& one : cases) {
+            if (testengine::isPostgres() && one.says != u"spy") continue;
+            const InCase in(one.name);
+            const QString name = QString::fromUtf8(one.name);
+            spoil(one.script);
+            const ToolRun found = runTool({u"check"_s, office_});
+            QVERIFY2(found.code == 1 && found.err.contains(one.says), qPrintable(found.err));
+            if (one.says != u"spy") runTool({u"sql"_s, office_, insert.arg(name), u"--write"_s});
+            const ToolRun mended = runTool({u"check"_s, office_, u"--repair"_s});
+            QVERIFY2(mended.code == 0, qPrintable(mended.err));
+            QVERIFY(mended.out.contains(u"γράφτηκε το αντίγραφο"));
+            if (one.says == u"spy") runTool({u"sql"_s, office_, insert.arg(name), u"--write"_s});
+            QVERIFY(runTool({u"sql"_s, office_, search.arg(name)}).out.contains(name));
+            runTool({u"sql"_s, office_, u"delete from Cards where ΕΠΩΝΥΜΟ='%1'"_s.arg(name), u"--write"_s});
+        }
+    }
+
+#ifdef Q_OS_UNIX
+    void checkTellsWhatOthersCanRead() {
+        const QString main = schema::mainDatabasePath(office_);
+        const QFile::Permissions before = QFile::permissions(scratch_.path());
+        QFile::setPermissions(scratch_.path(), QFile::Permissions(0x7755));
+        QFile::setPermissions(main, QFile::Permissions(0x6644));
+        data::ServerDescription server;
+        server.database = server.password = u"x"_s;
+        const QString kept = main + u".20260101-101010"_s;
+        data::writeServerDescription(kept, server);
+        QFile::setPermissions(kept, QFile::Permissions(0x6644));
+        const ToolRun told = runTool({u"check"_s, office_});
+        QCOMPARE(told.code, 1);
+        QVERIFY(told.err.contains(u"Το «dorvalist.mdb» το διαβάζουν όλοι"));
+        QVERIFY(told.err.contains(u"Το «dorvalist.mdb.20260101-101010» έχει μέσα κωδικό"));
+        QCOMPARE(runTool({u"check"_s, office_, u"--repair"_s}).code, 0);
+        QCOMPARE(QFile::permissions(main) & 0xF, QFile::Permissions());
+        QFile::remove(kept);
+        QFile::setPermissions(scratch_.path(), before);
+    }
+#endif
+
     // At the end, since the office stays damaged.
     void checkFindsDamage() {
         QCOMPARE(runTool({u"check"_s, scratch_.filePath(u"nowhere"_s)}).code, 1);
@@ -188,6 +286,10 @@ private slots:
         const ToolRun missing = runTool({u"check"_s, office_});
         QVERIFY2(missing.code == 1 && missing.err.contains(u"λείπει το ευρετήριο History_card"),
                  qPrintable(missing.err));
+        const ToolRun mended = runTool({u"check"_s, office_, u"--repair"_s});
+        QVERIFY2(mended.code == 0, qPrintable(mended.err));
+        QVERIFY(mended.out.contains(u"Calls_day") && mended.out.contains(u"History_card"));
+        QCOMPARE(runTool({u"check"_s, office_}).code, 0);
         if (testengine::isPostgres()) return;  // no file to be damaged
         overwrite(schema::usersDatabasePath(office_), QByteArray(4096, '\x5A'), 4096);
         const ToolRun damaged = runTool({u"check"_s, office_});

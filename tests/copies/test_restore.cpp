@@ -3,12 +3,16 @@
 #include "schema/office.h"
 #include "schema/workfolder.h"
 
+#include "copies/archive.h"
 #include "copies/backup.h"
+#include "copies/manifest.h"
 #include "copies/restore.h"
 #include "copies/unpacking.h"
+#include "copies/upgradecopy.h"
 #include "data/opening/databasepassword.h"
 #include "data/opening/fileidentity.h"
 #include "platform/filestate.h"
+#include "platform/processes.h"
 #include "schema/creation.h"
 #include "support/cases.h"
 #include "support/failure.h"
@@ -16,7 +20,12 @@
 #include "support/officefolder.h"
 
 #ifdef Q_OS_UNIX
+#include <fcntl.h>
+#include <sys/resource.h>
+#include <sys/socket.h>
 #include <sys/stat.h>
+#include <sys/un.h>
+#include <unistd.h>
 
 #include "support/childprocess.h"
 #endif
@@ -97,6 +106,53 @@ private:
 constexpr char someWork[] =
     "PRAGMA journal_mode=WAL; CREATE TABLE Other (text); WITH RECURSIVE n(i) AS (SELECT 1 UNION ALL SELECT i+1 FROM n "
     "WHERE i<2000) INSERT INTO Other SELECT hex(randomblob(200)) FROM n;";
+
+#endif
+
+#ifdef Q_OS_UNIX
+
+// A place where a server could be; it answers nobody, and knows who came.
+class Listener {
+public:
+    explicit Listener(const QString& folder) {
+        sockaddr_un address{};
+        address.sun_family = AF_UNIX;
+        const QByteArray path = QFile::encodeName(folder + u"/.s.PGSQL.5432"_s);
+        if (path.size() >= qsizetype(sizeof address.sun_path)) qFatal("too long a path");
+        memcpy(address.sun_path, path.constData(), size_t(path.size()));
+        socket_ = socket(AF_UNIX, SOCK_STREAM, 0);
+        if (bind(socket_, reinterpret_cast<sockaddr*>(&address), sizeof address) != 0 || listen(socket_, 9) != 0)
+            qFatal("listen");
+        fcntl(socket_, F_SETFL, O_NONBLOCK);
+    }
+    ~Listener() { ::close(socket_); }
+    bool somebodyCame() const { return accept(socket_, nullptr, nullptr) >= 0; }
+
+private:
+    int socket_;
+};
+
+// The pieces of a copy taken apart, and a copy made of others that its list agrees with.
+struct Pieces {
+    explicit Pieces(const Site& site) : manifest(copies::unpackManifest(site.file, folder.path())) {
+        copies::extractArchive(site.file, folder.path(), manifest.members.keys());
+    }
+    QString path(const QString& name) const { return folder.filePath(name); }
+    void list(const QString& name, const QString& instead = {}) {
+        copies::Manifest::Member member = instead.isEmpty() ? manifest.members[name] : manifest.members.take(instead);
+        member.sha256 = copies::sha256Of(path(name));
+        manifest.members[name] = member;
+    }
+    void pack(const QString& file) {
+        write(path(schema::contentsFileName), manifest.toText());
+        QVector<copies::ArchiveMember> members = {{schema::contentsFileName, path(schema::contentsFileName)}};
+        for (const QString& name : manifest.members.keys()) members += {name, path(name)};
+        copies::writeArchive(file, members);
+    }
+
+    QTemporaryDir folder;
+    copies::Manifest manifest;
+};
 
 #endif
 
@@ -255,6 +311,97 @@ private slots:
         });
     }
 
+#ifdef Q_OS_UNIX
+    // A copy that came from elsewhere, made to look like one of files.
+    void whatIsNotOfTheListedKindIsRefused() {
+        const QString main = u"dorvalist.mdb"_s, users = u"dorvalistu.mdb"_s, dump = u"dorvalist.dump"_s;
+        QTemporaryDir server;
+        const Listener listener(server.path());
+        const QByteArray description = "host = " + server.path().toUtf8() + "\ndatabase = x\n";
+        const struct {
+            const char* name;
+            QString member, instead;
+            QByteArray bytes;
+        } cases[] = {
+            {"the main database on a server", main, {}, description},
+            {"the users' on a server", users, {}, description},
+            {"a description as a dump", dump, main, description},
+            {"no database", main, {}, QByteArray("SQLite format 3\0", 16) + QByteArray(4080, '\0')},
+            {"nothing", users, {}, {}},
+        };
+        forEach(cases, [&](const auto& one) {
+            Site site;
+            Pieces pieces(site);
+            write(pieces.path(one.member), one.bytes);
+            pieces.list(one.member, one.instead);
+            pieces.pack(site.file);
+            const QString says = u"«%1» μέσα στο αντίγραφο δεν είναι"_s.arg(one.member);
+            VERIFY_FAILURE(says, copies::checkBackup(site.file));
+            VERIFY_FAILURE(says, site.restore());
+            QVERIFY(!listener.somebodyCame());
+            QCOMPARE(site.cards(), u"1"_s);
+        });
+    }
+#endif
+
+#ifdef Q_OS_UNIX
+    // Under the most open mask there is.
+    void whatIsMadeIsClosedToOthers() {
+        struct Mask {
+            const mode_t before = umask(0);
+            ~Mask() { umask(before); }
+        } const mask;
+        const struct {
+            const char* name;
+            mode_t folder, wanted;
+        } cases[] = {{"one user's", 0755, 0600}, {"everybody's", 0757, 0600}, {"a group's", 0775, 0660}};
+        forEach(cases, [&](const auto& one) {
+            QTemporaryDir scratch;
+            const QString office = scratch.filePath(u"office"_s), other = scratch.filePath(u"other"_s);
+            for (const QString& folder : {office, other}) {
+                QDir().mkpath(folder);
+                QCOMPARE(chmod(qUtf8Printable(folder), one.folder), 0);
+            }
+            schema::createOffice(office, {u"admin"_s, {}});
+            data::Connection main;
+            copies::openUpgraded(main, schema::connectionString(Database::Main, schema::mainDatabasePath(office)));
+            main.execute(u"insert into Cards (ΕΠΩΝΥΜΟ) values ('νέα')"_s);
+            const QString copy = office + u"/α.tar"_s;
+            copies::backupOffice(office, copy);
+            copies::restoreOffice(copy, other);
+            QFile::setPermissions(schema::mainDatabasePath(other), QFile::Permissions(0x6666));
+            copies::restoreOffice(copy, other, {.force = true, .databases = {Database::Users}});
+            data::ServerDescription server;
+            server.password = u"x"_s;
+            data::writeServerDescription(office + u"/server.mdb"_s, server);
+            const QString kept =
+                copies::copyBeforeUpgrade(main, Database::Main, schema::mainDatabasePath(office), moment);
+            for (const QString& file : {schema::mainDatabasePath(office), schema::mainDatabasePath(office) + u"-wal"_s,
+                                        schema::mainDatabasePath(office) + u"-shm"_s, schema::usersDatabasePath(office),
+                                        copy, schema::usersDatabasePath(other), office + u"/server.mdb"_s, kept}) {
+                struct stat state;
+                QVERIFY2(stat(qUtf8Printable(file), &state) == 0, qPrintable(file));
+                QVERIFY2((state.st_mode & 0777) == one.wanted,
+                         qPrintable(file + u' ' + QString::number(state.st_mode, 8)));
+            }
+            copies::restoreOffice(copy, other, {.force = true});
+            QCOMPARE(QFile::permissions(schema::mainDatabasePath(other)) & 0xF, QFile::Permissions());
+        });
+    }
+#endif
+
+    // The journal's index is what an opening makes first.
+    void aFullDiskIsCalledSo() {
+        Site site;
+        const int result = runInChild([&] {
+            signal(SIGXFSZ, SIG_IGN);
+            const rlimit most{4096, 4096};
+            setrlimit(RLIMIT_FSIZE, &most);
+            return failureOf([&] { site.office.openBoth(); }).contains(u"γεμάτος") ? 1 : 0;
+        });
+        QCOMPARE(result, 1);
+    }
+
     // What nobody of this program put there stays, and so does its folder.
     void abandonedWorkGoesAway() {
         QTemporaryDir folder;
@@ -267,8 +414,18 @@ private slots:
         }
         overwrite(here.filePath(u".dorvalist-work-bbbbbb/letter.txt"_s), "x");
         const auto left = [&] { return here.entryList(QDir::Dirs | QDir::Hidden | QDir::NoDotAndDotDot).size(); };
+        // A child that has ended, and this very process.
+        const pid_t child = fork();
+        if (child == 0) _exit(0);
+        waitpid(child, nullptr, 0);
+        const QByteArray mine = platform::processMark();
+        here.mkdir(u".dorvalist-work-dddddd"_s);
+        overwrite(here.filePath(u".dorvalist-work-dddddd/process"_s),
+                  mine.left(mine.chopped(1).lastIndexOf('\n') + 1) + QByteArray::number(child) + '\n');
+        overwrite(here.filePath(u".dorvalist-work-aaaaaa/process"_s), mine);
         schema::dropAbandonedWork(folder.path());
         QCOMPARE(left(), 4);
+        QVERIFY(!here.exists(u".dorvalist-work-dddddd"_s));
         schema::dropAbandonedWork(folder.path(), QDateTime::currentDateTime().addDays(2));
         QCOMPARE(left(), 3);
         QVERIFY(here.exists(u".dorvalist-work-bbbbbb/letter.txt"_s));

@@ -2,6 +2,7 @@
 #include "copies/backup.h"
 #include "copies/databasecopy.h"
 #include "copies/manifest.h"
+#include "copies/move.h"
 #include "copies/restore.h"
 #include "copies/servertools.h"
 #include "copies/unpacking.h"
@@ -261,6 +262,53 @@ private slots:
         QFile cut(dump);
         QVERIFY(cut.resize(cut.size() / 2));
         VERIFY_FAILURE(u"pg_restore» απέτυχε", copies::rowsInDump(tools, dump, {}));
+    }
+
+    // What the guide promises to a seat whose role is a member of the owner's.
+    void aMemberOfTheOwnersRoleDoesItAll() {
+        ScratchOffice first;  // for its connection
+        const QString owner = testengine::Schema::newName(), member = testengine::Schema::newName();
+        data::Engine& engine = first.main.engine();
+        engine.script("RESET ROLE; CREATE ROLE " + owner.toUtf8() + " LOGIN; CREATE ROLE " + member.toUtf8() +
+                      " LOGIN IN ROLE " + owner.toUtf8());
+        {
+            const OtherDatabase database(first.main,
+                                         " ENCODING 'UTF8' LC_COLLATE 'C' LC_CTYPE 'C.UTF-8' OWNER " + owner.toUtf8());
+            QTemporaryDir scratch;
+            const auto as = [&](const QString& role, const QString& folder) {
+                QDir().mkpath(scratch.filePath(folder));
+                for (const Database one : schema::allDatabases) {
+                    data::ServerDescription server = database.server();
+                    server.user = role;
+                    const QString file = schema::databasePath(scratch.filePath(folder), one);
+                    QFile::remove(file);
+                    data::writeServerDescription(file, schema::serverFor(server, one));
+                }
+                return scratch.filePath(folder);
+            };
+            data::ServerDescription server = database.server();
+            server.user = owner;
+            schema::createOffice(scratch.filePath(u"owners"_s), {u"admin"_s, {}, server});
+            const QString folder = as(member, u"members"_s), file = scratch.filePath(u"α.tar"_s);
+            const auto write = [&](const QString& seat) {
+                data::Connection main;
+                copies::openUpgraded(main, schema::connectionString(Database::Main, schema::mainDatabasePath(seat)));
+                main.execute(u"insert into Cards (ΕΠΩΝΥΜΟ) values ('x')"_s);
+                return count(main);
+            };
+            QCOMPARE(write(folder), u"1"_s);
+            copies::backupOffice(folder, file);
+            for (const int second : {0, 1}) {  // the second time over what the first one made
+                QCOMPARE(write(folder), u"2"_s);
+                const auto aside = copies::restoreOffice(file, folder, {.force = true, .now = moment.addSecs(second)});
+                QCOMPARE(aside.size(), 2);
+            }
+            QCOMPARE(write(scratch.filePath(u"owners"_s)), u"2"_s);
+            copies::restoreOffice(file, as(owner, u"others"_s), {.force = true, .now = moment.addSecs(2)});
+            copies::moveOffice(folder, scratch.filePath(u"files"_s), {});
+            QCOMPARE(write(scratch.filePath(u"files"_s)), u"2"_s);
+        }
+        engine.script("DROP ROLE " + member.toUtf8() + "; DROP ROLE " + owner.toUtf8());
     }
 };
 

@@ -4,7 +4,9 @@
 #include <QSignalSpy>
 
 #include "copies/backup.h"
+#include "copies/upgradecopy.h"
 #include "core/backupfolder.h"
+#include "data/recordset.h"
 #include "main/program.h"
 #include "platform/folders.h"
 #include "schema/office.h"
@@ -73,6 +75,32 @@ struct KnownSite : Site {
     }
     QString copies = directory.filePath("αντίγραφα");
 };
+
+void logOn(entry::Program& program, const QString& password) {
+    const support::Driver logon(*program.logon());
+    logon.type("Text1", "Admin");
+    logon.type("Text2", password);
+    logon.click("Command1");
+}
+
+void execute(const QString& file, const QString& sql) {
+    data::Connection connection;
+    copies::openUpgraded(connection, schema::connectionString(schema::Database::Main, file));
+    connection.execute(sql);
+}
+
+// Waits for the dialog behind whatever is done before it opens.
+void inRestoreDialog(const std::function<void(const support::Driver&)>& act) {
+    auto* look = new QTimer(qApp);
+    QObject::connect(look, &QTimer::timeout, look, [look, act] {
+        QWidget* dialog = QApplication::activeModalWidget();
+        if (!dialog || dialog->objectName() != "frmRestore") return;
+        look->stop();
+        look->deleteLater();
+        act(support::Driver(*dialog));
+    });
+    look->start(10);
+}
 
 }  // namespace
 
@@ -167,14 +195,60 @@ private slots:
 
             site.desk.prompts.answer(yes);
             QCOMPARE(site.run(), Outcome::Logon);
-            QCOMPARE(site.desk.prompts.count(), 2);
+            QCOMPARE(site.desk.prompts.count(), yes ? 3 : 2);
             QVERIFY(site.told()[0].startsWith(noBase));
+            if (yes)
+                QVERIFY2(fits(site.told()[2], "Επαναφέρθηκε*03/11/2026 10:30*" + QFileInfo(damaged).fileName() +
+                                                  ".\n*" + damaged + ".20261105-103000"),
+                         qPrintable(site.told()[2]));
             QVERIFY2(site.told()[1].contains("03/11/2026 10:30"), qPrintable(site.told()[1]));
             QCOMPARE(site.mod.gConn.isOpen() && site.mod.gConnUsers.isOpen(), yes);
             QVERIFY(contents(yes ? damaged + ".20261105-103000" : damaged) == noise);
             site.mod.gConn.close();
             site.mod.gConnUsers.close();
             QVERIFY(contents(whole) == before);
+        }
+    }
+
+    void aMissingFileComesFromTheNewestGoodCopy() {
+        for (const bool main : {true, false}) {
+            const support::InCase in(main ? "main" : "users");
+            KnownSite site;
+            const QDateTime made = site.desk.clock.now().addDays(-2);
+            copies::backupOffice(site.office,
+                                 site.copies + '/' + core::backupName(site.office, made, core::BackupKind::Daily),
+                                 {.now = made});
+            QVERIFY(QFile::remove(main ? site.main() : site.users()));
+            site.desk.prompts.answer(true);
+            QCOMPARE(site.run(), Outcome::Logon);
+            const QStringList told = site.told();
+            QVERIFY2(told.size() > 1 && told[told.size() - 2].contains("03/11/2026 10:30"), qPrintable(told.join('|')));
+            QVERIFY(told.last().startsWith("Επαναφέρθηκε"));
+            QVERIFY(site.mod.gConn.isOpen() && site.mod.gConnUsers.isOpen());
+        }
+    }
+
+    void aRefusedFolderIsNotRemembered() {
+        struct Case {
+            const char* name;
+            QByteArray bytes;
+            bool readOnly;
+        };
+        const Case cases[] = {
+            {"Jet", QByteArray("\0\1\0\0Standard Jet DB\0\1\0\0\0", 24) + QByteArray(4096, '\1'), false},
+            {"noise", noise, false},
+            {"no rights", {}, true},
+        };
+        for (const Case& c : cases) {
+            const support::InCase in(c.name);
+            Site site;
+            if (!c.bytes.isEmpty()) write(site.main(), c.bytes);
+            if (c.readOnly) QFile::setPermissions(site.main(), QFile::ReadOwner);
+            if (c.readOnly && QFileInfo(site.main()).isWritable()) continue;  // nothing is refused to this user
+            site.desk.prompts.answerFolder(site.office);
+            QCOMPARE(site.run(), Outcome::Logon);
+            QVERIFY(site.told().last().startsWith(noBase));
+            QCOMPARE(site.stored(), "none");
         }
     }
 
@@ -250,20 +324,66 @@ private slots:
         QVERIFY(contents(site.main()) == bytes);
     }
 
+    // By hand from the menu, and when the day's copy, the first to read every page, meets damage.
+    void aCopyIsChosenAndRestored() {
+        for (const bool damaged : {false, true}) {
+            const support::InCase in(damaged ? "damaged" : "by hand");
+            KnownSite site;
+            site.desk.settings.setValue("Settings", "Name", "Γραφείο");
+            const auto copyFile = [&](int daysAgo) {
+                const QDateTime made = site.desk.clock.now().addDays(-daysAgo);
+                return site.copies + '/' + core::backupName(site.office, made, core::BackupKind::Daily);
+            };
+            execute(site.main(), "insert into Cards (ΕΠΩΝΥΜΟ) values ('παλιά')");
+            copies::backupOffice(site.office, copyFile(2), {.now = site.desk.clock.now().addDays(-2)});
+            write(copyFile(1), "x");
+            execute(site.main(), "insert into Cards (ΕΠΩΝΥΜΟ) values ('νέα')");
+            const qint64 middle = QFileInfo(site.main()).size() / 4096 / 2 * 4096;
+            if (damaged) write(site.main(), contents(site.main()).replace(middle, 8 * 4096, QByteArray(8 * 4096, 'Z')));
+
+            entry::Program program(site.mod);
+            QSignalSpy copied(&program.backup(), &core::DailyBackup::finished);
+            QVERIFY(program.start());
+            QVERIFY(site.told().isEmpty());
+            logOn(program, "admin");
+            if (damaged) site.desk.prompts.answer(true);
+            site.desk.prompts.answer(true);
+            QStringList rows;
+            inRestoreDialog([&](const support::Driver& dialog) {
+                rows = dialog.rows();
+                dialog.list()->selectRow(0);
+                if (!damaged) QVERIFY(dialog.isEnabled("Command1"));
+                dialog.list()->selectRow(int(rows.size()) - 2);
+                QVERIFY(!dialog.isEnabled("Command1"));
+                dialog.list()->selectRow(int(rows.size()) - 1);
+                dialog.click("Command1");
+            });
+            QVERIFY(copied.wait(60000));
+            if (!damaged) program.mainWindow()->menu("mnuRestore")->trigger();
+            QVERIFY(QTest::qWaitFor([&] { return !program.mainWindow(); }, 30000));
+            QCOMPARE(rows.size(), damaged ? 2 : 3);
+            QVERIFY2(fits(rows[damaged ? 0 : 1], "04/11/2026 10:30||1|Δεν είναι ακέραιο."),
+                     qPrintable(rows.join('\n')));
+            QVERIFY2(fits(rows.last(), "03/11/2026 10:30|1|*|Καλό"), qPrintable(rows.join('\n')));
+            const QStringList told = site.told();
+            if (damaged) QVERIFY2(told.value(1).contains("έχει βλάβη"), qPrintable(told.join('\n')));
+            QVERIFY2(fits(told.last(), damaged ? "Επαναφέρθηκε*03/11/2026*.20261105-103000*" : "Επαναφέρθηκε*"),
+                     qPrintable(told.join('\n')));
+            QVERIFY(program.logon()->isVisible());
+            data::Recordset cards(site.mod.gConn, "select ΕΠΩΝΥΜΟ from Cards order by code");
+            QCOMPARE(cards.recordCount(), 1);
+            QCOMPARE(cards.field(0).text(), "παλιά");
+        }
+    }
+
     void fromStartToMainWindowAndBack() {
         KnownSite site;
         site.desk.settings.setValue("Settings", "Name", "Γραφείο");
         entry::Program program(site.mod);
         QVERIFY(program.start());
-        const auto type = [&](const QString& user, const QString& password) {
-            const support::Driver logon(*program.logon());
-            logon.type("Text1", user);
-            logon.type("Text2", password);
-            logon.click("Command1");
-        };
-        type("Admin", "wrong");
+        logOn(program, "wrong");
         QVERIFY(!program.mainWindow());
-        type("Admin", "admin");
+        logOn(program, "admin");
         QVERIFY(program.mainWindow()->isVisible());
         program.mainWindow()->menu("mnuCards")->trigger();
         QVERIFY(site.mod.gAddressOpen);

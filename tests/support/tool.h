@@ -12,9 +12,15 @@ struct ToolRun {
     QString out, err;
 };
 
-inline ToolRun runTool(const QStringList& words) {
+// `input` is what the tool reads from its standard input, `environment` what is set besides the test's own.
+inline ToolRun runTool(const QStringList& words, const QByteArray& input = {},
+                       const QMap<QString, QString>& environment = {}) {
     QProcess process;
+    QProcessEnvironment all = QProcessEnvironment::systemEnvironment();
+    for (const auto& [name, value] : environment.asKeyValueRange()) all.insert(name, value);
+    process.setProcessEnvironment(all);
     process.start(QString::fromUtf8(DORV_PROGRAM), words);
+    process.write(input);
     process.closeWriteChannel();
     const bool ended = process.waitForFinished(120'000) && process.exitStatus() == QProcess::NormalExit;
     return {ended ? process.exitCode() : -1, QString::fromUtf8(process.readAllStandardOutput()),

@@ -5,6 +5,7 @@
 #include <QStringDecoder>
 
 #include "data/error.h"
+#include "data/opening/privatefile.h"
 
 using namespace Qt::Literals::StringLiterals;
 
@@ -153,9 +154,9 @@ void writeServerDescription(const QString& file, const ServerDescription& server
     }
     QFile target(file);
     const QByteArray bytes = text.toUtf8();
-    if (!target.open(QIODevice::WriteOnly | QIODevice::NewOnly) || target.write(bytes) != bytes.size() ||
-        !target.flush())
-        failWriting(target);
+    if (!target.open(QIODevice::WriteOnly | QIODevice::NewOnly)) failWriting(target);
+    closeToOthers(file);  // before a password is in it
+    if (target.write(bytes) != bytes.size() || !target.flush()) failWriting(target);
 }
 
 }  // namespace data

@@ -59,6 +59,26 @@ void PgSchemaWork::requireNobodyIn(const QString& schema) {
                     u"Κάποιος έχει ανοιχτή τη βάση στον διακομιστή (συνδέσεις: %1)."_s.arg(others));
 }
 
+void PgSchemaWork::actAsOwnerOf(const QString& schema) {
+    const QString owner =
+        textRows(*engine_,
+                 "SELECT r.rolname::text FROM pg_namespace n JOIN pg_roles r ON r.oid = n.nspowner WHERE nspname = $1 "
+                 "AND r.rolname <> current_user AND r.rolname NOT LIKE 'pg\\_%' AND pg_has_role(r.oid, 'MEMBER')",
+                 {schema})
+            .first();
+    if (owner.isEmpty()) return;
+    script("SAVEPOINT role");
+    try {
+        script("SET LOCAL ROLE " + pgDialect().identifier(owner));
+    } catch (const Error&) {
+        script("ROLLBACK TO SAVEPOINT role");  // newer servers know members that may not act as the role
+    }
+}
+
+void PgSchemaWork::actAsMyself() {
+    script("SET LOCAL ROLE NONE");
+}
+
 void PgSchemaWork::create(const QString& schema) {
     engine_->requireUtf8();
     script("CREATE SCHEMA " + pgDialect().identifier(schema));

@@ -26,6 +26,11 @@ public:
     // Throws Error(Busy) while a seat has the schema open.
     void requireNobodyIn(const QString& schema);
 
+    // From here to the end or to actAsMyself(), what is made and renamed is the owner's of this schema, if it is there
+    // and this role is a member of its owner's: a member's own could take no schema's place.
+    void actAsOwnerOf(const QString& schema);
+    void actAsMyself();
+
     void create(const QString& schema);
     void rename(const QString& schema, const QString& name);
     void drop(const QString& schema);       // with all that is in it

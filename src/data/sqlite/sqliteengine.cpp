@@ -10,6 +10,7 @@
 #include "data/opening/databasepassword.h"
 #include "data/opening/fileidentity.h"
 #include "data/opening/password.h"
+#include "data/opening/privatefile.h"
 #include "data/smallrows.h"
 #include "data/sqlite/functions.h"
 #include "data/sqlite/sqlitecatalog.h"
@@ -256,8 +257,6 @@ void SqliteEngine::rollback() noexcept {
     leavePlainJournal();
 }
 
-namespace {}  // namespace
-
 int SqliteEngine::version() {
     return int(textRows(*this, "PRAGMA user_version").firstNumber());
 }
@@ -328,6 +327,7 @@ void createSqliteFile(const QString& file, quint32 applicationId) {
             refuseReadOnly(u"στον φάκελο «%1»"_s.arg(QFileInfo(file).absolutePath()));
         }
     }
+    closeToOthers(file);  // what the engine puts beside it gets the same rights
     sqlite3* database = nullptr;
     int code = sqlite3_open_v2(file.toUtf8().constData(), &database, SQLITE_OPEN_READWRITE, nullptr);
     const QByteArray sql =

@@ -3,6 +3,7 @@
 #include <sqlite3.h>
 
 #include <QDir>
+#include <cerrno>
 
 using namespace Qt::Literals::StringLiterals;
 
@@ -34,6 +35,19 @@ const Meaning meanings[] = {
     {SQLITE_NOMEM, ErrorCategory::Other, u"Δεν υπάρχει αρκετή μνήμη."_s},
     {SQLITE_INTERRUPT, ErrorCategory::Other, u"Η εργασία διακόπηκε."_s},
 };
+
+// The engine tells a full disk from a broken one at its own writes alone, not at those of its journal's index, with
+// which every opening begins.
+int codeWithDisk(sqlite3* database, int code) {
+    const int primary = code & 0xFF;
+    if (!database || (primary != SQLITE_IOERR && primary != SQLITE_CANTOPEN)) return code;
+    const int system = sqlite3_system_errno(database);
+    bool full = system == ENOSPC || system == EFBIG;
+#ifdef EDQUOT
+    full = full || system == EDQUOT;
+#endif
+    return full ? SQLITE_FULL : code;
+}
 
 QString constraintText(int code) {
     switch (code) {
@@ -69,7 +83,8 @@ QString textOf(int code) {
 
 }  // namespace
 
-Error sqliteError(sqlite3* database, int code, const QByteArray& sql, bool preparing) {
+Error sqliteError(sqlite3* database, int engineCode, const QByteArray& sql, bool preparing) {
+    const int code = codeWithDisk(database, engineCode);
     const QString message = database ? QString::fromUtf8(sqlite3_errmsg(database)) : QString();
     const QString statement = QString::fromUtf8(sql);
     const int primary = code & 0xFF;

@@ -17,27 +17,45 @@ List indexed(const List& columns, const QByteArray& row) {
     return out;
 }
 
-QByteArray trigger(const QByteArray& name, const QByteArray& event, const QByteArray& table, const QByteArray& body) {
-    return "CREATE TRIGGER \"" + name + "\" AFTER " + event + " ON " + table + " BEGIN " + body + " END;\n";
+std::pair<QString, QByteArray> trigger(const QString& name, const QByteArray& event, const QByteArray& table,
+                                       const QByteArray& body) {
+    return {name, "CREATE TRIGGER " + quotedIdentifier(name) + " AFTER " + event + " ON " + table + " BEGIN " + body +
+                      " END"};
+}
+
+List quoted(const TableInfo& table, const QVector<int>& columns) {
+    List names;
+    for (const int column : columns) names << quotedIdentifier(table.columns[column].name);
+    return names;
+}
+
+QByteArray adding(const TableInfo& table, const List& names) {
+    return "INSERT INTO " + quotedIdentifier(wordIndexName(table)) + "(rowid," + names.join(',') + ") ";
 }
 
 }  // namespace
 
-QByteArray wordIndexScript(const TableInfo& table, const QVector<int>& columns) {
-    List names;
-    for (const int column : columns) names << quotedIdentifier(table.columns[column].name);
-    const QByteArray name = wordIndexName(table).toUtf8(), index = quotedIdentifier(wordIndexName(table));
-    const QByteArray list = names.join(','), source = quotedIdentifier(table.name),
+std::vector<std::pair<QString, QByteArray>> wordTriggers(const TableInfo& table, const QVector<int>& columns) {
+    const List names = quoted(table, columns);
+    const QString name = wordIndexName(table);
+    const QByteArray index = quotedIdentifier(name), list = names.join(','), source = quotedIdentifier(table.name),
                      row = quotedIdentifier(table.rowIdentity);
-    const QByteArray add = "INSERT INTO " + index + "(rowid," + list + ") ";
-    const QByteArray adds = add + "VALUES (new." + row + ',' + indexed(names, "new.").join(',') + ");";
+    const QByteArray adds = adding(table, names) + "VALUES (new." + row + ',' + indexed(names, "new.").join(',') + ");";
     const QByteArray takes = "INSERT INTO " + index + '(' + index + ",rowid," + list + ") VALUES ('delete',old." + row +
                              ',' + indexed(names, "old.").join(',') + ");";
-    return "CREATE VIRTUAL TABLE " + index + " USING fts5(" + list +
-           ", content='', detail=none, columnsize=0, tokenize='trigram case_sensitive 1');\n" + add + "SELECT " + row +
-           ',' + indexed(names, {}).join(',') + " FROM " + source + ";\n" +
-           trigger(name + "_added", "INSERT", source, adds) + trigger(name + "_deleted", "DELETE", source, takes) +
-           trigger(name + "_changed", "UPDATE OF " + list, source, takes + ' ' + adds);
+    return {trigger(name + u"_added"_s, "INSERT", source, adds), trigger(name + u"_deleted"_s, "DELETE", source, takes),
+            trigger(name + u"_changed"_s, "UPDATE OF " + list, source, takes + ' ' + adds)};
+}
+
+QByteArray wordIndexScript(const TableInfo& table, const QVector<int>& columns) {
+    const List names = quoted(table, columns);
+    const QByteArray index = quotedIdentifier(wordIndexName(table));
+    QByteArray script = "CREATE VIRTUAL TABLE " + index + " USING fts5(" + names.join(',') +
+                        ", content='', detail=none, columnsize=0, tokenize='trigram case_sensitive 1');\n" +
+                        adding(table, names) + "SELECT " + quotedIdentifier(table.rowIdentity) + ',' +
+                        indexed(names, {}).join(',') + " FROM " + quotedIdentifier(table.name) + ";\n";
+    for (const auto& [name, sql] : wordTriggers(table, columns)) script += sql + ";\n";
+    return script;
 }
 
 // Each piece becomes the trigrams that it is made of; rows that hold them in another order are sorted out afterwards.
