@@ -5,6 +5,7 @@
 #include "controls/choicebox.h"
 #include "controls/names.h"
 #include "controls/theme.h"
+#include "data/values/fold.h"
 
 using namespace Qt::Literals::StringLiterals;
 
@@ -75,8 +76,11 @@ QWidget* makeControl(const CardField& field) {
             return choice;
         }
         case CardKind::ParamList:
-        case CardKind::NameDay:
-            return new controls::ChoiceBox(true);
+        case CardKind::NameDay: {
+            auto* choice = new controls::ChoiceBox(true);
+            choice->compareBy(data::fold);
+            return choice;
+        }
     }
     Q_UNREACHABLE();
 }

@@ -101,7 +101,7 @@ void frmLink::chooseFile() {
 }
 
 void frmLink::save() {
-    if (Text1->text().isEmpty()) {
+    if (Text1->text().trimmed().isEmpty()) {
         tell(u"Δεν έχετε συμπληρώσει την Περιγραφή του συνδέσμου !"_s);
         return Text1->setFocus(Qt::OtherFocusReason);
     }

@@ -142,7 +142,7 @@ void ListEditor::deleteRow() {
 
 void ListEditor::save() {
     if (!isEditing()) return;
-    if (description_->text().isEmpty()) return complain(texts_.empty, description_);
+    if (description_->text().trimmed().isEmpty()) return complain(texts_.empty, description_);
     record_[u"Description"].setValue(description_->text());
     if (Check1) record_[u"payable"].setValue(Check1->isChecked());
     record_.update();

@@ -3,6 +3,8 @@
 #include <QMdiArea>
 #include <QMdiSubWindow>
 #include <QMenuBar>
+#include <QPushButton>
+#include <QShortcut>
 #include "controls/datepair.h"
 
 #include <QSignalSpy>
@@ -205,7 +207,7 @@ private slots:
         form_->box->setFocus(Qt::TabFocusReason);
         QTest::keyClicks(form_->box, "5/1/2026");
         QTest::keyClick(form_->box, Qt::Key_Return);
-        QVERIFY(form_->picker->hasFocus());
+        QVERIFY(form_->other->hasFocus());
         QCOMPARE(form_->picker->value(), QDate(2026, 1, 5));
         QCOMPARE(form_->box->text(), "05/01/2026");
         QCOMPARE(accepted.count(), 1);
@@ -251,10 +253,23 @@ private slots:
         form_->box->setFocus();
         QTest::keyClick(form_->box, Qt::Key_F4);
         QVERIFY(form_->calendar());
+        QShortcut shortcut(Qt::Key_Escape, form_.get(), nullptr, nullptr, Qt::WidgetWithChildrenShortcut);
+        QSignalSpy asked(&shortcut, &QShortcut::activated);
         QTest::keyClick(form_->calendar()->findChild<QAbstractItemView*>(), Qt::Key_Escape);
         settle();
+        QCOMPARE(asked.count(), 0);
         QVERIFY(!form_->calendar());
         QCOMPARE(form_->box->text(), "05/11/2026");
+    }
+
+    void todayIsOneClickAway() {
+        form_->box->setFocus();
+        QTest::keyClick(form_->box, Qt::Key_F4);
+        form_->picker->findChild<QPushButton*>("calendarToday")->click();
+        settle();
+        QVERIFY(!form_->calendar());
+        QCOMPARE(form_->box->date(), std::optional(QDate::currentDate()));
+        QVERIFY(form_->box->hasFocus());
     }
 
     void blankBoxReachesItsCalendar() {
