@@ -48,7 +48,7 @@ QString shownValue(const CardView& view, const CardField& field) {
 }
 
 QVariant dateOf(const controls::DateBox* box) {
-    return box->formattedText();
+    return box->settledText();
 }
 
 void writeNameDay(const QString& line, data::Recordset& row, int year) {

@@ -5,6 +5,7 @@
 #include "controls/choicebox.h"
 #include "controls/names.h"
 #include "controls/theme.h"
+#include "core/columnsize.h"
 #include "data/values/fold.h"
 
 using namespace Qt::Literals::StringLiterals;
@@ -97,6 +98,7 @@ CardView::CardView() {
     for (const CardField& field : cardFields()) {
         QWidget* control = named(makeControl(field), field.controlName());
         controls::setAccessibleCaption(control, field.caption);
+        core::limitToColumn(control, u"Cards"_s, field.column);
         widgets_.insert(field.controlName(), control);
     }
 }

@@ -3,6 +3,7 @@
 #include "controls/layout.h"
 #include "controls/names.h"
 #include "controls/theme.h"
+#include "core/columnsize.h"
 
 using namespace Qt::Literals::StringLiterals;
 
@@ -90,6 +91,7 @@ void ListEditor::refresh(const QVariant& selected) {
 }
 
 void ListEditor::showPanel() {
+    core::limitToColumn(description_, table(), u"Description"_s);
     fields_.remember();
     stack_->setCurrentWidget(panel_);
     commands_.refresh();
