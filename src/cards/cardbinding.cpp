@@ -1,6 +1,9 @@
 #include "cards/cardbinding.h"
 
+#include <QRegularExpression>
+
 #include "controls/choicebox.h"
+#include "controls/fieldvalue.h"
 #include "data/values/format.h"
 
 using namespace Qt::Literals::StringLiterals;
@@ -40,8 +43,12 @@ double numberOf(const QString& text) {
     throw data::Error(data::ErrorCategory::Type, u"Το «%1» δεν είναι αριθμός."_s.arg(text.left(40)));
 }
 
+QString shownValue(const CardView& view, const CardField& field) {
+    return controls::fieldValue(view.control(field)).toString();
+}
+
 QVariant dateOf(const controls::DateBox* box) {
-    return box->formattedText();
+    return box->settledText();
 }
 
 void writeNameDay(const QString& line, data::Recordset& row, int year) {
@@ -57,6 +64,12 @@ void writeText(data::Field column, const QString& text) {
     const QVariant old = column.value();
     if (old.isValid() && sameOnScreen(text, old.toString())) return;
     column.setValue(text);
+}
+
+bool isNameDayLine(const QString& line) {
+    constexpr int leapYear = 2024;  // knows 29/02
+    static const QRegularExpression form(u"\\S\\s+[0-9]{2}/[0-9]{2}$"_s);
+    return form.match(line).hasMatch() && QDate::fromString(nameDayDate(line, leapYear), u"dd/MM/yyyy"_s).isValid();
 }
 
 QString nameDayDate(const QString& line, int year) {
@@ -159,7 +172,7 @@ void writeField(const CardView& view, const CardField& field, data::Recordset& r
             writeText(column, view.memo(field)->text());
             break;
         case CardKind::ParamList:
-            writeText(column, view.combo(field)->currentText());
+            writeText(column, shownValue(view, field));
             break;
         case CardKind::ParamNumber:
         case CardKind::Frequency:
@@ -180,7 +193,7 @@ void writeField(const CardView& view, const CardField& field, data::Recordset& r
             column.setValue(view.combo(field)->currentText() == man);
             break;
         case CardKind::NameDay:
-            writeNameDay(view.combo(field)->currentText(), row, year);
+            writeNameDay(shownValue(view, field), row, year);
             break;
         case CardKind::Category:
             column.setValue(category ? QVariant(*category) : QVariant());

@@ -24,6 +24,8 @@ void writeField(const CardView& view, const CardField& field, data::Recordset& r
 // A text into a column of a text kind; left alone when it stands as it was shown.
 void writeText(data::Field column, const QString& text);
 
+// Whether a text ends in a day as a name-day line does, "name   dd/mm".
+bool isNameDayLine(const QString& line);
 // The date "dd/mm/yyyy" of a name-day line "name   dd/mm" in the given year.
 QString nameDayDate(const QString& line, int year);
 // A name-day line as the list shows it.

@@ -5,6 +5,8 @@
 #include "controls/choicebox.h"
 #include "controls/names.h"
 #include "controls/theme.h"
+#include "core/columnsize.h"
+#include "data/values/fold.h"
 
 using namespace Qt::Literals::StringLiterals;
 
@@ -75,8 +77,11 @@ QWidget* makeControl(const CardField& field) {
             return choice;
         }
         case CardKind::ParamList:
-        case CardKind::NameDay:
-            return new controls::ChoiceBox(true);
+        case CardKind::NameDay: {
+            auto* choice = new controls::ChoiceBox(true);
+            choice->compareBy(data::fold);
+            return choice;
+        }
     }
     Q_UNREACHABLE();
 }
@@ -93,6 +98,7 @@ CardView::CardView() {
     for (const CardField& field : cardFields()) {
         QWidget* control = named(makeControl(field), field.controlName());
         controls::setAccessibleCaption(control, field.caption);
+        core::limitToColumn(control, u"Cards"_s, field.column);
         widgets_.insert(field.controlName(), control);
     }
 }

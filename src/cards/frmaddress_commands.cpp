@@ -47,7 +47,7 @@ QVector<core::Command> frmAddress::commands() {
          u"Κατηγορίες Καρτέλας"_s,
          {},
          [this] { emit openRequested(u"frmCategory"_s); },
-         trusted},
+         [this] { return mod_.gUserGroup == core::groupAdministrators; }},
         {u"Command5"_s,
          u"mail"_s,
          u"Συνταξή και αποστολή e-mail"_s,

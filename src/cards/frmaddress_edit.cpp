@@ -81,7 +81,13 @@ bool frmAddress::isComplete() {
         complain(need.text, control);
         return false;
     }
-    return true;
+    // One that the card has had is the office's own matter.
+    QWidget* const nameDay = view_->control(u"Combo3"_s);
+    const QString line = controls::fieldValue(nameDay).toString();
+    if (line.isEmpty() || !fields_.isChanged(nameDay) || isNameDayLine(line)) return true;
+    view_->selectTab(CardTab::Basic);
+    complain(u"Το «%1» δεν είναι εορτή της λίστας."_s.arg(line.left(60)), nameDay);
+    return false;
 }
 
 void frmAddress::SaveCard() {

@@ -7,6 +7,7 @@
 #include "controls/fieldvalue.h"
 #include "controls/layout.h"
 #include "controls/names.h"
+#include "core/columnsize.h"
 #include "core/customfields.h"
 
 using namespace Qt::Literals::StringLiterals;
@@ -75,6 +76,7 @@ QGroupBox* FieldsEditor::buildGroup(const FieldGroup& group) {
         const int index = group.textIndex + group.step * i;
         auto* text = named(new controls::TextBox, arrayName(group.textArray, index));
         text->setHighlighting(true);
+        core::limitToColumn(text, u"CustomFields"_s, group.captionColumn + number);
         text->setMinimumWidth(150);
         grid->addWidget(controls::captionOf(caption, text), i + 1, 0);
         if (flagged) {

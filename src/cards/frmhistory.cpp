@@ -3,6 +3,7 @@
 #include "cards/cardbinding.h"
 #include "cards/ledger.h"
 #include "controls/names.h"
+#include "core/columnsize.h"
 #include "core/customfields.h"
 #include "core/photofile.h"
 #include "data/values/format.h"
@@ -63,6 +64,7 @@ QFormLayout* frmHistory::fields() {
     for (int i = 0; i < int(std::size(lines)); ++i) {
         Text7.append(
             named(i < firstNumber ? new controls::TextBox : new controls::NumberBox, arrayName(u"Text7"_s, i)));
+        core::limitToColumn(Text7[i], u"History"_s, lines[i].column);
         const QString caption = i == 0 ? u"Αιτιολογία"_s : lines[i].column.toUpper();
         Label1.append(named(add(caption, Text7[i]), arrayName(u"Label1"_s, i)));
     }

@@ -7,6 +7,7 @@
 #include "cards/linkopen.h"
 #include "controls/layout.h"
 #include "controls/names.h"
+#include "core/columnsize.h"
 
 using namespace Qt::Literals::StringLiterals;
 
@@ -30,6 +31,7 @@ frmLink::frmLink(core::MainMod& mod, QWidget* parent, std::function<void()> save
                  {u"Command3"_s, u"exit"_s, u"Έξοδος"_s, {}, [this] { reject(); }}}) {
     Text1 = named(new controls::TextBox, u"Text1"_s);
     Text1->setHighlighting(true);
+    core::limitToColumn(Text1, u"Links"_s, u"ΠΕΡΙΓΡΑΦΗ"_s);
     File1 = named(new controls::TextBox, u"File1"_s);
     File1->setReadOnly(true);
     choose_ = commands_.button(u"cmdChoose"_s);
@@ -101,7 +103,7 @@ void frmLink::chooseFile() {
 }
 
 void frmLink::save() {
-    if (Text1->text().isEmpty()) {
+    if (Text1->text().trimmed().isEmpty()) {
         tell(u"Δεν έχετε συμπληρώσει την Περιγραφή του συνδέσμου !"_s);
         return Text1->setFocus(Qt::OtherFocusReason);
     }

@@ -6,11 +6,14 @@
 #include <QMdiSubWindow>
 #include <QMimeData>
 #include <QMouseEvent>
+#include <QScopedValueRollback>
 #include <QScrollBar>
 #include <QStyle>
 #include <QValidator>
 
 #include "controls/boxtext.h"
+#include "controls/numbertext.h"
+#include "controls/walk.h"
 
 namespace controls {
 
@@ -97,30 +100,24 @@ void TextBox::keyPressEvent(QKeyEvent* event) {
         return;
     }
     event->accept();  // or the default button of the dialog would take it
-    if (!event->isAutoRepeat()) focusNextPrevChild(true);
+    if (!event->isAutoRepeat()) moveOn(this);
 }
 
 NumberBox::NumberBox(QWidget* parent) : TextBox(parent) {
-    connect(this, &QLineEdit::textEdited, this, &NumberBox::dropForeign);
-    // text() and not the argument, which is stale when dropForeign() has just corrected it.
+    connect(this, &QLineEdit::textEdited, this, &NumberBox::checkBroughtIn);
+    // text() and not the argument, which is stale when checkBroughtIn() has just corrected it.
     connect(this, &QLineEdit::textChanged, this, [this] { before_ = text(); });
 }
 
-// Looks only at what this edit brought in: a minus or a point that the program had set is not the user's doing.
-void NumberBox::dropForeign(const QString& edited) {
-    qsizetype head = 0;
-    const qsizetype shorter = std::min(edited.size(), before_.size());
-    while (head < shorter && edited[head] == before_[head]) ++head;
-    qsizetype tail = 0;
-    while (tail < shorter - head && edited[edited.size() - 1 - tail] == before_[before_.size() - 1 - tail]) ++tail;
-
-    QString kept;
-    for (const QChar c : edited.mid(head, edited.size() - head - tail)) {
-        if (isNumberCharacter(c)) kept += c;
-    }
-    if (head + kept.size() + tail == edited.size()) return;
-    setText(edited.left(head) + kept + edited.right(tail));
-    setCursorPosition(int(head + kept.size()));
+// Keys are looked at one by one; what comes in as a whole, by paste or drop, must be a number where it stands.
+void NumberBox::checkBroughtIn(const QString& edited) {
+    if (typing_) return;
+    const auto fitted = detail::withNumberBroughtIn(before_, edited, cursorPosition());
+    if (fitted && fitted->text == edited) return;
+    const QString shown = fitted ? fitted->text : before_;
+    setText(shown);
+    setCursorPosition(fitted ? fitted->cursor : int(shown.size()));
+    if (!fitted) emit refused();
 }
 
 void NumberBox::focusOutEvent(QFocusEvent* event) {
@@ -130,14 +127,18 @@ void NumberBox::focusOutEvent(QFocusEvent* event) {
 }
 
 void NumberBox::keyPressEvent(QKeyEvent* event) {
-    // Dropped before the base class replaces the selection with it.
-    const QString typed = event->text();
     const bool isShortcut = event->modifiers() & (Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier);
-    if (!isShortcut && !typed.isEmpty() && typed[0].isPrint() && !isNumberCharacter(typed[0])) {
-        event->accept();
-        return;
-    }
-    TextBox::keyPressEvent(event);
+    const bool isPrintable = !isShortcut && !event->text().isEmpty() && event->text()[0].isPrint();
+    const bool isPaste = event->matches(QKeySequence::Paste);
+    const QScopedValueRollback typing(typing_, !isPaste);
+    if (!isPrintable) return TextBox::keyPressEvent(event);
+    // The keypad's key brings a point on some layouts.
+    const QChar typed = event->text()[0] == u'.' ? QChar(u',') : event->text()[0];
+    event->accept();
+    // A foreign one is dropped before the base class replaces the selection with it.
+    if (!isNumberCharacter(typed)) return;
+    QKeyEvent brought(QEvent::KeyPress, event->key(), event->modifiers(), QString(typed), event->isAutoRepeat());
+    TextBox::keyPressEvent(&brought);
 }
 
 MemoBox::MemoBox(QWidget* parent) : QPlainTextEdit(parent) {

@@ -8,7 +8,7 @@ namespace controls {
 
 // Manners shared by all boxes of this header:
 // - on focus the whole content is selected, by Tab and by the first click alike, unless that click drags a selection;
-// - Enter moves on as Tab does (in MemoBox it stays a new line);
+// - Enter moves on to the next field (in MemoBox it stays a new line);
 // - while `highlighting` is on, the box with the focus takes the highlight colour of the theme;
 // - read-only boxes stay readable, selectable and reachable by Tab;
 // - NUL and other control characters (but line ends and tabs in a MemoBox) never get in, by paste either.
@@ -36,24 +36,29 @@ private:
     bool entered_ = false;
 };
 
-// Takes only the keys "0123456789," and Backspace (and the editing keys that bring no character); pasted text
-// loses every other character. A text set by the program stays as it is. An empty box becomes `whenEmpty` on leaving,
-// unless that is null or the box is read-only.
+// Takes only the keys "0123456789," and Backspace (and the editing keys that bring no character); a point is a comma,
+// too. A pasted text is taken when it is a number, in Greek (1.234,56) or plain form (-1234.56), and refused as a whole
+// otherwise. A text set by the program stays as it is. An empty box becomes `whenEmpty` on leaving, unless that is null
+// or the box is read-only.
 class NumberBox : public TextBox {
     Q_OBJECT
 public:
     explicit NumberBox(QWidget* parent = nullptr);
     void setWhenEmpty(const QString& text) { whenEmpty_ = text; }
 
+signals:
+    void refused();  // a pasted text that is no number; the box shows what it did before
+
 protected:
     void focusOutEvent(QFocusEvent*) override;
     void keyPressEvent(QKeyEvent*) override;
 
 private:
-    void dropForeign(const QString& edited);
+    void checkBroughtIn(const QString& edited);
 
     QString whenEmpty_;
     QString before_;  // the text before the edit at hand
+    bool typing_ = false;
 };
 
 // Many lines of plain text. Tab moves on.

@@ -31,8 +31,12 @@ bool isPassing(const QFocusEvent& event) {
 }
 
 void setHighlight(QWidget* box, bool on) {
-    if (box->property("highlight").toBool() == on) return;
-    box->setProperty("highlight", on);
+    setMark(box, "highlight", on);
+}
+
+void setMark(QWidget* box, const char* property, bool on) {
+    if (box->property(property).toBool() == on) return;
+    box->setProperty(property, on);
     box->style()->unpolish(box);
     box->style()->polish(box);
     box->update();

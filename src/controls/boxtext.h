@@ -16,5 +16,7 @@ bool isPassing(const QFocusEvent& event);
 
 // Marks the widget for the style sheet's highlight rule and repaints it when the mark changes.
 void setHighlight(QWidget* box, bool on);
+// Likewise for another property that rules of the style sheet look at.
+void setMark(QWidget* box, const char* property, bool on);
 
 }  // namespace controls::detail

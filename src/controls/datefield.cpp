@@ -1,6 +1,7 @@
 #include "controls/datefield.h"
 
 #include "controls/names.h"
+#include "controls/walk.h"
 
 using namespace Qt::Literals::StringLiterals;
 
@@ -25,6 +26,7 @@ void DateField::setDate(QDate date) {
 }
 
 void DateField::add(QWidget* beside) {
+    standBeside(beside);
     layout_->insertWidget(layout_->count() - 1, beside);
 }
 

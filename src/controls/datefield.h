@@ -18,7 +18,7 @@ public:
     DatePicker* picker() const { return picker_; }
     void setDate(QDate date);  // of both; an invalid one blanks the box
     std::optional<QDate> date() const { return box_->date(); }
-    QString text() const { return box_->formattedText(); }
+    QString text() const { return box_->settledText(); }
     void add(QWidget* beside);  // a button that belongs to the date
     QLabel* showCaption();      // before the box, for a field that stands in no form
 

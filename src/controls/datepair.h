@@ -10,8 +10,10 @@
 namespace controls {
 
 // The box. The mask shows "__/__/____" when empty; text() is then exactly that, as formattedText(). Digits are typed
-// over the mask and the slashes skip by themselves. A date is d/m/yyyy of the years 100 to 9999. A read-only or
-// disabled box can always be left, and so can any box when a menu, a drop-down or another window takes the focus.
+// over the mask and the slashes skip by themselves; points and dashes are slashes. A date is d/m/yyyy of the years 100
+// to 9999, or d/m/yy of 1930 to 2029. A refused text is marked, with the reason as tool tip, until it is a date. A
+// read-only or disabled box can always be left, and so can any box when a menu, a drop-down or another window takes the
+// focus.
 class DateBox : public TextBox {
     Q_OBJECT
 public:
@@ -19,6 +21,8 @@ public:
 
     QString formattedText() const;  // with mask characters: "05/11/2026", "__/__/____"
     QString text() const { return formattedText(); }
+    // The date in full figures where there is one, else as formattedText(): for reading before the box is left.
+    QString settledText() const;
     bool isBlank() const;
     std::optional<QDate> date() const;  // nothing unless the text is a date
     void setDate(QDate date);           // an invalid date blanks the box
@@ -35,6 +39,8 @@ protected:
 
 private:
     void pasteDate();
+    void markRefused(const QString& why);
+    QString whyRefused() const;
 };
 
 // The picker: a button with a calendar that drops down (Alt+Down, F4, click). It holds a date of its own, today at

@@ -4,12 +4,15 @@
 #include <QFrame>
 #include <QKeyEvent>
 #include <QLocale>
+#include <QPushButton>
 #include <QScreen>
 #include <QTextCharFormat>
 #include <QVBoxLayout>
 
 #include "controls/datepair.h"
+#include "controls/popup.h"
 #include "controls/theme.h"
+#include "controls/walk.h"
 
 using namespace Qt::Literals::StringLiterals;
 
@@ -98,7 +101,7 @@ void DatePicker::keyPressEvent(QKeyEvent* event) {
         dropDown();
     } else if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter) {
         event->accept();
-        if (!event->isAutoRepeat()) focusNextPrevChild(true);
+        if (!event->isAutoRepeat()) moveOn(this);
     } else {
         QToolButton::keyPressEvent(event);
     }
@@ -115,6 +118,10 @@ void DatePicker::dropDown() {
     auto* layout = new QVBoxLayout(popup);
     layout->setContentsMargins(1, 1, 1, 1);
     layout->addWidget(calendar);
+    auto* today = new QPushButton(u"Σήμερα"_s);
+    today->setObjectName(u"calendarToday"_s);
+    today->setAutoDefault(false);
+    layout->addWidget(today);
     // A click and Enter both pick; the calendar may report one of them twice, but the first closes the popup.
     const auto choose = [this, popup](QDate date) {
         if (popup->isHidden()) return;
@@ -123,8 +130,10 @@ void DatePicker::dropDown() {
     };
     connect(calendar, &QCalendarWidget::clicked, this, choose);
     connect(calendar, &QCalendarWidget::activated, this, choose);
+    connect(today, &QPushButton::clicked, this, [choose] { choose(QDate::currentDate()); });
     popup->adjustSize();
     popup->move(placeFor(this, popup->size()));
+    detail::keepEscape(popup);
     popup->show();
     calendar->setFocus();
 }

@@ -4,6 +4,7 @@
 #include <QComboBox>
 #include <QSpinBox>
 
+#include "controls/choicebox.h"
 #include "controls/datepair.h"
 
 namespace controls {
@@ -12,6 +13,7 @@ QVariant fieldValue(const QWidget* field) {
     if (const auto* date = qobject_cast<const DateBox*>(field)) return date->formattedText();
     if (const auto* box = qobject_cast<const QLineEdit*>(field)) return box->text();
     if (const auto* memo = qobject_cast<const QPlainTextEdit*>(field)) return memo->toPlainText();
+    if (const auto* choice = qobject_cast<const ChoiceBox*>(field)) return choice->chosenText();
     if (const auto* choice = qobject_cast<const QComboBox*>(field)) return choice->currentText();
     if (const auto* spin = qobject_cast<const QSpinBox*>(field)) return spin->value();
     const auto* button = qobject_cast<const QAbstractButton*>(field);

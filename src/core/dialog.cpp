@@ -40,7 +40,7 @@ void Dialog::keyPressEvent(QKeyEvent* event) {
 
 void Dialog::showEvent(QShowEvent* event) {
     if (!std::exchange(shown_, true)) {
-        beepForRefusedDates();
+        beepForRefused();
         // The toolkit would make the first button the one that Enter presses from anywhere.
         for (QPushButton* button : findChildren<QPushButton*>())
             if (!button->isDefault()) button->setAutoDefault(false);

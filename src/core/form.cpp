@@ -11,7 +11,7 @@ Form::Form(MainMod& mod, const QString& name, const QString& caption, Placement 
 void Form::load() {
     if (loaded_) return;
     loaded_ = true;
-    beepForRefusedDates();
+    beepForRefused();
     attempt(mod_, this, [this] { onLoad(); });
 }
 

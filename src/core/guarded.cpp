@@ -6,6 +6,7 @@
 #include <QShortcut>
 
 #include "controls/datepair.h"
+#include "controls/walk.h"
 
 using namespace Qt::Literals::StringLiterals;
 
@@ -30,7 +31,9 @@ void Guarded::printAndTell(const std::function<bool()>& print) {
     if (print()) tell(u"Η εκτύπωση ολοκληρώθηκε"_s);
 }
 
-void Guarded::beepForRefusedDates() {
+void Guarded::beepForRefused() {
+    for (controls::NumberBox* box : self_->findChildren<controls::NumberBox*>())
+        QObject::connect(box, &controls::NumberBox::refused, self_, [&mod = mod_] { mod.beep(); });
     for (controls::DateBox* box : self_->findChildren<controls::DateBox*>())
         QObject::connect(box, &controls::DateBox::refused, self_, [&mod = mod_] { mod.beep(); });
 }
@@ -39,14 +42,13 @@ bool Guarded::takesEnter(QKeyEvent& event) {
     const bool enter = event.key() == Qt::Key_Return || event.key() == Qt::Key_Enter;
     QWidget* const field = self_->focusWidget();
     auto* button = qobject_cast<QAbstractButton*>(field);
-    const bool movesOn = qobject_cast<QCheckBox*>(field) || qobject_cast<QAbstractSpinBox*>(field);
+    const bool movesOn =
+        qobject_cast<QCheckBox*>(field) || qobject_cast<QAbstractSpinBox*>(field) || controls::standsBeside(field);
     if (!enter || !(button || movesOn) || !field->isEnabled()) return false;
     event.accept();
     if (event.isAutoRepeat()) return true;
     if (movesOn) {
-        // The toolkit's focusNextChild() isn't public.
-        QKeyEvent tab(QEvent::KeyPress, Qt::Key_Tab, Qt::NoModifier);
-        QCoreApplication::sendEvent(field, &tab);
+        controls::moveOn(field);
     } else {
         button->click();
     }

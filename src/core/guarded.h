@@ -36,12 +36,12 @@ protected:
     // Says so when `print` did print; it tells its failures itself.
     void printAndTell(const std::function<bool()>& print);
 
-    // Enter on a button presses it, on a check box or in a spin box it moves on, as everywhere in the program; held
-    // down it counts once. False for any other key or focus.
+    // Enter on a button presses it; on a check box, in a spin box or on a button that stands beside a field it moves
+    // on, as everywhere in the program. Held down it counts once. False for any other key or focus.
     bool takesEnter(QKeyEvent& event);
 
-    // A date box that refuses what was typed beeps; for all inside.
-    void beepForRefusedDates();
+    // A date or number box that refuses what was typed beeps; for all inside.
+    void beepForRefused();
 
     MainMod& mod_;
 

@@ -3,6 +3,7 @@
 #include "controls/layout.h"
 #include "controls/names.h"
 #include "controls/theme.h"
+#include "core/columnsize.h"
 
 using namespace Qt::Literals::StringLiterals;
 
@@ -90,6 +91,7 @@ void ListEditor::refresh(const QVariant& selected) {
 }
 
 void ListEditor::showPanel() {
+    core::limitToColumn(description_, table(), u"Description"_s);
     fields_.remember();
     stack_->setCurrentWidget(panel_);
     commands_.refresh();
@@ -142,7 +144,7 @@ void ListEditor::deleteRow() {
 
 void ListEditor::save() {
     if (!isEditing()) return;
-    if (description_->text().isEmpty()) return complain(texts_.empty, description_);
+    if (description_->text().trimmed().isEmpty()) return complain(texts_.empty, description_);
     record_[u"Description"].setValue(description_->text());
     if (Check1) record_[u"payable"].setValue(Check1->isChecked());
     record_.update();

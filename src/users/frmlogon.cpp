@@ -1,5 +1,7 @@
 #include "users/frmlogon.h"
 
+#include <QKeyEvent>
+
 #include "controls/layout.h"
 #include "controls/names.h"
 #include "controls/theme.h"
@@ -16,12 +18,16 @@ frmLogon::frmLogon(core::MainMod& mod)
     : Dialog(mod, nullptr, u"frmLogon"_s, u"Σύνδεση χρήστη"_s),
       Text1(named(new controls::TextBox, u"Text1"_s)),
       Text2(named(new controls::TextBox, u"Text2"_s)),
+      hint_(named(new QLabel, u"lblHint"_s)),
       commands_(mod, this,
                 {{u"Command1"_s, {}, u"Σύνδεση"_s, {}, [this] { logon(); }},
                  {u"Command2"_s, {}, u"Άκυρο"_s, {}, [this] { reject(); }}}) {
     auto* form = controls::formLayout();
     named(controls::addField(form, u"Όνομα Χρήστη"_s, Text1), u"Label1"_s);
     named(controls::addField(form, u"Κωδικός Εισόδου"_s, Text2), u"Label2"_s);
+    // A row of its own that keeps its place, so that nothing moves while a password is typed.
+    hint_->setProperty("role", u"accent"_s);
+    form->addRow(QString(), hint_);
     auto* logon = commands_.button(u"Command1"_s);
     logon->setDefault(true);
     auto* status = named(new QLabel(u"Δώστε τον Χρήστη και τον Κώδικό του !!!"_s), u"StatusBar1"_s);
@@ -30,9 +36,24 @@ frmLogon::frmLogon(core::MainMod& mod)
                   {head(), form, controls::row({Item::rest(), logon, commands_.button(u"Command2"_s)}), status});
     setMinimumWidth(400);
     Text2->setEchoMode(QLineEdit::Password);
+    Text2->installEventFilter(this);
+    connect(Text2, &QLineEdit::textChanged, this, &frmLogon::showHint);
     Text1->setText(mod_.services.settings.value(u"Settings"_s, u"UserName"_s));
     // Whoever logged on last only types the password.
     (Text1->text().isEmpty() ? Text1 : Text2)->setFocus();
+}
+
+bool frmLogon::eventFilter(QObject* watched, QEvent* event) {
+    if (watched == Text2 && event->type() == QEvent::KeyPress) {
+        passwordHint_.typed(*static_cast<QKeyEvent*>(event));
+        showHint();
+    }
+    return Dialog::eventFilter(watched, event);
+}
+
+void frmLogon::showHint() {
+    hint_->setText(passwordHint_.text(Text2->text()));
+    Text2->setAccessibleDescription(hint_->text());
 }
 
 QLayout* frmLogon::head() const {

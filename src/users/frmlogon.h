@@ -1,8 +1,11 @@
 #pragma once
 
+#include <QLabel>
+
 #include "controls/boxes.h"
 #include "core/commands.h"
 #include "core/dialog.h"
+#include "users/passwordhint.h"
 
 namespace users {
 
@@ -12,13 +15,19 @@ class frmLogon : public core::Dialog {
 public:
     explicit frmLogon(core::MainMod& mod);
 
+protected:
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
 private:
     QLayout* head() const;
+    void showHint();
     void logon();
     void refuse();
 
     controls::TextBox* Text1;
     controls::TextBox* Text2;
+    QLabel* hint_;
+    PasswordHint passwordHint_;
     core::Commands commands_;
 };
 

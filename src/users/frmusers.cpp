@@ -2,6 +2,7 @@
 
 #include "controls/layout.h"
 #include "controls/names.h"
+#include "core/columnsize.h"
 #include "data/opening/password.h"
 #include "data/values/fold.h"
 #include "users/accounts.h"
@@ -52,6 +53,7 @@ void frmUsers::buildFrame() {
     Frame1 = named(new QGroupBox(u"Ενημέρωση Χρήστη"_s), u"Frame1"_s);
     Text1 = named(new controls::TextBox, u"Text1"_s);
     Text2 = named(new controls::TextBox, u"Text2"_s);
+    core::limitToColumn(Text1, u"Users"_s, u"UserName"_s);
     Text2->setEchoMode(QLineEdit::Password);
     Combo1 = named(new controls::ChoiceBox(false), u"Combo1"_s);
     Text1->setHighlighting(true);

@@ -206,6 +206,16 @@ private slots:
         QCOMPARE(card.shown(surname), "Α");
     }
 
+    void theCategoriesAreForAdministratorsAlone() {
+        Office office;
+        office.addCard("Α", "1");
+        for (const int group : {1, 2, 3}) {
+            office.mod.gUserGroup = group;
+            CardDriver card(office.mod);
+            QCOMPARE(card.isEnabled("Command2"), group == 1);
+        }
+    }
+
     void theRestrictedGroupOnlyReads() {
         Office office;
         office.mod.gUserGroup = core::groupRestricted;

@@ -100,8 +100,12 @@ private slots:
         LinksSite card;
         inNextDialog("frmLink", [&](Driver& form) {
             QCOMPARE(form.title(), " Καταχώρηση Νέας Σύνδεσης !");
-            form.click("Command2");
-            QCOMPARE(card.desk.prompts.lastText(), "Δεν έχετε συμπληρώσει την Περιγραφή του συνδέσμου !");
+            for (const char* nothing : {"", "  "}) {
+                card.desk.prompts.clear();
+                form.type("Text1", nothing);
+                form.click("Command2");
+                QCOMPARE(card.desk.prompts.lastText(), "Δεν έχετε συμπληρώσει την Περιγραφή του συνδέσμου !");
+            }
             form.type("Text1", "O'Neil");
             form.click("Command2");
             QVERIFY(form.isOpen());
@@ -178,8 +182,7 @@ private slots:
         LinksDriver card(office.mod);
         inNextDialog("frmLink", [&](Driver& form) {
             form.type("Text1", QString(300, u'α'));
-            form.click("Command2");
-            QCOMPARE(office.desk.prompts.lastTitle(), "Μήνυμα λάθους");
+            QCOMPARE(form.shown("Text1").size(), 255);
             form.type("Text1", "Δική μου");
             office.lose();
             form.click("Command2");
@@ -188,7 +191,7 @@ private slots:
             other.mod.gConn.execute("update Links set ΠΕΡΙΓΡΑΦΗ='Του άλλου'");
             form.click("Command2");
             QVERIFY(office.desk.prompts.lastText().contains("άλλαξε στο μεταξύ"));
-            QCOMPARE(office.desk.prompts.count(), 3);
+            QCOMPARE(office.desk.prompts.count(), 2);
             QVERIFY(form.isOpen());
             QCOMPARE(form.shown("Text1"), "Δική μου");
         });

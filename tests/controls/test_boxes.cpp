@@ -1,8 +1,14 @@
 #include <QClipboard>
+#include <QCompleter>
+#include <QShortcut>
+#include <QSignalSpy>
+#include <QToolButton>
 #include "controls/boxes.h"
+#include "controls/choicebox.h"
 #include "controls/names.h"
 #include "controls/theme.h"
 #include "support/cases.h"
+#include "support/driver.h"
 
 using namespace Qt::Literals::StringLiterals;
 
@@ -15,14 +21,26 @@ struct Form : QDialog {
     TextBox* first = named(new TextBox(this), "Text7(0)");
     NumberBox* number = named(new NumberBox(this), "Text8(10)");
     MemoBox* memo = named(new MemoBox(this), "txtMemo(0)");
+    ChoiceBox* choice = named(new ChoiceBox(true, this), "Combo3");
+    QToolButton* beside = new QToolButton(this);
     TextBox* last = named(new TextBox(this), "Text7(1)");
     QPushButton* ok = new QPushButton("Εντάξει", this);
     int pressed = 0;
 
     Form() {
         auto* layout = new QVBoxLayout(this);
-        for (QWidget* widget : QWidgetList{first, number, memo, last, ok}) layout->addWidget(widget);
+        for (QWidget* widget : QWidgetList{first, number, memo, choice, beside, last, ok}) layout->addWidget(widget);
         ok->setDefault(true);
+        beside->setFocusPolicy(Qt::TabFocus);
+        connect(beside, &QToolButton::clicked, this, [this] { ++pressed; });
+        choice->addItems(
+            {"", "Αγαθόνικος   22/08", "Ιωάννης   07/01", "Ιωάννης   08/05", "Μαρία   15/08", "Πέτρος   29/06"});
+        choice->compareBy([](QStringView text) {
+            QString plain;
+            for (const QChar c : text.toString().normalized(QString::NormalizationForm_D).toLower())
+                if (!c.isMark()) plain += c == u'ς' ? QChar(u'σ') : c;
+            return plain;
+        });
         connect(ok, &QPushButton::clicked, this, [this] { ++pressed; });
         first->setText("Παπαδόπουλος");
         memo->setText("γραμμή\nάλλη");
@@ -65,7 +83,7 @@ private slots:
         QTest::keyClick(form_->memo, Qt::Key_Return);
         QCOMPARE(form_->memo->text(), "α\n");
         QTest::keyClick(form_->memo, Qt::Key_Tab);
-        QVERIFY(form_->last->hasFocus());
+        QVERIFY(form_->choice->hasFocus());
         QCOMPARE(form_->pressed, 0);
     }
 
@@ -169,31 +187,58 @@ private slots:
             QString typed, after;
             int cursorAfter;
             bool pasted = false;
+            bool refused = false;
         };
         const Case cases[] = {
             {"figures and a comma", "", 0, "12,50", "12,50", 5},
-            {"point, minus, letters", "", 0, "-1.a2b", "12", 2},
+            {"a point is a comma", "", 0, "12.50", "12,50", 5},
+            {"minus and letters", "", 0, "-1.a2b", "1,2", 3},
             {"exponent, plus, blank", "", 0, "+1e 3", "13", 2},
             {"in the middle", "1250", 2, "a,x", "12,50", 3},
-            {"at the start", "50", 0, "-1.", "150", 1},
+            {"at the start", "50", 0, "-1.", "1,50", 2},
             {"behind a stored minus", "-5", 1, "7-", "-75", 2},
-            {"pasted whole", "", 0, "€ 1.234,5-", "1234,5", 6, true},
-            {"pasted in the middle", "1250", 2, "x3,.", "123,50", 4, true},
-            {"pasted at the start", "50", 0, "-1.", "150", 1, true},
-            // A stored negative is shown as it is, and editing beside its sign doesn't lose the sign.
-            {"pasted at the end of a negative", "-5", 2, "a1", "-51", 3, true},
-            {"pasted between figures and minus", "-5", 1, "a1", "-15", 2, true},
+            {"Greek form", "", 0, "1.234,56", "1234,56", 7, true},
+            {"millions", "", 0, "1.234.567", "1234567", 7, true},
+            {"plain form", "", 0, "1234.56", "1234,56", 7, true},
+            {"plain form, short", "", 0, " 12.50 \n", "12,50", 5, true},
+            {"with its sign", "", 0, "-5", "-5", 2, true},
+            {"an amount of money", "", 0, "€ 1.234,5", "1234,5", 6, true},
+            {"in the middle", "1250", 2, "3", "12350", 3, true},
+            {"over a text that begins alike", "1250", -1, "12.75", "12,75", 5, true},
+            {"at the end of a negative", "-5", 2, "1", "-51", 3, true},
+            // Refused: the box stays as it was, and says so.
+            {"an exponent", "7", 1, "1e5", "7", 1, true, true},
+            {"letters", "7", 1, "12α", "7", 1, true, true},
+            {"two numbers", "7", 1, "12 34", "7", 1, true, true},
+            {"a date", "7", 1, "05/11/2026", "7", 1, true, true},
+            {"English form", "7", 1, "1,234.56", "7", 1, true, true},
+            {"a minus behind figures", "7", 1, "-5", "7", 1, true, true},
+            {"a second comma", "1,5", 3, "2,5", "1,5", 3, true, true},
         };
+        QSignalSpy refused(form_->number, &NumberBox::refused);
         for (const Case& c : cases) {
             const support::InCase in(c.name);
             form_->number->setText(c.before);
             form_->number->setFocus();
-            form_->number->setCursorPosition(c.cursor);
+            c.cursor < 0 ? form_->number->selectAll() : form_->number->setCursorPosition(c.cursor);
+            refused.clear();
             QGuiApplication::clipboard()->setText(c.typed);
-            c.pasted ? form_->number->paste() : QTest::keyClicks(form_->number, c.typed);
+            c.pasted ? form_->number->paste() : support::typeKeys(form_->number, c.typed);
             QCOMPARE(form_->number->text(), c.after);
             QCOMPARE(form_->number->cursorPosition(), c.cursorAfter);
+            QCOMPARE(refused.count(), c.refused ? 1 : 0);
         }
+    }
+
+    void theKeypadsDecimalKeyIsAComma() {
+        form_->number->setText("12");
+        form_->number->setFocus();
+        form_->number->setCursorPosition(2);
+        QTest::keyClick(form_->number, Qt::Key_Period, Qt::KeypadModifier);
+        QTest::keyClicks(form_->number, "50");
+        QCOMPARE(form_->number->text(), "12,50");
+        QTest::keySequence(form_->number, QKeySequence::Undo);
+        QVERIFY(form_->number->text() != "12,50");
     }
 
     void numberForeignKeyLeavesTheSelection() {
@@ -203,6 +248,67 @@ private slots:
         QCOMPARE(form_->number->text(), "7");
         QTest::keyClick(form_->number, Qt::Key_Backspace);
         QVERIFY(form_->number->text().isEmpty());
+    }
+
+    // Each is one edit of the box; the first item is what no name begins with.
+    void typingProposesWhatBeginsSo() {
+        struct Case {
+            QString typed, shown, chosen;
+        };
+        const Case cases[] = {
+            {"Πετρος", "Πετρος   29/06", "Πέτρος   29/06"},
+            {"ΜΑΡΙΑ", "ΜΑΡΙΑ   15/08", "Μαρία   15/08"},
+            {"Ιω", "Ιωάννης   07/01", "Ιωάννης   07/01"},
+            {"Νικ", "Νικ", "Νικ"},
+            {"ος", "ος", "ος"},
+            {"Μαρίνα", "Μαρίνα", "Μαρίνα"},
+        };
+        ChoiceBox* choice = form_->choice;
+        for (const Case& c : cases) {
+            const support::InCase in(c.typed);
+            choice->setCurrentIndex(0);
+            form_->first->setFocus();
+            choice->setFocus(Qt::TabFocusReason);
+            support::typeKeys(choice, c.typed);
+            QCOMPARE(choice->currentText(), c.shown);
+            QCOMPARE(choice->lineEdit()->selectedText(), c.shown.mid(c.typed.size()));
+            QCOMPARE(choice->chosenText(), c.chosen);
+            form_->last->setFocus();
+            QCOMPARE(choice->currentText(), c.chosen);
+        }
+        // Taking back goes on taking back, and what the program sets stands.
+        choice->setFocus(Qt::TabFocusReason);
+        support::typeKeys(choice, "Ιω");
+        QTest::keyClick(choice, Qt::Key_Backspace);
+        QTest::keyClick(choice, Qt::Key_Backspace);
+        QCOMPARE(choice->currentText(), "Ι");
+        choice->setEditText("ΜΑΡΙΑ   15/08");
+        QCOMPARE(choice->chosenText(), "ΜΑΡΙΑ   15/08");
+    }
+
+    // From a box on to the next field, whatever stands beside it; Tab and Space still reach the button.
+    void enterPassesOverButtonsBesideFields() {
+        form_->number->setFocus();
+        form_->choice->setFocus(Qt::TabFocusReason);
+        QTest::keyClick(form_->choice, Qt::Key_Return);
+        QVERIFY(form_->last->hasFocus());
+        form_->choice->setFocus();
+        QTest::keyClick(form_->choice, Qt::Key_Tab);
+        QVERIFY(form_->beside->hasFocus());
+        QTest::keyClick(form_->beside, Qt::Key_Space);
+        QCOMPARE(form_->pressed, 1);
+    }
+
+    void escapeClosesTheOpenListAlone() {
+        QShortcut shortcut(Qt::Key_Escape, form_.get(), nullptr, nullptr, Qt::WidgetWithChildrenShortcut);
+        QSignalSpy asked(&shortcut, &QShortcut::activated);
+        form_->choice->setFocus();
+        form_->choice->showPopup();
+        QTest::keyClick(form_->choice->view(), Qt::Key_Escape);
+        QVERIFY(!form_->choice->view()->isVisible());
+        QCOMPARE(asked.count(), 0);
+        QTest::keyClick(form_->choice, Qt::Key_Escape);
+        QCOMPARE(asked.count(), 1);
     }
 
     // Walking through a locked form changes nothing.

@@ -3,6 +3,8 @@
 #include <QMdiArea>
 #include <QMdiSubWindow>
 #include <QMenuBar>
+#include <QPushButton>
+#include <QShortcut>
 #include "controls/datepair.h"
 
 #include <QSignalSpy>
@@ -72,7 +74,13 @@ private slots:
             {"29022026", "29/02/2026", {}},
             {"13012026", "13/01/2026", {2026, 1, 13}},
             {"01132026", "01/13/2026", {}},
-            {"051126", "05/11/26__", {}},
+            {"051126", "05/11/26__", {2026, 11, 5}},
+            {"050680", "05/06/80__", {1980, 6, 5}},
+            {"5/6/29", "5_/6_/29__", {2029, 6, 5}},
+            {"5/6/30", "5_/6_/30__", {1930, 6, 5}},
+            {"5.6.1980", "5_/6_/1980", {1980, 6, 5}},
+            {"5-6-1980", "5_/6_/1980", {1980, 6, 5}},
+            {"5/6/8", "5_/6_/8___", {}},
             {"05110099", "05/11/0099", {}},
             {"01010100", "01/01/0100", {100, 1, 1}},
             {"00112026", "00/11/2026", {}},
@@ -89,11 +97,11 @@ private slots:
     }
 
     void paste() {
-        const std::pair<QString, const char*> cases[] = {{" 5/1/2026\n", "05/01/2026"},
-                                                         {"5-11-2026", "05/11/2026"},
-                                                         {"05.11.2026", "05/11/2026"},
-                                                         {"χθες", "__/__/____"},
-                                                         {QString(10000, u'x'), "__/__/____"}};
+        const std::pair<QString, const char*> cases[] = {
+            {" 5/1/2026\n", "05/01/2026"}, {"5-11-2026", "05/11/2026"},
+            {"05.11.2026", "05/11/2026"},  {"5/6/80", "05/06/1980"},
+            {"050680", "05/06/1980"},      {"05062004", "05/06/2004"},
+            {"χθες", "__/__/____"},        {QString(10000, u'x'), "__/__/____"}};
         form_->box->setFocus(Qt::TabFocusReason);
         for (const auto& [pasted, shown] : cases) {
             const support::InCase in(pasted);
@@ -125,6 +133,31 @@ private slots:
             }
         }
         QCOMPARE(accepted.count(), 0);
+    }
+
+    void aRefusedTextIsMarkedUntilItIsMended() {
+        const auto isMarked = [this] { return form_->box->property("refused").toBool(); };
+        form_->other->setDate(QDate(2026, 1, 1));
+        form_->box->setFocus();
+        QTest::keyClicks(form_->box, "31022026");
+        QVERIFY(!isMarked());
+        QTest::keyClick(form_->box, Qt::Key_Return);
+        QVERIFY(isMarked());
+        QVERIFY(form_->box->toolTip().startsWith("Η ημερομηνία «31/02/2026» δεν υπάρχει."));
+        QCOMPARE(form_->box->accessibleDescription(), form_->box->toolTip());
+        form_->box->selectAll();
+        QTest::keyClicks(form_->box, "280226");
+        QVERIFY(!isMarked() && form_->box->toolTip().isEmpty());
+        QTest::keyClick(form_->box, Qt::Key_Return);
+        QCOMPARE(form_->box->text(), "28/02/2026");
+        // A card that comes on show takes the mark away, whatever it brings.
+        form_->box->setFocus();
+        form_->box->setFormattedText("");
+        QTest::keyClick(form_->box, Qt::Key_Return);
+        QVERIFY(isMarked());
+        QVERIFY(form_->box->toolTip().startsWith("Λείπει"));
+        form_->box->setDate({});
+        QVERIFY(!isMarked());
     }
 
     void twoBadBoxesDoNotFight() {
@@ -205,7 +238,7 @@ private slots:
         form_->box->setFocus(Qt::TabFocusReason);
         QTest::keyClicks(form_->box, "5/1/2026");
         QTest::keyClick(form_->box, Qt::Key_Return);
-        QVERIFY(form_->picker->hasFocus());
+        QVERIFY(form_->other->hasFocus());
         QCOMPARE(form_->picker->value(), QDate(2026, 1, 5));
         QCOMPARE(form_->box->text(), "05/01/2026");
         QCOMPARE(accepted.count(), 1);
@@ -251,10 +284,23 @@ private slots:
         form_->box->setFocus();
         QTest::keyClick(form_->box, Qt::Key_F4);
         QVERIFY(form_->calendar());
+        QShortcut shortcut(Qt::Key_Escape, form_.get(), nullptr, nullptr, Qt::WidgetWithChildrenShortcut);
+        QSignalSpy asked(&shortcut, &QShortcut::activated);
         QTest::keyClick(form_->calendar()->findChild<QAbstractItemView*>(), Qt::Key_Escape);
         settle();
+        QCOMPARE(asked.count(), 0);
         QVERIFY(!form_->calendar());
         QCOMPARE(form_->box->text(), "05/11/2026");
+    }
+
+    void todayIsOneClickAway() {
+        form_->box->setFocus();
+        QTest::keyClick(form_->box, Qt::Key_F4);
+        form_->picker->findChild<QPushButton*>("calendarToday")->click();
+        settle();
+        QVERIFY(!form_->calendar());
+        QCOMPARE(form_->box->date(), std::optional(QDate::currentDate()));
+        QVERIFY(form_->box->hasFocus());
     }
 
     void blankBoxReachesItsCalendar() {

@@ -23,6 +23,14 @@ inline void activate(QWidget& window) {
         QTest::qFail(qPrintable("the window never got the focus: " + window.objectName()), __FILE__, __LINE__);
 }
 
+// Key by key, into what has the focus; the toolkit's own knows ASCII alone.
+inline void typeKeys(QWidget* control, const QString& text) {
+    for (const QChar c : text) {
+        QKeyEvent press(QEvent::KeyPress, 0, Qt::NoModifier, QString(c));
+        QApplication::sendEvent(control, &press);
+    }
+}
+
 class Driver {
 public:
     explicit Driver(QWidget& window) : window_(window) {}

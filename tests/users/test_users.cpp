@@ -27,6 +27,40 @@ struct LogonDriver : support::Driver {
 class TestUsers : public QObject {
     Q_OBJECT
 private slots:
+    void theHintWhileAPasswordIsTyped() {
+        struct Case {
+            const char* name;
+            QString typed;
+            Qt::KeyboardModifiers modifiers;
+            QString hint;
+        };
+        const QString caps = "Το Caps Lock είναι ενεργό.", greek = "Το πληκτρολόγιο γράφει ελληνικά.";
+        const Case cases[] = {
+            {"small letters", "admin", {}, ""},
+            {"capitals with Shift", "ADMIN", Qt::ShiftModifier, ""},
+            {"capitals without Shift", "ADMIN", {}, caps},
+            {"small letters with Shift", "admin", Qt::ShiftModifier, caps},
+            {"Greek letters", "αδμιν", {}, greek},
+            {"Greek capitals", "ΑΔΜΙΝ", {}, caps + ' ' + greek},
+            {"figures and signs", "12!;΄", {}, ""},
+        };
+        for (const Case& c : cases) {
+            const support::InCase in(c.name);
+            UserOffice office;
+            const LogonDriver logon(office.mod);
+            support::activate(logon.window());
+            logon.find("Text2")->setFocus();
+            for (const QChar letter : c.typed) {
+                QKeyEvent press(QEvent::KeyPress, 0, c.modifiers, QString(letter));
+                QApplication::sendEvent(logon.find("Text2"), &press);
+            }
+            QCOMPARE(logon.shown("Text2"), c.typed);
+            QCOMPARE(logon.shown("lblHint"), c.hint);
+            logon.find<QLineEdit>("Text2")->clear();
+            QCOMPARE(logon.shown("lblHint"), "");
+        }
+    }
+
     void whoMayLogOn() {
         struct Case {
             const char* name;
