@@ -1,6 +1,7 @@
 #include "cards/cardbinding.h"
 
 #include "controls/choicebox.h"
+#include "core/categories.h"
 #include "data/values/format.h"
 
 using namespace Qt::Literals::StringLiterals;
@@ -13,7 +14,6 @@ const QString datePattern = u"dd/mm/yyyy"_s;
 const QString amountPattern = u"#,##0.00"_s;
 const QString man = u"Άνδρας"_s;
 const QString woman = u"Γυναίκα"_s;
-const QDate noBirthDate(1900, 1, 1);
 
 // Boxes show line ends their own way and drop control characters.
 bool sameOnScreen(const QString& shown, const QString& stored) {
@@ -110,7 +110,8 @@ void clearControls(CardView& view, QDate today) {
 }
 
 void showField(CardView& view, const CardField& field, const QVariant& value, const QString& categoryName) {
-    if (field.kind == CardKind::Category) return setListText(view.combo(field), categoryName);
+    if (field.kind == CardKind::Category)
+        return core::chooseCategory(*view.combo(field), value.toLongLong(), categoryName);
     if (!value.isValid()) return;
     switch (field.kind) {
         case CardKind::Text:

@@ -9,6 +9,8 @@
 
 namespace cards {
 
+inline const QDate noBirthDate(1900, 1, 1);  // of a new card
+
 // The display of an empty new card: first real category, today in the parametric dates, 01/01/1900 as birth date.
 void clearControls(CardView& view, QDate today);
 

@@ -33,9 +33,8 @@ public:
     void goToFound(qint64 code);  // and its first tab; for the search
     void CardAddNew();
     void CardEdit();
-    void FillCombo();
-    void refillLists();  // after another window changed them
-    void FillList();     // of movements
+    void FillCombo();  // all lists of choices; each keeps what was chosen
+    void FillList();   // of movements
     void FillListLinks();
     void FillListAppoiment();
     void SendMail(const QString& to);
@@ -61,6 +60,7 @@ private:
     void showCurrent();  // the card on which the key set stands
     void showRow(data::Recordset& row, bool reload);
     QString categoryName(const QVariant& code);
+    QComboBox* categories() const;
     void readPhoto(data::Recordset& row);
     void showHeader();
     void showCounter();
@@ -79,11 +79,17 @@ private:
     void UnlockCard();
     void startEditing(const QString& title);
     void leaveEditing();
+    void rest();
     void openCarrier();
     bool refreshFromCarrier();
     bool isComplete();
     void SaveCard();
-    void writeCard();
+    void writeCard(const CardField*& field);
+    void tellSaveFailure(const data::Error& error, const CardField* field);
+    bool isToWrite(const CardField& field) const;
+    void watchDates();
+    void setToday();  // as the last visit
+    bool isUnknownDate(const CardField& field) const;
     void afterSave();
     void CancelCard();
     void DeleteCard();
@@ -102,6 +108,7 @@ private:
     bool mEditing = false;
     QByteArray mPhotoBytes;
     QVector<QVariant> shownValues_;  // the row as ShowCard read it, to see what others changed before an edit
+    QStringList confirmedDates_;     // boxes in which a date was typed or picked, also the one that was on show
     core::Commands commands_;
 };
 

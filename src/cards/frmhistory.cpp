@@ -185,19 +185,22 @@ void frmHistory::save() {
     saved_(mRsHistory[u"aa"].toLong());
 }
 
+// Only what was changed goes into a movement that exists: a column that holds nothing shows as 0.
 void frmHistory::write(data::Recordset& row) {
+    const auto isToWrite = [this](const QWidget* box) { return !EditMode || fields_.isChanged(box); };
     for (int i = 0; i < Text7.size(); ++i) {
+        if (!isToWrite(Text7[i])) continue;
         const QString text = Text7[i]->text();
         if (i < firstNumber)
             writeText(row[lines[i].column], text);
         else
             row[lines[i].column].setValue(*data::parseNumber(text));
     }
-    writeText(row[u"notes"], Text1->text());
-    row[u"ΗΜΕΡΟΜΗΝΙΑ"].setValue(txtDate->text());
-    row[u"codecards"].setValue(CodeCards.toLongLong());
-    row[u"ΧΡΕΩΣΗ"].setValue(*data::typedAmount(txtXreosh->text()));
-    row[u"ΠΙΣΤΩΣΗ"].setValue(*data::typedAmount(txtPistosi->text()));
+    if (isToWrite(Text1)) writeText(row[u"notes"], Text1->text());
+    if (isToWrite(txtDate->box())) row[u"ΗΜΕΡΟΜΗΝΙΑ"].setValue(txtDate->text());
+    if (!EditMode) row[u"codecards"].setValue(CodeCards.toLongLong());
+    if (isToWrite(txtXreosh)) row[u"ΧΡΕΩΣΗ"].setValue(*data::typedAmount(txtXreosh->text()));
+    if (isToWrite(txtPistosi)) row[u"ΠΙΣΤΩΣΗ"].setValue(*data::typedAmount(txtPistosi->text()));
     data::Field photo = row[u"Photo"];
     if (!photo.isNull() || !Image1->bytes().isEmpty()) photo.setValue(Image1->bytes());
 }

@@ -26,6 +26,11 @@ void ChoiceBox::setHighlighting(bool on) {
     detail::setHighlight(this, on && hasFocus());
 }
 
+void ChoiceBox::showPopup() {
+    emit opening();
+    QComboBox::showPopup();
+}
+
 bool ChoiceBox::movesOn(QKeyEvent* event) {
     if (event->key() != Qt::Key_Return && event->key() != Qt::Key_Enter) return false;
     if (!event->isAutoRepeat()) focusNextPrevChild(true);

@@ -12,6 +12,10 @@ class ChoiceBox : public QComboBox {
 public:
     explicit ChoiceBox(bool editable, QWidget* parent = nullptr);
     void setHighlighting(bool on);
+    void showPopup() override;
+
+signals:
+    void opening();  // the list is about to drop down, and may be filled anew
 
 protected:
     bool eventFilter(QObject* watched, QEvent* event) override;

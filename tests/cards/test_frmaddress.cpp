@@ -1,4 +1,6 @@
 // Opening, showing and walking the card.
+#include <QMenu>
+
 #include "carddriver.h"
 #include "support/cases.h"
 #include "support/failure.h"
@@ -112,7 +114,7 @@ private slots:
         QCOMPARE(card.shown("Combo1"), "ΠΕΛΑΤΕΣ");
         for (const char* name : {"Φίλοι", "Γνωστοί"}) {
             office.mod.gConn.execute(QString("update CardKategory set Description='%1' where code=7").arg(name));
-            card.form.refillLists();
+            card.form.FillCombo();
             QCOMPARE(card.shown("Combo1"), name);
             if (!card.form.isEditing()) card.press(Edit);
         }
@@ -211,9 +213,12 @@ private slots:
     }
 
     void theRestrictedGroupOnlyReads() {
-        Office office;
+        CardOffice office;
         office.mod.gUserGroup = core::groupRestricted;
-        office.addCard("Α", "1");
+        const qint64 code = office.addCard("Α", "1");
+        office.addMovement(code, "2026-11-03T00:00:00", "Επίσκεψη", 10, 0);
+        const QString file = office.file("σύμβαση.txt");
+        office.addLink(code, "Σύμβαση", file);
         office.addCard("Β", "2");
         CardDriver card(office.mod);
         for (const Button button : {Next, Previous}) {
@@ -226,6 +231,22 @@ private slots:
         card.form.CardAddNew();
         QVERIFY(card.isLocked());
         QCOMPARE(office.count("cards"), 2);
+
+        for (const char* name : {"cmdAddHistory", "Command4", "cmdDelHistory", "MnuNewHistory", "mnuEditHistory",
+                                 "MnuDelHistory", "Command8", "cmdEditLink", "cmdDelLink", "Command1", "Command3"})
+            QVERIFY2(!card.isEnabled(name), name);
+        card.openTab("Ιστορικό");
+        card.list()->selectRow(2);
+        emit card.list()->menuRequested(2, {10, 10});
+        QVERIFY(!card.isEnabled("MnuDelHistory"));
+        card.find<QMenu>("MnuPopUpHist")->close();
+        for (const Qt::Key key : {Qt::Key_Delete, Qt::Key_Insert}) QTest::keyClick(card.list(), key);
+        QVERIFY(office.desk.prompts.isEmpty());
+        emit card.list()->rowActivated(2);
+        QCOMPARE(office.desk.prompts.lastText(), "Τις κινήσεις μπορείτε μόνο να τις διαβάσετε.");
+        QCOMPARE(office.count("History") + office.count("Links"), 2);
+        emit card.list("ListView2")->rowActivated(0);
+        QCOMPARE(office.desk.shell.opened, QStringList{file});
     }
 };
 

@@ -88,6 +88,15 @@ private slots:
         QCOMPARE(card.period({2026, 11, 1}, {2026, 11, 5}).size(), 6);
     }
 
+    void whatIsPrintedIsOfThePeriodInTheHeading() {
+        Ledger office;
+        HistoryDriver card(office.mod);
+        card.find<controls::DateBox>("txtFrom")->setDate({2026, 11, 5});
+        card.click("cmdPrint");
+        const QStringList texts = office.desk.printers.sent.value(0).texts();
+        QVERIFY(texts.contains("Είσπραξη") && !texts.contains("Τιμολόγιο"));
+    }
+
     void aBalanceThatCannotBeStoredHidesNothing() {
         if (testengine::isPostgres()) return;  // a writer there keeps nobody from reading or writing another row
         Ledger office;
@@ -168,6 +177,38 @@ private slots:
             save(form);
         });
         QVERIFY(!office.value("select Photo from History order by aa desc").isValid());
+    }
+
+    void aChangeWritesOnlyWhatItsUserChanged() {
+        Ledger office;
+        const QString columns = "s1,s2,n1,n2,n3,n4,notes";
+        office.mod.gConn.execute("update History set " + QString(columns).replace(",", "=Null,") + "=Null");
+        HistoryDriver card(office.mod);
+        card.inMovement(3, [&](Driver& form) {
+            OtherSeat(office).mod.gConn.execute(QString("update History set n2=7 where aa=%1").arg(office.last));
+            form.type("txtPistosi", "31");
+            save(form);
+            QVERIFY2(!form.isOpen(), qPrintable(office.desk.prompts.lastText()));
+        });
+        QCOMPARE(office.ofLast("ΠΙΣΤΩΣΗ"), 31.0);
+        for (const QString& column : columns.split(','))
+            QCOMPARE(office.ofLast(column), column == "n2" ? QVariant(7.0) : QVariant());
+    }
+
+    void theFocusGoesToTheListBehind() {
+        Ledger office;
+        HistoryDriver card(office.mod);
+        card.openTab("Ιστορικό");
+        for (const bool saved : {true, false}) {
+            card.find("cmdAddHistory")->setFocus();
+            card.inNewMovement([&](Driver& form) {
+                form.type("Text7(0)", "Λόγος");
+                if (!saved) office.desk.prompts.answer(true);
+                form.key(saved ? Qt::Key_F5 : Qt::Key_Escape);
+                QVERIFY(!form.isOpen());
+            });
+            QCOMPARE(card.focused(), "ListView1");
+        }
     }
 
     void rowsThatStandForNothingOpenNothing() {
