@@ -154,7 +154,7 @@ void frmAddress::UnlockCard() {
     links_->setEnabled(false);
 }
 
-void frmAddress::ShowCard(bool Reload) {
+bool frmAddress::ShowCard(bool Reload) {
     const QByteArray photoOnShow = mPhotoBytes;
     ClearCard();
     try {
@@ -162,7 +162,7 @@ void frmAddress::ShowCard(bool Reload) {
         data::Recordset row(mod_.gConn, data::Sql(u"Select * from cards where code=?"_s, CurrentCode.toLongLong()));
         if (row.isEmpty()) {
             mod_.beep();
-            return;
+            return false;
         }
         if (!Reload) setPhoto(photoOnShow);
         showRow(row, Reload);
@@ -174,6 +174,7 @@ void frmAddress::ShowCard(bool Reload) {
     } catch (const data::Error& error) {
         core::showFailure(mod_, this, error, u"Πρόβλημα κατά την ανάκτηση των δεμένων! \n"_s);
     }
+    return true;
 }
 
 void frmAddress::showRow(data::Recordset& row, bool reload) {

@@ -66,6 +66,8 @@ void frmAddress::leaveEditing() {
 bool frmAddress::refreshFromCarrier() {
     if (mRsCard.isEmpty()) {
         complain(u"Η καρτέλα έχει διαγραφεί από άλλον χρήστη."_s);
+        mRsCard.close();
+        leaveDeleted();
         return false;
     }
     if (savedValues(mRsCard) != shownValues_) {
@@ -98,7 +100,12 @@ bool frmAddress::isComplete() {
 }
 
 void frmAddress::SaveCard() {
-    if (!isEditing() || !isComplete()) return;
+    while (isEditing() && isComplete())
+        if (!tryToSave()) return;
+}
+
+// False when that is all for now; true when it is to be tried again or is done.
+bool frmAddress::tryToSave() {
     const CardField* field = nullptr;
     try {
         writeCard(field);
@@ -107,9 +114,12 @@ void frmAddress::SaveCard() {
         if (mRsCard.isOpen()) mRsCard.cancelUpdate();
         using enum data::ErrorCategory;
         const bool refused = error.category() == Type || error.category() == Constraint;
-        return tellSaveFailure(error, refused ? field : nullptr);
+        if (error.category() == Conflict) return settleConflict();
+        tellSaveFailure(error, refused ? field : nullptr);
+        return false;
     }
     afterSave();
+    return true;
 }
 
 // Names the field that was refused and goes to it.
@@ -145,11 +155,12 @@ void frmAddress::writeCard(const CardField*& field) {
 // A column that holds nothing shows as a default; only what its user changed goes into a row that exists.
 bool frmAddress::isToWrite(const CardField& field) const {
     const QWidget* control = view_->control(field);
-    return mAdding || fields_.isChanged(control) || confirmedDates_.contains(control->objectName());
+    if (fields_.isChanged(control) || confirmedDates_.contains(control->objectName())) return true;
+    return mAdding && (!mRevived || shownValues_[&field - cardFields().constData()].isValid());
 }
 
 void frmAddress::afterSave() {
-    mAdding = mEditing = false;
+    mAdding = mEditing = mRevived = false;
     CurrentCode = mRsCard[u"code"].text();
     leaveEditing();
     ClearCard();
@@ -164,8 +175,8 @@ void frmAddress::afterSave() {
 
 void frmAddress::CancelCard() {
     if (!isEditing()) return;
-    const bool wasAdding = mAdding;
-    mAdding = mEditing = false;
+    const bool wasAdding = mAdding, wasRevived = mRevived;
+    mAdding = mEditing = mRevived = false;
     mRsCard.close();
     leaveEditing();
     rest();
@@ -174,8 +185,9 @@ void frmAddress::CancelCard() {
         showHeader();
         return;
     }
+    if (wasRevived) return leaveDeleted();
     if (wasAdding) return showFirst();
-    ShowCard(true);
+    if (!ShowCard(true)) leaveDeleted();
 }
 
 // The key set deletes its own current row; it must be the card that the user sees.
@@ -193,16 +205,25 @@ void frmAddress::DeleteCard() {
     if (!ask(u"Είστε σίγουρος για διαγραφή;"_s)) return;
     if (!hasCards()) return ClearCard();
     alignKeySet();
-    data::Transaction transaction(mod_.gConn);
-    mod_.gConn.execute(
-        data::Sql(u"Insert Into ToBeDeleted (EntryID) Values (?)"_s, mRsCards[u"OutlookEntryID"].text()));
-    mRsCards.remove();
-    transaction.commit();
+    try {
+        removeCard();
+    } catch (const data::Error& error) {
+        if (error.category() == data::ErrorCategory::Conflict) leaveDeleted();
+        throw;
+    }
     rest();
     if (!mRsCards.isEmpty()) return showFirst();
     CurrentCode = u"0"_s;
     ClearCard();
     showCounter();
+}
+
+void frmAddress::removeCard() {
+    data::Transaction transaction(mod_.gConn);
+    mod_.gConn.execute(
+        data::Sql(u"Insert Into ToBeDeleted (EntryID) Values (?)"_s, mRsCards[u"OutlookEntryID"].text()));
+    mRsCards.remove();
+    transaction.commit();
 }
 
 void frmAddress::loadPhoto() {

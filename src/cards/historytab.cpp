@@ -149,6 +149,7 @@ void HistoryTab::open(std::optional<qint64> movement) {
     form.load();
     core::placeOver(form, this, {450, 2450});
     form.exec();
+    if (form.metChange() && form.result() != QDialog::Accepted) core::attempt(mod_, this, [this] { refresh(); });
     // The button that opened it may have been dead while the card was read again.
     ListView1->setFocus(Qt::OtherFocusReason);
 }

@@ -63,7 +63,7 @@ void LinksTab::showForm(std::optional<qint64> link) {
     form.EditMode = link.has_value();
     form.LinkId = link.value_or(0);
     form.CodeCards = code_;
-    if (!form.load()) return;
+    if (!form.load()) return fill(QString(code_));
     core::placeOver(form, this, {450, 2450});
     form.exec();
     ListView2->setFocus(Qt::OtherFocusReason);

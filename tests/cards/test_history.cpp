@@ -376,25 +376,51 @@ private slots:
     }
 
     // Somebody else changes or deletes the movement meanwhile.
-    void aFailedSaveKeepsWhatWasTyped() {
-        for (const auto& [sql, told, remaining] :
-             {std::tuple("update History set ΠΙΣΤΩΣΗ=99 where aa=%1", "άλλαξε στο μεταξύ", 3),
-              {"delete from History where aa=%1", "διαγράφηκε στο μεταξύ", 2}}) {
-            const InCase in(told);
+    void aConflictHasAWayOut() {
+        for (const auto& [button, credit] : {std::pair("cmdBack", 99.0), {"cmdMine", 31.0}, {"cmdTheirs", 99.0}}) {
+            const InCase in(button);
             Ledger office;
             HistoryDriver card(office.mod);
-            card.inMovement(3, [&](Driver& form) {
-                OtherSeat(office).mod.gConn.execute(QString(sql).arg(office.last));
+            card.inMovement(3, [&, button = button](Driver& form) {
+                OtherSeat(office).mod.gConn.execute(
+                    QString("update History set ΠΙΣΤΩΣΗ=99,s1='τους' where aa=%1").arg(office.last));
                 form.type("txtPistosi", "31");
+                form.type("Text1", "δικό μου");
+                inNextDialog("ConflictDialog", [button](Driver& dialog) {
+                    QCOMPARE(dialog.shown("optMine(0)"), "η δική μου: 31");
+                    QCOMPARE(dialog.shown("optTheirs(0)"), "η δική τους: 99,00");
+                    dialog.click(button);
+                    if (dialog.isOpen()) dialog.click("cmdSave");
+                });
                 save(form);
-                QVERIFY(office.desk.prompts.lastText().contains(told));
-                QVERIFY(form.isOpen());
+                QCOMPARE(form.isOpen(), QString(button) == "cmdBack");
+                if (!form.isOpen()) return;
                 QCOMPARE(form.shown("txtPistosi"), "31");
+                office.desk.prompts.answer(true);
+                form.key(Qt::Key_Escape);
             });
-            QCOMPARE(office.count("History"), remaining);
-            card.click("cmdShow");
-            QCOMPARE(office.total(), remaining == 3 ? 51.1 : 150.1);
+            QCOMPARE(office.ofLast("ΠΙΣΤΩΣΗ"), credit);
+            QCOMPARE(office.ofLast("s1"), "τους");
+            QCOMPARE(office.ofLast("notes").toString(), QString(button) == "cmdBack" ? "" : "δικό μου");
+            QCOMPARE(office.total().toDouble(), 150.1 - credit);
         }
+    }
+
+    void aMovementThatWasDeletedLeavesTheList() {
+        Ledger office;
+        HistoryDriver card(office.mod);
+        card.inMovement(3, [&](Driver& form) {
+            OtherSeat(office).mod.gConn.execute(QString("delete from History where aa=%1").arg(office.last));
+            form.type("txtPistosi", "31");
+            save(form);
+            QVERIFY(office.desk.prompts.lastText().contains("διαγράφηκε στο μεταξύ"));
+            QVERIFY(form.isOpen());
+            QCOMPARE(form.shown("txtPistosi"), "31");
+            office.desk.prompts.answer(true);
+            form.key(Qt::Key_Escape);
+        });
+        QCOMPARE(card.rowOf("Είσπραξη", 1), -1);
+        QCOMPARE(office.total(), 150.1);
     }
 
     void aMovementThatIsGoneIsSaid() {
