@@ -195,6 +195,21 @@ private slots:
             QCOMPARE(office.ofLast(column), column == "n2" ? QVariant(7.0) : QVariant());
     }
 
+    void aBalanceBeyondAllMoneyIsToldAndNotStored() {
+        Ledger office;
+        HistoryDriver card(office.mod);
+        office.mod.gConn.execute(QString("update History set ΠΙΣΤΩΣΗ=1e30 where aa=%1").arg(office.last));
+        card.click("cmdShow");
+        QVERIFY(office.desk.prompts.lastText().contains("δεν αποθηκεύτηκε"));
+        QCOMPARE(card.rows()[3], "05/11/2026|Είσπραξη|0,00|υπέρβαση|υπέρβαση");
+        QCOMPARE(office.total(), 120.1);
+        card.inMovement(3, [](Driver& form) {
+            form.type("txtPistosi", "30");
+            save(form);
+        });
+        QCOMPARE(card.shown("lblYpoloipo"), "120,10 ");
+    }
+
     void theFocusGoesToTheListBehind() {
         Ledger office;
         HistoryDriver card(office.mod);
