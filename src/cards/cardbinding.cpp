@@ -4,6 +4,7 @@
 
 #include "controls/choicebox.h"
 #include "controls/fieldvalue.h"
+#include "core/categories.h"
 #include "data/values/format.h"
 
 using namespace Qt::Literals::StringLiterals;
@@ -16,7 +17,6 @@ const QString datePattern = u"dd/mm/yyyy"_s;
 const QString amountPattern = u"#,##0.00"_s;
 const QString man = u"Άνδρας"_s;
 const QString woman = u"Γυναίκα"_s;
-const QDate noBirthDate(1900, 1, 1);
 
 // Boxes show line ends their own way and drop control characters.
 bool sameOnScreen(const QString& shown, const QString& stored) {
@@ -81,49 +81,76 @@ QString nameDayLine(const QString& name, const QDateTime& feast) {
 }
 
 void clearControls(CardView& view, QDate today) {
-    for (const CardField& field : cardFields()) {
-        switch (field.kind) {
-            case CardKind::Text:
-            case CardKind::ParamText:
-                view.text(field)->setText({});
-                break;
-            case CardKind::Notes:
-            case CardKind::LongText:
-                view.memo(field)->setText({});
-                break;
-            case CardKind::ParamNumber:
-            case CardKind::Frequency:
-            case CardKind::Amount:
-                view.text(field)->setText(u"0"_s);
-                break;
-            case CardKind::ParamDate:
-            case CardKind::LastMovement:
-                view.dateField(field)->setDate(today);
-                break;
-            case CardKind::BirthDate:
-                view.dateField(field)->setDate(noBirthDate);
-                break;
-            case CardKind::ParamFlag:
-                view.check(field)->setChecked(false);
-                break;
-            case CardKind::ParamList:
-                setListText(view.combo(field), {});
-                break;
-            case CardKind::NameDay:
-                view.combo(field)->setCurrentIndex(0);
-                break;
-            case CardKind::Category:
-                view.combo(field)->setCurrentIndex(view.combo(field)->count() > 1 ? 1 : 0);
-                break;
-            case CardKind::Sex:
-                view.combo(field)->setCurrentText(man);
-                break;
-        }
+    for (const CardField& field : cardFields()) clearField(view, field, today);
+}
+
+void clearField(CardView& view, const CardField& field, QDate today) {
+    switch (field.kind) {
+        case CardKind::Text:
+        case CardKind::ParamText:
+            view.text(field)->setText({});
+            break;
+        case CardKind::Notes:
+        case CardKind::LongText:
+            view.memo(field)->setText({});
+            break;
+        case CardKind::ParamNumber:
+        case CardKind::Frequency:
+        case CardKind::Amount:
+            view.text(field)->setText(u"0"_s);
+            break;
+        case CardKind::ParamDate:
+        case CardKind::LastMovement:
+            view.dateField(field)->setDate(today);
+            break;
+        case CardKind::BirthDate:
+            view.dateField(field)->setDate(noBirthDate);
+            break;
+        case CardKind::ParamFlag:
+            view.check(field)->setChecked(false);
+            break;
+        case CardKind::ParamList:
+            setListText(view.combo(field), {});
+            break;
+        case CardKind::NameDay:
+            view.combo(field)->setCurrentIndex(0);
+            break;
+        case CardKind::Category:
+            view.combo(field)->setCurrentIndex(view.combo(field)->count() > 1 ? 1 : 0);
+            break;
+        case CardKind::Sex:
+            view.combo(field)->setCurrentText(man);
+            break;
     }
 }
 
+QString shownAs(const CardField& field, const QVariant& value, const QString& categoryName) {
+    switch (field.kind) {
+        case CardKind::Category:
+            return categoryName;
+        case CardKind::Amount:
+            return value.isValid() ? data::format(value, amountPattern) : QString();
+        case CardKind::ParamDate:
+        case CardKind::LastMovement:
+        case CardKind::BirthDate:
+            return value.isValid() ? data::format(value, datePattern) : QString();
+        case CardKind::ParamFlag:
+            return value.toBool() ? u"Ναι"_s : u"Όχι"_s;
+        case CardKind::Sex:
+            return value.toBool() ? man : woman;
+        default:
+            return data::valueText(value);
+    }
+}
+
+QString typedText(const CardView& view, const CardField& field) {
+    const QVariant value = controls::fieldValue(view.control(field));
+    return field.kind == CardKind::ParamFlag ? shownAs(field, value, {}) : value.toString();
+}
+
 void showField(CardView& view, const CardField& field, const QVariant& value, const QString& categoryName) {
-    if (field.kind == CardKind::Category) return setListText(view.combo(field), categoryName);
+    if (field.kind == CardKind::Category)
+        return core::chooseCategory(*view.combo(field), value.toLongLong(), categoryName);
     if (!value.isValid()) return;
     switch (field.kind) {
         case CardKind::Text:

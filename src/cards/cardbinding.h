@@ -9,8 +9,12 @@
 
 namespace cards {
 
+inline const QDate noBirthDate(1900, 1, 1);  // of a new card
+
 // The display of an empty new card: first real category, today in the parametric dates, 01/01/1900 as birth date.
 void clearControls(CardView& view, QDate today);
+
+void clearField(CardView& view, const CardField& field, QDate today);  // the same for one
 
 // One field from a row. A Null leaves the control as clearControls left it.
 void showField(CardView& view, const CardField& field, const QVariant& value, const QString& categoryName);
@@ -20,6 +24,11 @@ void showField(CardView& view, const CardField& field, const QVariant& value, co
 // column can hold. `category` is the number behind the category's name; `year` the year of a name day.
 void writeField(const CardView& view, const CardField& field, data::Recordset& row, std::optional<qint64> category,
                 int year);
+
+// A value of a column as its control shows it.
+QString shownAs(const CardField& field, const QVariant& value, const QString& categoryName);
+// What the control holds, likewise.
+QString typedText(const CardView& view, const CardField& field);
 
 // A text into a column of a text kind; left alone when it stands as it was shown.
 void writeText(data::Field column, const QString& text);

@@ -276,6 +276,11 @@ void CardView::selectTab(CardTab tab) {
     tabs_->setCurrentWidget(pages_.value(tab));
 }
 
+void CardView::showField(const CardField& field) {
+    selectTab(field.tab);
+    if (field.kind == CardKind::LongText) showText(field.index);
+}
+
 bool CardView::isShowing(CardTab tab) const {
     return tabs_->currentWidget() == pages_.value(tab);
 }

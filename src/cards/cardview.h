@@ -50,7 +50,8 @@ public:
 
     void selectTab(CardTab tab);
     bool isShowing(CardTab tab) const;
-    void showText(int index);  // one of the six long texts
+    void showField(const CardField& field);  // brings its tab to the front, and its text among the six
+    void showText(int index);                // one of the six long texts
 
     QLabel* surname() const { return surname_; }
     QLabel* firstName() const { return firstName_; }

@@ -4,6 +4,7 @@
 
 #include "cards/cardbinding.h"
 #include "cards/frmfind.h"
+#include "controls/choicebox.h"
 #include "controls/names.h"
 #include "core/categories.h"
 #include "core/customfields.h"
@@ -34,7 +35,22 @@ frmAddress::frmAddress(core::MainMod& mod)
     controls::add(controls::pageLayout(this), {{view_, 1}, buttons()});
     for (const CardField& field : cardFields()) fields_.watch(view_->control(field));
     fields_.watch([this] { return mPhotoBytes; });
+    fields_.watch([this] { return confirmedDates_; });
+    watchDates();
+    on(qobject_cast<controls::ChoiceBox*>(categories()), &controls::ChoiceBox::opening,
+       [this] { core::fillCategories(mod_.gConn, *categories()); });
     wire();
+}
+
+// A date that is on show for want of one is the card's only when its user enters it.
+void frmAddress::watchDates() {
+    for (const CardField& field : cardFields()) {
+        controls::DateField* date = view_->dateField(field);
+        if (!date) continue;
+        const auto confirm = [this, name = field.controlName()] { confirmedDates_ << name; };
+        on(date->box(), &QLineEdit::textEdited, confirm);
+        on(date->picker(), &controls::DatePicker::picked, confirm);
+    }
 }
 
 void frmAddress::onLoad() {
@@ -86,19 +102,8 @@ void frmAddress::dress() {
     view_->showText(0);
 }
 
-// A renamed category is still the card's own.
-void frmAddress::refillLists() {
-    auto* const categories = qobject_cast<QComboBox*>(view_->control(u"Combo1"_s));
-    const QString shown = categories->currentText();
-    FillCombo();
-    if (categories->currentText() == shown) return;
-    const QVariant code = isEditing() && mRsCard.isOpen() && !mAdding
-                              ? mRsCard[u"category"].value()
-                              : data::Recordset(mod_.gConn, data::Sql(u"select category from cards where code=?"_s,
-                                                                      CurrentCode.toLongLong()))
-                                    .field(0)
-                                    .value();
-    if (!mAdding) categories->setCurrentIndex(std::max(0, categories->findText(categoryName(code))));
+QComboBox* frmAddress::categories() const {
+    return qobject_cast<QComboBox*>(view_->control(u"Combo1"_s));
 }
 
 void frmAddress::FillCombo() {
@@ -117,7 +122,7 @@ void frmAddress::FillCombo() {
         for (data::Recordset rows(mod_.gConn, sql); !rows.eof(); rows.moveNext()) lines << line(rows);
         return lines;
     };
-    fill(u"Combo1"_s, core::categoryNames(mod_.gConn));
+    core::fillCategories(mod_.gConn, *categories());
     fill(u"Combo3"_s, read(u"select ONOMA,HMERA from NameDay order by onoma"_s, [](data::Recordset& row) {
              return nameDayLine(row[u"ONOMA"].text(), row[u"HMERA"].toDate());
          }));
@@ -149,7 +154,7 @@ void frmAddress::UnlockCard() {
     links_->setEnabled(false);
 }
 
-void frmAddress::ShowCard(bool Reload) {
+bool frmAddress::ShowCard(bool Reload) {
     const QByteArray photoOnShow = mPhotoBytes;
     ClearCard();
     try {
@@ -157,7 +162,7 @@ void frmAddress::ShowCard(bool Reload) {
         data::Recordset row(mod_.gConn, data::Sql(u"Select * from cards where code=?"_s, CurrentCode.toLongLong()));
         if (row.isEmpty()) {
             mod_.beep();
-            return;
+            return false;
         }
         if (!Reload) setPhoto(photoOnShow);
         showRow(row, Reload);
@@ -169,6 +174,7 @@ void frmAddress::ShowCard(bool Reload) {
     } catch (const data::Error& error) {
         core::showFailure(mod_, this, error, u"Πρόβλημα κατά την ανάκτηση των δεμένων! \n"_s);
     }
+    return true;
 }
 
 void frmAddress::showRow(data::Recordset& row, bool reload) {
@@ -178,6 +184,13 @@ void frmAddress::showRow(data::Recordset& row, bool reload) {
     }
     if (reload) readPhoto(row);
     shownValues_ = savedValues(row);
+}
+
+// On show as a default, or as the date that new cards have for an unknown birthday.
+bool frmAddress::isUnknownDate(const CardField& field) const {
+    if (field.kind == CardKind::BirthDate && view_->date(field)->date() == noBirthDate) return true;
+    return view_->dateField(field) && !isToWrite(field) && !shownValues_.isEmpty() &&
+           !shownValues_[&field - cardFields().constData()].isValid();
 }
 
 // What a save writes; the balance isn't among it and changes whenever a card is shown.

@@ -22,7 +22,8 @@ public:
     QString CurrentCode = u"0"_s;
 
     // Shows the card CurrentCode, read afresh; with Reload its photo too. Never moves the key set.
-    void ShowCard(bool Reload);
+    // False when there is no such card.
+    bool ShowCard(bool Reload);
     // Moves the key set forward to the card and shows it. Throws data::Error when the card isn't at or behind the
     // current row.
     void GoToRec(double Code);
@@ -33,9 +34,8 @@ public:
     void goToFound(qint64 code);  // and its first tab; for the search
     void CardAddNew();
     void CardEdit();
-    void FillCombo();
-    void refillLists();  // after another window changed them
-    void FillList();     // of movements
+    void FillCombo();  // all lists of choices; each keeps what was chosen
+    void FillList();   // of movements
     void FillListLinks();
     void FillListAppoiment();
     void SendMail(const QString& to);
@@ -61,6 +61,7 @@ private:
     void showCurrent();  // the card on which the key set stands
     void showRow(data::Recordset& row, bool reload);
     QString categoryName(const QVariant& code);
+    QComboBox* categories() const;
     void readPhoto(data::Recordset& row);
     void showHeader();
     void showCounter();
@@ -79,15 +80,27 @@ private:
     void UnlockCard();
     void startEditing(const QString& title);
     void leaveEditing();
+    void rest();
     void openCarrier();
     bool refreshFromCarrier();
     bool isComplete();
     void SaveCard();
-    void writeCard();
+    void writeCard(const CardField*& field);
+    void tellSaveFailure(const data::Error& error, const CardField* field);
+    bool isToWrite(const CardField& field) const;
+    bool tryToSave();
+    bool settleConflict();
+    bool settleDeletion();
+    void takeTheirs(const CardField& field, const QVariant& value);
+    void leaveDeleted();
+    void watchDates();
+    void setToday();  // as the last visit
+    bool isUnknownDate(const CardField& field) const;
     void afterSave();
     void CancelCard();
     void DeleteCard();
     void alignKeySet();
+    void removeCard();  // the current one of the key set
     void loadPhoto();
     void setPhoto(const QByteArray& bytes);
 
@@ -100,8 +113,10 @@ private:
     data::Recordset mRsCard;   // the one row under an add or a change
     bool mAdding = false;
     bool mEditing = false;
+    bool mRevived = false;  // adding what was changed on a card that somebody else deleted
     QByteArray mPhotoBytes;
     QVector<QVariant> shownValues_;  // the row as ShowCard read it, to see what others changed before an edit
+    QStringList confirmedDates_;     // boxes in which a date was typed or picked, also the one that was on show
     core::Commands commands_;
 };
 

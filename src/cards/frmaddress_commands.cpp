@@ -25,7 +25,7 @@ QStringList pictures(std::initializer_list<int> indexes) {
 QVector<core::Command> frmAddress::commands() {
     const auto browsing = [this] { return !isEditing(); };
     const auto editing = [this] { return isEditing(); };
-    const auto trusted = [this] { return mod_.gUserGroup != core::groupRestricted; };
+    const auto trusted = [this] { return !mod_.onlyReads(); };
     const auto writing = [=] { return browsing() && trusted(); };
     const auto key = [](const QString& text) { return QList<QKeySequence>{QKeySequence(text)}; };
     return {
@@ -41,7 +41,7 @@ QVector<core::Command> frmAddress::commands() {
         {u"lblClick(12)"_s, u"print"_s, u"Εκτύπωση Καρτέλας"_s, key(u"Ctrl+P"_s), [this] { printCard(); }},
         {u"Command1"_s, u"photo-add"_s, u"Εισαγωγή Φωτογραφίας"_s, {}, [this] { loadPhoto(); }, editing},
         {u"Command3"_s, u"photo-remove"_s, u"Διαγραφή Φωτογραφίας"_s, {}, [this] { setPhoto({}); }, editing},
-        {u"cmdΣήμερα"_s, {}, u"Σήμερα"_s, {}, [this] { setLastVisit(*view_, mod_.services.clock.today()); }, editing},
+        {u"cmdΣήμερα"_s, {}, u"Σήμερα"_s, {}, [this] { setToday(); }, editing},
         {u"Command2"_s,
          u"category"_s,
          u"Κατηγορίες Καρτέλας"_s,
@@ -88,6 +88,11 @@ void frmAddress::wire() {
     // The boxes that F3 searches from: surname, first name, first telephone, e-mail.
     for (int box : {0, 1, 9, 13})
         onKey(Qt::Key_F3, view_->text(*cardField(u"Text7"_s, box)), [this] { commands_.run(u"lblClick(2)"_s); });
+}
+
+void frmAddress::setToday() {
+    setLastVisit(*view_, mod_.services.clock.today());
+    confirmedDates_ << u"txtΤελευταία"_s;
 }
 
 void frmAddress::SendMail(const QString& to) {

@@ -9,6 +9,11 @@ using namespace Qt::Literals::StringLiterals;
 
 namespace cards {
 
+static bool isNumber(const CardField& field) {
+    using enum CardKind;
+    return field.kind == ParamNumber || field.kind == Frequency || field.kind == Amount;
+}
+
 void frmAddress::openCarrier() {
     mRsCard.open(mod_.gConn, data::Sql(u"Select * from cards where code=?"_s, CurrentCode.toLongLong()));
 }
@@ -16,6 +21,7 @@ void frmAddress::openCarrier() {
 void frmAddress::startEditing(const QString& title) {
     UnlockCard();
     commands_.refresh();
+    confirmedDates_.clear();
     fields_.remember();
     view_->counter()->setText(title);
     if (!view_->isShowing(CardTab::Basic)) return;
@@ -23,7 +29,7 @@ void frmAddress::startEditing(const QString& title) {
 }
 
 void frmAddress::CardAddNew() {
-    if (isEditing() || mod_.gUserGroup == core::groupRestricted) return;
+    if (isEditing() || mod_.onlyReads()) return;
     view_->selectTab(CardTab::Basic);
     openCarrier();
     mRsCard.addNew();
@@ -33,11 +39,17 @@ void frmAddress::CardAddNew() {
 }
 
 void frmAddress::CardEdit() {
-    if (mRsCards.isEmpty() || isEditing() || mod_.gUserGroup == core::groupRestricted) return;
+    if (mRsCards.isEmpty() || isEditing() || mod_.onlyReads()) return;
     openCarrier();
     if (!refreshFromCarrier()) return;
     mEditing = true;
     startEditing(u"Διόρθωση της καρτέλας"_s);
+}
+
+// The focus after a save, a cancel and a delete: on the tabs one more Enter does nothing, where the toolkit would go on
+// to the next button, which closes or prints.
+void frmAddress::rest() {
+    view_->tabs()->setFocus(Qt::OtherFocusReason);
 }
 
 // Back to the browsing layout, whatever the next read of the card brings.
@@ -45,6 +57,7 @@ void frmAddress::leaveEditing() {
     LockCard();
     commands_.refresh();
     fields_.forget();
+    confirmedDates_.clear();
     showCounter();
 }
 
@@ -53,6 +66,8 @@ void frmAddress::leaveEditing() {
 bool frmAddress::refreshFromCarrier() {
     if (mRsCard.isEmpty()) {
         complain(u"Η καρτέλα έχει διαγραφεί από άλλον χρήστη."_s);
+        mRsCard.close();
+        leaveDeleted();
         return false;
     }
     if (savedValues(mRsCard) != shownValues_) {
@@ -91,34 +106,67 @@ bool frmAddress::isComplete() {
 }
 
 void frmAddress::SaveCard() {
-    if (!isEditing() || !isComplete()) return;
-    try {
-        writeCard();
-    } catch (const data::Error& error) {
-        core::showFailure(
-            mod_, this, error,
-            u"Πρόβλημα κατά την αποθήκευση των δεμένων! \nΕλέγχετε τα αριθμητικά πεδία οτι είναι αριθμοι! \n"_s);
-        // The typed values stay on screen and can be mended and saved again.
-        if (mRsCard.isOpen()) mRsCard.cancelUpdate();
-        return;
-    }
-    afterSave();
+    while (isEditing() && isComplete())
+        if (!tryToSave()) return;
 }
 
-void frmAddress::writeCard() {
+// False when that is all for now; true when it is to be tried again or is done.
+bool frmAddress::tryToSave() {
+    const CardField* field = nullptr;
+    try {
+        writeCard(field);
+    } catch (const data::Error& error) {
+        // The typed values stay on screen and can be mended and saved again.
+        if (mRsCard.isOpen()) mRsCard.cancelUpdate();
+        using enum data::ErrorCategory;
+        const bool refused = error.category() == Type || error.category() == Constraint;
+        if (error.category() == Conflict) return settleConflict();
+        tellSaveFailure(error, refused ? field : nullptr);
+        return false;
+    }
+    afterSave();
+    return true;
+}
+
+// Names the field that was refused and goes to it.
+void frmAddress::tellSaveFailure(const data::Error& error, const CardField* field) {
+    QString lead = u"Πρόβλημα κατά την αποθήκευση των δεμένων! \n"_s;
+    if (field && isNumber(*field)) lead += u"Ελέγχετε τα αριθμητικά πεδία οτι είναι αριθμοι! \n"_s;
+    if (field) {
+        view_->showField(*field);
+        lead += u"Πεδίο «%1».\n"_s.arg(view_->control(*field)->accessibleName());
+    }
+    core::showFailure(mod_, this, error, lead);
+    if (field) view_->control(*field)->setFocus(Qt::OtherFocusReason);
+    core::refillCategories(mod_.gConn, *categories());
+}
+
+// `field` is the one under writing, null behind the last.
+void frmAddress::writeCard(const CardField*& field) {
     if (!mRsCard.isOpen()) openCarrier();
-    const QString name = qobject_cast<QComboBox*>(view_->control(u"Combo1"_s))->currentText();
-    const qint64 category = core::categoryCode(mod_.gConn, name);
+    field = cardField(u"Combo1"_s);
+    const std::optional<qint64> category = core::chosenCategory(mod_.gConn, *categories());
     if (mAdding && mRsCard.editMode() != data::EditMode::Add) mRsCard.addNew();
     const int year = mod_.services.clock.today().year();
-    for (const CardField& field : cardFields()) writeField(*view_, field, mRsCard, category, year);
+    for (const CardField& each : cardFields()) {
+        field = &each;
+        if (isToWrite(each)) writeField(*view_, each, mRsCard, category, year);
+    }
+    field = nullptr;
     data::Field photo = mRsCard[u"Photo"];
     if (!photo.isNull() || !mPhotoBytes.isEmpty()) photo.appendChunk(mPhotoBytes);
     mRsCard.update();
 }
 
+// A column that holds nothing shows as a default; only what its user changed goes into a row that exists.
+bool frmAddress::isToWrite(const CardField& field) const {
+    const QWidget* control = view_->control(field);
+    if (fields_.isChanged(control) || confirmedDates_.contains(control->objectName())) return true;
+    return mAdding && (!mRevived || shownValues_[&field - cardFields().constData()].isValid());
+}
+
 void frmAddress::afterSave() {
-    mAdding = mEditing = false;
+    mAdding = mEditing = mRevived = false;
     CurrentCode = mRsCard[u"code"].text();
     leaveEditing();
     ClearCard();
@@ -128,21 +176,24 @@ void frmAddress::afterSave() {
     mRsCards.find(data::Sql(u"code=?"_s, CurrentCode.toLongLong()));
     if (mRsCards.eof() && !mRsCards.isEmpty()) mRsCards.moveFirst();  // deleted again meanwhile
     ShowCard(true);
+    rest();
 }
 
 void frmAddress::CancelCard() {
     if (!isEditing()) return;
-    const bool wasAdding = mAdding;
-    mAdding = mEditing = false;
+    const bool wasAdding = mAdding, wasRevived = mRevived;
+    mAdding = mEditing = mRevived = false;
     mRsCard.close();
     leaveEditing();
+    rest();
     if (wasAdding && !hasCards()) {
         ClearCard();
         showHeader();
         return;
     }
+    if (wasRevived) return leaveDeleted();
     if (wasAdding) return showFirst();
-    ShowCard(true);
+    if (!ShowCard(true)) leaveDeleted();
 }
 
 // The key set deletes its own current row; it must be the card that the user sees.
@@ -156,19 +207,29 @@ void frmAddress::alignKeySet() {
 }
 
 void frmAddress::DeleteCard() {
-    if (isEditing() || mod_.gUserGroup == core::groupRestricted) return;
+    if (isEditing() || mod_.onlyReads()) return;
     if (!ask(u"Είστε σίγουρος για διαγραφή;"_s)) return;
     if (!hasCards()) return ClearCard();
     alignKeySet();
+    try {
+        removeCard();
+    } catch (const data::Error& error) {
+        if (error.category() == data::ErrorCategory::Conflict) leaveDeleted();
+        throw;
+    }
+    rest();
+    if (!mRsCards.isEmpty()) return showFirst();
+    CurrentCode = u"0"_s;
+    ClearCard();
+    showCounter();
+}
+
+void frmAddress::removeCard() {
     data::Transaction transaction(mod_.gConn);
     mod_.gConn.execute(
         data::Sql(u"Insert Into ToBeDeleted (EntryID) Values (?)"_s, mRsCards[u"OutlookEntryID"].text()));
     mRsCards.remove();
     transaction.commit();
-    if (!mRsCards.isEmpty()) return showFirst();
-    CurrentCode = u"0"_s;
-    ClearCard();
-    showCounter();
 }
 
 void frmAddress::loadPhoto() {

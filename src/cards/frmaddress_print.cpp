@@ -43,6 +43,12 @@ QString shown(const QWidget* control) {
     return controls::fieldValue(control).toString();
 }
 
+const CardField& fieldNamed(const QString& control) {
+    for (const CardField& field : cardFields())
+        if (field.controlName() == control) return field;
+    Q_UNREACHABLE();
+}
+
 }  // namespace
 
 bool frmAddress::gPrintKartela(const QString& Title) {
@@ -50,12 +56,14 @@ bool frmAddress::gPrintKartela(const QString& Title) {
     card.title = Title;
     card.owner = core::ownerDetails(mod_.services.settings);
     card.today = mod_.services.clock.today();
-    for (const auto& [label, control] : basicLines) card.basic.append({label, shown(view_->control(control))});
+    const auto printed = [this](const CardField& field) {
+        return isUnknownDate(field) ? QString() : shown(view_->control(field));
+    };
+    for (const auto& [label, control] : basicLines) card.basic.append({label, printed(fieldNamed(control))});
     for (const CardField& field : cardFields()) {
-        const bool printed = field.kind == CardKind::ParamText || field.kind == CardKind::ParamNumber ||
-                             field.kind == CardKind::ParamDate;
-        if (printed && view_->isOffered(field))
-            card.special.append({view_->captionText(field), shown(view_->control(field))});
+        const bool isPrinted = field.kind == CardKind::ParamText || field.kind == CardKind::ParamNumber ||
+                               field.kind == CardKind::ParamDate;
+        if (isPrinted && view_->isOffered(field)) card.special.append({view_->captionText(field), printed(field)});
     }
     // Sharp enough for half a page, whatever the camera delivered.
     if (!mPhotoBytes.isEmpty()) card.photo = controls::PhotoView::read(mPhotoBytes, {1500, 1500});
@@ -77,6 +85,7 @@ void frmAddress::printCard() {
 }
 
 void frmAddress::printMovements() {
+    history_->listPeriod();
     printAndTell([this] {
         return core::gPrintListView(mod_, this, history_->list(), u"ΙΣΤΟΡΙΚΟ ΕΠΑΦΗΣ "_s + history_->period(),
                                     {shownText(0), shownText(1), shownText(9), shownText(11)});

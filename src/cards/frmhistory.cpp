@@ -2,8 +2,10 @@
 
 #include "cards/cardbinding.h"
 #include "cards/ledger.h"
+#include "controls/fieldvalue.h"
 #include "controls/names.h"
 #include "core/columnsize.h"
+#include "core/conflictdialog.h"
 #include "core/customfields.h"
 #include "core/photofile.h"
 #include "data/values/format.h"
@@ -97,6 +99,7 @@ void frmHistory::load() {
         if (EditMode) {
             openCarrier();
             if (mRsHistory.isEmpty()) {
+                metChange_ = true;
                 complain(u"Η συγκεκριμένη κίνηση έχει ακυρωθεί !"_s);
                 return;
             }
@@ -176,30 +179,95 @@ bool frmHistory::isComplete() {
 }
 
 void frmHistory::save() {
-    if (!isComplete()) return;
+    while (isComplete()) {
+        try {
+            writeMovement();
+        } catch (const data::Error& error) {
+            if (error.category() != data::ErrorCategory::Conflict) throw;
+            metChange_ = true;
+            if (!settleConflict(error)) return;
+            continue;
+        }
+        accept();
+        return saved_(mRsHistory[u"aa"].toLong());
+    }
+}
+
+void frmHistory::writeMovement() {
     if (!mRsHistory.isOpen()) openCarrier();
     if (EditMode && mRsHistory.isEmpty())
         throw data::Error(data::ErrorCategory::Conflict, u"Η κίνηση έχει διαγραφεί από άλλον χρήστη."_s);
     if (!EditMode && mRsHistory.editMode() != data::EditMode::Add) mRsHistory.addNew();
     write(mRsHistory);
     mRsHistory.update();
-    accept();
-    saved_(mRsHistory[u"aa"].toLong());
 }
 
+QVector<frmHistory::Bound> frmHistory::bound() const {
+    QVector<Bound> all = {
+        {txtDate->box(), u"ΗΜΕΡΟΜΗΝΙΑ"_s}, {txtXreosh, u"ΧΡΕΩΣΗ"_s}, {txtPistosi, u"ΠΙΣΤΩΣΗ"_s}, {Text1, u"notes"_s}};
+    for (int i = 0; i < Text7.size(); ++i) all.append({Text7[i], lines[i].column});
+    return all;
+}
+
+// Shows what differs from what somebody else saved, and takes the choice over. True when the save can be tried again;
+// one that was deleted goes on as a failure.
+bool frmHistory::settleConflict(const data::Error& error) {
+    data::Recordset now(mod_.gConn, data::Sql(u"select * from HISTORY where aa=?"_s, MovementId));
+    if (!EditMode || now.isEmpty() || mRsHistory.isEmpty()) throw error;
+    mRsHistory.cancelUpdate();
+    const auto shownAs = [this](const QWidget* box, const data::Field& column) {
+        if (box == txtDate->box()) return data::format(column.value(), u"dd/mm/yyyy");
+        const bool amount = box == txtXreosh || box == txtPistosi;
+        return amount ? data::format(column.toDouble(), u"0.00") : column.text();
+    };
+    QVector<core::ConflictField> shown;
+    QVector<QWidget*> both;
+    for (const Bound& each : bound()) {
+        const data::Field theirs = now[each.column];
+        if (!fields_.isChanged(each.box) || theirs.value() == mRsHistory[each.column].value()) continue;
+        both << each.box;
+        shown.append(
+            {each.box->accessibleName(), controls::fieldValue(each.box).toString(), shownAs(each.box, theirs)});
+    }
+    const QByteArray theirPhoto = now[u"Photo"].value().toByteArray(),
+                     oldPhoto = mRsHistory[u"Photo"].value().toByteArray();
+    const bool myPhoto = Image1->bytes() != oldPhoto;
+    if (myPhoto && theirPhoto != oldPhoto)
+        shown.append({u"Φωτογραφία"_s, Image1->bytes().isEmpty() ? QString() : u"η φωτογραφία που βάλατε"_s,
+                      theirPhoto.isEmpty() ? QString() : u"άλλη φωτογραφία"_s});
+
+    core::ConflictDialog dialog(mod_, this, u"την κίνηση"_s, shown);
+    if (!shown.isEmpty() && dialog.exec() != QDialog::Accepted) return false;
+
+    if (!myPhoto || (shown.size() > both.size() && !dialog.keepsMine(int(both.size())))) Image1->setBytes(theirPhoto);
+    for (const Bound& each : bound()) {
+        const qsizetype asked = both.indexOf(each.box);
+        if (asked >= 0 ? dialog.keepsMine(int(asked)) : fields_.isChanged(each.box)) continue;
+        const data::Field theirs = now[each.column];
+        const bool number = qobject_cast<controls::NumberBox*>(each.box);
+        controls::setFieldValue(each.box, theirs.isNull() && number ? u"0"_s : shownAs(each.box, theirs));
+        fields_.remember(each.box);
+    }
+    mRsHistory = std::move(now);
+    return true;
+}
+
+// Only what was changed goes into a movement that exists: a column that holds nothing shows as 0.
 void frmHistory::write(data::Recordset& row) {
+    const auto isToWrite = [this](const QWidget* box) { return !EditMode || fields_.isChanged(box); };
     for (int i = 0; i < Text7.size(); ++i) {
+        if (!isToWrite(Text7[i])) continue;
         const QString text = Text7[i]->text();
         if (i < firstNumber)
             writeText(row[lines[i].column], text);
         else
             row[lines[i].column].setValue(*data::parseNumber(text));
     }
-    writeText(row[u"notes"], Text1->text());
-    row[u"ΗΜΕΡΟΜΗΝΙΑ"].setValue(txtDate->text());
-    row[u"codecards"].setValue(CodeCards.toLongLong());
-    row[u"ΧΡΕΩΣΗ"].setValue(*data::typedAmount(txtXreosh->text()));
-    row[u"ΠΙΣΤΩΣΗ"].setValue(*data::typedAmount(txtPistosi->text()));
+    if (isToWrite(Text1)) writeText(row[u"notes"], Text1->text());
+    if (isToWrite(txtDate->box())) row[u"ΗΜΕΡΟΜΗΝΙΑ"].setValue(txtDate->text());
+    if (!EditMode) row[u"codecards"].setValue(CodeCards.toLongLong());
+    if (isToWrite(txtXreosh)) row[u"ΧΡΕΩΣΗ"].setValue(*data::typedAmount(txtXreosh->text()));
+    if (isToWrite(txtPistosi)) row[u"ΠΙΣΤΩΣΗ"].setValue(*data::typedAmount(txtPistosi->text()));
     data::Field photo = row[u"Photo"];
     if (!photo.isNull() || !Image1->bytes().isEmpty()) photo.setValue(Image1->bytes());
 }

@@ -21,6 +21,9 @@ public:
     qint64 MovementId = 0;  // the movement to change
     QString CodeCards;      // the card of a new one
 
+    // The list behind is older than the table: somebody else changed or deleted the movement.
+    bool metChange() const { return metChange_; }
+
     // Before the window is shown, once the members above are set.
     void load();
 
@@ -35,6 +38,13 @@ private:
     bool isComplete();
     void save();
     void write(data::Recordset& row);
+    void writeMovement();
+    bool settleConflict(const data::Error& error);
+    struct Bound {
+        QWidget* box;
+        QString column;
+    };
+    QVector<Bound> bound() const;
     void openCarrier();
 
     std::function<void(qint64)> saved_;
@@ -45,6 +55,7 @@ private:
     controls::NumberBox *txtXreosh, *txtPistosi;
     controls::MemoBox* Text1;
     controls::PhotoView* Image1;
+    bool metChange_ = false;
     data::Recordset mRsHistory;  // the movement as it was read, so that a change by somebody else is noticed
     core::Commands commands_;
 };

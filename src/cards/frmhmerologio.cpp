@@ -60,6 +60,7 @@ frmHmerologio::frmHmerologio(core::MainMod& mod)
 QWidget* frmHmerologio::filter() {
     period_ = new controls::Period(u"DTPcustDate"_s);
     Combo1 = named(new controls::ChoiceBox(false), u"Combo1"_s);
+    on(Combo1, &controls::ChoiceBox::opening, [this] { FillCombo(); });
     Combo1->setMinimumContentsLength(16);
     Combo1->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
     txtAitia = named(new controls::TextBox, u"txtAitia"_s);
@@ -88,15 +89,13 @@ void frmHmerologio::onLoad() {
 }
 
 void frmHmerologio::FillCombo() {
-    Combo1->clear();
-    Combo1->addItems(QStringList{QString()} + core::categoryNames(mod_.gConn));
+    core::fillCategories(mod_.gConn, *Combo1);
 }
 
 JournalFilter frmHmerologio::chosen() {
     const controls::Days days = core::required(*period_, u"των κινήσεων"_s);
     JournalFilter filter{days.from, days.to, txtAitia->text(), {}};
-    const QString category = Combo1->currentText();
-    if (!category.isEmpty()) filter.category = core::categoryCode(mod_.gConn, category);
+    filter.category = core::chosenCategory(mod_.gConn, *Combo1);
     return filter;
 }
 
@@ -107,7 +106,8 @@ void frmHmerologio::FillList() {
     try {
         reader_ = std::make_unique<JournalReader>(mod_.gConn, chosen());
     } catch (const data::Error& error) {
-        return fail(error);
+        fail(error);
+        return core::refillCategories(mod_.gConn, *Combo1);
     }
     pieces_.start(
         {[this] { return reader_->step(); }, [this] { finish(); }, [this](const data::Error& error) { fail(error); }});
@@ -122,17 +122,24 @@ QVector<controls::ListRow> frmHmerologio::takeRows() {
 
 void frmHmerologio::finish() {
     QVector<controls::ListRow> rows = takeRows();
-    const QString debit = reader_->debit().text(), credit = reader_->credit().text(), blank = u" "_s;
+    const QString blank = u" "_s;
     rows.append({{blank}, {}, {}});
-    rows.append({{blank, {}, {}, u"ΣΥΝΟΛΑ"_s, debit, credit}, {}, {}});
+    rows.append({{blank, {}, {}, u"ΣΥΝΟΛΑ"_s, reader_->debit().text(), reader_->credit().text()}, {}, {}});
     ListView1->setRows(std::move(rows));
-    debit_->setText(u"Χρέωση: "_s + debit);
-    lblYpoloipo->setText(u"Πίστωση: "_s + credit);
+    showSums();
+}
+
+// Of the rows that were read.
+void frmHmerologio::showSums() {
+    debit_->setText(u"Χρέωση: "_s + (reader_ ? reader_->debit() : Money()).text());
+    lblYpoloipo->setText(u"Πίστωση: "_s + (reader_ ? reader_->credit() : Money()).text());
 }
 
 // The list shows how far it had come.
 void frmHmerologio::fail(const data::Error& error) {
+    showSums();
     ListView1->setRows(takeRows());
+    reader_.reset();
     core::showFailure(mod_, this, error,
                       u"Πρόβλημα κατά την επεξεργασία των δεμένων! \nΕλέγχετε τα πεδία της ημερομηνίας! \n"_s);
 }
@@ -149,8 +156,9 @@ void frmHmerologio::columnClicked(int column) {
 }
 
 void frmHmerologio::print() {
-    // All of the period goes on paper, also what is still being read.
-    if (!pieces_.finishNow()) return;
+    // What the heading says goes on paper: all of the period as it stands in its boxes.
+    FillList();
+    if (!reader_ || !pieces_.finishNow()) return;
     printAndTell([this] {
         return core::gPrintListView(mod_, this, *ListView1, u"Ημερολόγιο "_s + period_->text(),
                                     core::ListHeading::Owner);

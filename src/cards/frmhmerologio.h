@@ -1,11 +1,11 @@
 // The journal: the movements of all cards in a period.
 #pragma once
 
-#include <QComboBox>
 #include <QLabel>
 #include <memory>
 
 #include "cards/journal.h"
+#include "controls/choicebox.h"
 #include "controls/period.h"
 #include "core/commands.h"
 #include "core/form.h"
@@ -21,6 +21,7 @@ public:
 
     // Starts reading; the list stands when isReading() is false again. Starts anew when it is reading already.
     void FillList();
+    void FillCombo();  // with the categories; keeps the chosen one
     bool isReading() const { return pieces_.isRunning(); }
 
 protected:
@@ -30,16 +31,16 @@ protected:
 private:
     QWidget* filter();
     QWidget* foot();
-    void FillCombo();
     JournalFilter chosen();
     QVector<controls::ListRow> takeRows();
     void finish();
+    void showSums();
     void fail(const data::Error& error);
     void columnClicked(int column);
     void print();
 
     controls::Period* period_;
-    QComboBox* Combo1;
+    controls::ChoiceBox* Combo1;
     controls::TextBox* txtAitia;
     core::StoredList* ListView1;
     QLabel *debit_, *lblYpoloipo;

@@ -55,13 +55,14 @@ HistoryTab::HistoryTab(core::MainMod& mod)
 QVector<core::Command> HistoryTab::commands() {
     const auto shown = [this] { return !code_.isEmpty(); };
     const auto possible = [this] { return browsing_ && !code_.isEmpty(); };
+    const auto writing = [=, this] { return possible() && !mod_.onlyReads(); };
     return {{u"cmdShow"_s, u"search"_s, u"Εμφάνισε"_s, {}, [this] { refresh(); }, shown},
             {u"cmdAddHistory"_s,
              u"add"_s,
              u"Νέα Κίνηση"_s,
              {Qt::Key_Insert},
              [this] { open({}); },
-             possible,
+             writing,
              false,
              u"MnuNewHistory"_s},
             {u"Command4"_s,
@@ -69,7 +70,7 @@ QVector<core::Command> HistoryTab::commands() {
              u"Διόρθωση Κίνησης"_s,
              {},
              [this] { editMovement(); },
-             possible,
+             writing,
              true,
              u"mnuEditHistory"_s,
              u"Επεξεργασία Κίνηση"_s},
@@ -78,7 +79,7 @@ QVector<core::Command> HistoryTab::commands() {
              u"Διαγραφή Κίνησης"_s,
              {Qt::Key_Delete},
              [this] { deleteMovement(); },
-             possible,
+             writing,
              true,
              u"MnuDelHistory"_s},
             {u"cmdPrint"_s, u"print"_s, u"Εκτύπωση Κίνησης"_s, {}, [this] { emit printRequested(); }, possible}};
@@ -103,10 +104,11 @@ void HistoryTab::fill(const QString& code) {
         ledger.add({rows.field(0).toLong(), rows.field(1).toDate(), rows.field(2).text(),
                     Money::of(rows.field(3).toDouble()), Money::of(rows.field(4).toDouble())});
     balance_ = ledger.balance();
+    const QVariant selected = changed_ ? QVariant(*std::exchange(changed_, std::nullopt)) : ListView1->currentTag();
     ListView1->setRows(listRows(std::move(ledger).finish()));
     lblYpoloipo->setText(balance_.text() + u' ');
-    // The movement that was just written is the selected one, and in view.
-    if (const auto changed = std::exchange(changed_, std::nullopt)) ListView1->selectTag(*changed);
+    // The movement that was just written is the selected one, and in view; else the one that was.
+    if (selected.isValid()) ListView1->selectTag(selected);
 }
 
 void HistoryTab::refresh() {
@@ -115,6 +117,10 @@ void HistoryTab::refresh() {
 }
 
 void HistoryTab::storeBalance() {
+    if (balance_.isBeyond())
+        throw data::Error(data::ErrorCategory::Type,
+                          u"Το υπόλοιπο της καρτέλας είναι μεγαλύτερο απ' όσο χωρά ένα ποσό και δεν αποθηκεύτηκε.\n"
+                          "Διορθώστε τις κινήσεις που δείχνουν «υπέρβαση»."_s);
     data::Recordset stored(mod_.gConn, data::Sql(u"select total from cards where code=?"_s, code_.toLongLong()));
     if (stored.isEmpty() || (!stored[u"total"].isNull() && stored[u"total"].toDouble() == balance_.toDouble())) return;
     mod_.gConn.execute(data::Sql(u"Update cards set total=? Where code=?"_s, balance_.toDouble(), code_.toLongLong()));
@@ -147,11 +153,15 @@ void HistoryTab::open(std::optional<qint64> movement) {
     form.load();
     core::placeOver(form, this, {450, 2450});
     form.exec();
+    if (form.metChange() && form.result() != QDialog::Accepted) core::attempt(mod_, this, [this] { refresh(); });
+    // The button that opened it may have been dead while the card was read again.
+    ListView1->setFocus(Qt::OtherFocusReason);
 }
 
 void HistoryTab::editMovement() {
     // A double click reaches this also while the card is changed.
     if (!browsing_) return mod_.beep();
+    if (mod_.onlyReads()) return tell(u"Τις κινήσεις μπορείτε μόνο να τις διαβάσετε."_s);
     if (const QVariant movement = ListView1->currentTag(); movement.isValid()) open(movement.toLongLong());
 }
 

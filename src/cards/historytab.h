@@ -23,6 +23,8 @@ public:
     // Writes the balance on show into the card, when it differs: a card that is merely looked at takes no lock and
     // waits for no disk. Throws data::Error.
     void storeBalance();
+    // The movements of the period as it stands in its boxes, so that the heading and the rows are of one period.
+    void listPeriod() { fill(code_); }
     void clear();
     // Movements are changed while the card itself isn't.
     void setBrowsing(bool browsing);

@@ -19,19 +19,19 @@ LinksTab::LinksTab(core::MainMod& mod)
                   u"Νέα Σύνδεση"_s,
                   {},
                   [this] { showForm({}); },
-                  [this] { return !code_.isEmpty(); }},
+                  [this] { return !code_.isEmpty() && !mod_.onlyReads(); }},
                  {u"cmdEditLink"_s,
                   u"edit"_s,
                   u"Διόρθωση Σύνδεσης"_s,
                   {},
                   [this] { editLink(); },
-                  [this] { return ListView2->count() > 0; }},
+                  [this] { return ListView2->count() > 0 && !mod_.onlyReads(); }},
                  {u"cmdDelLink"_s,
                   u"delete"_s,
                   u"Διαγραφή Σύνδεσης"_s,
                   {},
                   [this] { deleteLink(); },
-                  [this] { return ListView2->count() > 0; }}}) {
+                  [this] { return ListView2->count() > 0 && !mod_.onlyReads(); }}}) {
     auto* buttons = controls::row({});
     commands_.addButtons(buttons);
     buttons->addStretch(1);
@@ -63,9 +63,10 @@ void LinksTab::showForm(std::optional<qint64> link) {
     form.EditMode = link.has_value();
     form.LinkId = link.value_or(0);
     form.CodeCards = code_;
-    if (!form.load()) return;
+    if (!form.load()) return fill(QString(code_));
     core::placeOver(form, this, {450, 2450});
     form.exec();
+    ListView2->setFocus(Qt::OtherFocusReason);
 }
 
 void LinksTab::editLink() {

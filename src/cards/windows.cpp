@@ -51,7 +51,8 @@ void addWindows(core::Windows& windows, core::MainMod& mod) {
         if (auto* values = qobject_cast<frmCombos*>(windows.front(u"frmCombos"_s))) values->setList(list);
     };
     mod.doors.listsChanged = [&windows] {
-        if (auto* card = qobject_cast<frmAddress*>(windows.find(u"frmAddress"_s))) card->refillLists();
+        if (auto* card = qobject_cast<frmAddress*>(windows.find(u"frmAddress"_s))) card->FillCombo();
+        if (auto* journal = qobject_cast<frmHmerologio*>(windows.find(u"frmHmerologio"_s))) journal->FillCombo();
     };
 }
 

@@ -85,6 +85,7 @@ QString ChoiceBox::chosenText() const {
 }
 
 void ChoiceBox::showPopup() {
+    emit opening();
     QComboBox::showPopup();
     detail::keepEscape(view()->window());
 }

@@ -25,6 +25,9 @@ public:
 
     void showPopup() override;
 
+signals:
+    void opening();  // the list is about to drop down, and may be filled anew
+
 protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;

@@ -24,6 +24,11 @@ void FieldWatch::remember() {
     remembering_ = true;
 }
 
+void FieldWatch::remember(const QWidget* field) {
+    for (Watched& watched : watched_)
+        if (watched.field == field) watched.remembered = watched.content();
+}
+
 bool FieldWatch::differs(const Watched& watched) const {
     return remembering_ && watched.content() != watched.remembered;
 }

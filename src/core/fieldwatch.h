@@ -16,6 +16,7 @@ public:
 
     // Now nothing is typed yet. Until the first call, and after forget(), nothing counts as changed.
     void remember();
+    void remember(const QWidget* field);  // the same for one field
     void forget() { remembering_ = false; }
     bool isRemembering() const { return remembering_; }
     bool isChanged() const;

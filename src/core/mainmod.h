@@ -38,6 +38,7 @@ public:
 
     QString gUserName;  // "Admin" for the built-in user
     int gUserGroup = 0;
+    bool onlyReads() const { return gUserGroup == groupRestricted; }  // cards and what belongs to them
     LogonDelay logonDelay;
 
     QString gSqlOrdr, gSqlOrdr1, gSqlOrdr2;  // sort columns of the list in front, the newest first

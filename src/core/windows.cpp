@@ -1,5 +1,6 @@
 #include "core/windows.h"
 
+#include "core/conflictdialog.h"
 #include "core/printpreview.h"
 
 using namespace Qt::Literals::StringLiterals;
@@ -61,6 +62,10 @@ void addWindows(Windows& windows, MainMod& mod) {
     windows.addDialog(u"PrintPreview"_s, [&mod](QWidget* parent) {
         const PrintJob nothing{u"Προεπισκόπηση"_s, [](platform::Printer&, const PrintStep&) {}};
         return std::make_unique<PrintPreview>(mod, parent, nothing);
+    });
+    windows.addDialog(u"ConflictDialog"_s, [&mod](QWidget* parent) {
+        const QVector<ConflictField> fields = {{u"Πόλη"_s, u"Λάρισα"_s, u"Βόλος"_s}};
+        return std::make_unique<ConflictDialog>(mod, parent, u"την καρτέλα"_s, fields);
     });
 }
 

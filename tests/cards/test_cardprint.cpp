@@ -98,6 +98,9 @@ private slots:
         QCOMPARE(pages[0], first);
         QCOMPARE(pages[1].mid(office.desk.owner.size() + 1),
                  QStringList({"ΣΧΟΛΙΑ ΚΑΡΤΕΛΑΣ", "Επώνυμο:", "O'Σκίννερ", "Σημείωση της κάρτας"}));
+        // What the second card doesn't have goes on no page as a date.
+        for (const QString date : {"01/01/1900", "05/11/2026"})
+            QVERIFY2(!office.desk.printers.sent[1].texts().contains(date), qPrintable(date));
         for (const int sent : {0, 1}) {
             const QImage& page = office.desk.printers.sent[sent].firstPage;
             const QColor beside = page.pixelColor(page.width() * 3 / 4, page.height() / 4);

@@ -1,4 +1,6 @@
 // Opening, showing and walking the card.
+#include <QMenu>
+
 #include "carddriver.h"
 #include "support/cases.h"
 #include "support/failure.h"
@@ -58,8 +60,8 @@ private slots:
         QVERIFY(card.shown(surname).isEmpty());
         card.press(Edit);
         QVERIFY(card.isLocked());
-        card.press(Previous);
         QCOMPARE(card.shown(surname), "Α");
+        QCOMPARE(card.counter(), "Εμφάνιση Καρτέλας (1/2)");
         card.form.goTo(gone + 100);
         QCOMPARE(office.desk.sound.beeps, 2);
         card.press(Next);
@@ -110,7 +112,7 @@ private slots:
         QCOMPARE(card.shown("Combo1"), "ΠΕΛΑΤΕΣ");
         for (const char* name : {"Φίλοι", "Γνωστοί"}) {
             office.mod.gConn.execute(QString("update CardKategory set Description='%1' where code=7").arg(name));
-            card.form.refillLists();
+            card.form.FillCombo();
             QCOMPARE(card.shown("Combo1"), name);
             if (!card.form.isEditing()) card.press(Edit);
         }
@@ -217,9 +219,12 @@ private slots:
     }
 
     void theRestrictedGroupOnlyReads() {
-        Office office;
+        CardOffice office;
         office.mod.gUserGroup = core::groupRestricted;
-        office.addCard("Α", "1");
+        const qint64 code = office.addCard("Α", "1");
+        office.addMovement(code, "2026-11-03T00:00:00", "Επίσκεψη", 10, 0);
+        const QString file = office.file("σύμβαση.txt");
+        office.addLink(code, "Σύμβαση", file);
         office.addCard("Β", "2");
         CardDriver card(office.mod);
         for (const Button button : {Next, Previous}) {
@@ -232,6 +237,22 @@ private slots:
         card.form.CardAddNew();
         QVERIFY(card.isLocked());
         QCOMPARE(office.count("cards"), 2);
+
+        for (const char* name : {"cmdAddHistory", "Command4", "cmdDelHistory", "MnuNewHistory", "mnuEditHistory",
+                                 "MnuDelHistory", "Command8", "cmdEditLink", "cmdDelLink", "Command1", "Command3"})
+            QVERIFY2(!card.isEnabled(name), name);
+        card.openTab("Ιστορικό");
+        card.list()->selectRow(2);
+        emit card.list()->menuRequested(2, {10, 10});
+        QVERIFY(!card.isEnabled("MnuDelHistory"));
+        card.find<QMenu>("MnuPopUpHist")->close();
+        for (const Qt::Key key : {Qt::Key_Delete, Qt::Key_Insert}) QTest::keyClick(card.list(), key);
+        QVERIFY(office.desk.prompts.isEmpty());
+        emit card.list()->rowActivated(2);
+        QCOMPARE(office.desk.prompts.lastText(), "Τις κινήσεις μπορείτε μόνο να τις διαβάσετε.");
+        QCOMPARE(office.count("History") + office.count("Links"), 2);
+        emit card.list("ListView2")->rowActivated(0);
+        QCOMPARE(office.desk.shell.opened, QStringList{file});
     }
 };
 

@@ -9,8 +9,8 @@ using namespace support::card;
 
 namespace {
 
-const QString saveFailure =
-    "Πρόβλημα κατά την αποθήκευση των δεμένων! \nΕλέγχετε τα αριθμητικά πεδία οτι είναι αριθμοι! \nDorvalist Error: ";
+const QString saveLead = "Πρόβλημα κατά την αποθήκευση των δεμένων! \n", saveFailure = saveLead + "Dorvalist Error: ",
+              numberLead = saveLead + "Ελέγχετε τα αριθμητικά πεδία οτι είναι αριθμοι! \n";
 
 // What every control of the card shows, and what stands around them.
 QStringList everything(const CardDriver& card) {
@@ -158,27 +158,52 @@ private slots:
     // A number that is none fails the save; nothing typed is lost, and the mended card can be saved.
     void numbersByGreekRules() {
         const std::pair<const char*, QVariant> cases[] = {
-            {"12,5", 12.5}, {"1.234,50", 1234.5}, {"0", 0.0}, {"", {}}, {"1,2,3", {}}};
+            {"12,5", 12.5}, {"1.234,50", 1234.5}, {"00", 0.0}, {"", {}}, {"1,2,3", {}}};
         Office office;
         office.addCard("Α", "Β");
         for (const auto& [typed, stored] : cases) {
             const InCase in(typed);
-            office.mod.gConn.execute("update cards set FIELdnum1=Null,πολη=Null");
+            office.mod.gConn.execute("update cards set FIELdnum1=5,πολη=Null");
             office.desk.prompts.clear();
             CardDriver card(office.mod);
             card.change({{"Text8(10)", typed}, {city, "Πάτρα"}});
             QCOMPARE(card.form.isEditing(), !stored.isValid());
-            QCOMPARE(office.value("select FIELdnum1 from cards"), stored);
+            QCOMPARE(office.value("select FIELdnum1 from cards"), stored.isValid() ? stored : QVariant(5.0));
             QCOMPARE(office.desk.prompts.isEmpty(), stored.isValid());
             if (stored.isValid()) continue;
             QCOMPARE(office.desk.prompts.lastTitle(), "Μήνυμα λάθους");
-            QVERIFY(office.desk.prompts.lastText().startsWith(saveFailure));
+            QVERIFY(office.desk.prompts.lastText().startsWith(saveLead));
             QCOMPARE(card.shown(city), "Πάτρα");
             card.type("Text8(10)", "7");
             card.press(Save);
             QVERIFY(!card.form.isEditing());
             QCOMPARE(office.text("select πολη from cards"), "Πάτρα");
         }
+    }
+
+    void theFieldThatWasRefusedIsNamedAndShown() {
+        struct Case {
+            const char *name, *typed, *caption, *tab;
+            QString lead = saveLead;
+        };
+        const Case cases[] = {
+            {"Text8(10)", "1,2,3", "Παιδιά", "Ειδικά Στοιχεία", numberLead},
+            {"txtΣυχνότητα", "1,2,3", "Συχνότητα Επίσκεψης", "Ιστορικό", numberLead},
+        };
+        CardSite office{{"Α", "1"}};
+        office.mod.gConn.execute(
+            "update CustomFields set FIELdchar1='Χόμπι',fc1=True,FieldNum1='Παιδιά',fn1=True where id=1");
+        forEach(cases, [&](const Case& c) {
+            CardDriver card(office.mod);
+            card.press(Edit);
+            card.type(c.name, QString::fromUtf8(c.typed));
+            card.openTab("Σημειώσεις");
+            card.press(Save);
+            QVERIFY2(office.desk.prompts.lastText().startsWith(c.lead + QString("Πεδίο «%1».").arg(c.caption)),
+                     qPrintable(office.desk.prompts.lastText()));
+            QCOMPARE(card.tab(), c.tab);
+            QVERIFY(card.hasFocus(c.name));
+        });
     }
 
     void aFailedAddCanBeMended() {
@@ -323,6 +348,36 @@ private slots:
         QCOMPARE(office.count("ToBeDeleted"), 2);
     }
 
+    // Whatever ended the work, by key or by button: one more Enter changes nothing.
+    void oneMoreEnterIsHarmless() {
+        Office office;
+        for (const char* surname : {"Α", "Β", "Γ", "Δ"}) office.addCard(surname, "1");
+        struct Case {
+            const char* name;
+            Button begin, end;
+            std::optional<Qt::Key> key = {};
+        };
+        const Case cases[] = {{"save by button", Edit, Save},     {"save by key", Edit, Save, Qt::Key_F5},
+                              {"cancel by button", Edit, Cancel}, {"cancel by key", Edit, Cancel, Qt::Key_Escape},
+                              {"add and cancel", AddNew, Cancel}, {"delete", Next, Delete}};
+        forEach(cases, [&](const Case& c) {
+            CardDriver card(office.mod);
+            QSignalSpy closes(&card.form, &cards::frmAddress::closeRequested);
+            card.press(c.begin);
+            if (c.end == Delete) office.desk.prompts.answer(true);
+            if (!c.key) card.find(QString("lblClick(%1)").arg(c.end))->setFocus();
+            c.key ? QTest::keyClick(card.form.focusWidget(), *c.key)
+                  : QTest::keyClick(card.form.focusWidget(), Qt::Key_Return);
+            QVERIFY(!card.form.isEditing());
+            const int cardsBefore = office.count("cards"), boxes = office.desk.prompts.count();
+            QVERIFY(card.form.focusWidget() && card.form.focusWidget()->isEnabled());
+            QTest::keyClick(card.form.focusWidget(), Qt::Key_Return);
+            QVERIFY(closes.isEmpty() && office.desk.printers.sent.isEmpty() && !card.form.isEditing());
+            QCOMPARE(office.count("cards"), cardsBefore);
+            QCOMPARE(office.desk.prompts.count(), boxes);
+        });
+    }
+
     void deletingTheCardOnShowAndNoOther() {
         Office office;
         office.addCard("Α", "1");
@@ -385,14 +440,112 @@ private slots:
         there.type(city, "Τρίκαλα");
         there.type(profession, "γιατρός");
         here.press(Save);
+        inNextDialog("ConflictDialog", [](Driver& dialog) { dialog.click("cmdBack"); });
         there.press(Save);
-        QVERIFY(other.desk.prompts.lastText().startsWith(saveFailure + "Η εγγραφή άλλαξε στο μεταξύ"));
         QVERIFY(there.form.isEditing());
         QCOMPARE(there.shown(city), "Τρίκαλα");
         QCOMPARE(office.text("select πολη from cards"), "Λάρισα");
         QCOMPARE(office.text("select επαγγελμα from cards"), QString());
         there.press(Cancel);
         QCOMPARE(there.shown(city), "Λάρισα");
+        QVERIFY(other.desk.prompts.isEmpty());
+    }
+
+    // Each took the same card and changed town, remark and category; what stays is chosen field by field.
+    void aConflictHasAWayOut() {
+        Office office;
+        office.mod.gConn.execute("INSERT into CardKategory VALUES (9,'Φίλοι',0)");
+        office.addCard("Α", "1", {{"πολη", "Βόλος"}, {"ΣΧΟΛΙΑ1", "παλιό"}, {"FIELdnum1", 4}});
+        OtherSeat other(office);
+        CardDriver here(office.mod);
+        here.press(Edit);
+        here.type(city, "Λάρισα");
+        here.type(remark, "δικό μου");
+        here.type("Text8(10)", "7");
+        here.type(profession, "γιατρός");
+        other.mod.gConn.execute(
+            "update cards set πολη='Τρίκαλα',ΣΧΟΛΙΑ1='δικό τους',FIELdnum1=Null,category=9,URL='x.gr'");
+        inNextDialog("ConflictDialog", [](Driver& dialog) {
+            QStringList choices;
+            for (int i = 0; i < 3; ++i)
+                for (const char* array : {"optMine(%1)", "optTheirs(%1)"})
+                    choices << dialog.shown(QString(array).arg(i));
+            QCOMPARE(choices, QStringList({"η δική μου: Λάρισα", "η δική τους: Τρίκαλα", "η δική μου: δικό μου",
+                                           "η δική τους: δικό τους", "η δική μου: 7", "η δική τους: (κενό)"}));
+            dialog.click("cmdTheirs");
+            dialog.click("optMine(1)");
+            dialog.click("cmdSave");
+        });
+        here.press(Save);
+        QVERIFY2(office.desk.prompts.isEmpty(), qPrintable(office.desk.prompts.lastText()));
+        QVERIFY(!here.form.isEditing());
+        data::Recordset row(office.mod.gConn, "select * from cards");
+        QCOMPARE(row[u"πολη"].text() + '|' + row[u"ΣΧΟΛΙΑ1"].text() + '|' + row[u"επαγγελμα"].text() + '|' +
+                     row[u"URL"].text() + '|' + row[u"category"].text(),
+                 "Τρίκαλα|δικό μου|γιατρός|x.gr|9");
+        QVERIFY(row[u"FIELdnum1"].isNull());
+    }
+
+    void aCardDeletedElsewhereCanBeSavedAsANewOne() {
+        for (const bool anew : {true, false}) {
+            CardSite card{{"Α", "1", {{"URL", "x.gr"}}}, {"Β", "2"}};
+            card.press(Edit);
+            card.type(city, "Λάρισα");
+            card.mod.gConn.execute("delete from cards where επωνυμο='Α'");
+            card.desk.prompts.answer(anew);
+            card.press(Save);
+            QVERIFY(card.desk.prompts.lastText().startsWith("Η καρτέλα διαγράφηκε στο μεταξύ"));
+            QCOMPARE(card.form.isEditing(), !anew);
+            QCOMPARE(card.shown(city), "Λάρισα");
+            if (anew) {
+                QCOMPARE(card.text("select URL from cards where πολη='Λάρισα' and ΗΜ_ΓΕΝΗΣΗΣ is null"), "x.gr");
+                QCOMPARE(card.counter(), "Εμφάνιση Καρτέλας (1/2)");
+            } else {
+                card.press(Cancel);
+                QCOMPARE(card.counter(), "Εμφάνιση Καρτέλας (1/1)");
+                QCOMPARE(card.shown(surname), "Β");
+            }
+        }
+    }
+
+    // A row that was imported, say, has nothing where the card shows a default.
+    void anEditWritesOnlyWhatItsUserChanged() {
+        Office office;
+        office.addCard("Α", "1");
+        QString nothing = "update cards set ";
+        for (const cards::CardField& field : cards::cardFields())
+            if (field.column != u"επωνυμο" && field.column != u"ονομα" && field.column != u"category" &&
+                field.kind != cards::CardKind::ParamFlag && field.kind != cards::CardKind::Sex)
+                nothing += field.column + "=Null,";
+        nothing.chop(1);
+        office.mod.gConn.execute(nothing);
+        const auto given = [&office] {
+            QStringList columns;
+            data::Recordset row(office.mod.gConn, "select * from cards");
+            for (const cards::CardField& field : cards::cardFields())
+                if (!row[field.column].isNull()) columns << field.column;
+            return columns;
+        };
+        QStringList wanted = given();
+        OtherSeat other(office);
+        CardDriver here(office.mod), there(other.mod);
+        here.press(Edit);
+        there.press(Edit);
+        here.type(city, "Λάρισα");
+        there.type(profession, "γιατρός");
+        here.press(Save);
+        there.press(Save);
+        QVERIFY2(other.desk.prompts.isEmpty(), qPrintable(other.desk.prompts.lastText()));
+        QCOMPARE(office.text("select πολη from cards") + office.text("select επαγγελμα from cards"), "Λάρισαγιατρός");
+        QCOMPARE(given().size(), wanted.size() + 2);
+        // What is on show for want of a date becomes the card's when it is entered.
+        there.press(Edit);
+        there.click("cmdΣήμερα");
+        emit there.find<controls::DatePicker>("DTPcustDate(0)")->picked(QDate(2026, 11, 5));
+        there.press(Save);
+        QCOMPARE(given().size(), wanted.size() + 4);
+        for (const char* column : {"ΤΕΛΕΥΤΑΙΑ_ΚΙΝΗΣΗ", "FIELddate1"})
+            QCOMPARE(office.value(QString("select %1 from cards").arg(column)).toDateTime().date(), QDate(2026, 11, 5));
     }
 
     void anEditStartsFromTheNewestValues() {
@@ -403,6 +556,48 @@ private slots:
         card.type(profession, "γιατρός");
         card.press(Save);
         QCOMPARE(card.text("select πολη from cards"), "Λάρισα");
+    }
+
+    // Somebody else renames and deletes categories while a card is being typed.
+    void categoriesFollowOtherSeats() {
+        Office office;
+        office.mod.gConn.execute("INSERT into CardKategory VALUES (9,'Φίλοι',0)");
+        office.addCard("Α", "1");
+        OtherSeat other(office);
+        CardDriver card(office.mod);
+        auto* list = card.find<QComboBox>("Combo1");
+        const auto rename = [&](const QString& to) {
+            other.mod.gConn.execute(data::Sql(u"update CardKategory set Description=? where code=9"_s, to));
+        };
+        card.press(AddNew);
+        card.type(surname, "Β");
+        card.type(firstName, "2");
+        card.type("Combo1", "Φίλοι");
+        rename("Γνωστοί");
+        card.form.FillCombo();
+        QCOMPARE(list->currentText(), "Γνωστοί");
+        rename("Συγγενείς");
+        card.press(Save);
+        QVERIFY2(office.desk.prompts.isEmpty(), qPrintable(office.desk.prompts.lastText()));
+        QCOMPARE(office.value("select category from cards where ονομα='2'").toInt(), 9);
+        QCOMPARE(list->currentText(), "Συγγενείς");
+
+        rename("Πρώην");
+        card.press(Edit);
+        list->showPopup();
+        list->hidePopup();
+        QVERIFY(list->findText("Πρώην") > 0);
+        list->setCurrentIndex(list->findData(1));
+        card.press(Save);
+        card.press(Edit);
+        card.type("Combo1", "Πρώην");
+        other.mod.gConn.execute("delete from CardKategory where code=9");
+        card.press(Save);
+        QVERIFY(office.desk.prompts.lastText().contains("Η κατηγορία «Πρώην» δεν υπάρχει πια"));
+        QVERIFY(card.form.isEditing() && list->findText("Πρώην") < 0);
+        list->setCurrentIndex(list->findData(1));
+        card.press(Save);
+        QVERIFY(!card.form.isEditing());
     }
 
     void aCategoryWithAQuoteIsFound() {

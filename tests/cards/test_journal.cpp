@@ -198,6 +198,34 @@ private slots:
         }
     }
 
+    void aRenamedCategoryIsOfferedAndFound() {
+        Journal office;
+        JournalDriver journal(office.mod);
+        journal.type("Combo1", "O'Neil");
+        OtherSeat(office).mod.gConn.execute("update CardKategory set Description='Μακ' where Description='O''Neil'");
+        journal.show();
+        QVERIFY(office.desk.prompts.isEmpty());
+        QCOMPARE(journal.reasons().size(), 2);
+        auto* list = journal.find<QComboBox>("Combo1");
+        list->showPopup();
+        list->hidePopup();
+        QCOMPARE(list->currentText(), "Μακ");
+    }
+
+    // The period was typed and its list not asked for.
+    void whatIsPrintedIsOfThePeriodInTheHeading() {
+        Journal office;
+        JournalDriver journal(office.mod);
+        journal.setPeriod("31/10/2026", "31/10/2026");
+        journal.click("lblClick(1)");
+        const QStringList texts = office.desk.printers.sent.value(0).texts();
+        QVERIFY(texts.contains("Ενοίκιο") && !texts.contains("ΕΊΣΠΡΑΞΗ"));
+        journal.find<controls::DateBox>("txtTo")->setFormattedText("__/__/____");
+        journal.click("lblClick(1)");
+        QVERIFY(office.desk.prompts.lastText().contains("περίοδος"));
+        QCOMPARE(office.desk.printers.sent.size(), 1);
+    }
+
     // The card may lie before the one on show, or be newer than the card window's keys.
     void aRowOpensItsCard() {
         Journal office;
@@ -264,6 +292,8 @@ private slots:
                          told),
                      qPrintable(office.desk.prompts.lastText()));
             QCOMPARE(journal.list()->count(), 0);
+            QCOMPARE(journal.shown("Label1(3)") + journal.shown("lblYpoloipo"), "Χρέωση: 0,00Πίστωση: 0,00");
+            if (QString(told).contains("κατηγορία")) QVERIFY(journal.find<QComboBox>("Combo1")->findText("O'Neil") < 0);
         }
         QCOMPARE(office.desk.prompts.count(), 3);
         office.bringBack();

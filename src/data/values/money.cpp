@@ -1,10 +1,11 @@
 #include "data/values/money.h"
 
-#include <algorithm>
 #include <cmath>
 #include <limits>
 
 #include "data/values/format.h"
+
+using namespace Qt::Literals::StringLiterals;
 
 namespace data {
 
@@ -16,10 +17,12 @@ constexpr double largest = 9e14;
 // Amounts of more digits are no longer exact to the cent in the columns that hold them.
 constexpr double largestTyped = 1e13;
 
-qint64 saturatedSum(qint64 a, qint64 b) {
+const QString tooLarge = u"υπέρβαση"_s;
+
+// Nothing when the sum holds no more.
+std::optional<qint64> sumOf(qint64 a, qint64 b) {
     constexpr qint64 most = std::numeric_limits<qint64>::max();
-    if (b > 0 && a > most - b) return most;
-    if (b < 0 && a < -most - b) return -most;
+    if (b > 0 ? a > most - b : a < -most - b) return {};
     return a + b;
 }
 
@@ -28,7 +31,8 @@ qint64 saturatedSum(qint64 a, qint64 b) {
 Money Money::of(double amount) {
     Money money;
     if (std::isnan(amount)) return money;
-    money.units_ = std::llround(std::clamp(amount, -largest, largest) * unitsPerOne);
+    money.beyond_ = std::fabs(amount) > largest;
+    if (!money.beyond_) money.units_ = std::llround(amount * unitsPerOne);
     return money;
 }
 
@@ -37,6 +41,7 @@ double Money::toDouble() const {
 }
 
 QString Money::text() const {
+    if (beyond_) return tooLarge;
     const qint64 cents = (std::abs(units_) + unitsPerCent / 2) / unitsPerCent;
     char16_t buffer[40];
     char16_t* at = buffer + 40;
@@ -52,14 +57,19 @@ QString Money::text() const {
     return QString(reinterpret_cast<const QChar*>(at), buffer + 40 - at);
 }
 
-Money& Money::operator+=(Money other) {
-    units_ = saturatedSum(units_, other.units_);
+Money& Money::add(qint64 units, bool beyond) {
+    const auto sum = sumOf(units_, units);
+    beyond_ = beyond_ || beyond || !sum;
+    units_ = beyond_ ? 0 : *sum;
     return *this;
 }
 
+Money& Money::operator+=(Money other) {
+    return add(other.units_, other.beyond_);
+}
+
 Money& Money::operator-=(Money other) {
-    units_ = saturatedSum(units_, -other.units_);
-    return *this;
+    return add(-other.units_, other.beyond_);
 }
 
 std::optional<double> typedAmount(QStringView text) {

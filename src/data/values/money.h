@@ -7,22 +7,26 @@
 
 namespace data {
 
-// An amount of money, exact to a ten-thousandth, so that sums of any length stay exact. What lies beyond about 900
-// billion stands still there.
+// An amount of money, exact to a ten-thousandth, so that sums of any length stay exact. An amount beyond 900 million
+// million, and every sum with one in it or that runs over, is no amount any more and says so.
 class Money {
 public:
     Money() = default;
     static Money of(double amount);  // the nearest one
 
-    double toDouble() const;
-    QString text() const;  // "#,##0.00"
+    bool isBeyond() const { return beyond_; }
+    double toDouble() const;  // 0 for one that is beyond
+    QString text() const;     // "#,##0.00", "υπέρβαση" for one that is beyond
 
     Money& operator+=(Money other);
     Money& operator-=(Money other);
     friend bool operator==(Money, Money) = default;
 
 private:
+    Money& add(qint64 units, bool beyond);
+
     qint64 units_ = 0;
+    bool beyond_ = false;
 };
 
 // A typed amount, rounded to two decimals as it is stored; nothing for a text that is no amount.
