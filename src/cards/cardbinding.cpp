@@ -240,15 +240,16 @@ void setEditable(CardView& view, bool editable) {
     for (const CardField& field : cardFields()) {
         QWidget* widget = view.control(field);
         if (controls::DateField* date = view.dateField(field)) {
-            date->setEnabled(editable);
-            date->box()->setHighlighting(editable);
+            unlock(date->box());
+            date->picker()->setEnabled(editable);
         } else if (auto* text = qobject_cast<controls::TextBox*>(widget)) {
             unlock(text);
         } else if (auto* memo = qobject_cast<controls::MemoBox*>(widget)) {
             unlock(memo);
+        } else if (auto* choice = qobject_cast<controls::ChoiceBox*>(widget)) {
+            unlock(choice);
         } else {
             widget->setEnabled(editable);
-            if (auto* choice = qobject_cast<controls::ChoiceBox*>(widget)) choice->setHighlighting(editable);
         }
     }
     view.saveHint()->setVisible(editable);

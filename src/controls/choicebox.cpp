@@ -1,6 +1,8 @@
 #include "controls/choicebox.h"
 
 #include <QAbstractItemView>
+#include <QClipboard>
+#include <QGuiApplication>
 #include <QKeyEvent>
 #include <QLineEdit>
 #include <QWheelEvent>
@@ -29,6 +31,12 @@ ChoiceBox::ChoiceBox(bool editable, QWidget* parent)
 void ChoiceBox::setHighlighting(bool on) {
     highlighting_ = on;
     detail::setHighlight(this, on && hasFocus());
+}
+
+void ChoiceBox::setReadOnly(bool on) {
+    readOnly_ = on;
+    if (lineEdit()) lineEdit()->setReadOnly(on);
+    detail::setMark(this, "readOnly", on);
 }
 
 bool ChoiceBox::movesOn(QKeyEvent* event) {
@@ -85,6 +93,7 @@ QString ChoiceBox::chosenText() const {
 }
 
 void ChoiceBox::showPopup() {
+    if (readOnly_) return;
     emit opening();
     QComboBox::showPopup();
     detail::keepEscape(view()->window());
@@ -98,8 +107,20 @@ bool ChoiceBox::eventFilter(QObject* watched, QEvent* event) {
 
 void ChoiceBox::keyPressEvent(QKeyEvent* event) {
     if (movesOn(event)) return;
+    if (readOnly_) return readOnlyKey(event);
     noteInput(*event);
     QComboBox::keyPressEvent(event);
+}
+
+// The arrow keys of the base class would choose.
+void ChoiceBox::readOnlyKey(QKeyEvent* event) {
+    event->ignore();
+    if (lineEdit()) {
+        lineEdit()->event(event);
+    } else if (event->matches(QKeySequence::Copy)) {
+        event->accept();
+        QGuiApplication::clipboard()->setText(currentText());
+    }
 }
 
 void ChoiceBox::inputMethodEvent(QInputMethodEvent* event) {
@@ -108,7 +129,7 @@ void ChoiceBox::inputMethodEvent(QInputMethodEvent* event) {
 }
 
 void ChoiceBox::wheelEvent(QWheelEvent* event) {
-    hasFocus() ? QComboBox::wheelEvent(event) : event->ignore();
+    hasFocus() && !readOnly_ ? QComboBox::wheelEvent(event) : event->ignore();
 }
 
 void ChoiceBox::focusInEvent(QFocusEvent* event) {

@@ -19,6 +19,9 @@ public:
 
     explicit ChoiceBox(bool editable, QWidget* parent = nullptr);
     void setHighlighting(bool on);
+    // Nothing can be chosen or typed, but the text can still be reached, read and copied.
+    void setReadOnly(bool on);
+    bool isReadOnly() const { return readOnly_; }
     void compareBy(Fold fold) { fold_ = std::move(fold); }  // instead of by case alone
     // The item that the typed text means, else the text as it stands.
     QString chosenText() const;
@@ -38,6 +41,7 @@ protected:
 
 private:
     bool movesOn(QKeyEvent* event);
+    void readOnlyKey(QKeyEvent* event);
     void noteInput(const QEvent& event);
     void propose(const QString& typed);
     int meantItem() const;  // -1 when the text isn't the user's, or no item
@@ -46,6 +50,7 @@ private:
     QString typed_;         // the text as the user's last edit left it; null when the program set another
     bool growing_ = false;  // the edit at hand brings characters
     bool highlighting_ = false;
+    bool readOnly_ = false;
 };
 
 }  // namespace controls

@@ -263,7 +263,6 @@ private slots:
             {"txtXreosh", "1,2,3", "Δεν έχετε συμπληρώσει σωστά την ΧΡΕΩΣΗ!"},
             {"txtXreosh", QString(40, u'9'), "Δεν έχετε συμπληρώσει σωστά την ΧΡΕΩΣΗ!"},
             {"Text7(6)", ",", "Δεν έχετε συμπληρώσει σωστά το αριθμιτικό πεδίο!"},
-            {"Text7(0)", QString(300, u'α'), "Dorvalist Error: "},
         };
         HistorySite card;
         int saved = 3;

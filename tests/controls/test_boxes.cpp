@@ -299,6 +299,35 @@ private slots:
         QCOMPARE(form_->pressed, 1);
     }
 
+    // The text can be copied, and no key, wheel or click chooses another.
+    void aReadOnlyListIsReadAndCopied() {
+        auto* fixed = new ChoiceBox(false, form_.get());
+        fixed->addItems({"Άνδρας", "Γυναίκα"});
+        fixed->show();
+        for (ChoiceBox* choice : {form_->choice, fixed}) {
+            const support::InCase in(choice->isEditable() ? "editable" : "fixed");
+            choice->setCurrentIndex(1);
+            const QString text = choice->currentText();
+            choice->setReadOnly(true);
+            choice->setFocus(Qt::TabFocusReason);
+            QVERIFY(choice->hasFocus());
+            for (const Qt::Key key : {Qt::Key_Up, Qt::Key_Down, Qt::Key_PageDown, Qt::Key_Home, Qt::Key_F4})
+                QTest::keyClick(choice, key);
+            choice->setFocus();
+            support::typeKeys(choice, "ΑΜ");
+            QTest::mouseClick(choice, Qt::LeftButton, {}, {choice->width() - 5, 8});
+            QVERIFY(!choice->view()->isVisible());
+            QCOMPARE(choice->currentText(), text);
+            if (choice->isEditable()) choice->lineEdit()->selectAll();
+            QGuiApplication::clipboard()->setText("");
+            QTest::keySequence(choice, QKeySequence::Copy);
+            QCOMPARE(QGuiApplication::clipboard()->text(), text);
+            choice->setReadOnly(false);
+            QTest::keyClick(choice, Qt::Key_Up);
+            QCOMPARE(choice->currentIndex(), 0);
+        }
+    }
+
     void escapeClosesTheOpenListAlone() {
         QShortcut shortcut(Qt::Key_Escape, form_.get(), nullptr, nullptr, Qt::WidgetWithChildrenShortcut);
         QSignalSpy asked(&shortcut, &QShortcut::activated);
