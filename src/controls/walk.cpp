@@ -12,12 +12,14 @@ constexpr char besideField[] = "besideField";
 
 }  // namespace
 
-void standBeside(QWidget* button) {
-    button->setProperty(besideField, true);
+void standBeside(QWidget* button, bool beside) {
+    button->setProperty(besideField, beside);
 }
 
 bool standsBeside(const QWidget* widget) {
-    return widget && (qobject_cast<const QToolButton*>(widget) || widget->property(besideField).toBool());
+    if (!widget) return false;
+    const QVariant told = widget->property(besideField);
+    return told.isValid() ? told.toBool() : qobject_cast<const QToolButton*>(widget) != nullptr;
 }
 
 void moveOn(QWidget* field) {

@@ -15,8 +15,8 @@ protected:
     // saved. A save that succeeds remembers or forgets the fields.
     void guardUnsaved(const QString& what, std::function<void()> save);
 
-    // True at once when nothing was changed; otherwise asks whether to save, to go on without, or to go back to what was
-    // typed. False after going back and after a save that failed.
+    // True at once when nothing was changed; otherwise asks whether to save, to go on without, or to go back to what
+    // was typed. False after going back and after a save that failed.
     bool mayLose();
 
     FieldWatch fields_;  // the fields that are being edited

@@ -5,6 +5,7 @@
 #include "controls/choicebox.h"
 #include "controls/layout.h"
 #include "controls/names.h"
+#include "controls/walk.h"
 #include "core/printsettings.h"
 #include "core/workprogress.h"
 
@@ -122,6 +123,7 @@ QHBoxLayout* PrintPreview::viewRow() {
     direct_->setToolTip(u"Η προεπισκόπηση επανέρχεται από το μενού «Εμφάνιση»."_s);
     const auto button = [this](const QString& name) {
         QToolButton* made = commands_.toolButton(name);
+        controls::standBeside(made, false);
         made->setFocusPolicy(Qt::StrongFocus);  // after a click Enter goes on turning pages
         return made;
     };

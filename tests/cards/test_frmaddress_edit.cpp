@@ -217,7 +217,7 @@ private slots:
             QCOMPARE(card.count("cards"), number.size() > 3 ? 0 : 1);
         }
         QCOMPARE(card.desk.prompts.count(), 1);
-        QVERIFY(card.desk.prompts.lastText().startsWith(saveFailure));
+        QVERIFY(card.desk.prompts.lastText().startsWith(numberLead));
         QCOMPARE(card.text("select επωνυμο from cards"), "Ω");
     }
 
