@@ -1,21 +1,13 @@
 // The frame of the program: child windows, menus, status bar, rights.
 #pragma once
 
-#include <QActionGroup>
-#include <QHash>
-#include <QLabel>
-#include <QMainWindow>
-#include <QMdiArea>
-#include <QMenu>
-#include <QTimer>
-
-#include "core/windows.h"
-#include "main/formframe.h"
-#include "main/menus.h"
+#include "main/formarea.h"
+#include "main/menutree.h"
+#include "main/statusbar.h"
 
 namespace entry {
 
-class MDIMain : public QMainWindow, private core::WindowHost {
+class MDIMain : public QMainWindow {
     Q_OBJECT
 public:
     explicit MDIMain(core::MainMod& mod);
@@ -25,8 +17,8 @@ public:
     void load();
 
     core::Windows& windows() { return windows_; }
-    QAction* menu(const QString& name) const { return entries_.value(name); }    // an entry or a submenu's title
-    QLabel* statusPanel(int number) const { return panels_.value(number - 1); }  // from 1
+    QAction* menu(const QString& name) const { return menus_->entry(name); }  // an entry or a submenu's title
+    QLabel* statusPanel(int number) const { return status_->panel(number); }  // from 1
 
 signals:
     void loggedOff();  // the window is closed and can be deleted
@@ -38,36 +30,15 @@ protected:
     void closeEvent(QCloseEvent* event) override;
 
 private:
-    void add(core::Form* form) override;
-    void bringToFront(core::Form* form) override;
-    bool isMinimised(core::Form* form) const override;
-    QPoint position(core::Form* form) const override;
-    void remove(core::Form* form) override;
-
-    void buildMenus();
-    QAction* buildEntry(const MenuDef& def);
-    void buildStatusBar();
-    void refreshMenus();
-    void hideEmptyMenus();
-    void trigger(const MenuDef& def);
-    void setNoun(int category);
+    QHash<QString, OwnEntry> ownEntries();
     void setTheme(int kind);
     void logOff();
-    void tick();
-    void place();
-    void putFrame(QRect wanted);
-    void storePlacement();
-    void makeRoomFor(QWidget* frame);
-    FormFrame* frameOf(core::Form* form) const;
 
     core::MainMod& mod_;
+    FormArea* area_;
     core::Windows windows_;
-    QMdiArea* area_;
-    QHash<QString, QAction*> entries_;
-    QHash<QString, QMenu*> menus_;
-    QVector<QLabel*> panels_;
-    QTimer clock_;
-    QHash<QString, std::function<void()>> ownActions_;
+    StatusBar* status_;
+    MenuTree* menus_;
     bool loggingOff_ = false;
 };
 

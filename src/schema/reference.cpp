@@ -8,6 +8,11 @@
 #include "schema/tabfile.h"
 #include "schema/tablewriter.h"
 
+// The macro must not stand inside a namespace.
+static void registerDelivered() {
+    Q_INIT_RESOURCE(reference);
+}
+
 namespace schema {
 namespace {
 
@@ -45,6 +50,7 @@ QString rowKey(const QVector<QVariant>& values) {
 struct CheckedRow {
     QVector<QVariant> values;
     QString key;
+    int since;
 };
 
 QVector<CheckedRow> readRows(const Table& table, const QString& file) {
@@ -56,6 +62,7 @@ QVector<CheckedRow> readRows(const Table& table, const QString& file) {
         for (qsizetype i = 0; i < row.cells.size(); ++i)
             checked.values += cellValue(file, row.line, table.columns[i], row.cells[i]);
         checked.key = rowKey(checked.values);
+        checked.since = row.since;
         if (lineOf.contains(checked.key))
             failAtLine(file, row.line, u"είναι ίδια με τη γραμμή %1"_s.arg(lineOf.value(checked.key)));
         lineOf.insert(checked.key, row.line);
@@ -73,6 +80,23 @@ QSet<QString> existingKeys(data::Connection& connection, const Table& table) {
         keys += rowKey(values);
     }
     return keys;
+}
+
+LoadCounts addMissing(data::Connection& connection, const Table& table, const QVector<CheckedRow>& rows,
+                      const QSet<QString>& existing) {
+    QStringList columns;
+    for (const Column& column : table.columns) columns += column.name;
+    TableWriter writer(connection, table, columns);
+    LoadCounts counts;
+    for (const CheckedRow& row : rows) {
+        if (existing.contains(row.key)) {
+            ++counts.alreadyThere;
+            continue;
+        }
+        writer.write(row.values);
+        ++counts.added;
+    }
+    return counts;
 }
 
 }  // namespace
@@ -99,23 +123,21 @@ LoadCounts loadReference(data::Connection& connection, const ReferenceKind& kind
     if (rows.isEmpty())
         throw data::Error(data::ErrorCategory::Type, u"Το αρχείο «%1» δεν έχει καμία γραμμή δεδομένων."_s.arg(file));
 
-    QStringList columns;
-    for (const Column& column : table.columns) columns += column.name;
     data::Transaction transaction(connection);
     if (replace) connection.execute(data::Sql(u"delete from ?"_s, data::Sql::name(table.name)));
-    const QSet<QString> existing = existingKeys(connection, table);
-    TableWriter writer(connection, table, columns);
-    LoadCounts counts;
-    for (const CheckedRow& row : rows) {
-        if (existing.contains(row.key)) {
-            ++counts.alreadyThere;
-            continue;
-        }
-        writer.write(row.values);
-        ++counts.added;
-    }
+    const LoadCounts counts = addMissing(connection, table, rows, existingKeys(connection, table));
     transaction.commit();
     return counts;
+}
+
+int addNameDaysSince(data::Connection& connection, int version) {
+    registerDelivered();
+    const Table& table = *findTable(Database::Main, u"NameDay");
+    const QSet<QString> existing = existingKeys(connection, table);
+    if (existing.isEmpty()) return 0;
+    QVector<CheckedRow> rows = readRows(table, u":/dorvalist/namedays.tsv"_s);
+    rows.removeIf([version](const CheckedRow& row) { return row.since != version; });
+    return addMissing(connection, table, rows, existing).added;
 }
 
 }  // namespace schema

@@ -26,4 +26,10 @@ struct LoadCounts {
 LoadCounts loadReference(data::Connection& connection, const ReferenceKind& kind, const QString& file,
                          bool replace = false);
 
+// For an office of the version before: adds the name days that the delivered file got with `version` and that the table
+// lacks, and tells how many. Rows that the office changed, deleted or added itself stay as they are, and an empty table
+// stays empty. The file is compiled in, so that an upgrade needs nothing but the program. A transaction is the
+// caller's.
+int addNameDaysSince(data::Connection& connection, int version);
+
 }  // namespace schema

@@ -12,6 +12,7 @@ namespace {
 using namespace Qt::Literals::StringLiterals;
 
 constexpr qint64 largestFile = 64 * 1024 * 1024;
+const QByteArray sinceMark = "#since ";
 
 QByteArray readAll(const QString& file) {
     QFile input(file);
@@ -44,12 +45,13 @@ void failAtLine(const QString& file, int line, const QString& what) {
 
 QVector<TabRow> readTabFile(const QString& file, int columns) {
     QVector<TabRow> rows;
-    int line = 0;
+    int line = 0, since = 1;
     for (QByteArray bytes : readAll(file).split('\n')) {
         ++line;
         if (bytes.endsWith('\r')) bytes.chop(1);
+        if (bytes.startsWith(sinceMark)) since = bytes.mid(sinceMark.size()).trimmed().toInt();
         if (bytes.isEmpty() || bytes.startsWith('#')) continue;
-        TabRow row{line, decodeLine(file, line, bytes).split(u'\t')};
+        TabRow row{line, decodeLine(file, line, bytes).split(u'\t'), since};
         if (row.cells.size() != columns)
             failAtLine(file, line, u"χρειάζονται %1 στήλες και βρέθηκαν %2"_s.arg(columns).arg(row.cells.size()));
         for (QString& cell : row.cells) cell = cell.trimmed();

@@ -54,6 +54,6 @@ QStringList defaultRows(Database database);
 const Table* findTable(Database database, QStringView name);  // without regard to case; null if there is none
 data::TableInfo tableInfo(const Table& table);                // as the data road describes tables
 
-constexpr int currentVersion = 3;  // stored in the file; grows with every upgrade step
+constexpr int currentVersion = 4;  // stored in the file; grows with every upgrade step
 
 }  // namespace schema

@@ -1,6 +1,7 @@
 #include "schema/upgrade.h"
 
 #include "schema/indexes.h"
+#include "schema/reference.h"
 
 namespace schema {
 
@@ -11,9 +12,15 @@ static UpgradeStep indexStep(Database database, int version) {
             }};
 }
 
+static UpgradeStep nameDayStep(int version) {
+    return {version, [version](data::Connection& connection) { addNameDaysSince(connection, version); }};
+}
+
 const QVector<UpgradeStep>& upgradeSteps(Database database) {
-    static const QVector<UpgradeStep> main = {indexStep(Database::Main, 2), indexStep(Database::Main, 3)};
-    static const QVector<UpgradeStep> users = {indexStep(Database::Users, 2), indexStep(Database::Users, 3)};
+    static const QVector<UpgradeStep> main = {indexStep(Database::Main, 2), indexStep(Database::Main, 3),
+                                              nameDayStep(4)};
+    static const QVector<UpgradeStep> users = {indexStep(Database::Users, 2), indexStep(Database::Users, 3),
+                                               indexStep(Database::Users, 4)};
     return database == Database::Main ? main : users;
 }
 

@@ -1,20 +1,16 @@
 #include "users/frmusers.h"
 
-#include <QFormLayout>
-#include <QGroupBox>
-#include <QMenu>
-#include <QPushButton>
-#include <QShortcut>
-#include <QVBoxLayout>
-
+#include "controls/layout.h"
 #include "controls/names.h"
 #include "data/opening/password.h"
 #include "data/values/fold.h"
+#include "users/accounts.h"
 
 using namespace Qt::Literals::StringLiterals;
 
 namespace users {
 
+using controls::Item;
 using controls::named;
 
 namespace {
@@ -26,26 +22,28 @@ const QString passwordMask(8, maskCharacter);
 
 }  // namespace
 
-frmUsers::frmUsers(core::MainMod& mod) : Form(mod, u"frmUsers"_s, u"Χρήστες και Δικαιώματα"_s, {u"Users"_s}) {
-    buildList();
+frmUsers::frmUsers(core::MainMod& mod)
+    : Form(mod, u"frmUsers"_s, u"Χρήστες και Δικαιώματα"_s, {u"Users"_s}),
+      ListView1(new core::StoredList(mod.services.settings, u"ListView1"_s, windowTitle(), u"lvUsers"_s,
+                                     {{u"UserName"_s, u"Όνομα Χρήστη"_s, 3300}, {u"Group"_s, u"Δικαιώματα"_s, 3300}})),
+      commands_(mod, this, commands()) {
+    unsavedQuestion_ = u"Ο χρήστης έχει αλλαγές που δεν αποθηκεύτηκαν.\nΝα κλείσει χωρίς αποθήκευση;"_s;
+    hint_ = new QLabel(u"Δεξί κλικ ή πλήκτρο μενού: νέος χρήστης, ενημέρωση, διαγραφή"_s);
+    hint_->setProperty("role", u"muted"_s);
     buildFrame();
-    buildMenu();
-    auto* layout = new QVBoxLayout(this);
-    layout->setContentsMargins(14, 14, 14, 12);
-    layout->setSpacing(10);
-    layout->addWidget(ListView1, 1);
-    layout->addWidget(hint_);
-    layout->addWidget(Frame1, 0, Qt::AlignTop);
+    controls::add(controls::pageLayout(this), {{ListView1, 1}, hint_, {Frame1, 1}});
     setMinimumSize(480, 320);
     wire();
 }
 
-void frmUsers::buildList() {
-    ListView1 = named(new controls::ListView, u"ListView1"_s);
-    ListView1->setAccessibleName(windowTitle());
-    ListView1->setColumns({{u"UserName"_s, u"Όνομα Χρήστη"_s, 3300}, {u"Group"_s, u"Δικαιώματα"_s, 3300}});
-    hint_ = new QLabel(u"Δεξί κλικ ή πλήκτρο μενού: νέος χρήστης, ενημέρωση, διαγραφή"_s);
-    hint_->setProperty("role", u"muted"_s);
+QVector<core::Command> frmUsers::commands() {
+    return {
+        {u"mnuNewUser"_s, {}, u"Νέος Χρήστης"_s, {Qt::Key_Insert}, [this] { newUser(); }},
+        {u"mnuEditUser"_s, {}, u"Ενημέρωση Χρήστη"_s, {}, [this] { editUser(); }, {}, true},
+        {u"mnuDeleteUser"_s, {}, u"Διαγραφή Χρήστη"_s, {Qt::Key_Delete}, [this] { deleteUser(); }, {}, true},
+        {u"Command1"_s, {}, u"Επικύρωση"_s, {}, [this] { save(); }},
+        {u"Command2"_s, {}, u"Άκυρο"_s, {Qt::Key_Escape}, [this] { cancel(); }},
+    };
 }
 
 void frmUsers::buildFrame() {
@@ -57,72 +55,26 @@ void frmUsers::buildFrame() {
     Text1->setHighlighting(true);
     Text2->setHighlighting(true);
     Combo1->setHighlighting(true);
-    auto* form = new QFormLayout;
-    form->setSpacing(10);
-    form->setLabelAlignment(Qt::AlignRight | Qt::AlignVCenter);
-    form->setFieldGrowthPolicy(QFormLayout::AllNonFixedFieldsGrow);
-    struct Row {
-        QString caption;
-        QWidget* box;
-    };
-    for (const Row& row : {Row{u" Όνομα Χρήστη"_s, Text1}, Row{u" Κωδικός"_s, Text2}, Row{u" Δικαιώματα"_s, Combo1}}) {
-        auto* label = new QLabel(row.caption);
-        controls::tie(label, row.box);
-        form->addRow(label, row.box);
-    }
-    Command1 = named(new QPushButton(u"Επικύρωση"_s), u"Command1"_s);
-    Command2 = named(new QPushButton(u"Άκυρο"_s), u"Command2"_s);
-    Command1->setDefault(true);
-    Command2->setAutoDefault(true);  // Enter presses it when it has the focus
-    auto* buttons = new QHBoxLayout;
-    buttons->addStretch(1);
-    buttons->addWidget(Command1);
-    buttons->addWidget(Command2);
-    auto* layout = new QVBoxLayout(Frame1);
-    layout->setContentsMargins(16, 14, 16, 14);
-    layout->setSpacing(16);
-    layout->addLayout(form);
-    layout->addLayout(buttons);
+    auto* form = controls::formLayout();
+    controls::addField(form, u" Όνομα Χρήστη"_s, Text1);
+    controls::addField(form, u" Κωδικός"_s, Text2);
+    controls::addField(form, u" Δικαιώματα"_s, Combo1);
+    auto* confirm = commands_.button(u"Command1"_s);
+    confirm->setDefault(true);
+    controls::add(controls::tabLayout(Frame1),
+                  {form, controls::row({Item::rest(), confirm, commands_.button(u"Command2"_s)}), Item::rest()});
+    fields_.watchAll(Frame1);
     Frame1->hide();
 }
 
-void frmUsers::buildMenu() {
-    mnu1 = named(new QMenu(this), u"mnu1"_s);
-    struct Entry {
-        QString name;
-        QString caption;
-        QAction*& action;
-    };
-    for (const Entry& entry : {Entry{u"mnuNewUser"_s, u"Νέος Χρήστης"_s, mnuNewUser},
-                               Entry{u"mnuEditUser"_s, u"Ενημέρωση Χρήστη"_s, mnuEditUser},
-                               Entry{u"mnuDeleteUser"_s, u"Διαγραφή Χρήστη"_s, mnuDeleteUser}}) {
-        entry.action = mnu1->addAction(entry.caption);
-        entry.action->setObjectName(entry.name);
-    }
-}
-
 void frmUsers::wire() {
-    on(mnuNewUser, &QAction::triggered, [this] { newUser(); });
-    on(mnuEditUser, &QAction::triggered, [this] { editUser(); });
-    on(mnuDeleteUser, &QAction::triggered, [this] { deleteUser(); });
+    commands_.bindKeys(ListView1, {u"mnuNewUser"_s, u"mnuDeleteUser"_s});
+    commands_.bindKeys(Frame1, {u"Command2"_s});
     on(ListView1, &controls::ListView::rowActivated, [this] { editUser(); });
-    connect(ListView1, &controls::ListView::menuRequested, this, &frmUsers::popUp);
-    const auto key = [this](Qt::Key key, QWidget* where, void (frmUsers::*action)()) {
-        on(new QShortcut(key, where, nullptr, nullptr, Qt::WidgetWithChildrenShortcut), &QShortcut::activated,
-           [this, action] { (this->*action)(); });
-    };
-    key(Qt::Key_Insert, ListView1, &frmUsers::newUser);
-    key(Qt::Key_Delete, ListView1, &frmUsers::deleteUser);
-    key(Qt::Key_Escape, Frame1, &frmUsers::cancel);
+    auto* menu = commands_.menu(u"mnu1"_s, {u"mnuNewUser"_s, u"mnuEditUser"_s, u"mnuDeleteUser"_s});
+    on(ListView1, &controls::ListView::menuRequested,
+       [this, menu](int row, QPoint position) { commands_.popUp(menu, row, position); });
     connect(Text2, &QLineEdit::textEdited, this, &frmUsers::dropMask);
-    on(Command1, &QPushButton::clicked, [this] { save(); });
-    on(Command2, &QPushButton::clicked, [this] { cancel(); });
-}
-
-void frmUsers::popUp(int row, QPoint position) {
-    mnuEditUser->setEnabled(row >= 0);
-    mnuDeleteUser->setEnabled(row >= 0);
-    mnu1->popup(position);
 }
 
 void frmUsers::onLoad() {
@@ -133,32 +85,28 @@ void frmUsers::onLoad() {
 
 // With the user `selected` selected, or the first one.
 void frmUsers::refresh(qint64 selected) {
-    accounts_ = accounts(mod_.gConnUsers);
     QVector<controls::ListRow> rows;
-    for (const Account& account : accounts_) rows.append({{account.userName, account.groupName}, account.aa, {}});
+    for (const Account& account : accounts(mod_.gConnUsers))
+        rows.append({{account.userName, account.groupName}, account.aa, {}});
     ListView1->setRows(std::move(rows));
-    for (int i = 0; i < accounts_.size(); ++i)
-        if (i == 0 || accounts_[i].aa == selected) ListView1->selectRow(i);
+    if (!ListView1->selectTag(selected)) ListView1->selectRow(0);
 }
 
 void frmUsers::newUser() {
     mRs.open(mod_.gConnUsers, u"select * from users "_s);
     mRs.addNew();
     editedName_ = QString();
-    passwordStands_ = false;
-    Text1->clear();
-    Text2->clear();
-    Combo1->setCurrentIndex(-1);
-    showFrame();
+    fill({}, {}, {});
+    showFrame(true);
 }
 
 // False when there is no such user, or no longer.
 bool frmUsers::openSelected() {
-    const int row = ListView1->currentRow();
-    if (row < 0) return false;
-    mRs.open(mod_.gConnUsers, data::Sql(u"select * from users where aa=?"_s, accounts_[row].aa));
+    const QVariant user = ListView1->currentTag();
+    if (!user.isValid()) return false;
+    mRs.open(mod_.gConnUsers, data::Sql(u"select * from users where aa=?"_s, user.toLongLong()));
     if (!mRs.isEmpty()) return true;
-    core::complain(mod_, this, u"Ο χρήστης έχει διαγραφεί στο μεταξύ."_s, ListView1);
+    complain(u"Ο χρήστης έχει διαγραφεί στο μεταξύ."_s, ListView1);
     refresh();
     return false;
 }
@@ -167,47 +115,41 @@ void frmUsers::editUser() {
     if (!openSelected()) return;
     const QString group = groupName(mod_.gConnUsers, mRs[u"Group"].value());
     editedName_ = mRs[u"UserName"].text();
-    passwordStands_ = !mRs[u"Password"].text().isEmpty();
-    Text1->setText(editedName_);
-    Text2->setText(passwordStands_ ? passwordMask : QString());
-    Combo1->setCurrentIndex(group.isEmpty() ? -1 : Combo1->findText(group));
-    showFrame();
+    fill(editedName_, mRs[u"Password"].text().isEmpty() ? QString() : passwordMask, group);
+    showFrame(true);
 }
 
 void frmUsers::deleteUser() {
     if (!openSelected()) return;
-    if (!mod_.services.prompts.question(this, core::programTitle(),
-                                        u"Είστε σίγουρος για διαγραφή του χρήστη: "_s + mRs[u"UserName"].text()))
-        return mRs.close();
-    // A failure shows what the list holds by now, too.
-    core::attempt(mod_, this, [this] { mRs.remove(); });
+    const auto remove = [this] {
+        // A failure shows what the list holds by now, too.
+        core::attempt(mod_, this, [this] { mRs.remove(); });
+        refresh();
+    };
+    askAndDelete(u"Είστε σίγουρος για διαγραφή του χρήστη: "_s + mRs[u"UserName"].text(), remove);
     mRs.close();
-    refresh();
 }
 
-void frmUsers::showFrame() {
-    shown_ = typed();
-    ListView1->hide();
-    hint_->hide();
-    Frame1->show();
-    Text1->setFocus(Qt::OtherFocusReason);
+void frmUsers::fill(const QString& name, const QString& password, const QString& group) {
+    Text1->setText(name);
+    Text2->setText(password);
+    Combo1->setCurrentIndex(group.isEmpty() ? -1 : Combo1->findText(group));
+    passwordStands_ = password == passwordMask;
+    fields_.remember();
+}
+
+void frmUsers::showFrame(bool shown) {
+    ListView1->setVisible(!shown);
+    hint_->setVisible(!shown);
+    Frame1->setVisible(shown);
+    (shown ? static_cast<QWidget*>(Text1) : ListView1)->setFocus(Qt::OtherFocusReason);
 }
 
 void frmUsers::showList(qint64 selected) {
     mRs.close();
-    passwordStands_ = false;
-    Text1->clear();
-    Text2->clear();
-    Combo1->setCurrentIndex(-1);
-    Frame1->hide();
-    hint_->show();
-    ListView1->show();
-    ListView1->setFocus(Qt::OtherFocusReason);
+    fill({}, {}, {});
+    showFrame(false);
     refresh(selected);
-}
-
-QStringList frmUsers::typed() const {
-    return {Text1->text(), Text2->text(), Combo1->currentText()};
 }
 
 // The first change to a stored password starts a new one.
@@ -217,31 +159,25 @@ void frmUsers::dropMask() {
     Text2->setText(Text2->text().remove(maskCharacter));
 }
 
-bool frmUsers::isComplete() {
-    const QString name = Text1->text();
-    const auto wrong = [this](const QString& text, QWidget* box) {
-        core::complain(mod_, this, text, box);
-        return false;
-    };
-    if (Combo1->currentText().isEmpty())
-        return wrong(u"Δεν έχετε επιλέξει ομάδα δικαιωμάτων\n για τον χρήστη "_s + name, Combo1);
-    if (name.isEmpty()) return wrong(u"Το όνομα Χρήστη δεν μπορεί να είναι κενό !!!"_s, Text1);
+frmUsers::Fault frmUsers::fault() {
+    const QString name = Text1->text(), group = Combo1->currentText();
+    if (group.isEmpty()) return {u"Δεν έχετε επιλέξει ομάδα δικαιωμάτων\n για τον χρήστη "_s + name, Combo1};
+    if (name.isEmpty()) return {u"Το όνομα Χρήστη δεν μπορεί να είναι κενό !!!"_s, Text1};
     // Of two users by the same name only one could log on, so a change of name is looked at as well.
     const bool isNew = mRs.editMode() == data::EditMode::Add;
     const bool renamed = isNew || data::fold(name) != data::fold(editedName_);
     if (renamed && isTaken(accounts(mod_.gConnUsers), name, isNew ? 0 : mRs[u"aa"].toLong()))
-        return wrong(u"Το όνομα Χρήστη %1 υπάρχει ήδη !!!"_s.arg(name), Text1);
-    if (Text2->text().isEmpty()) return wrong(u"Για λόγους ασφαλείας ο Κωδικός δεν μπορεί να είναι κενό !!!"_s, Text2);
-    return true;
+        return {u"Το όνομα Χρήστη %1 υπάρχει ήδη !!!"_s.arg(name), Text1};
+    if (Text2->text().isEmpty()) return {u"Για λόγους ασφαλείας ο Κωδικός δεν μπορεί να είναι κενό !!!"_s, Text2};
+    return {};
 }
 
 void frmUsers::save() {
-    if (!isComplete()) return;
+    if (const Fault found = fault(); !found.text.isEmpty()) return complain(found.text, found.field);
     const QString groupText = Combo1->currentText();
     const auto group = groupNumber(mod_.gConnUsers, groupText);
     if (!group)
-        return core::complain(mod_, this,
-                              u"Υπάρχει πρόβλημα με την συγκεκριμένη ομάδα Δικαιωμάτων (%1)"_s.arg(groupText), Combo1);
+        return complain(u"Υπάρχει πρόβλημα με την συγκεκριμένη ομάδα Δικαιωμάτων (%1)"_s.arg(groupText), Combo1);
     mRs[u"Group"].setValue(*group);
     mRs[u"UserName"].setValue(Text1->text());
     if (!passwordStands_) mRs[u"Password"].setValue(data::makeVerifier(Text2->text()));
@@ -251,17 +187,6 @@ void frmUsers::save() {
 
 void frmUsers::cancel() {
     showList(mRs.editMode() == data::EditMode::Add ? 0 : mRs[u"aa"].toLong());
-}
-
-bool frmUsers::queryUnload() {
-    return Frame1->isHidden() || typed() == shown_ ||
-           mod_.services.prompts.question(
-               this, core::programTitle(),
-               u"Ο χρήστης έχει αλλαγές που δεν αποθηκεύτηκαν.\nΝα κλείσει χωρίς αποθήκευση;"_s);
-}
-
-void frmUsers::onUnload() {
-    mRs.close();
 }
 
 }  // namespace users

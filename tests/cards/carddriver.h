@@ -101,10 +101,9 @@ struct CardRow {
     QString surname, firstName;
     QVariantMap more = {};
 };
-struct CardSite : CardOffice {
-    CardSite(std::initializer_list<CardRow> rows) : card(with(rows)) {}
-
-    CardDriver card;
+class CardSite : public CardOffice, public CardDriver {
+public:
+    CardSite(std::initializer_list<CardRow> rows) : CardDriver(with(rows)) {}
 
 private:
     core::MainMod& with(std::initializer_list<CardRow> rows) {

@@ -106,10 +106,9 @@ private slots:
     }
 
     void withoutSpecialFieldsOrTitle() {
-        CardSite office{{"Α", "Β"}};
-        auto& card = office.card;
+        CardSite card{{"Α", "Β"}};
         QVERIFY(card.form.gPrintKartela({}));
-        const auto& pages = office.desk.printers.sent[0].pages;
+        const auto& pages = card.desk.printers.sent[0].pages;
         QCOMPARE(pages[0].mid(0, 3), QStringList({"Βασικά Στοιχεία", "Επώνυμο:", "Α"}));
         QVERIFY(!pages[0].contains("Ειδικά Στοιχεία"));
         QCOMPARE(pages[1], QStringList({"Επώνυμο:", "Α"}));

@@ -10,19 +10,17 @@ class TestFrmAddress : public QObject {
     Q_OBJECT
 private slots:
     void anEmptyOfficeOpensEmptyAndLocked() {
-        CardSite office{};
-        auto& card = office.card;
-        QVERIFY(office.mod.gAddressOpen && card.isLocked());
+        CardSite card{};
+        QVERIFY(card.mod.gAddressOpen && card.isLocked());
         QCOMPARE(card.counter(), "Καρτέλα (0/0)");
         QCOMPARE(card.buttons(), browsing);
         for (const Button button : {Previous, Next, Edit}) card.press(button);
-        QCOMPARE(office.desk.sound.beeps, 0);
+        QCOMPARE(card.desk.sound.beeps, 0);
         QVERIFY(card.isLocked());
     }
 
     void walkingInSurnameOrder() {
-        CardSite office{{"Ωμέγα", "Γ"}, {"άλφα", "Α", {{"τηλεφωνο1", "2101"}}}, {"ΒΗΤΑ", "Β"}};
-        auto& card = office.card;
+        CardSite card{{"Ωμέγα", "Γ"}, {"άλφα", "Α", {{"τηλεφωνο1", "2101"}}}, {"ΒΗΤΑ", "Β"}};
         QCOMPARE(card.shown("Label1(0)"), "άλφα");
         QCOMPARE(card.shown("Label1(2)"), "2101");
         struct Case {
@@ -38,7 +36,7 @@ private slots:
             card.press(c.button);
             QCOMPARE(card.shown(surname), c.surname);
             QCOMPARE(card.counter(), QString("Εμφάνιση Καρτέλας ") + c.counter);
-            QCOMPARE(office.desk.sound.beeps, c.beeps);
+            QCOMPARE(card.desk.sound.beeps, c.beeps);
             QCOMPARE(card.buttons(), browsing);
         }
         QCOMPARE(card.shown("Label1(2)"), QString());
@@ -155,8 +153,7 @@ private slots:
     }
 
     void nullsShowTheEmptyCardsValues() {
-        CardSite office{{"Α", "Β"}, {"Β", "Γ", {{"FIELdnum1", 3}, {"πολη", "Βόλος"}, {"ΗΜ_ΓΕΝΗΣΗΣ", "1/1/2001"}}}};
-        auto& card = office.card;
+        CardSite card{{"Α", "Β"}, {"Β", "Γ", {{"FIELdnum1", 3}, {"πολη", "Βόλος"}, {"ΗΜ_ΓΕΝΗΣΗΣ", "1/1/2001"}}}};
         card.press(Next);
         card.press(Previous);
         for (const auto& [control, text] : {std::pair("txtDate", "01/01/1900"),
@@ -184,8 +181,7 @@ private slots:
     }
 
     void theTextsShowOneAtATime() {
-        CardSite office{{"Α", "Β"}};
-        auto& card = office.card;
+        CardSite card{{"Α", "Β"}};
         card.openTab("Κείμενα");
         QVERIFY(card.isVisible("txtMemo(0)") && !card.isVisible("txtMemo(1)"));
         card.click("cmdMemo(4)");

@@ -46,6 +46,10 @@ struct HistoryDriver : CardDriver {
     }
 };
 
+struct HistorySite : Ledger, HistoryDriver {
+    HistorySite() : HistoryDriver(mod) {}
+};
+
 void save(const Driver& form) {
     form.key(Qt::Key_F5);
 }
@@ -116,8 +120,7 @@ private slots:
     }
 
     void aNewMovementIsRoundedSavedAndShown() {
-        Ledger office;
-        HistoryDriver card(office.mod);
+        HistorySite card;
         card.inNewMovement([](Driver& form) {
             QCOMPARE(form.title(), " Καταχώρηση Νέας Κίνησης !");
             QCOMPARE(form.shown("txtDate"), "05/11/2026");
@@ -129,9 +132,9 @@ private slots:
             QVERIFY(!form.isOpen());
         });
         QCOMPARE(card.rows()[4], "05/11/2026|O'Neil & Σία|12,35|0,00|132,45");
-        QCOMPARE(office.total(), 132.45);
-        data::Recordset row(office.mod.gConn, "select * from History order by aa desc");
-        QCOMPARE(row[u"codecards"].toLong(), office.code);
+        QCOMPARE(card.total(), 132.45);
+        data::Recordset row(card.mod.gConn, "select * from History order by aa desc");
+        QCOMPARE(row[u"codecards"].toLong(), card.code);
         QCOMPARE(row[u"ΧΡΕΩΣΗ"].toDouble(), 12.35);
         QCOMPARE(row[u"notes"].text(), "πρώτη\nδεύτερη");
         QCOMPARE(row[u"n1"].value(), QVariant(0.0));
@@ -171,29 +174,27 @@ private slots:
     }
 
     void rowsThatStandForNothingOpenNothing() {
-        Ledger office;
-        HistoryDriver card(office.mod);
+        HistorySite card;
         for (const int row : {0, 1, 4, 5}) {
             card.doubleClick(row);
             card.click("cmdDelHistory");
         }
-        QVERIFY(office.desk.prompts.isEmpty());
+        QVERIFY(card.desk.prompts.isEmpty());
         // In a period without a movement carried over, the first row is a movement.
         card.period({2026, 10, 1}, {2026, 11, 5});
         card.inMovement(card.rowOf("Παλιό", 1), [](Driver& form) { QCOMPARE(form.shown("Text7(0)"), "Παλιό"); });
     }
 
     void deletingAsksAndCorrectsTheBalance() {
-        Ledger office;
-        HistoryDriver card(office.mod);
+        HistorySite card;
         for (const bool yes : {false, true}) {
             card.select(3);
-            office.desk.prompts.answer(yes);
+            card.desk.prompts.answer(yes);
             card.click("cmdDelHistory");
-            QCOMPARE(office.desk.prompts.lastText(), "Να συνεχίσω με διαγραφή της κίνησης;");
-            QCOMPARE(office.total(), yes ? 150.1 : 120.1);
+            QCOMPARE(card.desk.prompts.lastText(), "Να συνεχίσω με διαγραφή της κίνησης;");
+            QCOMPARE(card.total(), yes ? 150.1 : 120.1);
         }
-        QCOMPARE(office.count("History"), 2);
+        QCOMPARE(card.count("History"), 2);
     }
 
     void whatIsMissingIsNamedAndNothingIsLost() {
@@ -211,34 +212,32 @@ private slots:
             {"Text7(6)", ",", "Δεν έχετε συμπληρώσει σωστά το αριθμιτικό πεδίο!"},
             {"Text7(0)", QString(300, u'α'), "Dorvalist Error: "},
         };
-        Ledger office;
-        HistoryDriver card(office.mod);
+        HistorySite card;
         int saved = 3;
         for (const Case& c : cases) {
             const InCase in(QString(c.control) + ' ' + c.typed);
-            office.desk.prompts.clear();
+            card.desk.prompts.clear();
             card.inNewMovement([&](Driver& form) {
                 form.type("Text7(0)", "Λόγος");
                 form.type(c.control, c.typed);
                 save(form);
                 QVERIFY(form.isOpen());
-                QVERIFY2(office.desk.prompts.lastText().startsWith(c.told), qPrintable(office.desk.prompts.lastText()));
+                QVERIFY2(card.desk.prompts.lastText().startsWith(c.told), qPrintable(card.desk.prompts.lastText()));
                 QCOMPARE(form.shown(c.control), c.typed);
                 form.type(c.control, QString(c.control) == "txtDate" ? "05/11/2026" : "5");
                 save(form);
                 QVERIFY(!form.isOpen());
             });
-            QCOMPARE(office.desk.prompts.count(), 1);
-            QCOMPARE(office.count("History"), ++saved);
+            QCOMPARE(card.desk.prompts.count(), 1);
+            QCOMPARE(card.count("History"), ++saved);
         }
     }
 
     void leavingWithTypedTextAsks() {
-        Ledger office;
-        HistoryDriver card(office.mod);
+        HistorySite card;
         card.inNewMovement([&](Driver& form) {
             form.type("Text7(0)", "Λόγος");
-            office.desk.prompts.answer(false);
+            card.desk.prompts.answer(false);
             form.key(Qt::Key_Escape);
             QVERIFY(form.isOpen());
             form.click("lblClick(1)");
@@ -246,7 +245,7 @@ private slots:
             form.click("lblClick(2)");
             QVERIFY(!form.isOpen());
         });
-        QCOMPARE(office.desk.prompts.count(), 1);
+        QCOMPARE(card.desk.prompts.count(), 1);
     }
 
     void theOfficeNamesAndShowsItsFields() {
@@ -267,14 +266,13 @@ private slots:
     }
 
     void movementsWaitWhileTheCardIsChanged() {
-        Ledger office;
-        HistoryDriver card(office.mod);
+        HistorySite card;
         card.press(card::Edit);
         for (const char* name : {"cmdAddHistory", "Command4", "cmdDelHistory", "MnuNewHistory", "mnuEditHistory",
                                  "MnuDelHistory", "Frame2"})
             QVERIFY2(!card.isEnabled(name), name);
         card.doubleClick(3);
-        QCOMPARE(office.desk.sound.beeps, 1);
+        QCOMPARE(card.desk.sound.beeps, 1);
         card.press(card::Cancel);
         QVERIFY(card.isEnabled("cmdAddHistory") && card.isEnabled("Frame2"));
     }
@@ -291,8 +289,7 @@ private slots:
     }
 
     void theMenuOffersWhatTheRowAllows() {
-        Ledger office;
-        HistoryDriver card(office.mod);
+        HistorySite card;
         card.openTab("Ιστορικό");
         // Beside the rows, on the first one and further down.
         for (const int row : {-1, 0, 3}) {
@@ -311,14 +308,13 @@ private slots:
         activate(card.form);
         card.list()->setFocus();
         card.select(3);
-        office.desk.prompts.answer(true);
+        card.desk.prompts.answer(true);
         QTest::keyClick(card.list(), Qt::Key_Delete);
-        QCOMPARE(office.count("History"), 2);
+        QCOMPARE(card.count("History"), 2);
     }
 
     void tabGoesFromTopToBottom() {
-        Ledger office;
-        HistoryDriver card(office.mod);
+        HistorySite card;
         card.openTab("Ιστορικό");
         card.find("txtFrom")->setFocus();
         QCOMPARE(tabOrder("cmdPrint"),
@@ -340,62 +336,59 @@ private slots:
              {std::tuple("update History set ΠΙΣΤΩΣΗ=99 where aa=%1", "άλλαξε στο μεταξύ", 3),
               {"delete from History where aa=%1", "διαγράφηκε στο μεταξύ", 2}}) {
             const InCase in(told);
-            Ledger office;
-            HistoryDriver card(office.mod);
+            HistorySite card;
             card.inMovement(3, [&](Driver& form) {
-                OtherSeat(office).mod.gConn.execute(QString(sql).arg(office.last));
+                OtherSeat(card).mod.gConn.execute(QString(sql).arg(card.last));
                 form.type("txtPistosi", "31");
                 save(form);
-                QVERIFY(office.desk.prompts.lastText().contains(told));
+                QVERIFY(card.desk.prompts.lastText().contains(told));
                 QVERIFY(form.isOpen());
                 QCOMPARE(form.shown("txtPistosi"), "31");
             });
-            QCOMPARE(office.count("History"), remaining);
+            QCOMPARE(card.count("History"), remaining);
             card.click("cmdShow");
-            QCOMPARE(office.total(), remaining == 3 ? 51.1 : 150.1);
+            QCOMPARE(card.total(), remaining == 3 ? 51.1 : 150.1);
         }
     }
 
     void aMovementThatIsGoneIsSaid() {
-        Ledger office;
-        HistoryDriver card(office.mod);
-        office.mod.gConn.execute(QString("delete from History where aa=%1").arg(office.last));
+        HistorySite card;
+        card.mod.gConn.execute(QString("delete from History where aa=%1").arg(card.last));
         card.inMovement(3, [&](Driver& form) {
-            QCOMPARE(office.desk.prompts.lastText(), "Η συγκεκριμένη κίνηση έχει ακυρωθεί !");
+            QCOMPARE(card.desk.prompts.lastText(), "Η συγκεκριμένη κίνηση έχει ακυρωθεί !");
             QVERIFY(form.shown("Text7(0)").isEmpty());
             form.type("Text7(0)", "Λόγος");
             save(form);
             QVERIFY(form.isOpen());
         });
-        QCOMPARE(office.count("History"), 2);
+        QCOMPARE(card.count("History"), 2);
     }
 
     void aDatabaseThatIsGoneLeavesTheWindowUsable() {
-        Ledger office;
-        HistoryDriver card(office.mod);
+        HistorySite card;
         const QStringList before = card.rows();
         card.inNewMovement([&](Driver& form) {
-            office.lose();
+            card.lose();
             form.type("Text7(0)", "Λόγος");
             form.type("txtXreosh", "10");
             save(form);
             QVERIFY(form.isOpen());
-            QVERIFY(office.desk.prompts.lastText().contains("Η σύνδεση"));
+            QVERIFY(card.desk.prompts.lastText().contains("Η σύνδεση"));
             QCOMPARE(form.shown("txtXreosh"), "10");
-            office.bringBack();
+            card.bringBack();
             save(form);
             QVERIFY(!form.isOpen());
         });
-        QCOMPARE(office.total(), 130.1);
-        office.lose();
+        QCOMPARE(card.total(), 130.1);
+        card.lose();
         const QStringList shown = card.rows();
         QCOMPARE(shown.size(), before.size() + 1);
-        office.desk.prompts.answer(true);
+        card.desk.prompts.answer(true);
         card.select(3);
         for (const auto& [button, boxes] : {std::pair("cmdDelHistory", 3), {"cmdShow", 4}}) {
             card.click(button);
-            QCOMPARE(office.desk.prompts.count(), boxes);
-            QCOMPARE(office.desk.prompts.lastTitle(), "Μήνυμα λάθους");
+            QCOMPARE(card.desk.prompts.count(), boxes);
+            QCOMPARE(card.desk.prompts.lastTitle(), "Μήνυμα λάθους");
         }
         QCOMPARE(card.rows(), shown);
     }

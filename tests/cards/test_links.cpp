@@ -25,6 +25,10 @@ struct LinksDriver : CardDriver {
     void open(int row) const { emit links()->rowActivated(row); }
 };
 
+struct LinksSite : Links, LinksDriver {
+    LinksSite() : LinksDriver(mod) {}
+};
+
 }  // namespace
 
 class TestLinks : public QObject {
@@ -93,29 +97,28 @@ private slots:
     }
 
     void aNewLinkIsChosenTriedAndStored() {
-        Links office;
-        LinksDriver card(office.mod);
+        LinksSite card;
         inNextDialog("frmLink", [&](Driver& form) {
             QCOMPARE(form.title(), " Καταχώρηση Νέας Σύνδεσης !");
             form.click("Command2");
-            QCOMPARE(office.desk.prompts.lastText(), "Δεν έχετε συμπληρώσει την Περιγραφή του συνδέσμου !");
+            QCOMPARE(card.desk.prompts.lastText(), "Δεν έχετε συμπληρώσει την Περιγραφή του συνδέσμου !");
             form.type("Text1", "O'Neil");
             form.click("Command2");
             QVERIFY(form.isOpen());
-            office.desk.prompts.answerFile("");
+            card.desk.prompts.answerFile("");
             form.click("cmdChoose");
             QVERIFY(form.shown("File1").isEmpty() && !form.isEnabled("Command1"));
-            office.desk.prompts.answerFile(office.offer);
+            card.desk.prompts.answerFile(card.offer);
             form.click("cmdChoose");
-            QCOMPARE(form.shown("File1"), office.offer);
+            QCOMPARE(form.shown("File1"), card.offer);
             form.click("Command1");
-            QCOMPARE(office.desk.shell.opened, QStringList{office.offer});
+            QCOMPARE(card.desk.shell.opened, QStringList{card.offer});
             form.click("Command2");
             QVERIFY(!form.isOpen());
         });
         card.click("Command8");
-        QCOMPARE(card.rows(), QStringList{"O'Neil|" + office.offer});
-        QCOMPARE(office.value("select codecards from Links").toLongLong(), office.code);
+        QCOMPARE(card.rows(), QStringList{"O'Neil|" + card.offer});
+        QCOMPARE(card.value("select codecards from Links").toLongLong(), card.code);
         // The next new one has nothing of it.
         inNextDialog("frmLink",
                      [](Driver& form) { QVERIFY(form.shown("Text1").isEmpty() && form.shown("File1").isEmpty()); });

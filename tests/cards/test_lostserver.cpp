@@ -16,46 +16,43 @@ class TestLostServer : public QObject {
 
 private slots:
     void aCardUnderEditIsSavedByTheSecondTry() {
-        CardSite office{{"Α", "1", {{"πολη", "Βόλος"}}}};
-        auto& card = office.card;
+        CardSite card{{"Α", "1", {{"πολη", "Βόλος"}}}};
         card.press(card::Edit);
         card.type(card::city, "Λάρισα");
-        lose(office);
+        lose(card);
         for (const bool editing : {true, false}) {
             card.press(card::Save);
-            QCOMPARE(office.desk.prompts.count(), 1);
-            QVERIFY(office.desk.prompts.lastText().contains(" Error: "));
+            QCOMPARE(card.desk.prompts.count(), 1);
+            QVERIFY(card.desk.prompts.lastText().contains(" Error: "));
             QCOMPARE(card.form.isEditing(), editing);
             QCOMPARE(card.shown(card::city), "Λάρισα");
         }
-        QCOMPARE(office.text("select πολη from cards"), "Λάρισα");
+        QCOMPARE(card.text("select πολη from cards"), "Λάρισα");
     }
 
     void aMovementIsSavedByTheSecondTry() {
-        CardSite office{{"Α", "1"}};
-        auto& card = office.card;
+        CardSite card{{"Α", "1"}};
         inNextDialog("frmHistory", [&](Driver& form) {
             form.type("Text7(0)", "Επίσκεψη");
             form.type("txtXreosh", "12,50");
-            lose(office);
+            lose(card);
             for (const bool open : {true, false}) {
                 form.click("lblClick(0)");
-                QCOMPARE(office.desk.prompts.count(), 1);
+                QCOMPARE(card.desk.prompts.count(), 1);
                 QCOMPARE(form.isOpen(), open);
             }
         });
         card.click("cmdAddHistory");
-        QCOMPARE(office.value("select ΧΡΕΩΣΗ from History"), 12.5);
-        QCOMPARE(office.count("History"), 1);
+        QCOMPARE(card.value("select ΧΡΕΩΣΗ from History"), 12.5);
+        QCOMPARE(card.count("History"), 1);
     }
 
     void walkingGoesOn() {
-        CardSite office{{"Α", "1"}, {"Β", "2"}};
-        auto& card = office.card;
-        lose(office);
+        CardSite card{{"Α", "1"}, {"Β", "2"}};
+        lose(card);
         for (const card::Button button : {card::Next, card::Previous}) {
             card.press(button);
-            QCOMPARE(office.desk.prompts.count(), 1);
+            QCOMPARE(card.desk.prompts.count(), 1);
         }
         QCOMPARE(card.shown(card::surname), "Α");
     }

@@ -10,7 +10,7 @@ using support::SourceLiteral;
 
 namespace {
 
-const QString roomOfEngineStatements = u"schema"_s;  // in narrow literals
+const QStringList roomsOfEngineStatements = {u"schema"_s, u"copies"_s};  // in narrow literals
 
 // Files whose statements take a table's name, and the names that they give.
 struct NamedTables {
@@ -79,7 +79,7 @@ QString withValues(QString text, const data::TableInfo* table) {
 QStringList StatementChecker::complaints(const QString& room, const QString& file, const QString& source) {
     QStringList found;
     for (const SourceLiteral& literal : support::sourceLiterals(source)) {
-        if (room == roomOfEngineStatements && !literal.isWide) continue;
+        if (roomsOfEngineStatements.contains(room) && !literal.isWide) continue;
         if (const QString complaint = complaintAbout(literal, file); !complaint.isEmpty())
             found += u"%1:%2: %3\n    %4"_s.arg(file, QString::number(literal.line), complaint, literal.text);
     }

@@ -1,6 +1,7 @@
 // Every control that can take the focus can be named by a screen reader and reached by Tab.
 #include <QAccessible>
 #include <QMdiArea>
+#include <QMdiSubWindow>
 #include <QScrollBar>
 #include <QTabWidget>
 

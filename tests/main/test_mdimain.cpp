@@ -139,6 +139,7 @@ private slots:
         const auto window = site.open();
         window->menu("mnuCards")->trigger();
         window->findChild<QAbstractButton*>("lblClick(5)")->click();
+        window->findChild<controls::TextBox*>("Text7(0)")->setText("Α");
         QSignalSpy loggedOff(window.get(), &MDIMain::loggedOff);
         site.desk.prompts.answer(false);
         window->menu("mnuLogOff")->trigger();

@@ -4,6 +4,8 @@
 #include "schema/check.h"
 #include "schema/office.h"
 #include "schema/officebuilder.h"
+#include "schema/tabfile.h"
+#include "schema/tablewriter.h"
 #include "schema/upgrade.h"
 #include "support/cases.h"
 #include "support/officefolder.h"
@@ -88,7 +90,7 @@ class TestOlderVersions : public QObject {
             const QString wantedFile = database == Database::Main ? fresh.mainFile() : fresh.usersFile();
             const QString oldName = schemaName(old.file(database)), newName = schemaName(wantedFile);
             QCOMPARE(schema::storedVersion(before), version);
-            if (database == Database::Main)  // otherwise nothing would be upgraded here
+            if (database == Database::Main && version < 3)  // version 4 brought rows alone
                 QVERIFY(structure(before, oldName) != structure(wanted, newName));
             before.close();
 
@@ -106,6 +108,26 @@ class TestOlderVersions : public QObject {
         }
     }
 
+    // "name dd/mm", in any year.
+    static void writeNameDays(const QString& connectionString, const QStringList& lines) {
+        data::Connection connection;
+        connection.open(connectionString);
+        data::Transaction transaction(connection);
+        schema::TableWriter writer(connection, *schema::findTable(Database::Main, u"NameDay"),
+                                   {u"ONOMA"_s, u"HMERA"_s});
+        for (const QString& line : lines)
+            writer.write({line.chopped(6),
+                          data::wallClock(QDate(1999, line.right(2).toInt(), line.mid(line.size() - 5, 2).toInt()))});
+        transaction.commit();
+    }
+    static QStringList nameDays(data::Connection& connection) {
+        QStringList lines;
+        for (data::Recordset rows(connection, u"select ONOMA,HMERA from NameDay"_s); !rows.eof(); rows.moveNext())
+            lines += rows.field(0).text() + rows.field(1).toDate().toString(u" dd'/'MM");
+        lines.sort();
+        return lines;
+    }
+
 private slots:
     void anUpgradedSchemaIsThatOfANewOne() {
         ScratchOffice fresh;
@@ -113,6 +135,31 @@ private slots:
             upgradeFrom(version, fresh);
             if (QTest::currentTestFailed()) QFAIL(qPrintable(u"version %1"_s.arg(version)));
         }
+    }
+
+    // Of the delivered rows the office has deleted one and moved one to a day that comes with the upgrade.
+    void anOlderOfficeGetsTheNewNameDays() {
+        const OldOffice old(3);
+        const QString string = schema::connectionString(Database::Main, old.file(Database::Main));
+        QStringList before = {u"Μπουμπουλίνα 21/05"_s, u"Άννα 09/12"_s}, added;
+        for (const schema::TabRow& row : schema::readTabFile(QString::fromUtf8(DORV_REFERENCE "/namedays.tsv"), 2))
+            (row.since < 4 ? before : added) += row.cells.join(u' ');
+        QVERIFY(before.removeOne(u"Ζανέτ 07/01"_s) && before.removeOne(u"Άννα 09/09"_s));
+        QVERIFY(added.size() > 300 && added.removeOne(u"Άννα 09/12"_s));
+        writeNameDays(string, before);
+
+        data::Connection connection;
+        copies::openUpgraded(connection, string);
+        QStringList wanted = before + added;
+        wanted.sort();
+        QCOMPARE(nameDays(connection), wanted);
+    }
+
+    void anOfficeWithoutNameDaysStaysWithout() {
+        const OldOffice old(3);
+        data::Connection connection;
+        copies::openUpgraded(connection, schema::connectionString(Database::Main, old.file(Database::Main)));
+        QCOMPARE(nameDays(connection), QStringList());
     }
 };
 

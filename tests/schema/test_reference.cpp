@@ -27,13 +27,19 @@ class TestReference : public QObject {
 
 private slots:
     void deliveredNameDaysAreACalendar() {
-        QSet<QString> names, pairs;
+        QHash<QString, int> daysOf;
+        QSet<QString> pairs;
         QVector<int> perMonth(13);
+        QPair<int, QString> last;  // part and day of the year
         for (const schema::TabRow& row : schema::readTabFile(delivered(u"namedays.tsv"_s), 2)) {
             const QString name = row.cells[0], day = row.cells[1];
-            names += name;
-            QVERIFY2(!pairs.contains(name + day), qPrintable(name));
+            QVERIFY2(!pairs.contains(name + day), qPrintable(name + u' ' + day));
             pairs += name + day;
+            // What the first part says of a name is its one first choice; each part runs through the year.
+            QVERIFY2(++daysOf[name] == 1 || row.since > 1, qPrintable(name + u' ' + day));
+            const QPair<int, QString> place(row.since, day.mid(3) + day.left(2));
+            QVERIFY2(last <= place && row.since <= schema::currentVersion, qPrintable(name + u' ' + day));
+            last = place;
             // In a year without 29 February, so that every feast comes every year.
             const QDate date = QDate::fromString(day + u"/2025"_s, u"dd/MM/yyyy"_s);
             QVERIFY2(date.isValid(), qPrintable(name + u' ' + day));
@@ -41,10 +47,51 @@ private slots:
             QVERIFY2(name.size() <= 30 && name[0].isUpper() && !name.contains(u' '), qPrintable(name));
             const bool greek =
                 std::all_of(name.cbegin(), name.cend(), [](QChar c) { return c.script() == QChar::Script_Greek; });
-            QVERIFY2(greek, qPrintable(name));
+            QVERIFY2(greek && name == name.normalized(QString::NormalizationForm_C), qPrintable(name));
         }
-        QVERIFY(names.size() >= 400);
+        QVERIFY(daysOf.size() >= 1000);
+        const auto several = std::count_if(daysOf.cbegin(), daysOf.cend(), [](int days) { return days > 1; });
+        QVERIFY2(several >= 200, qPrintable(QString::number(several)));
         QVERIFY(*std::min_element(perMonth.cbegin() + 1, perMonth.cend()) >= 30);
+    }
+
+    void namesHaveAllTheirFixedFeasts() {
+        QHash<QString, QStringList> daysOf;
+        for (const schema::TabRow& row : schema::readTabFile(delivered(u"namedays.tsv"_s), 2))
+            daysOf[row.cells[0]] += row.cells[1];
+        const struct {
+            QString name, days;
+        } cases[] = {
+            {u"Άννα"_s, u"09/09 03/02 25/07 09/12"_s},
+            {u"Γρηγόριος"_s, u"10/01 25/01 14/11"_s},
+            {u"Γρηγόρης"_s, u"10/01 25/01 14/11"_s},
+            {u"Ιωάννης"_s, u"07/01 08/05 27/05 24/06 29/08 26/09 13/11"_s},
+            {u"Γιάννης"_s, u"07/01 24/06 26/09 13/11"_s},
+            {u"Αθανάσιος"_s, u"18/01 02/05 05/07"_s},
+            {u"Θεόδωρος"_s, u"08/02 17/02"_s},
+            {u"Γεώργιος"_s, u"23/04 03/11"_s},
+            {u"Δημήτριος"_s, u"26/10"_s},
+            {u"Νικόλαος"_s, u"06/12 20/05"_s},
+            {u"Κωνσταντίνος"_s, u"21/05"_s},
+            {u"Μαρία"_s, u"15/08 08/09 21/11"_s},
+            {u"Δέσποινα"_s, u"15/08 21/11"_s},
+            {u"Διονύσιος"_s, u"03/10 24/08 17/12"_s},
+            {u"Γεράσιμος"_s, u"20/10 16/08"_s},
+            {u"Νεκτάριος"_s, u"09/11 03/09"_s},
+            {u"Σταμάτης"_s, u"03/02 08/11"_s},
+            {u"Κοσμάς"_s, u"01/07 24/08 01/11"_s},
+            {u"Στέφανος"_s, u"27/12 02/08"_s},
+            {u"Φωτεινή"_s, u"06/01 26/02"_s},
+            {u"Κύριλλος"_s, u"18/01 09/06"_s},
+            {u"Ειρήνη"_s, u"05/05 28/07"_s},
+            {u"Αναστασία"_s, u"22/12 29/10"_s},
+            {u"Αθηνά"_s, u"01/09"_s},
+            {u"Θεολόγος"_s, u"08/05 26/09"_s},
+        };
+        forEach(cases, [&](const auto& one) {
+            for (const QString& day : one.days.split(u' ')) QVERIFY2(daysOf[one.name].contains(day), qPrintable(day));
+        });
+        QCOMPARE(daysOf[u"Αικατερίνη"_s], QStringList(u"25/11"_s));  // a name of one feast stays one of one feast
     }
 
     void deliveredFilesLoad() {

@@ -9,6 +9,7 @@
 #include "controls/theme.h"
 #include "copies/upgradecopy.h"
 #include "core/printpreview.h"
+#include "core/printsettings.h"
 #include "core/workprogress.h"
 #include "demo/demo.h"
 #include "schema/creation.h"

@@ -61,6 +61,10 @@ struct UsersDriver : support::Driver {
     users::frmUsers form;
 };
 
+struct UsersSite : ThreeUsers, UsersDriver {
+    UsersSite() : UsersDriver(static_cast<ThreeUsers&>(*this)) {}
+};
+
 }  // namespace
 
 class TestFrmUsers : public QObject {
@@ -101,14 +105,13 @@ private slots:
         };
         for (const Case& c : cases) {
             const support::InCase in(c.name);
-            ThreeUsers office;
-            UsersDriver form(office);
+            UsersSite form;
             const QStringList before = form.names();
             c.edited.isEmpty() ? form.trigger("mnuNewUser") : form.edit(c.edited);
             QVERIFY(form.isEditing());
             form.fill(c.user, c.password, c.group);
             form.confirm();
-            QCOMPARE(office.desk.prompts.lastText(), c.message);
+            QCOMPARE(form.desk.prompts.lastText(), c.message);
             QCOMPARE(form.isEditing(), !c.message.isEmpty());
             QCOMPARE(form.focused(), c.focus);
             if (form.isEditing()) {
@@ -116,66 +119,61 @@ private slots:
                 QCOMPARE(form.names(), before);
                 continue;
             }
-            QCOMPARE(office.user(c.user), c.user + "/2");
-            QVERIFY(office.knows(c.user, c.password));
+            QCOMPARE(form.user(c.user), c.user + "/2");
+            QVERIFY(form.knows(c.user, c.password));
             QCOMPARE(form.names().size(), before.size() + (c.edited.isEmpty() ? 1 : 0));
             QCOMPARE(form.list()->row(form.list()->currentRow()).cells, QStringList({c.user, c.group}));
         }
     }
 
     void anUntouchedPasswordStands() {
-        ThreeUsers office;
-        UsersDriver form(office);
+        UsersSite form;
         form.edit("maria");
         QCOMPARE(form.find<QLineEdit>("Text2")->echoMode(), QLineEdit::Password);
         QVERIFY(!form.shown("Text2").isEmpty() && !form.shown("Text2").contains("argon2"));
         QCOMPARE(form.shown("Combo1"), "Διαχειριστές");
         form.find<QComboBox>("Combo1")->setCurrentIndex(2);
         form.confirm();
-        QCOMPARE(office.user("maria"), "maria/3");
-        QVERIFY(office.knows("maria", "m1"));
+        QCOMPARE(form.user("maria"), "maria/3");
+        QVERIFY(form.knows("maria", "m1"));
     }
 
     void typingBesideTheDotsStartsANewPassword() {
-        ThreeUsers office;
-        UsersDriver form(office);
+        UsersSite form;
         form.edit("maria");
         form.typeBehindPassword([](QLineEdit* line) { QTest::keyClicks(line, "xy"); });
         form.confirm();
-        QVERIFY(office.knows("maria", "xy") && !office.knows("maria", "m1"));
+        QVERIFY(form.knows("maria", "xy") && !form.knows("maria", "m1"));
         form.trigger("mnuEditUser");
         form.typeBehindPassword([](QLineEdit* line) { QTest::keyClick(line, Qt::Key_Backspace); });
         form.confirm();
-        QCOMPARE(office.desk.prompts.lastText(), noPassword);
+        QCOMPARE(form.desk.prompts.lastText(), noPassword);
     }
 
     void aGroupThatIsGoneIsTold() {
-        ThreeUsers office;
-        UsersDriver form(office);
+        UsersSite form;
         form.trigger("mnuNewUser");
         form.fill("άννα", "p", "Χρήστες");
-        office.mod.gConnUsers.execute("delete from groups where code=2");
+        form.mod.gConnUsers.execute("delete from groups where code=2");
         form.confirm();
-        QCOMPARE(office.desk.prompts.lastText(), "Υπάρχει πρόβλημα με την συγκεκριμένη ομάδα Δικαιωμάτων (Χρήστες)");
-        QVERIFY(form.isEditing() && office.user("άννα").isEmpty());
+        QCOMPARE(form.desk.prompts.lastText(), "Υπάρχει πρόβλημα με την συγκεκριμένη ομάδα Δικαιωμάτων (Χρήστες)");
+        QVERIFY(form.isEditing() && form.user("άννα").isEmpty());
     }
 
     void deletingAsksFirst() {
-        ThreeUsers office;
-        UsersDriver form(office);
+        UsersSite form;
         form.select("O'Neil");
         for (const bool yes : {false, true}) {
-            office.desk.prompts.answer(yes);
+            form.desk.prompts.answer(yes);
             form.trigger("mnuDeleteUser");
-            QCOMPARE(office.desk.prompts.lastText(), deletion + "O'Neil");
-            QCOMPARE(office.user("O'Neil"), yes ? "" : "O'Neil/3");
+            QCOMPARE(form.desk.prompts.lastText(), deletion + "O'Neil");
+            QCOMPARE(form.user("O'Neil"), yes ? "" : "O'Neil/3");
         }
         QCOMPARE(form.names(), QStringList({"νίκος", "maria"}));
     }
 
     void theKeyboardReachesEverything() {
-        ThreeUsers office;
-        UsersDriver form(office);
+        UsersSite form;
         form.select("maria");
         QTest::keyClick(form.list(), Qt::Key_Return);
         QVERIFY(form.isEditing());
@@ -183,7 +181,7 @@ private slots:
         form.type("Text1", "άλλη");
         QTest::keyClick(QApplication::focusWidget(), Qt::Key_Escape);
         QVERIFY(!form.isEditing());
-        QCOMPARE(office.user("maria"), "maria/1");
+        QCOMPARE(form.user("maria"), "maria/1");
         // Nothing of the user that was on show stays for the new one.
         QTest::keyClick(form.list(), Qt::Key_Insert);
         QVERIFY(form.isEditing());
@@ -191,14 +189,13 @@ private slots:
         form.click("Command2");
         QVERIFY(!form.isEditing());
         form.select("maria");
-        office.desk.prompts.answer(true);
+        form.desk.prompts.answer(true);
         QTest::keyClick(form.list(), Qt::Key_Delete);
         QCOMPARE(form.names(), QStringList({"O'Neil", "νίκος"}));
     }
 
     void theMenuOffersWhatIsPossible() {
-        ThreeUsers office;
-        UsersDriver form(office);
+        UsersSite form;
         auto* list = form.list();
         const auto request = [](QWidget* on, QContextMenuEvent::Reason reason, QPoint at) {
             QContextMenuEvent event(reason, at, on->mapToGlobal(at));
@@ -262,42 +259,39 @@ private slots:
         };
         for (const Case& c : cases) {
             const support::InCase in(c.told);
-            ThreeUsers office;
-            UsersDriver form(office);
+            UsersSite form;
             form.edit("maria");
             form.fill(c.user, "p", "Χρήστες");
-            support::OtherSeat other(office);
+            support::OtherSeat other(form);
             if (!c.meanwhile.isEmpty()) other.mod.gConnUsers.execute(c.meanwhile);
             form.confirm();
-            QCOMPARE(office.desk.prompts.lastTitle(), "Μήνυμα λάθους");
-            QVERIFY2(office.desk.prompts.lastText().contains(c.told), qPrintable(office.desk.prompts.lastText()));
+            QCOMPARE(form.desk.prompts.lastTitle(), "Μήνυμα λάθους");
+            QVERIFY2(form.desk.prompts.lastText().contains(c.told), qPrintable(form.desk.prompts.lastText()));
             QVERIFY(form.isEditing());
             QCOMPARE(form.shown("Text1"), c.user);
             QCOMPARE(form.shown("Text2"), "p");
-            QVERIFY(office.user(c.user).isEmpty());
+            QVERIFY(form.user(c.user).isEmpty());
         }
     }
 
     void aUserWhoIsGoneLeavesTheList() {
         for (const char* action : {"mnuEditUser", "mnuDeleteUser"}) {
-            ThreeUsers office;
-            UsersDriver form(office);
+            UsersSite form;
             form.select("maria");
-            office.mod.gConnUsers.execute("delete from users where UserName='maria'");
+            form.mod.gConnUsers.execute("delete from users where UserName='maria'");
             form.trigger(action);
-            QCOMPARE(office.desk.prompts.lastText(), "Ο χρήστης έχει διαγραφεί στο μεταξύ.");
+            QCOMPARE(form.desk.prompts.lastText(), "Ο χρήστης έχει διαγραφεί στο μεταξύ.");
             QVERIFY(!form.isEditing() && !form.names().contains("maria"));
         }
     }
 
     void closingOverChangesAsks() {
-        ThreeUsers office;
-        UsersDriver form(office);
+        UsersSite form;
         form.trigger("mnuNewUser");
         QVERIFY(form.form.unload(true, {}));
         form.type("Text1", "άννα");
         for (const bool yes : {false, true}) {
-            office.desk.prompts.answer(yes);
+            form.desk.prompts.answer(yes);
             QCOMPARE(form.form.unload(true, {}), yes);
         }
     }

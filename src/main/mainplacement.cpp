@@ -1,0 +1,49 @@
+#include "main/mainplacement.h"
+
+#include <QLayout>
+#include <QScreen>
+
+#include "controls/theme.h"
+#include "core/placement.h"
+
+using namespace Qt::Literals::StringLiterals;
+
+namespace entry {
+
+namespace {
+
+const QString section = u"Settings"_s, width = u"MainWidth"_s, height = u"MainHeight"_s;
+
+// `wanted` is the frame's corner and the size inside.
+void putFrame(QWidget& window, QRect wanted) {
+    const QSize frame = window.isVisible() ? window.frameGeometry().size() - window.size() : QSize(8, 36);
+    wanted.setSize(wanted.size() + frame);
+    wanted = core::fitInto(wanted, window.screen()->availableGeometry());
+    window.move(wanted.topLeft());
+    window.resize(wanted.size() - frame);
+}
+
+}  // namespace
+
+void place(QWidget& window, const platform::Settings& settings) {
+    const QSize size(controls::toPixels(settings.number(section, width, 11655)),
+                     controls::toPixels(settings.number(section, height, 8445)));
+    putFrame(window, {core::loadPosition(settings, {u"Main"_s, 105, 45}), size});
+}
+
+void storePlacement(const QWidget& window, platform::Settings& settings) {
+    if (window.isMinimized()) return;
+    // The corner of the frame, as it is moved to, and the size inside it.
+    const QRect rect = window.isMaximized() ? window.normalGeometry() : QRect(window.pos(), window.size());
+    core::storePosition(settings, {u"Main"_s}, rect.topLeft());
+    settings.setNumber(section, width, controls::toTwips(rect.width()));
+    settings.setNumber(section, height, controls::toTwips(rect.height()));
+}
+
+void grow(QWidget& window, QSize missing) {
+    if (window.isMaximized()) return;
+    putFrame(window, {window.pos(), window.size() + missing});
+    window.layout()->activate();
+}
+
+}  // namespace entry
