@@ -7,6 +7,7 @@
 #include "controls/names.h"
 #include "controls/theme.h"
 #include "core/printsettings.h"
+#include "main/frmrestore.h"
 #include "main/mainplacement.h"
 #include "users/windows.h"
 
@@ -32,6 +33,10 @@ MDIMain::MDIMain(core::MainMod& mod)
     core::addWindows(windows_, mod_);
     cards::addWindows(windows_, mod_);
     users::addWindows(windows_, mod_);
+    // With no copies in it; Program gives it those of the folder.
+    windows_.addDialog(u"frmRestore"_s, [&mod](QWidget* parent) {
+        return std::make_unique<frmRestore>(mod, parent, QVector<core::ListedBackup>());
+    });
     menus_ = new MenuTree(mod_, this, windows_, ownEntries());
     setCentralWidget(area_);
     setStatusBar(status_);
