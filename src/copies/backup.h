@@ -1,4 +1,10 @@
 // Copies of an office: one tar with both databases, or their dumps, and a list of what must be in them.
+//
+// Each database of files is copied by SQLite's backup interface inside one read transaction. In WAL mode that holds no
+// writer up and never starts again, and the row counts belong to the moment of the copy; the journal can't be reset
+// until the copy ends. The copies are opened, put through `integrity_check` and counted, the tar is read back and
+// compared, and only then it gets its name by a rename. All work happens in a folder `.dorvalist-work-XXXXXX` beside
+// it. The two databases are copied one after the other: no transaction spans both, so each is whole in itself.
 #pragma once
 
 #include <QDateTime>

@@ -1,4 +1,11 @@
 // Carrying a whole office to another folder, from any engine to any.
+//
+// Both databases are made anew. Before that, all rows are looked through for what the other side can't hold: a text
+// with NUL is refused with its row rather than changed. Rows travel in the order of their identities in pieces of at
+// most 500 rows and some megabytes, into a server by binary COPY; indexes come last. Then both sides are read again in
+// step and every cell is compared, as are the next number of each table, the properties and the indexes. The old office
+// is held still meanwhile: its files by a write lock in the plain journal mode, which shows idle seats too; a server's
+// tables by SHARE locks and a look at who is connected.
 #pragma once
 
 #include <QString>

@@ -1,4 +1,10 @@
 // Putting a copy of an office in the place of what is there.
+//
+// The copy is unpacked beside the target and checked first. Whatever keeps the program from knowing that nobody has the
+// file open is a refusal; the file is held exclusively until the exchange. The old file stays as
+// `dorvalist.mdb.YYYYMMDD-HHMMSS` with its journals: a second name is linked and the new file renamed over the first,
+// so that a database is there at any moment. Journals go aside even when their file is gone, since SQLite would play
+// them into the file that comes.
 #pragma once
 
 #include <QString>

@@ -1,4 +1,12 @@
 // A dump put into a schema of a server.
+//
+// A dump names its schema, and `pg_restore` can't give it another name. So its text is played through the program's own
+// connection, in one transaction: whoever has that name in the database gives it up, the schema is made and filled,
+// becomes `NAME_restoring`, and the name goes back. Nobody else sees any of that. It gets its indexes from the tables'
+// descriptions and is counted; then one transaction renames the old schemas to a dated name and the new ones to theirs,
+// and makes the functions anew, which may know their schema by name. When it is killed before, a `NAME_restoring` is
+// left, which the next restoring drops. What an index computes must work without a search path, since the server's own
+// housekeeping has none.
 #pragma once
 
 #include "copies/restoreoptions.h"

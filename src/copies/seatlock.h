@@ -1,4 +1,14 @@
 // One seat at a time on a database file that lies on a network file system.
+//
+// Seats on one machine share SQLite's journal index in memory; on a network file system they can't. So one seat gets
+// in: it makes a lock file `dorvalist.seat` exclusively, which names host and process, and writes it anew every minute.
+// It is taken over when its process is gone or after five minutes without that. The file's age is the difference to a
+// file made just then in the same folder, so that only the file server's clock counts. Whoever finds his own text in
+// the file removes it, after a rename out of the others' way; the file system's own locks aren't used, since a
+// mandatory one would keep the others from reading the file.
+//
+// A folder needs the seat unless both its databases are on a server. One with a damaged database needs it too, or a
+// second seat would restore over the first. FUSE counts as network, also with a local disk behind it.
 #pragma once
 
 #include <QDateTime>

@@ -1,4 +1,8 @@
 // The server's own programs for copies of its databases.
+//
+// A database is dumped by `pg_dump` in the snapshot that the counting connection exported, so that counts and dump are
+// of one moment. A dump is checked by having `pg_restore` write it out as text and counting the rows of each table, for
+// which no server is needed.
 #pragma once
 
 #include <QString>

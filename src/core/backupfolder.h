@@ -1,4 +1,8 @@
 // The folder of an office's copies: whose they are, which are old, which is the newest good one.
+//
+// What was made when is told by the names in the folder alone, not by a user's settings, so that several seats that
+// share it make one copy a day; of those that start at once the newest stays. A name carries a tag of the office's
+// folder, so that offices which share a folder of copies neither drop nor restore each other's.
 #pragma once
 
 #include <QDateTime>

@@ -1,3 +1,6 @@
+// Stored forms: a date is `timestamp(0)`, a flag `boolean`, a text `varchar(n)` or `text` with COLLATE "C". An
+// autonumber is a `bigint` identity; a table without one gets the hidden column `_row`. Names that begin with `_` are
+// no business of the catalog. A name over 63 bytes is cut, and its comment keeps the whole.
 #pragma once
 
 #include "data/dialect/enginedialect.h"

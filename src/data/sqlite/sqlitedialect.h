@@ -1,3 +1,5 @@
+// Stored forms: a date is whole seconds since 1899-12-30, a flag 0 or 1, a text UTF-8. Declared column types carry the
+// dialect's type without a wrong affinity.
 #pragma once
 
 #include "data/dialect/enginedialect.h"
