@@ -18,9 +18,9 @@ constexpr int madeUpMovements = 600;
 constexpr int madeUpAppointments = 150;
 
 template <size_t count>
-QVariant pick(const char16_t* const (&words)[count], int i) {
-    const char16_t* word = words[size_t(i) % count];
-    return word ? QVariant(QString::fromUtf16(word)) : QVariant();
+QVariant pick(const QString (&words)[count], int i) {
+    const QString& word = words[size_t(i) % count];
+    return word.isNull() ? QVariant() : word;
 }
 
 // As it is, in capitals without accents, or in small letters: one name to a person.
@@ -42,21 +42,20 @@ QDateTime day(int year, int days, QTime time = QTime(0, 0)) {
 }
 
 void addCards(Connection& connection) {
-    static constexpr const char16_t* surnames[] = {
-        u"Αγγελόπουλος", u"Βασιλείου", u"Γεωργίου",     u"Δημητρίου", u"Ευαγγέλου",  u"Ζαφειρίου",   u"Ηλιόπουλος",
-        u"Θεοδώρου",     u"Ιωαννίδης", u"Κωνσταντίνου", u"Λάμπρου",   u"Μιχαηλίδης", u"Νικολάου",    u"Ξενάκης",
-        u"Οικονόμου",    u"Παππάς",    u"Ράπτης",       u"Σταύρου",   u"Τσιρώνης",   u"Χατζηγιάννης"};
-    static constexpr const char16_t* firstNames[] = {u"Γιώργος", u"Μαρία",    u"Νίκος", u"Ελένη", u"Κώστας",
-                                                     u"Άννα",    u"Δημήτρης", u"Σοφία", u"Ίων",   u"Ιωάννα",
-                                                     u"Πέτρος",  u"Όλγα",     u"Zoë"};
-    static constexpr const char16_t* towns[] = {u"Αθήνα",    u"Θεσσαλονίκη", u"Πάτρα", u"ΑΘΗΝΑ",
-                                                u"Ηράκλειο", u"Βόλος",       u"πάτρα", nullptr};
-    static constexpr const char16_t* lists[] = {u"Χονδρική", u"Λιανική", nullptr};
+    static const QString surnames[] = {u"Αγγελόπουλος"_s, u"Βασιλείου"_s,    u"Γεωργίου"_s,   u"Δημητρίου"_s,
+                                       u"Ευαγγέλου"_s,    u"Ζαφειρίου"_s,    u"Ηλιόπουλος"_s, u"Θεοδώρου"_s,
+                                       u"Ιωαννίδης"_s,    u"Κωνσταντίνου"_s, u"Λάμπρου"_s,    u"Μιχαηλίδης"_s,
+                                       u"Νικολάου"_s,     u"Ξενάκης"_s,      u"Οικονόμου"_s,  u"Παππάς"_s,
+                                       u"Ράπτης"_s,       u"Σταύρου"_s,      u"Τσιρώνης"_s,   u"Χατζηγιάννης"_s};
+    static const QString firstNames[] = {u"Γιώργος"_s, u"Μαρία"_s,    u"Νίκος"_s, u"Ελένη"_s, u"Κώστας"_s,
+                                         u"Άννα"_s,    u"Δημήτρης"_s, u"Σοφία"_s, u"Ίων"_s,   u"Ιωάννα"_s,
+                                         u"Πέτρος"_s,  u"Όλγα"_s,     u"Zoë"_s};
+    static const QString towns[] = {u"Αθήνα"_s,    u"Θεσσαλονίκη"_s, u"Πάτρα"_s, u"ΑΘΗΝΑ"_s,
+                                    u"Ηράκλειο"_s, u"Βόλος"_s,       u"πάτρα"_s, {}};
+    static const QString lists[] = {u"Χονδρική"_s, u"Λιανική"_s, {}};
     std::mt19937 random(20261123);
     Recordset rows(connection, u"select * from Cards where code=0"_s);
-    const auto put = [&](const char16_t* column, const QVariant& value) {
-        rows.field(QString::fromUtf16(column)).setValue(value);
-    };
+    const auto put = [&](QStringView column, const QVariant& value) { rows[column].setValue(value); };
     for (int i = 0; i < madeUpCards; ++i) {
         rows.addNew();
         put(u"code", firstMadeUp + i);
@@ -80,8 +79,8 @@ void addCards(Connection& connection) {
 }
 
 void addMovements(Connection& connection) {
-    static constexpr const char16_t* reasons[] = {u"Αγορά",       u"ΠΛΗΡΩΜΗ", u"Επιστροφή", u"αγορά εμπορευμάτων",
-                                                  u"Έκπτωση 10%", u"Πληρωμή", nullptr};
+    static const QString reasons[] = {
+        u"Αγορά"_s, u"ΠΛΗΡΩΜΗ"_s, u"Επιστροφή"_s, u"αγορά εμπορευμάτων"_s, u"Έκπτωση 10%"_s, u"Πληρωμή"_s, {}};
     std::mt19937 random(3);
     Recordset rows(connection, u"select * from History where aa=0"_s);
     for (int i = 0; i < madeUpMovements; ++i) {
@@ -98,8 +97,8 @@ void addMovements(Connection& connection) {
 }
 
 void addAppointments(Connection& connection) {
-    static constexpr const char16_t* owners[] = {u"Μαρία", u"Νίκος", u"Admin", u"ΝΙΚΟΣ"};
-    static constexpr const char16_t* subjects[] = {u"Συνάντηση", u"Τηλεφώνημα", u"Επίσκεψη"};
+    static const QString owners[] = {u"Μαρία"_s, u"Νίκος"_s, u"Admin"_s, u"ΝΙΚΟΣ"_s};
+    static const QString subjects[] = {u"Συνάντηση"_s, u"Τηλεφώνημα"_s, u"Επίσκεψη"_s};
     Recordset rows(connection, u"select * from Dates where aa=0"_s);
     for (int i = 0; i < madeUpAppointments; ++i) {
         rows.addNew();
@@ -115,7 +114,7 @@ void addAppointments(Connection& connection) {
 }
 
 void addTyped(Connection& connection) {
-    QFile file(QFINDTESTDATA("statements/rows.sql"));
+    QFile file(QString::fromUtf8(DORV_STATEMENTS "/rows.sql"));
     if (!file.open(QIODevice::ReadOnly)) throw std::runtime_error("statements/rows.sql");
     for (const QString& line : QString::fromUtf8(file.readAll()).split(u'\n'))
         if (!line.isEmpty() && !line.startsWith(u'#')) connection.execute(line);

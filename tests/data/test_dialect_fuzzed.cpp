@@ -12,7 +12,7 @@ private slots:
 };
 
 void TestDialectFuzzed::corpus() {
-    const QVector<QByteArray> entries = readCorpus(QFINDTESTDATA("../fuzz/corpus.txt"));
+    const QVector<QByteArray> entries = readCorpus(QString::fromUtf8(DORV_CORPUS));
     QVERIFY(entries.size() > 300);
     StatementCheck check;
     for (const QByteArray& entry : entries) {

@@ -58,7 +58,7 @@ void TestDialectRobustness::check(const QString& sql) {
 }
 
 void TestDialectRobustness::initTestCase() {
-    for (const TypedStatement& typed : readStatements(QFINDTESTDATA("statements/windows.txt"))) corpus_ << typed.sql;
+    for (const TypedStatement& typed : readStatements(QString::fromUtf8(DORV_STATEMENTS "/windows.txt"))) corpus_ << typed.sql;
     QVERIFY(corpus_.size() > 100);
     words_ =
         u"select from where order by group having union all distinct top 1 inner left right join on as "

@@ -82,18 +82,18 @@ private slots:
                 "n;"
                 "ANALYZE \"Cards\"");
         struct Served {
-            const char16_t* sql;
+            QString sql;
             bool inOrder;
         };
-        constexpr Served served[] = {
-            {u"select * from cards where επωνυμο='Παππάς'", false},
-            {u"select code from cards where επωνυμο like 'παπ%'", false},
-            {u"select code from cards order by επωνυμο,ονομα", true},
-            {u"select top 10 * from cards where επωνυμο>='Μ' order by επωνυμο", true},
-            {u"select top 10 * from cards order by επωνυμο desc,ονομα desc", true},
+        const Served served[] = {
+            {u"select * from cards where επωνυμο='Παππάς'"_s, false},
+            {u"select code from cards where επωνυμο like 'παπ%'"_s, false},
+            {u"select code from cards order by επωνυμο,ονομα"_s, true},
+            {u"select top 10 * from cards where επωνυμο>='Μ' order by επωνυμο"_s, true},
+            {u"select top 10 * from cards order by επωνυμο desc,ονομα desc"_s, true},
         };
         for (const auto& [sql, inOrder] : served) {
-            QString plan = database_.plan(QString::fromUtf16(sql));
+            QString plan = database_.plan(sql);
             // Equal names are still put in the order of their rows, group by group.
             for (const char* inGroups : {"Incremental Sort", "Sort Key", "TEMP B-TREE FOR RIGHT PART"})
                 plan.remove(QLatin1String(inGroups));

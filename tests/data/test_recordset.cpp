@@ -328,17 +328,17 @@ private slots:
         QCOMPARE(rows.fieldCount(), 10);
         QCOMPARE(rows.field(1).name(), "επωνυμο");
         const struct {
-            const char16_t* name;
+            QString name;
             AdoType type;
             int size;
-        } wanted[] = {{u"Code", AdoType::Integer, 4},      {u"ΕΠΩΝΥΜΟ", AdoType::VarWChar, 30},
-                      {u"category", AdoType::SmallInt, 2}, {u"Ημ_γενησης", AdoType::Date, 8},
-                      {u"ανδρας", AdoType::Boolean, 2},    {u"ΣΧΟΛΙΑ", AdoType::LongVarWChar, 1073741823},
-                      {u"fieldNUM1", AdoType::Double, 8},  {u"photo", AdoType::LongVarBinary, 2147483647}};
+        } wanted[] = {{u"Code"_s, AdoType::Integer, 4},      {u"ΕΠΩΝΥΜΟ"_s, AdoType::VarWChar, 30},
+                      {u"category"_s, AdoType::SmallInt, 2}, {u"Ημ_γενησης"_s, AdoType::Date, 8},
+                      {u"ανδρας"_s, AdoType::Boolean, 2},    {u"ΣΧΟΛΙΑ"_s, AdoType::LongVarWChar, 1073741823},
+                      {u"fieldNUM1"_s, AdoType::Double, 8},  {u"photo"_s, AdoType::LongVarBinary, 2147483647}};
         for (const auto& field : wanted) {
-            QVERIFY(rows.hasField(QStringView(field.name)));
-            QCOMPARE(rows[QStringView(field.name)].type(), field.type);
-            QCOMPARE(rows[QStringView(field.name)].definedSize(), field.size);
+            QVERIFY(rows.hasField(field.name));
+            QCOMPARE(rows[field.name].type(), field.type);
+            QCOMPARE(rows[field.name].definedSize(), field.size);
         }
         QCOMPARE(rows[u"σχολια"].toDouble(), 0);
         QCOMPARE(rows[u"σχολια"].text(), "");

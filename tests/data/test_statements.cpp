@@ -133,7 +133,7 @@ private slots:
     void typed() {
         support::ScratchOffice file({}, false), server({}, true);
         for (support::ScratchOffice* office : {&file, &server}) fillStatementRows(office->main, office->users);
-        const QDir folder(QFileInfo(QFINDTESTDATA("statements/select.txt")).path());
+        const QDir folder(QString::fromUtf8(DORV_STATEMENTS));
         QVector<TypedStatement> all;
         for (const QString& name : folder.entryList({u"*.txt"_s})) all += readStatements(folder.filePath(name));
         QVERIFY(all.size() > 600);

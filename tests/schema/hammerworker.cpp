@@ -47,7 +47,7 @@ private:
         data::Transaction transaction(office_);
         data::Recordset card(office_, u"select * from cards where code=0"_s);
         card.addNew();
-        for (const char16_t* column : {u"επωνυμο", u"ονομα", u"ΚΕΙΜΕΝΟ1"}) card[column].setValue(mark);
+        for (const QString& column : {u"επωνυμο"_s, u"ονομα"_s, u"ΚΕΙΜΕΝΟ1"_s}) card[column].setValue(mark);
         card[u"FIELdnum1"].setValue(0.0);
         card.update();
         const qint64 code = card[u"code"].toLong();

@@ -61,16 +61,15 @@ private slots:
         for (; !rows.eof(); rows.moveNext()) {
             const qint64 code = rows[u"code"].toLong();
             QVERIFY(told.added.contains(code));
-            for (const char16_t* column : {u"επωνυμο", u"ονομα", u"ΚΕΙΜΕΝΟ1", u"ΑΙΤΙΟΛΟΓΙΑ"})
+            for (const QString& column : {u"επωνυμο"_s, u"ονομα"_s, u"ΚΕΙΜΕΝΟ1"_s, u"ΑΙΤΙΟΛΟΓΙΑ"_s})
                 QCOMPARE(rows[column].text(), told.added[code]);
             QCOMPARE(rows[u"FIELdnum1"].toLong(), told.changed.value(code));
             QCOMPARE(rows[u"ΧΡΕΩΣΗ"].toLong(), told.moved.value(code));
         }
         QCOMPARE(data::Recordset(office.main, u"select aa from History"_s).recordCount(), told.added.size());
-        for (const char16_t* word : {u"select code from cards where ΚΕΙΜΕΝΟ1 like '%σημάδι%'",
-                                     u"select aa from History where ΑΙΤΙΟΛΟΓΙΑ like '%ημάδι%'"})
-            QCOMPARE(data::Recordset(office.main, QString::fromUtf16(word)).recordCount(),
-                     told.added.size() - hammer::hotCards);
+        for (const QString& word : {u"select code from cards where ΚΕΙΜΕΝΟ1 like '%σημάδι%'"_s,
+                                    u"select aa from History where ΑΙΤΙΟΛΟΓΙΑ like '%ημάδι%'"_s})
+            QCOMPARE(data::Recordset(office.main, word).recordCount(), told.added.size() - hammer::hotCards);
         QCOMPARE(schema::findings(office.main, schema::Database::Main), QStringList());
     }
 };
