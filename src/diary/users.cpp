@@ -1,0 +1,29 @@
+#include "diary/users.h"
+
+#include "data/recordset.h"
+#include "data/values/fold.h"
+
+using namespace Qt::Literals::StringLiterals;
+
+namespace diary {
+
+void fillUsers(core::MainMod& mod, controls::ChoiceBox& list) {
+    data::Recordset users(mod.gConnUsers, u"select * from Users order by UserName"_s);
+    const QString chosen = list.currentText();
+    list.clear();
+    list.addItems({{}, u"Admin"_s});
+    for (; !users.eof(); users.moveNext()) list.addItem(users[u"UserName"].text());
+    chooseUser(list, chosen);
+    list.setReadOnly(mod.onlyReads());
+}
+
+void chooseUser(controls::ChoiceBox& list, const QString& user) {
+    if (list.findText(user) < 0) list.addItem(user);
+    list.setCurrentText(user);
+}
+
+bool mayChange(const core::MainMod& mod, const QString& owner) {
+    return !mod.onlyReads() || data::fold(owner) == data::fold(mod.gUserName);
+}
+
+}  // namespace diary
