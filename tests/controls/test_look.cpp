@@ -2,21 +2,12 @@
 #include "controls/boxes.h"
 #include "controls/theme.h"
 #include "support/cases.h"
+#include "support/contrast.h"
 
 using namespace controls;
+using support::contrast;
 
 namespace {
-
-double luminance(const QColor& color) {
-    const auto linear = [](double c) { return c <= 0.03928 ? c / 12.92 : std::pow((c + 0.055) / 1.055, 2.4); };
-    return 0.2126 * linear(color.redF()) + 0.7152 * linear(color.greenF()) + 0.0722 * linear(color.blueF());
-}
-
-double contrast(const QColor& a, const QColor& b) {
-    const double first = luminance(a) + 0.05;
-    const double second = luminance(b) + 0.05;
-    return std::max(first, second) / std::min(first, second);
-}
 
 // The two colours that cover most and differ most on the picture: the ground and the letters on it.
 double contrastSeen(QWidget* widget) {
