@@ -38,6 +38,8 @@ struct Doors {
     // The calendar; a new appointment made there is with this card.
     std::function<void(qint64 code, const QString& contact)> openCalendarFor;
     Notice appointmentsChanged, tasksChanged;
+
+    std::function<void(const QString& text)> say = [](const QString&) {};  // for a while, at the foot of the main window
 };
 
 }  // namespace core

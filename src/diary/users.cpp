@@ -14,7 +14,7 @@ void fillUsers(core::MainMod& mod, controls::ChoiceBox& list) {
     list.addItems({{}, u"Admin"_s});
     for (; !users.eof(); users.moveNext()) list.addItem(users[u"UserName"].text());
     chooseUser(list, chosen);
-    list.setReadOnly(mod.onlyReads());
+    list.setEnabled(!mod.onlyReads());
 }
 
 void chooseUser(controls::ChoiceBox& list, const QString& user) {
