@@ -25,7 +25,7 @@ struct BusyCursor {
 }  // namespace
 
 frmAddress::frmAddress(core::MainMod& mod)
-    : Form(mod, u"frmAddress"_s, u"Καρτέλα"_s, {u"Address"_s, 0, 0}),
+    : Form(mod, u"frmAddress"_s, u"Καρτέλα"_s, {u"Address"_s, 0, 0}, u"card"_s),
       history_(new HistoryTab(mod)),
       links_(new LinksTab(mod)),
       appointments_(new AppointmentsTab(mod)),

@@ -30,7 +30,7 @@ QVector<controls::ListColumn> columns() {
 }  // namespace
 
 frmHmerologio::frmHmerologio(core::MainMod& mod)
-    : Form(mod, u"frmHmerologio"_s, u"Ημερολόγιο Κινήσεων"_s, {u"Hmerologio"_s, 1000, 0}),
+    : Form(mod, u"frmHmerologio"_s, u"Ημερολόγιο Κινήσεων"_s, {u"Hmerologio"_s, 1000, 0}, u"journal"_s),
       ListView1(
           new core::StoredList(mod.services.settings, u"ListView1"_s, windowTitle(), u"lvHmerologio"_s, columns())),
       commands_(mod, this,
