@@ -12,11 +12,15 @@ StoredList::StoredList(platform::Settings& settings, const QString& name, const 
     // A width dragged to nothing would hide the column for good.
     constexpr int narrowest = 150;
     for (controls::ListColumn& column : columns) {
-        const int stored = std::max(narrowest, settings_.number(section_, column.key, column.width));
+        const int stored = std::max(narrowest, settings_.number(sectionOf(column), column.key, column.width));
         column.kept = stored != column.width;
         column.width = stored;
     }
     setColumns(columns);
+}
+
+QString StoredList::sectionOf(const controls::ListColumn& column) const {
+    return column.section.isEmpty() ? section_ : column.section;
 }
 
 void StoredList::hideEvent(QHideEvent* event) {
@@ -27,7 +31,9 @@ void StoredList::hideEvent(QHideEvent* event) {
 
 void StoredList::storeWidths() {
     // The widths that were given or dragged, whatever the list has made of them.
-    for (const controls::ListColumn& column : columns()) settings_.setNumber(section_, column.key, column.width);
+    for (const controls::ListColumn& column : columns())
+        if (column.stored)
+            settings_.setNumber(sectionOf(column), column.storedAs.isEmpty() ? column.key : column.storedAs, column.width);
 }
 
 }  // namespace core

@@ -20,6 +20,7 @@ protected:
 
 private:
     void storeWidths();
+    QString sectionOf(const controls::ListColumn& column) const;
 
     platform::Settings& settings_;
     QString section_;

@@ -2,7 +2,6 @@
 
 #include "controls/layout.h"
 #include "controls/names.h"
-#include "core/printout.h"
 #include "data/recordset.h"
 #include "diary/reports.h"
 #include "diary/users.h"
@@ -58,7 +57,7 @@ QVector<core::Command> frmThinksToDoShow::commands() {
     return {{u"mnuNewThink"_s, u"add"_s, u"Νέα εργασία"_s, {}, [this] { mod_.doors.openTask(0, this); }},
             {u"mnuEditThink"_s, u"edit"_s, u"Διόρθωση εργασίας"_s, {}, [this] { edit(); }, hasRows},
             {u"mnuDelThink"_s, u"delete"_s, u"Διαγραφή εργασίας"_s, {}, [this] { remove(); }, [this] { return mayDelete(); }},
-            {u"lblClick(0)"_s, u"print"_s, u"Εκτύπωση λίστας Εργασιών"_s, {}, [this] { core::printOut(mod_, this, tasksReport(mod_)); }},
+            {u"lblClick(0)"_s, u"print"_s, u"Εκτύπωση λίστας Εργασιών"_s, {}, [this] { ThinksReport(mod_, this); }},
             {u"lblClick(1)"_s, u"exit"_s, u"Έξοδος"_s, {}, [this] { emit closeRequested(); }}};
 }
 
