@@ -7,6 +7,7 @@
 #include <QFile>
 #include <QFileInfo>
 #include <QSaveFile>
+#include <QStorageInfo>
 
 #include "data/error.h"
 
@@ -32,6 +33,10 @@ using Entry = std::unique_ptr<archive_entry, decltype(&archive_entry_free)>;
 [[noreturn]] void failDamaged(const QString& file) {
     throw Error(ErrorCategory::Corrupt, u"Το αρχείο «%1» δεν είναι αντίγραφο ασφαλείας ή έχει καταστραφεί."_s.arg(
                                             QDir::toNativeSeparators(file)));
+}
+
+[[noreturn]] void failPacking() {
+    throw Error(ErrorCategory::Other, u"Η βιβλιοθήκη αρχείων δεν μπορεί να συμπιέσει το αντίγραφο (zstd)."_s);
 }
 
 la_ssize_t writeBytes(archive*, void* file, const void* bytes, size_t size) {
@@ -68,10 +73,13 @@ la_ssize_t readBytes(archive*, void* client, const void** bytes) {
 }
 
 void extractMember(archive* tar, archive_entry* entry, const QString& target, const ArchiveFile& source) {
-    // A sparse member could be larger than any disk.
-    if (archive_entry_filetype(entry) != AE_IFREG || archive_entry_size(entry) > source.file.size())
+    // A sparse member could be larger than any disk; none of ours is.
+    if (archive_entry_filetype(entry) != AE_IFREG || archive_entry_sparse_reset(entry) > 0)
         failDamaged(source.file.fileName());
     QSaveFile file(target);
+    // Little that is compressed may be much, and isn't begun when it can't end well.
+    const QStorageInfo disk(QFileInfo(target).absolutePath());
+    if (disk.isValid() && archive_entry_size(entry) > disk.bytesAvailable()) failWriting(file);
     if (!file.open(QIODevice::WriteOnly)) failWriting(file);
     QByteArray bytes(chunk, Qt::Uninitialized);
     for (la_ssize_t size; (size = archive_read_data(tar, bytes.data(), chunk)) != 0;) {
@@ -90,6 +98,8 @@ void writeArchive(const QString& archive, const QVector<ArchiveMember>& members)
     {
         const Writer tar(archive_write_new(), archive_write_free);
         archive_write_set_format_pax_restricted(tar.get());
+        if (archive_write_add_filter_zstd(tar.get()) != ARCHIVE_OK) failPacking();
+        archive_write_set_bytes_in_last_block(tar.get(), 1);  // zeros behind its end are no zstd
         if (archive_write_open(tar.get(), &target, nullptr, writeBytes, nullptr) != ARCHIVE_OK) failWriting(target);
         for (const ArchiveMember& member : members) writeMember(tar.get(), target, member);
         if (archive_write_close(tar.get()) != ARCHIVE_OK) failWriting(target);
@@ -103,6 +113,7 @@ QStringList extractArchive(const QString& archive, const QString& folder, const 
     if (!source.file.open(QIODevice::ReadOnly)) failReading(source.file);
     const Reader tar(archive_read_new(), archive_read_free);
     archive_read_support_format_tar(tar.get());
+    archive_read_support_filter_zstd(tar.get());
     if (archive_read_open(tar.get(), &source, nullptr, readBytes, nullptr) != ARCHIVE_OK) failDamaged(archive);
     QStringList found;
     archive_entry* entry = nullptr;

@@ -1,4 +1,5 @@
-// Several files in one: an uncompressed tar, which every system opens without this program.
+// Several files in one: a tar, compressed with zstd, which Debian's tar opens without this program. A plain one is read
+// as well.
 #pragma once
 
 #include <QString>

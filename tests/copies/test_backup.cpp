@@ -1,7 +1,9 @@
+#include "copies/archive.h"
 #include "copies/backup.h"
 #include "copies/restore.h"
 #include "copies/upgradecopy.h"
 #include "schema/office.h"
+#include "schema/workfolder.h"
 
 #include <sqlite3.h>
 
@@ -181,15 +183,28 @@ private slots:
         site.backup();
         const QByteArray whole = bytesOf(site.file);
         QByteArray oneBit = whole;
-        oneBit[whole.indexOf("\xCE\xB1\xCE\xB1\xCE\xB1")] = char(0xCF);
+        oneBit[whole.size() / 2] = char(oneBit[whole.size() / 2] ^ 1);
+        // Packed soundly, but of a database of which one letter is another.
+        const QStringList names = {schema::contentsFileName, u"dorvalist.mdb"_s, u"dorvalistu.mdb"_s};
+        QVector<copies::ArchiveMember> members;
+        for (const QString& name : names) members += {name, site.scratch.filePath(name)};
+        copies::extractArchive(site.file, site.scratch.path(), names);
+        QByteArray letters = bytesOf(members[1].file);
+        letters[letters.indexOf("\xCE\xB1\xCE\xB1\xCE\xB1")] = char(0xCF);
+        overwrite(members[1].file, letters);
+        copies::writeArchive(site.file, members);
+        const QByteArray oneLetter = bytesOf(site.file);
         const struct {
             const char* name;
             QByteArray bytes;
             QString says;
         } cases[] = {
-            {"cut", whole.left(whole.size() / 3), u"έχει καταστραφεί"_s}, {"one bit", oneBit, u"έχει αλλοιωθεί"_s},
-            {"noise", QByteArray(70000, '\x5A'), u"έχει καταστραφεί"_s},  {"empty", {}, u"έχει καταστραφεί"_s},
-            {"end cut off", whole.chopped(20000), u"έχει καταστραφεί"_s},
+            {"cut", whole.left(whole.size() / 3), u"έχει καταστραφεί"_s},
+            {"one bit", oneBit, u" έχει "_s},
+            {"one letter", oneLetter, u"έχει αλλοιωθεί"_s},
+            {"noise", QByteArray(70000, '\x5A'), u"έχει καταστραφεί"_s},
+            {"empty", {}, u"έχει καταστραφεί"_s},
+            {"end cut off", whole.chopped(200), u"έχει καταστραφεί"_s},
         };
         forEach(cases, [&](const auto& one) {
             write(site.file, one.bytes);

@@ -1,5 +1,8 @@
 // What a restoring finds in the office's folder, and what stops it half way.
 #include <sqlite3.h>
+
+#include <QProcess>
+
 #include "schema/office.h"
 #include "schema/workfolder.h"
 
@@ -136,6 +139,7 @@ private:
 struct Pieces {
     explicit Pieces(const Site& site) : manifest(copies::unpackManifest(site.file, folder.path())) {
         copies::extractArchive(site.file, folder.path(), manifest.members.keys());
+        write(path(schema::contentsFileName), manifest.toText());
     }
     QString path(const QString& name) const { return folder.filePath(name); }
     void list(const QString& name, const QString& instead = {}) {
@@ -163,6 +167,40 @@ class TestRestore : public QObject {
 private slots:
 #ifdef Q_OS_UNIX
     // The engine would play it into whatever stands there next.
+    // As copies were before they were compressed, or as somebody made one by hand.
+    void copiesPackedOtherwise() {
+        const struct {
+            const char* name;
+            QStringList options;
+            QString refusal;  // none when it is restored
+        } cases[] = {
+            {"plain", {u"--format=ustar"_s}, {}},
+            {"compressed by hand", {u"--zstd"_s}, {}},
+            {"a hole as large as many disks", {u"--sparse"_s, u"--zstd"_s}, u"έχει καταστραφεί"_s},
+        };
+        forEach(cases, [](const auto& one) {
+            Site site;
+            const Pieces pieces(site);
+            QStringList arguments = {u"-C"_s, pieces.folder.path()};
+            arguments << one.options << u"-cf"_s << site.file << schema::contentsFileName
+                      << pieces.manifest.members.keys();
+            if (!one.refusal.isEmpty()) QVERIFY(QFile::resize(pieces.path(u"dorvalistu.mdb"_s), qint64(1) << 42));
+            QCOMPARE(QProcess::execute(u"tar"_s, arguments), 0);
+            if (one.refusal.isEmpty()) {
+                site.restore();
+                QCOMPARE(site.cards(), u"0"_s);
+            } else {
+                VERIFY_FAILURE(one.refusal, site.restore());
+                QCOMPARE(site.cards(), u"1"_s);
+            }
+        });
+    }
+
+    void aCopyIsMuchSmallerThanItsOffice() {
+        const Site site;
+        QVERIFY(QFileInfo(site.file).size() * 3 < QFileInfo(site.main()).size());
+    }
+
     void aJournalWithoutItsFileIsPutAside() {
         for (const bool create : {false, true}) {
             Site site;

@@ -55,7 +55,7 @@ CREATE OR REPLACE FUNCTION jet_datetext(at timestamp) RETURNS text LANGUAGE sql 
 
 CREATE OR REPLACE FUNCTION jet_isdatepattern(pattern text) RETURNS boolean
 LANGUAGE sql IMMUTABLE STRICT PARALLEL SAFE AS $$
-    SELECT regexp_replace(pattern, '\\.|"[^"]*"', '', 'g') ~* '[dmyhns]' $$;
+    SELECT pattern <> 'general number' AND regexp_replace(pattern, '\\.|"[^"]*"', '', 'g') ~* '[dmyhns]' $$;
 
 -- "m" is a month, unless it stands next to an hour or before a second.
 CREATE OR REPLACE FUNCTION jet_formatdate(at timestamp, pattern text) RETURNS text
@@ -72,6 +72,7 @@ DECLARE
     result text := '';
     h integer := jet_hour(at);
 BEGIN
+    IF pattern = 'general date' THEN RETURN jet_datetext(at); END IF;
     FOREACH token IN ARRAY tokens LOOP twelve := twelve OR lower(token) = 'am/pm'; END LOOP;
     IF twelve THEN h := (h + 11) % 12 + 1; END IF;
     FOR i IN 1 .. coalesce(array_length(tokens, 1), 0) LOOP
@@ -128,6 +129,9 @@ DECLARE
     c text;
     prefix text := '';
     suffix text := '';
+    exponent text[];
+    power integer := 0;
+    whole_places integer := 0;
     zeros integer := 0;
     places integer := 0;
     fraction_zeros integer := 0;
@@ -138,6 +142,7 @@ DECLARE
     whole text;
     fraction text;
 BEGIN
+    IF pattern = 'general number' THEN RETURN jet_numbertext(value::float8); END IF;
     IF value = 0 THEN
         IF coalesce(sections[3], '') <> '' THEN section := sections[3]; END IF;
     ELSIF value < 0 AND coalesce(sections[2], '') <> '' THEN
@@ -149,14 +154,17 @@ BEGIN
         sign := ',';
         separator := '.';
     END IF;
+    exponent := regexp_match(section, '^(.*?[0#].*?)([eE])([+-])([0#]+)(.*)$');
+    IF exponent IS NOT NULL THEN section := exponent[1] || exponent[5]; END IF;
     FOREACH c IN ARRAY coalesce(string_to_array(section, NULL), '{}') LOOP
         IF c IN ('0', '#') THEN
             has_digits := true;
             IF point THEN
                 places := places + 1;
                 IF c = '0' THEN fraction_zeros := places; END IF;
-            ELSIF c = '0' THEN
-                zeros := zeros + 1;
+            ELSE
+                whole_places := whole_places + 1;
+                IF c = '0' THEN zeros := zeros + 1; END IF;
             END IF;
         ELSIF c = sign AND NOT point THEN
             point := true;
@@ -169,6 +177,18 @@ BEGIN
     END LOOP;
     IF NOT has_digits THEN RETURN prefix || suffix; END IF;
     IF percent THEN value := value * 100; END IF;
+    IF exponent IS NOT NULL AND value <> 0 THEN
+        power := floor(log(abs(value))) + 1;
+        IF abs(value) >= ('1e' || power)::numeric THEN power := power + 1; END IF;
+        IF abs(value) < ('1e' || (power - 1))::numeric THEN power := power - 1; END IF;
+        power := power - whole_places;
+        value := round(value * ('1e' || -power)::numeric, places);
+        -- Rounding may carry into one more digit.
+        IF abs(value) >= ('1e' || whole_places)::numeric THEN
+            value := value * 0.1;
+            power := power + 1;
+        END IF;
+    END IF;
     value := round(value, places);
     whole := trunc(abs(value))::text;
     IF whole = '0' THEN whole := ''; END IF;
@@ -178,30 +198,56 @@ BEGIN
         fraction := CASE WHEN places = 0 THEN '' ELSE rtrim(split_part(abs(value)::text, '.', 2), '0') END;
         whole := whole || ',' || fraction || repeat('0', fraction_zeros - length(fraction));
     END IF;
+    IF exponent IS NOT NULL THEN
+        suffix := exponent[2] || CASE WHEN power < 0 THEN '-' WHEN exponent[3] = '+' THEN '+' ELSE '' END
+            || repeat('0', length(replace(exponent[4], '#', '')) - length(abs(power)::text)) || abs(power) || suffix;
+    END IF;
     RETURN CASE WHEN value < 0 AND NOT own_negative THEN '-' ELSE '' END || prefix || whole || suffix;
 END $$;
 
--- One for each kind of value; Null is an empty text, a missing pattern the text that a user reads.
-CREATE OR REPLACE FUNCTION jet_format_n(value float8, pattern text DEFAULT NULL) RETURNS text
-LANGUAGE sql IMMUTABLE PARALLEL SAFE AS $$
-    SELECT coalesce(CASE WHEN coalesce(pattern, '') = '' THEN jet_numbertext(value)
-        WHEN jet_isdatepattern(pattern) THEN coalesce(jet_formatdate(jet_daystodate(value), pattern), jet_numbertext(value))
-        ELSE jet_formatnumber(value::numeric, pattern) END, '') $$;
+-- What a pattern wants of a value: '' the text that a user reads, '<' and '>' the same in one case of letters.
+CREATE OR REPLACE FUNCTION jet_patternkind(pattern text) RETURNS text LANGUAGE sql IMMUTABLE PARALLEL SAFE AS $$
+    SELECT CASE WHEN coalesce(pattern, '') IN ('', '<', '>') THEN coalesce(pattern, '')
+        WHEN jet_isdatepattern(pattern) THEN 'date' ELSE 'number' END $$;
+CREATE OR REPLACE FUNCTION jet_cased(value text, pattern text) RETURNS text LANGUAGE sql IMMUTABLE PARALLEL SAFE AS $$
+    SELECT CASE pattern WHEN '<' THEN jet_lcase(value) WHEN '>' THEN jet_ucase(value) ELSE value END $$;
 
-CREATE OR REPLACE FUNCTION jet_format_d(value timestamp, pattern text DEFAULT NULL) RETURNS text
+-- One for each kind of value; Null is an empty text.
+CREATE OR REPLACE FUNCTION jet_formatas_n(value float8, pattern text) RETURNS text
 LANGUAGE sql IMMUTABLE PARALLEL SAFE AS $$
-    SELECT coalesce(CASE WHEN coalesce(pattern, '') = '' THEN jet_datetext(value)
-        WHEN jet_isdatepattern(pattern) THEN jet_formatdate(value, pattern)
-        ELSE jet_formatnumber(jet_days(value)::numeric, pattern) END, '') $$;
+    SELECT coalesce(CASE jet_patternkind(pattern)
+        WHEN 'date' THEN coalesce(jet_formatdate(jet_daystodate(value), pattern), jet_numbertext(value))
+        WHEN 'number' THEN jet_formatnumber(value::numeric, pattern)
+        ELSE jet_cased(jet_numbertext(value), pattern) END, '') $$;
 
-CREATE OR REPLACE FUNCTION jet_format_t(value text, pattern text DEFAULT NULL) RETURNS text
+CREATE OR REPLACE FUNCTION jet_formatas_d(value timestamp, pattern text) RETURNS text
+LANGUAGE sql IMMUTABLE PARALLEL SAFE AS $$
+    SELECT coalesce(CASE jet_patternkind(pattern)
+        WHEN 'date' THEN jet_formatdate(value, pattern)
+        WHEN 'number' THEN jet_formatnumber(jet_days(value)::numeric, pattern)
+        ELSE jet_cased(jet_datetext(value), pattern) END, '') $$;
+
+CREATE OR REPLACE FUNCTION jet_formatas_t(value text, pattern text) RETURNS text
 LANGUAGE sql STABLE PARALLEL SAFE AS $$
-    SELECT coalesce(CASE WHEN coalesce(pattern, '') = '' THEN value
-        WHEN jet_isdatepattern(pattern) THEN coalesce(jet_formatdate(jet_todate(value), pattern), value)
-        ELSE coalesce(jet_formatnumber(jet_tonumber(value)::numeric, pattern), value) END, '') $$;
+    SELECT coalesce(CASE jet_patternkind(pattern)
+        WHEN 'date' THEN coalesce(jet_formatdate(jet_todate(value), pattern), value)
+        WHEN 'number' THEN coalesce(jet_formatnumber(jet_tonumber(value)::numeric, pattern), value)
+        ELSE jet_cased(value, pattern) END, '') $$;
 
+CREATE OR REPLACE FUNCTION jet_formatas_y(value boolean, pattern text) RETURNS text
+LANGUAGE sql IMMUTABLE PARALLEL SAFE AS $$
+    SELECT coalesce(CASE jet_patternkind(pattern)
+        WHEN 'number' THEN jet_formatnumber(-value::integer, pattern)
+        ELSE jet_cased(jet_yesnotext(value), pattern) END, '') $$;
+
+CREATE OR REPLACE FUNCTION jet_format_n(value float8, pattern text DEFAULT NULL) RETURNS text
+LANGUAGE sql IMMUTABLE PARALLEL SAFE AS $$ SELECT jet_formatas_n(value, jet_resolved(pattern)) $$;
+CREATE OR REPLACE FUNCTION jet_format_d(value timestamp, pattern text DEFAULT NULL) RETURNS text
+LANGUAGE sql IMMUTABLE PARALLEL SAFE AS $$ SELECT jet_formatas_d(value, jet_resolved(pattern)) $$;
+CREATE OR REPLACE FUNCTION jet_format_t(value text, pattern text DEFAULT NULL) RETURNS text
+LANGUAGE sql STABLE PARALLEL SAFE AS $$ SELECT jet_formatas_t(value, jet_resolved(pattern)) $$;
 CREATE OR REPLACE FUNCTION jet_format_y(value boolean, pattern text DEFAULT NULL) RETURNS text
-LANGUAGE sql IMMUTABLE PARALLEL SAFE AS $$ SELECT coalesce(jet_yesnotext(value), '') $$;
+LANGUAGE sql IMMUTABLE PARALLEL SAFE AS $$ SELECT jet_formatas_y(value, jet_resolved(pattern)) $$;
 )sql";
 
 }  // namespace data::postgres

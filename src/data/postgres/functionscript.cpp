@@ -4,6 +4,7 @@
 
 #include "data/postgres/pgdialect.h"
 #include "data/values/fold.h"
+#include "data/values/formatparts.h"
 
 using namespace Qt::Literals::StringLiterals;
 
@@ -59,6 +60,16 @@ QByteArray lettersFunction(const QByteArray& name, const Exchange& letters, cons
            " $case$;\n";
 }
 
+// A named pattern as the one it stands for; it has the small letters of its name when it has no other.
+QByteArray namedPatternsFunction() {
+    QByteArray cases;
+    for (const NamedPattern& one : allNamedPatterns())
+        cases += " WHEN " + quoted(one.name.toString()) + " THEN " + quoted(one.pattern.toString());
+    return "CREATE OR REPLACE FUNCTION jet_resolved(pattern text) RETURNS text LANGUAGE sql IMMUTABLE PARALLEL SAFE AS "
+           "$named$ SELECT CASE lower(pattern COLLATE \"C\")" +
+           cases + " ELSE pattern END $named$;\n";
+}
+
 }  // namespace
 
 // translate() walks its list for every character. Nearly all texts are plain Latin and Greek, for which the list is
@@ -91,6 +102,7 @@ QByteArray functionsScript() {
     capitals.add(character(0xE000), u"Ή"_s);
     script += lettersFunction("jet_ucase", capitals, "jet_uppermarks($1)");
     script += lettersFunction("jet_lowerletters", exchange(0x41, 0x24FF, lower), "$1");
+    script += namedPatternsFunction();
     script += formatFunctions;
     script += conversionFunctions;
     return script;

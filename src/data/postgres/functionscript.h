@@ -6,7 +6,7 @@
 namespace data::postgres {
 
 // Grows with every change of the functions; a database with older ones gets the newer at its next opening.
-constexpr int functionsVersion = 3;
+constexpr int functionsVersion = 4;
 
 // The comparison of texts. Indexes are built on it, so it is created once with the database and never replaced.
 QByteArray foldScript();

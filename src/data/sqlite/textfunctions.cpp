@@ -1,7 +1,6 @@
-#include <QLocale>
-
 #include "data/sqlite/functionparts.h"
 #include "data/values/fold.h"
+#include "data/values/lettercase.h"
 #include "data/values/phonekey.h"
 
 using namespace Qt::Literals::StringLiterals;
@@ -115,18 +114,12 @@ void len(Context context, int, Values values) {
     sqlite3_result_int64(context, characters(text.data, text.size));
 }
 
-const QLocale& greek() {
-    static const QLocale locale(QLocale::Greek, QLocale::Greece);
-    return locale;
-}
-
 void ucase(Context context, int, Values values) {
-    // The one accent that capitals keep comes as a character of its own.
-    result(context, greek().toUpper(text(values[0])).replace(u"Η\u0301"_s, u"Ή"_s));
+    result(context, upperText(text(values[0])));
 }
 
 void lcase(Context context, int, Values values) {
-    result(context, greek().toLower(text(values[0])));
+    result(context, lowerText(text(values[0])));
 }
 
 void trimmed(Context context, Utf8 text, bool atLeft, bool atRight) {

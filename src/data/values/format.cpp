@@ -3,6 +3,7 @@
 #include <cmath>
 
 #include "data/values/formatparts.h"
+#include "data/values/lettercase.h"
 
 using namespace Qt::Literals::StringLiterals;
 
@@ -32,6 +33,8 @@ std::optional<QDateTime> asDate(const QVariant& value) {
 
 std::optional<Decimal> asDecimal(const QVariant& value) {
     switch (value.typeId()) {
+        case QMetaType::Bool:
+            return Decimal::of(qint64(value.toBool() ? -1 : 0));
         case QMetaType::Int:
         case QMetaType::UInt:
         case QMetaType::Short:
@@ -62,29 +65,16 @@ QString dateText(const QDateTime& at) {
     return formatDate(at, at.time() == QTime(0, 0) ? u"dd/mm/yyyy" : u"dd/mm/yyyy hh:nn:ss");
 }
 
-}  // namespace
-
-QString format(const QVariant& value, QStringView pattern) {
-    if (!value.isValid()) return {};
-    if (pattern.isEmpty()) return valueText(value);
-    if (isDatePattern(pattern)) {
-        auto date = asDate(value);
-        // A number is a count of days, as everywhere in the dialect.
-        if (!date && value.typeId() != QMetaType::QString && asDecimal(value)) date = daysToDate(value.toDouble());
-        if (date && date->isValid()) return formatDate(*date, pattern);
-        return valueText(value);
-    }
-    if (const auto number = asDecimal(value)) return formatNumber(*number, pattern);
-    if (const auto date = asDate(value); date && date->isValid() && isDateType(value))
-        return formatNumber(Decimal::of(double(dateToSeconds(*date)) / secondsOfDay), pattern);
-    return valueText(value);
+// A number is a count of days, as everywhere in the dialect.
+std::optional<QDateTime> dateFor(const QVariant& value) {
+    const int type = value.typeId();
+    if (const auto date = asDate(value)) return date;
+    if (type == QMetaType::QString || type == QMetaType::Bool || !asDecimal(value)) return {};
+    return daysToDate(value.toDouble());
 }
 
-QString numberText(double value) {
-    if (std::isnan(value)) return u"NaN"_s;
-    if (std::isinf(value)) return value < 0 ? u"-∞"_s : u"∞"_s;
-    Decimal decimal = Decimal::of(value);
-    // Plain digits as far as people read them, powers of ten beyond.
+// Plain digits as far as people read them, powers of ten beyond.
+QString decimalText(Decimal decimal) {
     int exponent = 0;
     if (decimal.point > 21 || decimal.point < -9) {
         exponent = decimal.point - 1;
@@ -93,6 +83,32 @@ QString numberText(double value) {
     const int places = qMax(0, int(decimal.digits.size()) - decimal.point);
     const QString text = formatNumber(decimal, places > 0 ? u"0."_s + QString(places, u'0') : u"0"_s);
     return exponent == 0 ? text : text + u'E' + QString::number(exponent);
+}
+
+}  // namespace
+
+QString format(const QVariant& value, QStringView pattern) {
+    if (!value.isValid()) return {};
+    pattern = resolvedPattern(pattern);
+    if (pattern.isEmpty()) return valueText(value);
+    if (pattern == u"<") return lowerText(valueText(value));
+    if (pattern == u">") return upperText(valueText(value));
+    if (isDatePattern(pattern)) {
+        const auto date = dateFor(value);
+        if (!date || !date->isValid()) return valueText(value);
+        return pattern == generalDate ? dateText(*date) : formatDate(*date, pattern);
+    }
+    auto number = asDecimal(value);
+    if (const auto date = asDate(value); !number && date && date->isValid() && isDateType(value))
+        number = Decimal::of(double(dateToSeconds(*date)) / secondsOfDay);
+    if (!number) return valueText(value);
+    return pattern == generalNumber ? decimalText(*number) : formatNumber(*number, pattern);
+}
+
+QString numberText(double value) {
+    if (std::isnan(value)) return u"NaN"_s;
+    if (std::isinf(value)) return value < 0 ? u"-∞"_s : u"∞"_s;
+    return decimalText(Decimal::of(value));
 }
 
 QString valueText(const QVariant& value) {

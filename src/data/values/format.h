@@ -16,8 +16,10 @@ enum class DateOrder { DayFirst, MonthFirst };
 // as they stand; "m" right after an hour, or right before a second, is minutes. Day and month names are Greek
 // (month in the genitive after a day number). Numbers: "0", "0.00", "#,##0", "#,##0.00" and the like, with
 // '.' for thousands and ',' for decimals in the result; rounding is half away from zero on the decimal
-// digits as a person sees them (2,675 becomes 2,68). Null gives "". A text that reads as a
-// date or number is formatted as one, otherwise it comes back as it is.
+// digits as a person sees them (2,675 becomes 2,68); "0.00E+00" and the like are powers of ten. The named patterns
+// ("Short Date", "Currency", "Yes/No" and the others of formatnamed.cpp) are those of Greek settings. "<" and ">" give
+// small letters and capitals. Null gives "", True is -1 as a number. A text that reads as a date or number is formatted
+// as one, otherwise it comes back as it is.
 QString format(const QVariant& value, QStringView pattern);
 
 // A text as a date, a time, or both, in the forms that people type: "5/11/2026", "05-11-26", "5.11.2026",

@@ -119,6 +119,7 @@ QString monthPart(QDate date, int count, bool afterDay) {
 }  // namespace
 
 bool isDatePattern(QStringView pattern) {
+    if (pattern == generalNumber) return false;
     for (const Token& token : tokenize(pattern))
         if (token.part != Part::Literal) return true;
     return false;

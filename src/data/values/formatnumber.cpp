@@ -3,6 +3,8 @@
 
 #include "data/values/formatparts.h"
 
+using namespace Qt::Literals::StringLiterals;
+
 namespace data {
 namespace {
 
@@ -12,6 +14,10 @@ constexpr int seenDigits = 15;  // what a double holds of any decimal number
 // What a pattern of a number asks for.
 struct Layout {
     QString prefix, suffix;
+    QChar exponent;             // "E" or "e" of a power of ten, none otherwise
+    bool exponentPlus = false;  // its sign stands before a positive one, too
+    int exponentZeros = 0;
+    int integerPlaces = 0;
     int integerZeros = 0;
     int fractionZeros = 0;
     int fractionPlaces = 0;
@@ -21,15 +27,31 @@ struct Layout {
     bool hasDigits = false;
 };
 
+// How long the part for a power of ten is at the start of the pattern, 0 if there is none.
+qsizetype exponentSize(QStringView pattern) {
+    if (pattern.size() < 3 || pattern[0].toLower() != u'e' || !QStringView(u"+-").contains(pattern[1])) return 0;
+    qsizetype size = 2;
+    while (size < pattern.size() && placeholders.contains(pattern[size])) ++size;
+    return size > 2 ? size : 0;
+}
+
 Layout layoutOf(QStringView pattern) {
     Layout layout;
     // Reports carry "#.##0,00", a pattern already in Greek dress.
     const bool greek = pattern.contains(u'.') && pattern.lastIndexOf(u',') > pattern.lastIndexOf(u'.');
     const QChar decimalSign = greek ? u',' : u'.', groupSign = greek ? u'.' : u',';
-    for (const QChar c : pattern) {
-        if (placeholders.contains(c)) {
+    for (qsizetype i = 0; i < pattern.size(); ++i) {
+        const QChar c = pattern[i];
+        const bool mayFollow = layout.hasDigits && layout.exponent.isNull();
+        if (const qsizetype size = mayFollow ? exponentSize(pattern.mid(i)) : 0) {
+            layout.exponent = c;
+            layout.exponentPlus = pattern[i + 1] == u'+';
+            layout.exponentZeros = int(pattern.mid(i, size).count(u'0'));
+            i += size - 1;
+        } else if (placeholders.contains(c)) {
             layout.hasDigits = true;
             if (!layout.point) {
+                ++layout.integerPlaces;
                 layout.integerZeros += c == u'0';
                 continue;
             }
@@ -68,6 +90,21 @@ QString integerText(const Decimal& value, const Layout& layout) {
         grouped += text[i];
     }
     return grouped;
+}
+
+// Leaves the digits before the decimal sign that the pattern has places for, and says which power of ten they lack.
+QString takeExponent(Decimal& value, const Layout& layout) {
+    int power = 0;
+    if (!value.digits.isEmpty()) {
+        // Rounding may carry into one more digit.
+        for (int i = 0; i < 2; ++i) {
+            power += value.point - layout.integerPlaces;
+            value.point = layout.integerPlaces;
+            value.round(layout.fractionPlaces);
+        }
+    }
+    const QString sign = power < 0 ? u"-"_s : layout.exponentPlus ? u"+"_s : QString();
+    return layout.exponent + sign + QString::number(qAbs(power)).rightJustified(layout.exponentZeros, u'0');
 }
 
 QString fractionText(const Decimal& value, const Layout& layout) {
@@ -130,10 +167,11 @@ QString formatNumber(Decimal value, QStringView pattern) {
     Layout layout = layoutOf(sectionFor(value, pattern, &ownNegative));
     if (!layout.hasDigits) return layout.prefix + layout.suffix;
     if (layout.percent) value.point += 2;
+    const QString exponent = layout.exponent.isNull() ? QString() : takeExponent(value, layout);
     value.round(layout.fractionPlaces);
     QString text = layout.prefix + integerText(value, layout);
     if (layout.point) text += u',' + fractionText(value, layout);
-    text += layout.suffix;
+    text += exponent + layout.suffix;
     return value.negative && !ownNegative ? u'-' + text : text;
 }
 

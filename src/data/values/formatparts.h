@@ -4,8 +4,19 @@
 #include <QDateTime>
 #include <QString>
 #include <QStringView>
+#include <span>
 
 namespace data {
+
+// The patterns that have a name, and the name in small letters.
+struct NamedPattern {
+    QStringView name, pattern;
+};
+std::span<const NamedPattern> allNamedPatterns();
+QStringView resolvedPattern(QStringView pattern);  // of a name; any other pattern as it is
+
+// Two that no pattern of letters and digits says: a value as people read it when nothing is asked.
+constexpr QStringView generalDate = u"general date", generalNumber = u"general number";
 
 bool isDatePattern(QStringView pattern);
 QString formatDate(const QDateTime& wallClock, QStringView pattern);
