@@ -12,10 +12,10 @@ namespace controls {
 struct ListColumn {
     QString key;  // under which its width is stored
     QString header;
-    int width = 1000;     // twips
-    bool number = false;  // figures, right-aligned
-    bool spare = false;   // takes the width that is left; where no column says so, the last one of texts does
-    bool kept = false;    // as a user chose it: it doesn't grow with what stands in it
+    int width = 1000;       // twips
+    bool number = false;    // figures, right-aligned
+    bool spare = false;     // takes the width that is left; where no column says so, the last one of texts does
+    bool kept = false;      // as a user chose it: it doesn't grow with what stands in it
     QString section = {};   // of the settings, where its width lies in another one than the list's
     QString storedAs = {};  // the key that its width is stored under, where it isn't the one that it is read from
     bool stored = true;

@@ -6,14 +6,15 @@ namespace core {
 
 namespace {
 
-const std::pair<QString, QString MainMod::*> kept[] = {{u"SqlOrdr"_s, &MainMod::gSqlOrdr},
-                                                       {u"SqlOrdr1"_s, &MainMod::gSqlOrdr1},
-                                                       {u"SqlOrdr2"_s, &MainMod::gSqlOrdr2}};
+const std::pair<QString, QString MainMod::*> kept[] = {
+    {u"SqlOrdr"_s, &MainMod::gSqlOrdr}, {u"SqlOrdr1"_s, &MainMod::gSqlOrdr1}, {u"SqlOrdr2"_s, &MainMod::gSqlOrdr2}};
 
 }  // namespace
 
 SortKeys SortKeys::ofAppointments(MainMod& mod) {
-    return {mod, u"DateQuery"_s, {u"Day"_s, u"Start"_s, u"End"_s},
+    return {mod,
+            u"DateQuery"_s,
+            {u"Day"_s, u"Start"_s, u"End"_s},
             {u"Subject"_s, u"Location"_s, u"Day"_s, u"Start"_s, u"end"_s}};
 }
 

@@ -33,7 +33,8 @@ void StoredList::storeWidths() {
     // The widths that were given or dragged, whatever the list has made of them.
     for (const controls::ListColumn& column : columns())
         if (column.stored)
-            settings_.setNumber(sectionOf(column), column.storedAs.isEmpty() ? column.key : column.storedAs, column.width);
+            settings_.setNumber(sectionOf(column), column.storedAs.isEmpty() ? column.key : column.storedAs,
+                                column.width);
 }
 
 }  // namespace core

@@ -22,7 +22,8 @@ void framed(platform::Printer& printer, Draw draw) {
 }
 
 void letterhead(platform::Printer& printer, const core::OwnerDetails& owner) {
-    const std::pair<QString, double> lines[] = {{owner.name, 14}, {owner.address, 12}, {owner.phone, 12}, {owner.email, 12}};
+    const std::pair<QString, double> lines[] = {
+        {owner.name, 14}, {owner.address, 12}, {owner.phone, 12}, {owner.email, 12}};
     for (const auto& [text, size] : lines) {
         printer.font.size = size;
         printer.font.bold = size > 12;

@@ -138,16 +138,14 @@ QSet<QDate> frmCalend::busyDays(Month month) {
     const data::Sql sql(u"select distinct day from dates where day between ? and ? {and User=?}"_s, first,
                         first.addMonths(1).addDays(-1), user.isEmpty() ? std::nullopt : std::optional(user));
     QSet<QDate> days;
-    for (data::Recordset rows(mod_.gConn, sql); !rows.eof(); rows.moveNext())
-        days.insert(rows[u"day"].toDate().date());
+    for (data::Recordset rows(mod_.gConn, sql); !rows.eof(); rows.moveNext()) days.insert(rows[u"day"].toDate().date());
     return days;
 }
 
 void frmCalend::ShowDay(QDate day) {
     const QString user = Combo1->currentText();
-    data::Recordset rows(mod_.gConn,
-                         data::Sql(u"select * from dates where day=? {and User=?} order by [start],[end]"_s, day,
-                                   user.isEmpty() ? std::nullopt : std::optional(user)));
+    data::Recordset rows(mod_.gConn, data::Sql(u"select * from dates where day=? {and User=?} order by [start],[end]"_s,
+                                               day, user.isEmpty() ? std::nullopt : std::optional(user)));
     mDay = day;
     lblDate->setText(data::format(data::wallClock(day), u"dddd, d mmm yyyy"));
     QVector<controls::ListRow> list;
@@ -169,8 +167,8 @@ void frmCalend::showPlanner(const QVector<QStringList>& entries) {
     for (int slot = 0; slot < slotsOfDay; ++slot) {
         const QString time = slotText(slot);
         const QStringList& taking = entries[slot];
-        const QString spoken = taking.isEmpty() ? u"%1, ελεύθερο"_s.arg(time)
-                                                : u"%1, κλεισμένο: %2"_s.arg(time, taking.join(u" · "_s));
+        const QString spoken =
+            taking.isEmpty() ? u"%1, ελεύθερο"_s.arg(time) : u"%1, κλεισμένο: %2"_s.arg(time, taking.join(u" · "_s));
         const QString tip = taking.join(u'\n');
         rows.append({{.text = time,
                       .role = taking.isEmpty() ? CellRole::Free : CellRole::BusyTime,
@@ -202,7 +200,7 @@ void frmCalend::startNew(int slot) {
 
 bool frmCalend::mayChangeSelected() const {
     const int row = ListView1->currentRow();
-    return row >= 0 && diary::mayChange(mod_, ListView1->row(row).cells.value(4));
+    return row >= 0 && mod_.mayChange(ListView1->row(row).cells.value(4));
 }
 
 void frmCalend::openMenu(int row, QPoint position) {

@@ -70,13 +70,18 @@ frmDate::frmDate(core::MainMod& mod)
 
 QVector<core::Command> frmDate::commands() {
     const auto writable = [this] { return isWritable(); };
-    return {{u"CmdSearch"_s, u"search"_s, u"Αναζήτηση επαφής"_s, {}, [this] { chooseContact(); }, writable},
-            {u"cmdCard"_s, u"card"_s, u"Εμφάνιση καρτέλας επαφής"_s, {}, [this] { mod_.doors.openCardAt(mCodeCard, 1); },
-             [this] { return mCodeCard != 0; }},
-            {u"cmdPrint"_s, u"print"_s, u"Εκτύπωση"_s, {}, [this] { printSheet(); }},
-            {u"lblClick(0)"_s, u"save"_s, u"Αποθήκευση συνάτησης"_s, {Qt::Key_F5}, [this] { SaveAppointment(); }, writable},
-            {u"lblClick(1)"_s, u"delete"_s, u"Ακύρωση συνάτησης"_s, {}, [this] { DeleteAppointment(); }, writable},
-            {u"lblClick(2)"_s, u"exit"_s, u"Έξοδος"_s, {}, [this] { emit closeRequested(); }}};
+    return {
+        {u"CmdSearch"_s, u"search"_s, u"Αναζήτηση επαφής"_s, {}, [this] { chooseContact(); }, writable},
+        {u"cmdCard"_s,
+         u"card"_s,
+         u"Εμφάνιση καρτέλας επαφής"_s,
+         {},
+         [this] { mod_.doors.openCardAt(mCodeCard, 1); },
+         [this] { return mCodeCard != 0; }},
+        {u"cmdPrint"_s, u"print"_s, u"Εκτύπωση"_s, {}, [this] { printSheet(); }},
+        {u"lblClick(0)"_s, u"save"_s, u"Αποθήκευση συνάτησης"_s, {Qt::Key_F5}, [this] { SaveAppointment(); }, writable},
+        {u"lblClick(1)"_s, u"delete"_s, u"Ακύρωση συνάτησης"_s, {}, [this] { DeleteAppointment(); }, writable},
+        {u"lblClick(2)"_s, u"exit"_s, u"Έξοδος"_s, {}, [this] { emit closeRequested(); }}};
 }
 
 core::BoundRow frmDate::boundRow() {
@@ -98,16 +103,16 @@ core::BoundRow frmDate::boundRow() {
 QLayout* frmDate::form() {
     auto* form = controls::formLayout();
     controls::addField(form, u"Ημερομηνία :"_s, lblDate);
-    controls::addField(form, u"Επαφή :"_s, txtContact,
-                       controls::rowWidget({{txtContact, 1},
-                                            commands_.toolButton(u"CmdSearch"_s),
-                                            commands_.toolButton(u"cmdCard"_s)}));
+    controls::addField(
+        form, u"Επαφή :"_s, txtContact,
+        controls::rowWidget(
+            {{txtContact, 1}, commands_.toolButton(u"CmdSearch"_s), commands_.toolButton(u"cmdCard"_s)}));
     controls::addField(form, u"Θέμα :"_s, txtSubject);
     controls::addField(form, u"Τόπος :"_s, txtLocation);
-    controls::addField(form, u"Έναρξη :"_s, txtStart,
-                       controls::rowWidget({txtStart, controls::captionOf(u"Τέλος :"_s, txtEnd), txtEnd,
-                                            controls::captionOf(u"Ωρα Υπενθύμισης:"_s, txtRemind), txtRemind,
-                                            Item::rest()}));
+    controls::addField(
+        form, u"Έναρξη :"_s, txtStart,
+        controls::rowWidget({txtStart, controls::captionOf(u"Τέλος :"_s, txtEnd), txtEnd,
+                             controls::captionOf(u"Ωρα Υπενθύμισης:"_s, txtRemind), txtRemind, Item::rest()}));
     named(controls::addField(form, u"Αποδέκτης:"_s, Combo1), u"Label7"_s);
     return form;
 }
@@ -138,7 +143,7 @@ void frmDate::onLoad() {
 }
 
 bool frmDate::isWritable() const {
-    return mayChange(mod_, owner_);
+    return mod_.mayChange(owner_);
 }
 
 // The window as it stands for one who may change the row, or may not.

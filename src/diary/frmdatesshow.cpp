@@ -42,10 +42,11 @@ frmDatesShow::frmDatesShow(core::MainMod& mod)
       keys_(core::SortKeys::ofAppointments(mod)) {
     auto* foot = controls::row({Item::rest()});
     commands_.addPictures(foot);
-    controls::add(controls::pageLayout(this),
-                  {controls::row({period_, Item::gap(12), controls::captionOf(u"Χρήστης"_s, Combo1), Combo1, Item::rest()}),
-                   {ListView1, 1},
-                   foot});
+    controls::add(
+        controls::pageLayout(this),
+        {controls::row({period_, Item::gap(12), controls::captionOf(u"Χρήστης"_s, Combo1), Combo1, Item::rest()}),
+         {ListView1, 1},
+         foot});
     setMinimumSize(760, 420);
     on(ListView1, &controls::ListView::rowActivated,
        [this](int row) { mod_.doors.openAppointment(ListView1->row(row).tag.toLongLong(), this); });
@@ -57,7 +58,11 @@ frmDatesShow::frmDatesShow(core::MainMod& mod)
 
 QVector<core::Command> frmDatesShow::commands() {
     return {{u"lblClick(0)"_s, u"search"_s, u"Εμφάνιση Λίστας"_s, {}, [this] { FillList(); }},
-            {u"lblClick(1)"_s, u"print"_s, u"Εκτύπωση Λίστας"_s, {}, [this] {
+            {u"lblClick(1)"_s,
+             u"print"_s,
+             u"Εκτύπωση Λίστας"_s,
+             {},
+             [this] {
                  const controls::Days days = core::required(*period_, u"των συναντήσεων"_s);
                  DatesReport(mod_, this, days.from, days.to);
              }},
@@ -93,7 +98,6 @@ void frmDatesShow::FillList() {
                      {}});
     ListView1->setRows(std::move(list));
     if (chosen.isValid()) ListView1->selectTag(chosen);
-    listed_ = true;
 }
 
 }  // namespace diary

@@ -16,9 +16,6 @@ public:
     explicit frmDatesShow(core::MainMod& mod);
 
     void FillList();
-    void refresh() {
-        if (listed_) FillList();
-    }
 
 protected:
     void onLoad() override;
@@ -32,7 +29,6 @@ private:
     controls::ChoiceBox* Combo1;
     core::StoredList* ListView1;
     core::SortKeys keys_;
-    bool listed_ = false;
 };
 
 }  // namespace diary

@@ -24,7 +24,8 @@ frmLigounShow::frmLigounShow(core::MainMod& mod)
     : Form(mod, u"frmLigounShow"_s, u"Λίστα Επισκέψεων"_s, {u"DateShow"_s, 1000, 0}, u"list"_s),
       commands_(mod, this, commands()),
       period_(new controls::Period(u"DTPcustDate"_s)),
-      ListView1(new core::StoredList(mod.services.settings, u"ListView1"_s, windowTitle(), u"lvLigoun"_s, dueColumns())),
+      ListView1(
+          new core::StoredList(mod.services.settings, u"ListView1"_s, windowTitle(), u"lvLigoun"_s, dueColumns())),
       lblYpoloipo(controls::named(new QLabel(u"0,00 "_s), u"lblYpoloipo"_s)),
       keys_(core::SortKeys::ofAppointments(mod)) {
     lblYpoloipo->setFont(controls::font(u"Tahoma"_s, 11, true));
@@ -42,7 +43,11 @@ frmLigounShow::frmLigounShow(core::MainMod& mod)
 
 QVector<core::Command> frmLigounShow::commands() {
     return {{u"lblClick(0)"_s, u"search"_s, u"Εμφάνιση Λίστας"_s, {}, [this] { FillList(); }},
-            {u"lblClick(1)"_s, u"print"_s, u"Εκτύπωση Λίστας"_s, {}, [this] {
+            {u"lblClick(1)"_s,
+             u"print"_s,
+             u"Εκτύπωση Λίστας"_s,
+             {},
+             [this] {
                  const controls::Days days = core::required(*period_, ofVisits);
                  LeigounReport(mod_, this, days.from, days.to);
              }},

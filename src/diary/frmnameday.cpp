@@ -54,9 +54,10 @@ void frmNameDay::onUnload() {
 
 void frmNameDay::fillNames(QDate today) {
     QVector<controls::ListRow> list;
-    for (data::Recordset rows(mod_.gConn,
-                              data::Sql(u"Select [onoma] from NameDay where day(hmera)=? and month(hmera)=? order by onoma"_s,
-                                        today.day(), today.month()));
+    for (data::Recordset rows(
+             mod_.gConn,
+             data::Sql(u"Select [onoma] from NameDay where day(hmera)=? and month(hmera)=? order by onoma"_s,
+                       today.day(), today.month()));
          !rows.eof(); rows.moveNext())
         list.append({{rows[u"onoma"].text()}, {}, {}});
     ListView1->setRows(std::move(list));
@@ -71,9 +72,10 @@ void frmNameDay::fillCards(QDate today) {
                        "month(ΗΜ_ΓΕΝΗΣΗΣ)=?) or (day(ΗΜ_ΕΟΡΤΗΣ)=? and month(ΗΜ_ΕΟΡΤΗΣ)=?) order by ΕΠΩΝΥΜΟ"_s,
                        day, month, day, month));
          !rows.eof(); rows.moveNext())
-        list.append({{rows[u"ΕΠΩΝΥΜΟ"].text(), rows[u"ΟΝΟΜΑ"].text(), rows[u"ΤΗΛΕΦΩΝΟ1"].text(), rows[u"ΚΙΝΗΤΟ"].text()},
-                     rows[u"CODE"].toLong(),
-                     {}});
+        list.append(
+            {{rows[u"ΕΠΩΝΥΜΟ"].text(), rows[u"ΟΝΟΜΑ"].text(), rows[u"ΤΗΛΕΦΩΝΟ1"].text(), rows[u"ΚΙΝΗΤΟ"].text()},
+             rows[u"CODE"].toLong(),
+             {}});
     ListView2->setRows(std::move(list));
 }
 

@@ -69,7 +69,7 @@ void frmThink::onLoad() {
 }
 
 bool frmThink::isWritable() const {
-    return mayChange(mod_, owner_);
+    return mod_.mayChange(owner_);
 }
 
 void frmThink::settle(const QString& title) {
@@ -108,8 +108,7 @@ void frmThink::edit(qint64 aa) {
 }
 
 void frmThink::save() {
-    if (txtSubject->text().isEmpty())
-        return complain(u"Δεν έχετε συμπληρώσει το θέμα της εργασίας!"_s, txtSubject);
+    if (txtSubject->text().isEmpty()) return complain(u"Δεν έχετε συμπληρώσει το θέμα της εργασίας!"_s, txtSubject);
     if (Combo1->currentText().isEmpty()) return complain(u"Δεν έχετε επιλέξει την προτεραιότητα!"_s, Combo1);
     const bool keepsNotes = !row_.isNew() && fields_.isChanged(txtNotes) && txtNotes->text().isEmpty();
     if (!row_.save([this](data::Recordset& row) { row[u"Entoleas"].setValue(mod_.gUserName); })) return;

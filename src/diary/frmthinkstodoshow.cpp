@@ -38,7 +38,8 @@ frmThinksToDoShow::frmThinksToDoShow(core::MainMod& mod)
     controls::add(
         controls::pageLayout(this),
         {controls::row({commands_.toolBar(u"Toolbar1"_s, {u"mnuNewThink"_s, u"mnuEditThink"_s, u"mnuDelThink"_s}),
-                        Item::rest(), controls::named(controls::captionOf(u"   Χρήστης"_s, Combo1), u"Label1"_s), Combo1}),
+                        Item::rest(), controls::named(controls::captionOf(u"   Χρήστης"_s, Combo1), u"Label1"_s),
+                        Combo1}),
          {ListView1, 1},
          foot});
     setMinimumSize(640, 380);
@@ -56,7 +57,12 @@ QVector<core::Command> frmThinksToDoShow::commands() {
     const auto hasRows = [this] { return ListView1->count() > 0; };
     return {{u"mnuNewThink"_s, u"add"_s, u"Νέα εργασία"_s, {}, [this] { mod_.doors.openTask(0, this); }},
             {u"mnuEditThink"_s, u"edit"_s, u"Διόρθωση εργασίας"_s, {}, [this] { edit(); }, hasRows},
-            {u"mnuDelThink"_s, u"delete"_s, u"Διαγραφή εργασίας"_s, {}, [this] { remove(); }, [this] { return mayDelete(); }},
+            {u"mnuDelThink"_s,
+             u"delete"_s,
+             u"Διαγραφή εργασίας"_s,
+             {},
+             [this] { remove(); },
+             [this] { return mayDelete(); }},
             {u"lblClick(0)"_s, u"print"_s, u"Εκτύπωση λίστας Εργασιών"_s, {}, [this] { ThinksReport(mod_, this); }},
             {u"lblClick(1)"_s, u"exit"_s, u"Έξοδος"_s, {}, [this] { emit closeRequested(); }}};
 }
@@ -92,7 +98,7 @@ void frmThinksToDoShow::FillList() {
 
 bool frmThinksToDoShow::mayDelete() const {
     const int row = ListView1->currentRow();
-    return row >= 0 && mayChange(mod_, ListView1->row(row).cells.value(userColumn));
+    return row >= 0 && mod_.mayChange(ListView1->row(row).cells.value(userColumn));
 }
 
 void frmThinksToDoShow::edit() {

@@ -19,13 +19,11 @@ namespace {
 const QString optionsSection = u"Options"_s, startOption = u"frmTodayShowStart"_s;
 
 // What fell due before stays unseen: data that old comes from other programs.
-constexpr QDate firstDue() {
-    return QDate(2000, 1, 1);
-}
+const QDate firstDue(2000, 1, 1);
 
 QVector<controls::ListColumn> appointmentColumns() {
-    return {{u"Επαφή"_s, u"Επαφή"_s, 1500},   {u"Subject"_s, u"Θέμα"_s, 1500}, {u"Location"_s, u"Τόπος"_s, 2000},
-            {u"Day"_s, u"Ημέρα"_s, 1000}, {u"Start"_s, u"Έναρξη"_s, 1100}, {u"End"_s, u"Λήξη"_s, 1100}};
+    return {{u"Επαφή"_s, u"Επαφή"_s, 1500}, {u"Subject"_s, u"Θέμα"_s, 1500}, {u"Location"_s, u"Τόπος"_s, 2000},
+            {u"Day"_s, u"Ημέρα"_s, 1000},   {u"Start"_s, u"Έναρξη"_s, 1100}, {u"End"_s, u"Λήξη"_s, 1100}};
 }
 
 QVector<controls::ListColumn> taskColumns() {
@@ -60,14 +58,15 @@ frmTodayShow::frmTodayShow(core::MainMod& mod)
       keys_(core::SortKeys::ofAppointments(mod)) {
     auto* foot = controls::row({{Check1, 1}});
     commands_.addPictures(foot);
-    controls::add(controls::pageLayout(this),
-                  {controls::row({period_, Item::rest()}),
-                   {section(u"Συναντήσεις Ημέρας"_s, ListView1), 1},
-                   {section(u"Εργασίες σε Εκρεμότητα"_s, ListView2), 1},
-                   {section(u"Εκρεμείς Επισκέψεις"_s, ListView3), 1},
-                   controls::row({Item::rest(), controls::captionOf(u"Σύνολο Εισπρακτέο:"_s, lblSumTotalInc), lblSumTotalInc,
-                                  Item::gap(12), controls::captionOf(u"Σύνολο Πληρωτέο:"_s, txtSumTotalPay), txtSumTotalPay}),
-                   foot});
+    controls::add(
+        controls::pageLayout(this),
+        {controls::row({period_, Item::rest()}),
+         {section(u"Συναντήσεις Ημέρας"_s, ListView1), 1},
+         {section(u"Εργασίες σε Εκρεμότητα"_s, ListView2), 1},
+         {section(u"Εκρεμείς Επισκέψεις"_s, ListView3), 1},
+         controls::row({Item::rest(), controls::captionOf(u"Σύνολο Εισπρακτέο:"_s, lblSumTotalInc), lblSumTotalInc,
+                        Item::gap(12), controls::captionOf(u"Σύνολο Πληρωτέο:"_s, txtSumTotalPay), txtSumTotalPay}),
+         foot});
     setMinimumSize(700, 560);
     on(ListView1, &controls::ListView::columnClicked, [this](int column) {
         keys_.click(column - 1);
@@ -137,9 +136,10 @@ void frmTodayShow::FillList2() {
     const QVariant chosen = ListView1->currentTag();
     if (days)
         for (data::Recordset rows(
-                 mod_.gConn, data::Sql(u"Select contact,[subject],[location],[day],[start],[end],[notes],[aa] from dates "
-                                       "where (day between ? and ?) and user=?"_s,
-                                       days->from, days->to, mod_.gUserName));
+                 mod_.gConn,
+                 data::Sql(u"Select contact,[subject],[location],[day],[start],[end],[notes],[aa] from dates "
+                           "where (day between ? and ?) and user=?"_s,
+                           days->from, days->to, mod_.gUserName));
              !rows.eof(); rows.moveNext())
             list.append({{rows[u"contact"].text(), rows[u"subject"].text(), rows[u"location"].text(),
                           data::dayText(rows[u"day"].toDate()), timeText(rows[u"start"].value()),
@@ -153,16 +153,18 @@ void frmTodayShow::FillList2() {
 void frmTodayShow::FillTasks() {
     QVector<controls::ListRow> list;
     const QVariant chosen = ListView2->currentTag();
-    for (data::Recordset rows(mod_.gConn, u"Select [subject],[Priority],[aa],[notes] from ThinksToDo ORDER BY priority"_s);
+    for (data::Recordset rows(mod_.gConn,
+                              u"Select [subject],[Priority],[aa],[notes] from ThinksToDo ORDER BY priority"_s);
          !rows.eof(); rows.moveNext())
-        list.append({{rows[u"subject"].text(), rows[u"notes"].text(), rows[u"Priority"].text()}, rows[u"aa"].toLong(), {}});
+        list.append(
+            {{rows[u"subject"].text(), rows[u"notes"].text(), rows[u"Priority"].text()}, rows[u"aa"].toLong(), {}});
     ListView2->setRows(std::move(list));
     if (chosen.isValid()) ListView2->selectTag(chosen);
 }
 
 void frmTodayShow::FillDue() {
     const auto to = period_->to()->date();
-    Due due = to ? dueCards(mod_.gConn, firstDue(), *to, true) : Due{};
+    Due due = to ? dueCards(mod_.gConn, firstDue, *to, true) : Due{};
     ListView3->setRows(std::move(due.rows));
     lblSumTotalInc->setText(due.sum.text());
 }

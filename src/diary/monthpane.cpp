@@ -37,11 +37,11 @@ MonthPane::MonthPane(core::MainMod& mod, std::function<QSet<QDate>(Month)> marke
                            {u"ΣΑΒ"_s, u"Σάββατο"_s},
                            {u"ΚΥΡ"_s, u"Κυριακή"_s}});
     Label2->setToolTip(u"Επιστροφή στη σημερινή ημέρα"_s);
-    controls::add(controls::tabLayout(this),
-                  {controls::row({commands_.toolButton(u"cmdPrevious"_s), {MonthYear, 1},
-                                  commands_.toolButton(u"cmdNext"_s)}),
-                   {MSFlexGrid1, 1},
-                   controls::row({new QLabel(u"Σήμερα:"_s), Label2, controls::Item::rest()})});
+    controls::add(
+        controls::tabLayout(this),
+        {controls::row({commands_.toolButton(u"cmdPrevious"_s), {MonthYear, 1}, commands_.toolButton(u"cmdNext"_s)}),
+         {MSFlexGrid1, 1},
+         controls::row({new QLabel(u"Σήμερα:"_s), Label2, controls::Item::rest()})});
     on(MSFlexGrid1, &CellGrid::cellActivated, [this](int row, int column) { choose(row, column); });
     on(MSFlexGrid1, &CellGrid::pageTurned, [this](int direction) { turn(direction); });
 }

@@ -21,7 +21,7 @@ public:
 
     void showMonth(Month month);
     Month month() const { return month_; }
-    void refreshMarks();        // the dots again
+    void refreshMarks();         // the dots again
     void setToday(QDate today);  // of the mark and of the button that leads there
 
 signals:

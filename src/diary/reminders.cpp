@@ -17,9 +17,9 @@ QTime minuteOf(const QDateTime& moment) {
 
 QVector<Reminder> Reminders::due(data::Connection& connection, const QString& user, const QDateTime& now) {
     QVector<Reminder> found;
-    for (data::Recordset rows(connection,
-                              data::Sql(u"select * from dates where day=? and remind=? and user=? order by [start],[end]"_s,
-                                        now.date(), minuteOf(now), user));
+    for (data::Recordset rows(
+             connection, data::Sql(u"select * from dates where day=? and remind=? and user=? order by [start],[end]"_s,
+                                   now.date(), minuteOf(now), user));
          !rows.eof(); rows.moveNext()) {
         const QString mark = rows[u"aa"].text() + now.toString(u" yyyy-MM-dd HH:mm"_s);
         if (given_.contains(mark)) continue;
@@ -34,13 +34,14 @@ QStringList Reminders::missed(data::Connection& connection, const QString& user,
     const auto minute = [](const QDateTime& moment) { return data::wallClock(moment.date(), minuteOf(moment)); };
     if (!last_.isValid() || minute(last_).addSecs(60) >= minute(now)) return {};
     QStringList texts;
-    for (data::Recordset rows(connection,
-                              data::Sql(u"select day,remind,subject from dates where day between ? and ? and user=? and "
-                                        "remind is not null order by day,remind"_s,
-                                        last_.date(), now.date(), user));
+    for (data::Recordset rows(
+             connection, data::Sql(u"select day,remind,subject from dates where day between ? and ? and user=? and "
+                                   "remind is not null order by day,remind"_s,
+                                   last_.date(), now.date(), user));
          !rows.eof(); rows.moveNext()) {
         const QDateTime at = data::wallClock(rows[u"day"].toDate().date(), rows[u"remind"].toDate().time());
-        if (at > minute(last_) && at < minute(now)) texts << timeText(rows[u"remind"].value()) + u' ' + rows[u"subject"].text();
+        if (at > minute(last_) && at < minute(now))
+            texts << timeText(rows[u"remind"].value()) + u' ' + rows[u"subject"].text();
     }
     return texts;
 }

@@ -19,6 +19,9 @@ struct Reminder {
 // after summer time, reminds of nothing twice. A minute without a check isn't caught up.
 class Reminders {
 public:
+    // `given` outlives this object: it is the run's, and holds what was shown to the user who is at work.
+    explicit Reminders(QSet<QString>& given) : given_(given) {}
+
     // Those of this user at this minute that weren't given before, by start and end. Throws data::Error.
     QVector<Reminder> due(data::Connection& connection, const QString& user, const QDateTime& now);
     // The appointments of this user whose minute lay between the last check and this one, without its own: times and
@@ -28,7 +31,7 @@ public:
 
 private:
     QDateTime last_;
-    QSet<QString> given_;
+    QSet<QString>& given_;
 };
 
 }  // namespace diary
