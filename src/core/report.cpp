@@ -176,8 +176,9 @@ ReportBand ownerBand(const OwnerDetails& owner, const QString& title) {
     };
     add(owner.name, {.size = 14, .bold = true});
     for (const QString& detail : {owner.address, owner.phone, owner.email}) add(detail, {.size = 12});
+    if (title.isEmpty()) return band;
     add(u" "_s, {.size = 12});
-    if (!title.isEmpty()) band.lines.append(titleLine(title));
+    band.lines.append(titleLine(title));
     return band;
 }
 

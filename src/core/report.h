@@ -34,7 +34,7 @@ struct ReportBand {
 };
 
 struct Report {
-    QString title;  // of the preview, not printed
+    QString title = {};  // of the preview, not printed
     ReportBand head = {};
     ReportBand pageHead = {};   // on the first page below the report's
     ReportBand groupHead = {};  // again on each page that the group goes on

@@ -32,16 +32,19 @@ ReportLine values(const QVector<Column>& columns) {
     return line;
 }
 
-// A caption with a field beside it, from `x` on.
-ReportLine captioned(const QString& caption, const QString& field, double x = 0, double width = 100,
-                     const platform::PrintFont& font = {.size = core::reportTextSize}) {
-    constexpr double captionWidth = 17;
-    return {ReportItem{.x = x, .width = captionWidth, .text = caption, .font = strong},
-            ReportItem{.x = x + captionWidth, .width = width - captionWidth, .field = field, .font = font}};
+// A caption with a field beside it, over a part of the line.
+struct Place {
+    double x = 0, width = 100, caption = 16;
+    bool strong = false;
+};
+ReportLine captioned(const QString& caption, const QString& field, const Place& place = {}) {
+    ReportItem value{.x = place.x + place.caption, .width = place.width - place.caption, .field = field};
+    value.font.bold = place.strong;
+    return {ReportItem{.x = place.x, .width = place.caption, .text = caption, .font = strong}, value};
 }
 
-core::Report titled(core::MainMod& mod, const QString& title) {
-    return {.title = title, .head = core::ownerBand(core::ownerDetails(mod.services.settings))};
+core::Report titled(core::MainMod& mod, const QString& title, const QString& printedTitle = {}) {
+    return {.title = title, .head = core::ownerBand(core::ownerDetails(mod.services.settings), printedTitle)};
 }
 
 }  // namespace
@@ -55,7 +58,7 @@ core::Report datesReport(core::MainMod& mod, QDate from, QDate to) {
     core::Report report = titled(mod, u"Κατάσταση Συναντήσεων"_s);
     report.pageHead = {.lines = {core::titleLine(u"ΚΑΤΑΣΤΑΣΗ ΣΥΝΑΝΤΗΣΕΩΝ ("_s + mod.gUserName + u')')}};
     report.groupBy = u"Day"_s;
-    report.groupHead = {.lines = {captioned(u"Ημερομηνία:"_s, u"Day"_s, 0, 100, strong), heads(columns)},
+    report.groupHead = {.lines = {captioned(u"Ημερομηνία:"_s, u"Day"_s, {.strong = true}), heads(columns)},
                         .before = groupGap,
                         .ruled = true};
     report.detail = {
@@ -83,12 +86,12 @@ core::Report thinksReport(core::MainMod& mod) {
     report.pageHead = {.lines = {core::titleLine(u"ΚΑΤΑΣΤΑΣΗ ΕΚΡΕΜΩΝ ΕΡΓΑΣΙΩΝ ("_s + mod.gUserName + u')')},
                        .after = groupGap,
                        .ruled = true};
-    report.detail = {
-        .lines = {captioned(u"Θέμα:"_s, u"Subject"_s, 0, 100, strong),
-                  captioned(u"Προτεραιότητα:"_s, u"Priority"_s) + captioned(u"Εντολέας:"_s, u"Entoleas"_s, 50, 50),
-                  captioned(u"Σημειώσεις:"_s, u"notes"_s)},
-        .after = groupGap};
-    report.detail.lines[1][1].width = 32;
+    constexpr double wide = 19;
+    report.detail = {.lines = {captioned(u"Θέμα:"_s, u"Subject"_s, {.caption = wide, .strong = true}),
+                               captioned(u"Προτεραιότητα:"_s, u"Priority"_s, {.width = 49, .caption = wide}) +
+                                   captioned(u"Εντολέας:"_s, u"Entoleas"_s, {.x = 50, .width = 50}),
+                               captioned(u"Σημειώσεις:"_s, u"notes"_s, {.caption = wide})},
+                     .after = groupGap};
     core::fillReport(
         report,
         data::Recordset(
@@ -102,14 +105,14 @@ core::Report thinksReport(core::MainMod& mod) {
 core::Report leigounReport(core::MainMod& mod, QDate from, QDate to) {
     const QVector<Column> columns{{u"ΕΠΩΝΥΜΟ"_s, u"ΕΠΩΝΥΜΟ"_s, 0, 26},
                                   {u"ΟΝΟΜΑ"_s, u"ΟΝΟΜΑ"_s, 27, 18},
-                                  {u"ΕΤΑΙΡΙΑ"_s, u"ΕΤΑΙΡΙΑ"_s, 46, 23},
-                                  {u"ΛΗΞΗ"_s, u"Teleytaia"_s, 70, 14},
+                                  {u"ΕΤΑΙΡΙΑ"_s, u"ΕΤΑΙΡΙΑ"_s, 46, 21},
+                                  {u"ΛΗΞΗ"_s, u"Teleytaia"_s, 68, 16},
                                   {u"ΠΟΣΟ"_s, u"ΠΟΣΟ_ΚΙΝΗΣΗΣ"_s, 85, 15, Qt::AlignRight}};
-    core::Report report = titled(mod, u"ΚΑΤΑΣΤΑΣΗ ΕΚΡΕΜΩΝ ΕΠΙΣΚΕΨΕΩΝ"_s);
-    report.head.lines.append(core::titleLine(report.title));
+    const QString title = u"ΚΑΤΑΣΤΑΣΗ ΕΚΡΕΜΩΝ ΕΠΙΣΚΕΨΕΩΝ"_s;
+    core::Report report = titled(mod, title, title);
     report.pageHead = {.lines = {heads(columns)}, .ruled = true};
-    report.detail = {.lines = {values(columns), captioned(u"Διεύθυνση:"_s, u"ΔΙΕΥΘΥΝΣΗ"_s, 0, 60) +
-                                                    captioned(u"Τηλέφωνο:"_s, u"ΤΗΛΕΦΩΝΟ1"_s, 61, 39)},
+    report.detail = {.lines = {values(columns), captioned(u"Διεύθυνση:"_s, u"ΔΙΕΥΘΥΝΣΗ"_s, {.width = 67}) +
+                                                    captioned(u"Τηλέφωνο:"_s, u"ΤΗΛΕΦΩΝΟ1"_s, {.x = 68, .width = 32})},
                      .after = rowGap};
     core::fillReport(
         report,
