@@ -35,14 +35,14 @@ QLabel* subjectLabel(const QString& name) {
 
 frmAlarm::frmAlarm(core::MainMod& mod, QWidget* parent)
     : Dialog(mod, parent, u"frmAlarm"_s, u"Υπενθύμιση!"_s),
-      commands_(mod, this, commands()),
       lblAlarm(subjectLabel(u"lblAlarm"_s)),
       Label2(subjectLabel(u"Label2"_s)),
       ListView1(
           new core::StoredList(mod.services.settings, u"ListView1"_s, u"Υπενθυμίσεις"_s, u"ListView1"_s, columns())),
       reminders_(mod.reminded),
       gAlarmSound(mod.services.settings.value(settingsSection, soundKey,
-                                              platform::programFolder() + u"/sounds/alarm001.wav"_s)) {
+                                              platform::programFolder() + u"/sounds/alarm001.wav"_s)),
+      commands_(mod, this, commands()) {
     // The flashing one over the one that stays readable.
     auto* buttons = controls::row({controls::Item::rest()});
     commands_.addPictures(buttons);

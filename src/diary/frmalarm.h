@@ -32,13 +32,13 @@ private:
     void chooseSound();
     void place();
 
-    core::Commands commands_;
     QLabel *lblAlarm, *Label2;
     core::StoredList* ListView1;
     QTimer Timer1, Timer2;
     Reminders reminders_;
     QString gAlarmSound;
     bool bright_ = false;
+    core::Commands commands_;
 };
 
 }  // namespace diary

@@ -41,13 +41,13 @@ std::optional<QDate> typedDay(const QString& text, QDate today) {
 frmCalend::frmCalend(core::MainMod& mod, std::function<void(const NewAppointment&, QWidget*)> makeNew)
     : Form(mod, u"frmCalend"_s, u"Ημερολόγιο"_s, {u"Caln"_s, 0, 0}),
       makeNew_(std::move(makeNew)),
-      commands_(mod, this, commands()),
       month_(new MonthPane(mod, [this](Month month) { return busyDays(month); })),
       ListView1(new core::StoredList(mod.services.settings, u"ListView1"_s, u"Συναντήσεις της ημέρας"_s, u"ListView1"_s,
-                                     columns())) {
+                                     columns())),
+      commands_(mod, this, commands()) {
     controls::add(controls::pageLayout(this), {{controls::row({side(), dayPane(), {ListView1, 1}}, 12), 1}});
     MnuPopUpDate = commands_.menu(u"MnuPopUpDate"_s);
-    setMinimumSize(860, 460);
+    setMinimumSize(940, 480);
     on(month_, &MonthPane::dayChosen, [this](QDate day) { ShowDay(day); });
     on(month_, &MonthPane::todayWanted, [this] {
         month_->showMonth(monthOf(today_));
@@ -90,6 +90,7 @@ QWidget* frmCalend::dayPane() {
     MSFlexGrid2->setAccessibleName(u"Ώρες της ημέρας"_s);
     MSFlexGrid2->setBehaviour(CellGrid::Unit::Row, CellGrid::ActedBy::DoubleClick, CellGrid::Paging::Scrolls);
     MSFlexGrid2->setColumnWidths({56, CellGrid::stretch});
+    MSFlexGrid2->setRowHeight(20);
     auto* hint = new QLabel(u"Διπλό κλικ ή Enter σε μια ώρα: νέα συνάντηση"_s);
     hint->setProperty("role", u"muted"_s);
     hint->setWordWrap(true);

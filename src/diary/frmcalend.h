@@ -52,7 +52,6 @@ private:
     void tick();
 
     std::function<void(const NewAppointment&, QWidget*)> makeNew_;
-    core::Commands commands_;
     MonthPane* month_;
     controls::CellGrid* MSFlexGrid2;
     QLabel *lblDate, *lblPm;
@@ -65,6 +64,7 @@ private:
     qint64 mSelectedAa = 0;
     qint64 gAppointmentCode = 0;
     QString gAppointmentContact;
+    core::Commands commands_;
 };
 
 }  // namespace diary

@@ -41,7 +41,6 @@ controls::ChoiceBox* timeBox(const QString& name) {
 
 frmDate::frmDate(core::MainMod& mod)
     : Form(mod, u"frmDate"_s, u"Συνάντηση"_s, {u"Date"_s, 1000, 0}),
-      commands_(mod, this, commands()),
       Frame1(named(new QGroupBox, u"Frame1"_s)),
       lblDate(named(new QLabel, u"lblDate"_s)),
       txtContact(textBox(u"txtContact"_s)),
@@ -52,7 +51,8 @@ frmDate::frmDate(core::MainMod& mod)
       txtRemind(timeBox(u"txtRemind"_s)),
       Combo1(named(new controls::ChoiceBox(false), u"Combo1"_s)),
       txtNotes(named(new controls::MemoBox, u"txtNotes"_s)),
-      row_(boundRow()) {
+      row_(boundRow()),
+      commands_(mod, this, commands()) {
     lblDate->setFont(controls::font(u"Tahoma"_s, 11, true));
     txtNotes->setHighlighting(true);
     txtNotes->setMinimumHeight(90);

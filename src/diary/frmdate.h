@@ -41,7 +41,6 @@ private:
     void printSheet();
     bool isWritable() const;
 
-    core::Commands commands_;
     QGroupBox* Frame1;
     QLabel* lblDate;
     controls::TextBox *txtContact, *txtSubject, *txtLocation;
@@ -52,6 +51,7 @@ private:
     qint64 mCodeCard = 0;
     qint64 shownCard_ = 0;  // as the row had it
     QString owner_;         // the user of the row on show; of a new one, whoever is at work
+    core::Commands commands_;
 };
 
 }  // namespace diary

@@ -35,11 +35,11 @@ QVector<controls::ListColumn> columns() {
 
 frmDatesShow::frmDatesShow(core::MainMod& mod)
     : Form(mod, u"frmDatesShow"_s, u"Λίστα Συναντήσεων"_s, {u"DateShow"_s, 1000, 0}, u"list"_s),
-      commands_(mod, this, commands()),
       period_(new controls::Period(u"DTPcustDate"_s)),
       Combo1(controls::named(new controls::ChoiceBox(false), u"Combo1"_s)),
       ListView1(new core::StoredList(mod.services.settings, u"ListView1"_s, windowTitle(), u"lvDates"_s, columns())),
-      keys_(core::SortKeys::ofAppointments(mod)) {
+      keys_(core::SortKeys::ofAppointments(mod)),
+      commands_(mod, this, commands()) {
     auto* foot = controls::row({Item::rest()});
     commands_.addPictures(foot);
     controls::add(
@@ -47,7 +47,7 @@ frmDatesShow::frmDatesShow(core::MainMod& mod)
         {controls::row({period_, Item::gap(12), controls::captionOf(u"Χρήστης"_s, Combo1), Combo1, Item::rest()}),
          {ListView1, 1},
          foot});
-    setMinimumSize(760, 420);
+    setMinimumSize(960, 420);
     on(ListView1, &controls::ListView::rowActivated,
        [this](int row) { mod_.doors.openAppointment(ListView1->row(row).tag.toLongLong(), this); });
     on(ListView1, &controls::ListView::columnClicked, [this](int column) {

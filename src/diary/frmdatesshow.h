@@ -24,11 +24,11 @@ protected:
 private:
     QVector<core::Command> commands();
 
-    core::Commands commands_;
     controls::Period* period_;
     controls::ChoiceBox* Combo1;
     core::StoredList* ListView1;
     core::SortKeys keys_;
+    core::Commands commands_;
 };
 
 }  // namespace diary

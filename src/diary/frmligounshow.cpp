@@ -22,12 +22,12 @@ const QString ofVisits = u"των επισκέψεων"_s;
 frmLigounShow::frmLigounShow(core::MainMod& mod)
     // At the place of the list of appointments: the two windows share it.
     : Form(mod, u"frmLigounShow"_s, u"Λίστα Επισκέψεων"_s, {u"DateShow"_s, 1000, 0}, u"list"_s),
-      commands_(mod, this, commands()),
       period_(new controls::Period(u"DTPcustDate"_s)),
       ListView1(
           new core::StoredList(mod.services.settings, u"ListView1"_s, windowTitle(), u"lvLigoun"_s, dueColumns())),
       lblYpoloipo(controls::named(new QLabel(u"0,00 "_s), u"lblYpoloipo"_s)),
-      keys_(core::SortKeys::ofAppointments(mod)) {
+      keys_(core::SortKeys::ofAppointments(mod)),
+      commands_(mod, this, commands()) {
     lblYpoloipo->setFont(controls::font(u"Tahoma"_s, 11, true));
     auto* foot = controls::row({new QLabel(u" Σύνολο:"_s), lblYpoloipo, Item::rest()});
     commands_.addPictures(foot);

@@ -25,11 +25,11 @@ protected:
 private:
     QVector<core::Command> commands();
 
-    core::Commands commands_;
     controls::Period* period_;
     core::StoredList* ListView1;
     QLabel* lblYpoloipo;
     core::SortKeys keys_;
+    core::Commands commands_;
 };
 
 }  // namespace diary

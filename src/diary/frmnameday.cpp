@@ -28,8 +28,8 @@ frmNameDay::frmNameDay(core::MainMod& mod)
                                      {{u"Όνομα"_s, u"Όνομα"_s, 8000}})),
       ListView2(new core::StoredList(mod.services.settings, u"ListView2"_s, u"Γιορτάζουν οι επαφές"_s, u"lvNameDay2"_s,
                                      cardColumns())),
-      commands_(mod, this, {{u"cmdExit"_s, u"exit"_s, u"Έξοδος"_s, {}, [this] { emit closeRequested(); }}}),
-      Check1(named(new QCheckBox(u"Να εμφανίζετε στην εκκίνηση του προγράμματος"_s), u"Check1"_s)) {
+      Check1(named(new QCheckBox(u"Να εμφανίζετε στην εκκίνηση του προγράμματος"_s), u"Check1"_s)),
+      commands_(mod, this, {{u"cmdExit"_s, u"exit"_s, u"Έξοδος"_s, {}, [this] { emit closeRequested(); }}}) {
     controls::add(controls::pageLayout(this), {named(captionOf(u"Σήμερα γιορτάζουν:"_s, ListView1), u"Label3"_s),
                                                {ListView1, 1},
                                                named(captionOf(u"Γιορτάζουν οι επαφές:"_s, ListView2), u"Label4"_s),

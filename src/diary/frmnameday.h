@@ -23,8 +23,8 @@ private:
     void fillCards(QDate today);
 
     core::StoredList *ListView1, *ListView2;
-    core::Commands commands_;
     QCheckBox* Check1;
+    core::Commands commands_;
 };
 
 }  // namespace diary

@@ -20,13 +20,13 @@ const QStringList priorities = {u"5"_s, u"4"_s, u"3"_s, u"2"_s, u"1"_s};
 
 frmThink::frmThink(core::MainMod& mod)
     : Form(mod, u"frmThink"_s, u"Εργασία"_s, {u"Think"_s, 1000, 0}),
-      commands_(mod, this, commands()),
       Label5(named(new QLabel, u"Label5"_s)),
       txtSubject(named(new controls::TextBox, u"txtSubject"_s)),
       Combo1(named(new controls::ChoiceBox(true), u"Combo1"_s)),
       Combo2(named(new controls::ChoiceBox(false), u"Combo2"_s)),
       txtNotes(named(new controls::MemoBox, u"txtNotes"_s)),
-      row_(boundRow()) {
+      row_(boundRow()),
+      commands_(mod, this, commands()) {
     Label5->setFont(controls::font(u"Tahoma"_s, 11, true));
     Combo1->addItems(priorities);
     txtSubject->setHighlighting(true);

@@ -30,13 +30,13 @@ private:
     void leave();
     bool isWritable() const;
 
-    core::Commands commands_;
     QLabel* Label5;
     controls::TextBox* txtSubject;
     controls::ChoiceBox *Combo1, *Combo2;
     controls::MemoBox* txtNotes;
     core::BoundRow row_;
     QString owner_;
+    core::Commands commands_;
 };
 
 }  // namespace diary

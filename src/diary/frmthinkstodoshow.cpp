@@ -28,11 +28,11 @@ QVector<controls::ListColumn> columns() {
 
 frmThinksToDoShow::frmThinksToDoShow(core::MainMod& mod)
     : Form(mod, u"frmThinksToDoShow"_s, u"Εμφάνιση Εργασιών"_s, {u"ThinksToDoShow"_s, 1230, 0}),
-      commands_(mod, this, commands()),
       Combo1(controls::named(new controls::ChoiceBox(false), u"Combo1"_s)),
       ListView1(new core::StoredList(mod.services.settings, u"ListView1"_s, u"Εργασίες"_s, u"lvThinks"_s, columns())),
       keys_(mod, u"ThinksQuery"_s, {u"Priority"_s, u"Subject"_s, u"Notes"_s},
-            {u"Subject"_s, u"Notes"_s, u"Priority"_s}) {
+            {u"Subject"_s, u"Notes"_s, u"Priority"_s}),
+      commands_(mod, this, commands()) {
     auto* foot = controls::row({Item::rest()});
     commands_.addPictures(foot, {u"lblClick(0)"_s, u"lblClick(1)"_s});
     controls::add(

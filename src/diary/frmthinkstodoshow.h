@@ -26,10 +26,10 @@ private:
     void remove();
     bool mayDelete() const;
 
-    core::Commands commands_;
     controls::ChoiceBox* Combo1;
     core::StoredList* ListView1;
     core::SortKeys keys_;
+    core::Commands commands_;
 };
 
 }  // namespace diary

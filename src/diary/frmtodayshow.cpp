@@ -36,7 +36,7 @@ controls::TextBox* sumBox(const QString& name) {
     auto* box = named(new controls::TextBox, name);
     box->setReadOnly(true);
     box->setAlignment(Qt::AlignRight);
-    box->setMaximumWidth(130);
+    box->setFixedWidth(120);
     return box;
 }
 
@@ -44,7 +44,6 @@ controls::TextBox* sumBox(const QString& name) {
 
 frmTodayShow::frmTodayShow(core::MainMod& mod)
     : Form(mod, u"frmTodayShow"_s, u"Τι έχω να κάνω σήμερα;"_s, {u"TodayShow"_s, 30, 1230}, u"calendar"_s),
-      commands_(mod, this, commands()),
       period_(new controls::Period(u"DTPcustDate"_s)),
       ListView1(new core::StoredList(mod.services.settings, u"ListView1"_s, u"Συναντήσεις Ημέρας"_s, u"lvDates"_s,
                                      appointmentColumns())),
@@ -55,19 +54,22 @@ frmTodayShow::frmTodayShow(core::MainMod& mod)
       lblSumTotalInc(sumBox(u"lblSumTotalInc"_s)),
       txtSumTotalPay(sumBox(u"txtSumTotalPay"_s)),
       Check1(named(new QCheckBox(u"Να εμφανίζετε στην εκκίνηση του προγράμματος"_s), u"Check1"_s)),
-      keys_(core::SortKeys::ofAppointments(mod)) {
-    auto* foot = controls::row({{Check1, 1}});
-    commands_.addPictures(foot);
+      keys_(core::SortKeys::ofAppointments(mod)),
+      commands_(mod, this, commands()) {
+    auto* sums = controls::row({{Check1, 1},
+                                controls::captionOf(u"Σύνολο Εισπρακτέο:"_s, lblSumTotalInc),
+                                lblSumTotalInc,
+                                Item::gap(12),
+                                controls::captionOf(u"Σύνολο Πληρωτέο:"_s, txtSumTotalPay),
+                                txtSumTotalPay});
     controls::add(
         controls::pageLayout(this),
-        {controls::row({period_, Item::rest()}),
+        {controls::row({period_, Item::rest(), commands_.button(u"cmdShow"_s), commands_.button(u"cmdExit"_s)}),
          {section(u"Συναντήσεις Ημέρας"_s, ListView1), 1},
          {section(u"Εργασίες σε Εκρεμότητα"_s, ListView2), 1},
          {section(u"Εκρεμείς Επισκέψεις"_s, ListView3), 1},
-         controls::row({Item::rest(), controls::captionOf(u"Σύνολο Εισπρακτέο:"_s, lblSumTotalInc), lblSumTotalInc,
-                        Item::gap(12), controls::captionOf(u"Σύνολο Πληρωτέο:"_s, txtSumTotalPay), txtSumTotalPay}),
-         foot});
-    setMinimumSize(700, 560);
+         sums});
+    setMinimumSize(860, 480);
     on(ListView1, &controls::ListView::columnClicked, [this](int column) {
         keys_.click(column - 1);
         FillList2();
@@ -85,7 +87,7 @@ QVector<core::Command> frmTodayShow::commands() {
 
 QWidget* frmTodayShow::section(const QString& caption, core::StoredList* list) {
     auto* whole = new QWidget;
-    list->setMinimumHeight(80);
+    list->setMinimumHeight(64);
     controls::add(controls::bareLayout(whole), {controls::captionOf(caption, list), {list, 1}});
     return whole;
 }

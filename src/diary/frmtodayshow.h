@@ -35,7 +35,6 @@ private:
     void setToday(QDate today);
     void followMidnight();
 
-    core::Commands commands_;
     controls::Period* period_;
     core::StoredList *ListView1, *ListView2, *ListView3;
     controls::TextBox *lblSumTotalInc, *txtSumTotalPay;
@@ -43,6 +42,7 @@ private:
     core::SortKeys keys_;
     QTimer midnight_;
     QDate today_;
+    core::Commands commands_;
 };
 
 }  // namespace diary

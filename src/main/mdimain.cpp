@@ -82,10 +82,16 @@ void MDIMain::load() {
     status_->setUser(mod_.gUserName);
     if (mod_.services.settings.value(settingsSection, u"Name"_s).isEmpty())
         windows_.open(u"frmOwner"_s, isVisible() ? this : nullptr);
+    watchReminders();
+}
+
+// Once the area has its size, in which they find their places.
+void MDIMain::showEvent(QShowEvent* event) {
+    QMainWindow::showEvent(event);
+    if (std::exchange(shown_, true)) return;
     for (const QString& name : {u"frmTodayShow"_s, u"frmNameDay"_s})
         if (windows_.knows(name) && mod_.services.settings.number(optionsSection, name + u"Start"_s, 1) == 1)
             windows_.front(name);
-    watchReminders();
 }
 
 // What was shown in this run isn't shown again, unless somebody else was at work meanwhile.

@@ -14,7 +14,8 @@ public:
     explicit MDIMain(core::MainMod& mod);
     ~MDIMain() override;
 
-    // Caption, placement, noun, rights, and the windows that open by themselves. Before the first show().
+    // Caption, placement, noun, rights, reminders. Before the first show(), which brings the windows that open by
+    // themselves.
     void load();
     // Closes the windows and itself, unless one of them refuses.
     void logOff();
@@ -33,6 +34,7 @@ signals:
 
 protected:
     void closeEvent(QCloseEvent* event) override;
+    void showEvent(QShowEvent* event) override;
 
 private:
     QHash<QString, OwnEntry> ownEntries();
@@ -46,6 +48,7 @@ private:
     MenuTree* menus_;
     diary::frmAlarm* alarm_ = nullptr;
     bool loggingOff_ = false;
+    bool shown_ = false;
 };
 
 }  // namespace entry
