@@ -6,6 +6,7 @@
 
 #include "copies/seatlock.h"
 #include "core/doors.h"
+#include "core/drafts.h"
 #include "core/logondelay.h"
 #include "data/connection.h"
 #include "platform/filesystemkind.h"
@@ -40,6 +41,7 @@ public:
     int gUserGroup = 0;
     bool onlyReads() const { return gUserGroup == groupRestricted; }  // cards and what belongs to them
     LogonDelay logonDelay;
+    Drafts drafts;
 
     QString gSqlOrdr, gSqlOrdr1, gSqlOrdr2;  // sort columns of the list in front, the newest first
 
