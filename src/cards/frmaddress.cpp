@@ -34,8 +34,12 @@ frmAddress::frmAddress(core::MainMod& mod)
     view_->build(commands_, {history_, links_, appointments_});
     controls::add(controls::pageLayout(this), {{view_, 1}, buttons()});
     for (const CardField& field : cardFields()) fields_.watch(view_->control(field));
-    fields_.watch([this] { return mPhotoBytes; });
-    fields_.watch([this] { return confirmedDates_; });
+    fields_.watch(
+        u"Photo"_s, [this] { return mPhotoBytes; }, [this](const QVariant& value) { setPhoto(value.toByteArray()); });
+    fields_.watch(
+        u"confirmedDates"_s, [this] { return confirmedDates_; },
+        [this](const QVariant& value) { confirmedDates_ = value.toStringList(); });
+    keepDraft([this] { return draft(); });
     watchDates();
     on(qobject_cast<controls::ChoiceBox*>(categories()), &controls::ChoiceBox::opening,
        [this] { core::fillCategories(mod_.gConn, *categories()); });
@@ -47,7 +51,10 @@ void frmAddress::watchDates() {
     for (const CardField& field : cardFields()) {
         controls::DateField* date = view_->dateField(field);
         if (!date) continue;
-        const auto confirm = [this, name = field.controlName()] { confirmedDates_ << name; };
+        const auto confirm = [this, name = field.controlName()] {
+            confirmedDates_ << name;
+            fields_.touch();
+        };
         on(date->box(), &QLineEdit::textEdited, confirm);
         on(date->picker(), &controls::DatePicker::picked, confirm);
     }

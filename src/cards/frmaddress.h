@@ -43,6 +43,10 @@ public:
     // The card on show, as its controls stand. True when it was printed; a failure to draw it ends quietly.
     bool gPrintKartela(const QString& Title);
 
+    // When nothing is edited and this user may write.
+    void resume(const core::Draft& draft);
+    void resumeMovement(const core::Draft& draft);
+
     // For the windows that move the key set themselves.
     data::Recordset& keySet() { return mRsCards; }
     bool isEditing() const { return mAdding || mEditing; }
@@ -94,6 +98,7 @@ private:
     bool settleDeletion();
     void takeTheirs(const CardField& field, const QVariant& value);
     void leaveDeleted();
+    core::Draft draft();
     void watchDates();
     void setToday();  // as the last visit
     bool isUnknownDate(const CardField& field) const;

@@ -1,4 +1,4 @@
-// A save that meets what somebody else did with the card meanwhile.
+// A change that meets what somebody else did with the card meanwhile.
 #include "cards/cardbinding.h"
 #include "cards/frmaddress.h"
 #include "core/conflictdialog.h"
@@ -6,6 +6,24 @@
 using namespace Qt::Literals::StringLiterals;
 
 namespace cards {
+
+// The row is read again for the change. If somebody saved it since it came on show, the newer values come on
+// show first: otherwise the save would put the older ones back over them without anybody noticing.
+bool frmAddress::refreshFromCarrier() {
+    if (mRsCard.isEmpty()) {
+        complain(u"Η καρτέλα έχει διαγραφεί από άλλον χρήστη."_s);
+        mRsCard.close();
+        leaveDeleted();
+        return false;
+    }
+    if (savedValues(mRsCard) != shownValues_) {
+        ClearCard();
+        showRow(mRsCard, true);
+        showHeader();
+        fillLists();
+    }
+    return true;
+}
 
 // Shows what differs and takes the choice over. True when the save can be tried again.
 bool frmAddress::settleConflict() {

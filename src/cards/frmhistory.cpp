@@ -2,10 +2,8 @@
 
 #include "cards/cardbinding.h"
 #include "cards/ledger.h"
-#include "controls/fieldvalue.h"
 #include "controls/names.h"
 #include "core/columnsize.h"
-#include "core/conflictdialog.h"
 #include "core/customfields.h"
 #include "core/photofile.h"
 #include "data/values/format.h"
@@ -43,14 +41,17 @@ frmHistory::frmHistory(core::MainMod& mod, QWidget* parent, std::function<void(q
                  {u"lblClick(1)"_s, u"cancel"_s, u"Ακύρωση κίνησης"_s, {}, [this] { startAnew(); }},
                  {u"lblClick(2)"_s, u"exit"_s, u"Έξοδος"_s, {}, [this] { reject(); }},
                  {u"Command1"_s, u"photo-add"_s, u"Εισαγωγή Φωτογραφίας"_s, {}, [this] { readPhoto(); }},
-                 {u"Command3"_s, u"photo-remove"_s, u"Διαγραφή Φωτογραφίας"_s, {}, [this] { Image1->setBytes({}); }}}) {
+                 {u"Command3"_s, u"photo-remove"_s, u"Διαγραφή Φωτογραφίας"_s, {}, [this] { setPhoto({}); }}}) {
     Image1 = named(new controls::PhotoView, u"Image1"_s);
     auto* photo = controls::column({{Image1, 1}, commands_.button(u"Command1"_s), commands_.button(u"Command3"_s)});
     controls::add(controls::dialogLayout(this), {{controls::row({{fields(), 2}, {photo, 1}}, 18), 1}, buttons()});
     resize(760, 560);
     commands_.bindKeys(this);
     fields_.watchAll(this);
-    fields_.watch([this] { return Image1->bytes(); });
+    fields_.watch(
+        u"Photo"_s, [this] { return Image1->bytes(); },
+        [this](const QVariant& value) { setPhoto(value.toByteArray()); });
+    keepDraft([this] { return draft(); });
     guardUnsaved(u"Η κίνηση έχει αλλαγές που δεν αποθηκεύτηκαν."_s, [this] { save(); });
 }
 
@@ -93,22 +94,47 @@ QHBoxLayout* frmHistory::buttons() {
 }
 
 void frmHistory::load() {
+    begin([this] {
+        openCarrier();
+        if (!mRsHistory.isEmpty()) return readMovement();
+        metChange_ = true;
+        complain(u"Η συγκεκριμένη κίνηση έχει ακυρωθεί !"_s);
+    });
+}
+
+void frmHistory::resume(const core::Draft& draft) {
+    EditMode = !draft.isNew;
+    MovementId = draft.key[u"aa"_s].toLongLong();
+    CodeCards = draft.key[u"card"_s].toString();
+    begin([&] {
+        openCarrier();
+        const bool gone = mRsHistory.isEmpty();
+        core::readAsDrafted(mRsHistory, draft.row);
+        readMovement();
+        if (gone) addAgain();
+    });
+    goOnWith(draft);
+}
+
+// Throws nothing; `read` fills the boxes for a movement that exists.
+void frmHistory::begin(const std::function<void()>& read) {
     clearForm();
     setWindowTitle(EditMode ? u" Διόρθωση Κίνησης!"_s : u" Καταχώρηση Νέας Κίνησης !"_s);
-    core::attempt(mod_, this, [this] {
-        if (EditMode) {
-            openCarrier();
-            if (mRsHistory.isEmpty()) {
-                metChange_ = true;
-                complain(u"Η συγκεκριμένη κίνηση έχει ακυρωθεί !"_s);
-                return;
-            }
-            readMovement();
-        }
+    core::attempt(mod_, this, [&] {
+        if (EditMode) read();
         dress();
     });
     fields_.remember();
     txtDate->setFocus(Qt::TabFocusReason);
+}
+
+core::Draft frmHistory::draft() {
+    core::Draft draft;
+    draft.title = Text7[0]->text();
+    draft.isNew = !EditMode;
+    draft.key = {{u"aa"_s, MovementId}, {u"card"_s, CodeCards}};
+    if (EditMode && mRsHistory.isOpen() && !mRsHistory.isEmpty()) draft.row = core::draftRow(mRsHistory);
+    return draft;
 }
 
 void frmHistory::openCarrier() {
@@ -153,7 +179,12 @@ void frmHistory::startAnew() {
 }
 
 void frmHistory::readPhoto() {
-    if (const auto bytes = core::choosePhoto(mod_, this)) Image1->setBytes(*bytes);
+    if (const auto bytes = core::choosePhoto(mod_, this)) setPhoto(*bytes);
+}
+
+void frmHistory::setPhoto(const QByteArray& bytes) {
+    Image1->setBytes(bytes);
+    fields_.touch();
 }
 
 bool frmHistory::isComplete() {
@@ -209,65 +240,24 @@ QVector<frmHistory::Bound> frmHistory::bound() const {
     return all;
 }
 
-// Shows what differs from what somebody else saved, and takes the choice over. True when the save can be tried again;
-// one that was deleted goes on as a failure.
-bool frmHistory::settleConflict(const data::Error& error) {
-    data::Recordset now(mod_.gConn, data::Sql(u"select * from HISTORY where aa=?"_s, MovementId));
-    if (!EditMode || now.isEmpty() || mRsHistory.isEmpty()) throw error;
-    mRsHistory.cancelUpdate();
-    const auto shownAs = [this](const QWidget* box, const data::Field& column) {
-        if (box == txtDate->box()) return data::format(column.value(), u"dd/mm/yyyy");
-        const bool amount = box == txtXreosh || box == txtPistosi;
-        return amount ? data::format(column.toDouble(), u"0.00") : column.text();
-    };
-    QVector<core::ConflictField> shown;
-    QVector<QWidget*> both;
-    for (const Bound& each : bound()) {
-        const data::Field theirs = now[each.column];
-        if (!fields_.isChanged(each.box) || theirs.value() == mRsHistory[each.column].value()) continue;
-        both << each.box;
-        shown.append(
-            {each.box->accessibleName(), controls::fieldValue(each.box).toString(), shownAs(each.box, theirs)});
-    }
-    const QByteArray theirPhoto = now[u"Photo"].value().toByteArray(),
-                     oldPhoto = mRsHistory[u"Photo"].value().toByteArray();
-    const bool myPhoto = Image1->bytes() != oldPhoto;
-    if (myPhoto && theirPhoto != oldPhoto)
-        shown.append({u"Φωτογραφία"_s, Image1->bytes().isEmpty() ? QString() : u"η φωτογραφία που βάλατε"_s,
-                      theirPhoto.isEmpty() ? QString() : u"άλλη φωτογραφία"_s});
-
-    core::ConflictDialog dialog(mod_, this, u"την κίνηση"_s, shown);
-    if (!shown.isEmpty() && dialog.exec() != QDialog::Accepted) return false;
-
-    if (!myPhoto || (shown.size() > both.size() && !dialog.keepsMine(int(both.size())))) Image1->setBytes(theirPhoto);
-    for (const Bound& each : bound()) {
-        const qsizetype asked = both.indexOf(each.box);
-        if (asked >= 0 ? dialog.keepsMine(int(asked)) : fields_.isChanged(each.box)) continue;
-        const data::Field theirs = now[each.column];
-        const bool number = qobject_cast<controls::NumberBox*>(each.box);
-        controls::setFieldValue(each.box, theirs.isNull() && number ? u"0"_s : shownAs(each.box, theirs));
-        fields_.remember(each.box);
-    }
-    mRsHistory = std::move(now);
-    return true;
-}
-
 // Only what was changed goes into a movement that exists: a column that holds nothing shows as 0.
 void frmHistory::write(data::Recordset& row) {
-    const auto isToWrite = [this](const QWidget* box) { return !EditMode || fields_.isChanged(box); };
+    const auto isToWrite = [this](const QWidget* box, const QString& column) {
+        return fields_.isChanged(box) || (!EditMode && !nothing_.contains(column));
+    };
     for (int i = 0; i < Text7.size(); ++i) {
-        if (!isToWrite(Text7[i])) continue;
+        if (!isToWrite(Text7[i], lines[i].column)) continue;
         const QString text = Text7[i]->text();
         if (i < firstNumber)
             writeText(row[lines[i].column], text);
         else
             row[lines[i].column].setValue(*data::parseNumber(text));
     }
-    if (isToWrite(Text1)) writeText(row[u"notes"], Text1->text());
-    if (isToWrite(txtDate->box())) row[u"ΗΜΕΡΟΜΗΝΙΑ"].setValue(txtDate->text());
+    if (isToWrite(Text1, u"notes"_s)) writeText(row[u"notes"], Text1->text());
+    if (isToWrite(txtDate->box(), u"ΗΜΕΡΟΜΗΝΙΑ"_s)) row[u"ΗΜΕΡΟΜΗΝΙΑ"].setValue(txtDate->text());
     if (!EditMode) row[u"codecards"].setValue(CodeCards.toLongLong());
-    if (isToWrite(txtXreosh)) row[u"ΧΡΕΩΣΗ"].setValue(*data::typedAmount(txtXreosh->text()));
-    if (isToWrite(txtPistosi)) row[u"ΠΙΣΤΩΣΗ"].setValue(*data::typedAmount(txtPistosi->text()));
+    if (isToWrite(txtXreosh, u"ΧΡΕΩΣΗ"_s)) row[u"ΧΡΕΩΣΗ"].setValue(*data::typedAmount(txtXreosh->text()));
+    if (isToWrite(txtPistosi, u"ΠΙΣΤΩΣΗ"_s)) row[u"ΠΙΣΤΩΣΗ"].setValue(*data::typedAmount(txtPistosi->text()));
     data::Field photo = row[u"Photo"];
     if (!photo.isNull() || !Image1->bytes().isEmpty()) photo.setValue(Image1->bytes());
 }

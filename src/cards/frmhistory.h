@@ -26,20 +26,26 @@ public:
 
     // Before the window is shown, once the members above are set.
     void load();
+    void resume(const core::Draft& draft);  // in place of load()
 
 private:
     QFormLayout* fields();
     QHBoxLayout* buttons();
+    void begin(const std::function<void()>& read);
+    core::Draft draft();
     void dress();
     void clearForm();
     void startAnew();
     void readPhoto();
+    void setPhoto(const QByteArray& bytes);
     void readMovement();
     bool isComplete();
     void save();
     void write(data::Recordset& row);
     void writeMovement();
     bool settleConflict(const data::Error& error);
+    bool settleDeletion();
+    void addAgain();
     struct Bound {
         QWidget* box;
         QString column;
@@ -56,6 +62,7 @@ private:
     controls::MemoBox* Text1;
     controls::PhotoView* Image1;
     bool metChange_ = false;
+    QStringList nothing_;        // columns that held nothing in a movement that is added again
     data::Recordset mRsHistory;  // the movement as it was read, so that a change by somebody else is noticed
     core::Commands commands_;
 };

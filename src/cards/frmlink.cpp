@@ -8,6 +8,7 @@
 #include "controls/layout.h"
 #include "controls/names.h"
 #include "core/columnsize.h"
+#include "core/conflictdialog.h"
 
 using namespace Qt::Literals::StringLiterals;
 
@@ -102,20 +103,68 @@ void frmLink::chooseFile() {
     if (!chosen.isEmpty()) showPath(QDir::toNativeSeparators(chosen));
 }
 
-void frmLink::save() {
+bool frmLink::isComplete() {
     if (Text1->text().trimmed().isEmpty()) {
         tell(u"Δεν έχετε συμπληρώσει την Περιγραφή του συνδέσμου !"_s);
-        return Text1->setFocus(Qt::OtherFocusReason);
+        Text1->setFocus(Qt::OtherFocusReason);
+        return false;
     }
-    if (path_.isEmpty()) return complain(u"Δεν έχετε επιλέξει αρχείο για τη σύνδεση !"_s, choose_);
+    if (path_.isEmpty()) complain(u"Δεν έχετε επιλέξει αρχείο για τη σύνδεση !"_s, choose_);
+    return !path_.isEmpty();
+}
+
+void frmLink::save() {
+    while (isComplete()) {
+        try {
+            writeLink();
+        } catch (const data::Error& error) {
+            if (!EditMode || error.category() != data::ErrorCategory::Conflict) throw;
+            metChange_ = true;
+            if (!settleConflict()) return;
+            continue;
+        }
+        accept();
+        return saved_();
+    }
+}
+
+void frmLink::writeLink() {
     if (!mRsLink.isOpen()) mRsLink.open(mod_.gConn, data::Sql(u"select * from links where aa=?"_s, LinkId));
     if (!EditMode && mRsLink.editMode() != data::EditMode::Add) mRsLink.addNew();
     writeText(mRsLink[u"ΠΕΡΙΓΡΑΦΗ"], Text1->text());
     mRsLink[u"ΣΥΝΔΕΣΗ"].setValue(path_);
     mRsLink[u"codecards"].setValue(CodeCards.toLongLong());
     mRsLink.update();
-    accept();
-    saved_();
+}
+
+// Shows what differs from what somebody else saved, and takes the choice over. True when the save can be tried again.
+bool frmLink::settleConflict() {
+    data::Recordset now(mod_.gConn, data::Sql(u"select * from links where aa=?"_s, LinkId));
+    mRsLink.cancelUpdate();
+    if (now.isEmpty()) {
+        EditMode = !ask(u"Η σύνδεση διαγράφηκε στο μεταξύ από άλλον χρήστη.\nΝα αποθηκευτεί ως νέα;"_s);
+        return !EditMode;
+    }
+    const std::pair<controls::TextBox*, QString> bound[] = {{Text1, u"ΠΕΡΙΓΡΑΦΗ"_s}, {File1, u"ΣΥΝΔΕΣΗ"_s}};
+    QVector<QWidget*> both;
+    QVector<core::ConflictField> shown;
+    for (const auto& [box, column] : bound) {
+        const QString theirs = now[column].text();
+        if (!fields_.isChanged(box) || theirs == mRsLink[column].text()) continue;
+        both << box;
+        shown.append({box->accessibleName(), box->text(), theirs});
+    }
+    core::ConflictDialog dialog(mod_, this, u"τη σύνδεση"_s, shown);
+    if (!shown.isEmpty() && dialog.exec() != QDialog::Accepted) return false;
+
+    for (const auto& [box, column] : bound) {
+        const qsizetype asked = both.indexOf(box);
+        if (asked >= 0 ? dialog.keepsMine(int(asked)) : fields_.isChanged(box)) continue;
+        box == File1 ? showPath(now[column].text()) : box->setText(now[column].text());
+        fields_.remember(box);
+    }
+    mRsLink = std::move(now);
+    return true;
 }
 
 }  // namespace cards

@@ -25,11 +25,17 @@ public:
     // or its file is gone, and the user was told.
     bool load();
 
+    // The list behind is older than the table: somebody else changed or deleted the link.
+    bool metChange() const { return metChange_; }
+
 private:
     bool readLinkRow();
     void chooseFile();
     void showPath(const QString& path);
+    bool isComplete();
     void save();
+    void writeLink();
+    bool settleConflict();
 
     std::function<void()> saved_;
     controls::TextBox *Text1, *File1;  // description; the chosen path
@@ -37,6 +43,7 @@ private:
     QPushButton* choose_;
     data::Recordset mRsLink;  // the link as it was read, so that a change by somebody else is noticed
     QString path_;
+    bool metChange_ = false;
     core::Commands commands_;
 };
 

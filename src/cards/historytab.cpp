@@ -143,14 +143,24 @@ void HistoryTab::setBrowsing(bool browsing) {
 }
 
 void HistoryTab::open(std::optional<qint64> movement) {
+    showForm([&](frmHistory& form) {
+        form.EditMode = movement.has_value();
+        form.MovementId = movement.value_or(0);
+        form.CodeCards = code_;
+        form.load();
+    });
+}
+
+void HistoryTab::resume(const core::Draft& draft) {
+    showForm([&](frmHistory& form) { form.resume(draft); });
+}
+
+void HistoryTab::showForm(const std::function<void(frmHistory&)>& load) {
     frmHistory form(mod_, this, [this](qint64 saved) {
         changed_ = saved;
         emit written();
     });
-    form.EditMode = movement.has_value();
-    form.MovementId = movement.value_or(0);
-    form.CodeCards = code_;
-    form.load();
+    load(form);
     core::placeOver(form, this, {450, 2450});
     form.exec();
     if (form.metChange() && form.result() != QDialog::Accepted) core::attempt(mod_, this, [this] { refresh(); });

@@ -7,10 +7,13 @@
 #include "cards/ledger.h"
 #include "controls/period.h"
 #include "core/commands.h"
+#include "core/drafts.h"
 #include "core/guarded.h"
 #include "core/storedlist.h"
 
 namespace cards {
+
+class frmHistory;
 
 class HistoryTab : public QWidget, core::Guarded {
     Q_OBJECT
@@ -23,6 +26,8 @@ public:
     // Writes the balance on show into the card, when it differs: a card that is merely looked at takes no lock and
     // waits for no disk. Throws data::Error.
     void storeBalance();
+    // The window of a movement, with what was typed into it in a former run.
+    void resume(const core::Draft& draft);
     // The movements of the period as it stands in its boxes, so that the heading and the rows are of one period.
     void listPeriod() { fill(code_); }
     void clear();
@@ -43,6 +48,7 @@ private:
     void refresh();
     void editMovement();
     void deleteMovement();
+    void showForm(const std::function<void(frmHistory&)>& load);
     void open(std::optional<qint64> movement);
 
     QString code_;  // empty when no card is on show

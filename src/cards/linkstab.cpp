@@ -66,6 +66,8 @@ void LinksTab::showForm(std::optional<qint64> link) {
     if (!form.load()) return fill(QString(code_));
     core::placeOver(form, this, {450, 2450});
     form.exec();
+    if (form.metChange() && form.result() != QDialog::Accepted)
+        core::attempt(mod_, this, [this] { fill(QString(code_)); });
     ListView2->setFocus(Qt::OtherFocusReason);
 }
 

@@ -39,14 +39,29 @@ void addDialogs(core::Windows& windows, core::MainMod& mod) {
     });
 }
 
+frmAddress* card(core::Windows& windows) {
+    return qobject_cast<frmAddress*>(windows.front(u"frmAddress"_s));
+}
+
+// Movements first: while a card is under change, none of another one is.
+void addDrafts(core::Windows& windows, core::MainMod& mod) {
+    const auto isPossible = [&windows, &mod] {
+        const auto* open = qobject_cast<frmAddress*>(windows.find(u"frmAddress"_s));
+        return !mod.onlyReads() && !(open && open->isEditing());
+    };
+    windows.addDrafts({u"frmHistory"_s, u"κίνηση"_s, isPossible,
+                       [&windows](const core::Draft& draft) { card(windows)->resumeMovement(draft); }});
+    windows.addDrafts({u"frmAddress"_s, u"καρτέλα"_s, isPossible,
+                       [&windows](const core::Draft& draft) { card(windows)->resume(draft); }});
+}
+
 }  // namespace
 
 void addWindows(core::Windows& windows, core::MainMod& mod) {
     addForms(windows, mod);
     addDialogs(windows, mod);
-    mod.doors.openCard = [&windows](qint64 code) {
-        if (auto* card = qobject_cast<frmAddress*>(windows.front(u"frmAddress"_s))) card->goTo(code);
-    };
+    addDrafts(windows, mod);
+    mod.doors.openCard = [&windows](qint64 code) { card(windows)->goTo(code); };
     mod.doors.openValues = [&windows](int list) {
         if (auto* values = qobject_cast<frmCombos*>(windows.front(u"frmCombos"_s))) values->setList(list);
     };

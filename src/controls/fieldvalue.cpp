@@ -34,6 +34,19 @@ void setFieldValue(QWidget* field, const QVariant& value) {
     }
 }
 
+void whenFieldChanges(const QWidget* field, QObject* context, const std::function<void()>& run) {
+    if (const auto* box = qobject_cast<const QLineEdit*>(field))
+        QObject::connect(box, &QLineEdit::textChanged, context, run);
+    else if (const auto* memo = qobject_cast<const QPlainTextEdit*>(field))
+        QObject::connect(memo, &QPlainTextEdit::textChanged, context, run);
+    else if (const auto* choice = qobject_cast<const QComboBox*>(field))
+        QObject::connect(choice, &QComboBox::currentTextChanged, context, run);
+    else if (const auto* spin = qobject_cast<const QSpinBox*>(field))
+        QObject::connect(spin, &QSpinBox::valueChanged, context, run);
+    else if (const auto* button = qobject_cast<const QAbstractButton*>(field))
+        QObject::connect(button, &QAbstractButton::toggled, context, run);
+}
+
 QList<QWidget*> fieldsIn(const QWidget* container) {
     QList<QWidget*> fields;
     for (QWidget* widget : container->findChildren<QWidget*>()) {

@@ -3,6 +3,7 @@
 
 #include <QVariant>
 #include <QWidget>
+#include <functional>
 
 namespace controls {
 
@@ -10,6 +11,9 @@ namespace controls {
 QVariant fieldValue(const QWidget* field);
 // As fieldValue() gave it; nothing happens for any other widget.
 void setFieldValue(QWidget* field, const QVariant& value);
+
+// Runs something whenever such a value changes, by whatever hand, while `context` lives.
+void whenFieldChanges(const QWidget* field, QObject* context, const std::function<void()>& run);
 
 // All widgets inside `container` that have such a value, in the order of their making.
 QList<QWidget*> fieldsIn(const QWidget* container);

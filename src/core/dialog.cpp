@@ -33,7 +33,9 @@ void Dialog::accept() {
 void Dialog::reject() {
     attempt(mod_, this, [this] {
         // A save on the way has closed the dialog already.
-        if (mayLose() && result() != QDialog::Accepted) QDialog::reject();
+        if (!mayLose() || result() == QDialog::Accepted) return;
+        dropDraft();
+        QDialog::reject();
     });
 }
 

@@ -1,13 +1,13 @@
 // What a window does with typed values that nobody has saved.
 #pragma once
 
-#include "core/fieldwatch.h"
+#include "core/draftkeeper.h"
 #include "core/guarded.h"
 
 namespace core {
 
 // The icon of a window that names none.
-inline const QString usualSymbol = QStringLiteral("dorvalist");
+inline const QString usualSymbol = QString::fromUtf8("dorvalist");
 
 // A base beside QWidget, for windows in which something is typed and saved.
 class Editing : protected Guarded {
@@ -22,11 +22,19 @@ protected:
     // was typed. False after going back and after a save that failed.
     bool mayLose();
 
+    // What is typed outlives the program: `describe` gives the row that is edited, without what is typed. The room
+    // names the window in Windows::addDrafts.
+    void keepDraft(std::function<Draft()> describe);
+    // Into a window that is open for this very row and whose fields are remembered.
+    void goOnWith(const Draft& draft);
+    void dropDraft();  // the window closes, and what was typed isn't wanted
+
     FieldWatch fields_;  // the fields that are being edited
 
 private:
     QString what_;
     std::function<void()> save_;
+    std::unique_ptr<DraftKeeper> draft_;
 };
 
 }  // namespace core

@@ -37,6 +37,7 @@ bool Form::mayLeave() {
 bool Form::unload(bool awayFromPlace, QPoint position) {
     if (!mayLeave()) return false;
     stay();
+    dropDraft();
     attempt(mod_, this, [&] {
         onUnload();
         if (!awayFromPlace) storePosition(mod_.services.settings, placement_, position);

@@ -43,6 +43,8 @@ protected:
     // A date or number box that refuses what was typed beeps; for all inside.
     void beepForRefused();
 
+    QWidget* self() const { return self_; }
+
     MainMod& mod_;
 
 private:

@@ -7,6 +7,7 @@
 
 #include "copies/seatlock.h"
 #include "core/doors.h"
+#include "core/drafts.h"
 #include "core/logondelay.h"
 #include "data/connection.h"
 #include "platform/filesystemkind.h"
@@ -43,6 +44,7 @@ public:
     // Whether whoever is at work may change an appointment or task of this user.
     bool mayChange(const QString& owner) const;
     LogonDelay logonDelay;
+    Drafts drafts;
 
     QString gSqlOrdr, gSqlOrdr1, gSqlOrdr2;  // sort columns of the list in front, the newest first
 

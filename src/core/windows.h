@@ -9,6 +9,7 @@
 #include <functional>
 #include <memory>
 
+#include "core/drafts.h"
 #include "core/form.h"
 
 namespace core {
@@ -24,6 +25,14 @@ public:
     virtual void remove(Form* form) = 0;  // deletes it
 };
 
+// A window whose drafts can be gone on with.
+struct DraftKind {
+    QString window;
+    QString noun;                      // of what is edited in it, "καρτέλα"
+    std::function<bool()> isPossible;  // at this moment, with this user's rights; else the draft waits
+    std::function<void(const Draft&)> resume;
+};
+
 // Every room adds its windows here at the start of the main window. Of a form there is never more than one; a dialog is
 // made anew for each showing.
 class Windows {
@@ -36,6 +45,8 @@ public:
 
     void add(const QString& name, Factory factory) { factories_.insert(name, std::move(factory)); }
     void addDialog(const QString& name, DialogFactory factory) { dialogs_.insert(name, std::move(factory)); }
+    void addDrafts(DraftKind kind) { draftKinds_.append(std::move(kind)); }
+    const QVector<DraftKind>& draftKinds() const { return draftKinds_; }
     bool knows(const QString& name) const { return factories_.contains(name) || dialogs_.contains(name); }
     QStringList forms() const { return factories_.keys(); }
     QStringList dialogs() const { return dialogs_.keys(); }
@@ -56,6 +67,7 @@ private:
     WindowHost& host_;
     QMap<QString, Factory> factories_;
     QMap<QString, DialogFactory> dialogs_;
+    QVector<DraftKind> draftKinds_;
     QHash<QString, QPointer<Form>> forms_;
     QStringList order_;
 };

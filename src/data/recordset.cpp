@@ -4,6 +4,7 @@
 
 #include "data/recordsetstate.h"
 #include "data/rowfinder.h"
+#include "data/values/convert.h"
 #include "data/values/fold.h"
 
 using namespace Qt::Literals::StringLiterals;
@@ -181,6 +182,21 @@ void Recordset::cancelUpdate() {
     d->requireOpen();
     if (d->mode == EditMode::Add) d->position = d->positionBeforeAdd;
     d->endEdit();
+}
+
+void Recordset::readAs(const QVariantMap& values) {
+    d->requireUpdatable();
+    if (isEmpty()) {
+        d->rows.beginRow();
+        for (int cell = 0; cell < d->rows.columns(); ++cell) d->rows.null();
+    }
+    d->endEdit();
+    d->moveTo(std::max<qint64>(0, d->position));
+    for (auto [column, value] : values.asKeyValueRange()) {
+        const int index = d->indexOf(column);
+        if (index >= 0 && d->value(index) != value)
+            d->rows.set(d->position, index, toColumn(value, d->columnInfo(index)));
+    }
 }
 
 void Recordset::remove() {

@@ -92,6 +92,9 @@ public:
     // stands as it was. After an INSERT the autonumber and the columns' defaults are read back.
     void update();
     void cancelUpdate();
+    // The current row counts as read with these values, by column; without a row there is one with them from here on,
+    // which can't be written. A change of it then meets what became of the row meanwhile as a conflict.
+    void readAs(const QVariantMap& values);
     // Deletes the current row and stands on the next one (EOF behind the last). Deleting a row that is already gone
     // throws Conflict.
     void remove();

@@ -1,8 +1,10 @@
 #include "main/program.h"
 
+#include <QGuiApplication>
 #include <QTimer>
 
 #include "core/damage.h"
+#include "core/draftoffer.h"
 #include "core/guard.h"
 #include "core/workprogress.h"
 #include "data/values/format.h"
@@ -25,6 +27,9 @@ void letGo(std::unique_ptr<W>& window) {
 
 Program::Program(core::MainMod& mod) : mod_(mod), backup_(mod) {
     connect(&mod_.gSeat, &copies::SeatLock::lost, this, &Program::seatLost);
+    connect(&endRequests_, &platform::EndRequests::asked, this, &Program::endNow);
+    // The session may end the program next, without another word.
+    connect(qApp, &QGuiApplication::commitDataRequest, this, [this] { mod_.drafts.writeAll(); });
 }
 Program::~Program() = default;
 
@@ -33,7 +38,7 @@ bool Program::start() {
     const Outcome outcome = run(mod_);
     opening_ = false;
     if (lost_) seatLost();
-    if (outcome == Outcome::End) return false;
+    if (outcome == Outcome::End || ending_) return false;
     showLogon();
     return true;
 }
@@ -69,7 +74,18 @@ void Program::showMain() {
     main_->load();
     main_->show();
     // After the window's first painting.
-    QTimer::singleShot(0, this, [this] { backup_.startIfDue(main_.get()); });
+    QTimer::singleShot(0, main_.get(), [this] {
+        backup_.startIfDue(main_.get());
+        core::offerDrafts(mod_, main_->windows(), main_.get());
+    });
+}
+
+// Nobody may be there to answer a question, so none is asked, and those that stand are left. What is typed becomes a
+// draft.
+void Program::endNow() {
+    ending_ = true;
+    mod_.drafts.writeAll();
+    QCoreApplication::exit(0);
 }
 
 void Program::offerRestore() {

@@ -8,6 +8,7 @@
 #include "core/dailybackup.h"
 #include "core/mainmod.h"
 #include "main/mdimain.h"
+#include "platform/endrequests.h"
 #include "users/frmlogon.h"
 
 namespace entry {
@@ -24,6 +25,7 @@ public:
     users::frmLogon* logon() const { return logon_.get(); }
     MDIMain* mainWindow() const { return main_.get(); }
     core::DailyBackup& backup() { return backup_; }
+    bool isEnding() const { return ending_; }  // because the system asked for it
 
 signals:
     void finished();
@@ -31,6 +33,7 @@ signals:
 private:
     void showLogon();
     void showMain();
+    void endNow();
     void seatLost();
     void offerRestore();
     void chooseAndRestore();
@@ -40,7 +43,8 @@ private:
     std::unique_ptr<MDIMain> main_;
     core::DailyBackup backup_;
     core::ListedBackup restoring_;  // its file is empty unless a copy was chosen
-    bool opening_ = false, lost_ = false;
+    bool opening_ = false, lost_ = false, ending_ = false;
+    platform::EndRequests endRequests_;
 };
 
 }  // namespace entry

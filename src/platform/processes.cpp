@@ -26,12 +26,27 @@ QByteArray processMark() {
     return lines.join('\n') + '\n';
 }
 
-bool isGone(const QByteArray& mark) {
+namespace {
+
+// The number of a mark's process, when it was one of this run of this machine; 0 when that can't be told.
+qint64 processHere(const QByteArray& mark) {
     const QByteArrayList lines = mark.split('\n');
     const QByteArray boot = QSysInfo::bootUniqueId();
     const bool here =
         lines.size() > 2 && !boot.isEmpty() && lines[1] == boot && lines[0] == QSysInfo::machineHostName().toUtf8();
-    return here && !processRuns(lines[2].toLongLong());
+    return here ? lines[2].toLongLong() : 0;
+}
+
+}  // namespace
+
+bool isGone(const QByteArray& mark) {
+    const qint64 pid = processHere(mark);
+    return pid > 0 && !processRuns(pid);
+}
+
+bool runsBeside(const QByteArray& mark) {
+    const qint64 pid = processHere(mark);
+    return pid > 0 && pid != QCoreApplication::applicationPid() && processRuns(pid);
 }
 
 }  // namespace platform

@@ -12,5 +12,7 @@ QByteArray processMark();
 // Whether the process of such a mark is known to be gone: it was one of this very run of this machine. The machine's
 // name alone wouldn't do, since disks are copied with it.
 bool isGone(const QByteArray& mark);
+// Whether it is known to run at this moment, and is another one than this.
+bool runsBeside(const QByteArray& mark);
 
 }  // namespace platform

@@ -119,6 +119,19 @@ SaveChoice DesktopPrompts::askToSave(QWidget* parent, const QString& title, cons
     return box.clickedButton() == discard ? SaveChoice::Discard : SaveChoice::Back;
 }
 
+int DesktopPrompts::choose(QWidget* parent, const QString& title, const QString& text, const QStringList& answers) {
+    QMessageBox box(QMessageBox::Question, title, text, QMessageBox::NoButton, parent);
+    box.setTextFormat(Qt::PlainText);
+    QList<QAbstractButton*> buttons;
+    // Of one role they stand in their order.
+    for (const QString& answer : answers) buttons << box.addButton(answer, QMessageBox::ActionRole);
+    box.setDefaultButton(qobject_cast<QPushButton*>(buttons.last()));
+    box.setEscapeButton(buttons.last());
+    box.exec();
+    const qsizetype pressed = buttons.indexOf(box.clickedButton());
+    return int(pressed < 0 ? answers.size() - 1 : pressed);
+}
+
 std::optional<QString> DesktopPrompts::input(QWidget* parent, const QString& title, const QString& prompt,
                                              const QString& initial) {
     QInputDialog dialog(parent);

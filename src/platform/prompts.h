@@ -2,6 +2,7 @@
 #pragma once
 
 #include <QString>
+#include <QStringList>
 #include <optional>
 
 class QWidget;
@@ -19,6 +20,9 @@ public:
     virtual bool question(QWidget* parent, const QString& title, const QString& text) = 0;  // Yes/No; closing is No
     // Whether typed values are saved, given up, or gone on with; closing the box is Back.
     virtual SaveChoice askToSave(QWidget* parent, const QString& title, const QString& text) = 0;
+    // One of several answers, by its index. The last one is the default and what closing the box means, so it is the
+    // one that changes nothing.
+    virtual int choose(QWidget* parent, const QString& title, const QString& text, const QStringList& answers) = 0;
     virtual std::optional<QString> input(QWidget* parent, const QString& title, const QString& prompt,
                                          const QString& initial) = 0;
     // `filter` in the form "Φωτογραφίες (*.bmp *.jpg)"; several separated by ";;". The dialog
@@ -38,6 +42,7 @@ public:
     void message(QWidget* parent, MessageIcon icon, const QString& title, const QString& text) override;
     bool question(QWidget* parent, const QString& title, const QString& text) override;
     SaveChoice askToSave(QWidget* parent, const QString& title, const QString& text) override;
+    int choose(QWidget* parent, const QString& title, const QString& text, const QStringList& answers) override;
     std::optional<QString> input(QWidget* parent, const QString& title, const QString& prompt,
                                  const QString& initial) override;
     QString openFile(QWidget* parent, const QString& title, const QString& filter, const QString& start = {}) override;

@@ -28,6 +28,7 @@ frmUsers::frmUsers(core::MainMod& mod)
       ListView1(new core::StoredList(mod.services.settings, u"ListView1"_s, windowTitle(), u"lvUsers"_s,
                                      {{u"UserName"_s, u"Όνομα Χρήστη"_s, 3300}, {u"Group"_s, u"Δικαιώματα"_s, 3300}})),
       commands_(mod, this, commands()) {
+    keepDraft([this] { return draft(); });
     guardUnsaved(u"Ο χρήστης έχει αλλαγές που δεν αποθηκεύτηκαν."_s, [this] { save(); });
     hint_ = new QLabel(u"Δεξί κλικ ή πλήκτρο μενού: νέος χρήστης, ενημέρωση, διαγραφή"_s);
     hint_->setProperty("role", u"muted"_s);
@@ -116,11 +117,40 @@ bool frmUsers::openSelected() {
 }
 
 void frmUsers::editUser() {
-    if (!openSelected()) return;
+    if (openSelected()) showUser();
+}
+
+void frmUsers::showUser() {
     const QString group = groupName(mod_.gConnUsers, mRs[u"Group"].value());
     editedName_ = mRs[u"UserName"].text();
     fill(editedName_, mRs[u"Password"].text().isEmpty() ? QString() : passwordMask, group);
     showFrame(true);
+}
+
+// A password isn't in a draft, neither the typed one nor the stored one.
+core::Draft frmUsers::draft() {
+    core::Draft draft;
+    draft.title = Text1->text();
+    draft.isNew = mRs.editMode() == data::EditMode::Add;
+    if (draft.isNew) return draft;
+    draft.key = {{u"aa"_s, mRs[u"aa"].toLong()}};
+    draft.row = core::draftRow(mRs, {u"UserName"_s, u"Group"_s});
+    return draft;
+}
+
+// A user that somebody else deleted is added anew, without a password.
+void frmUsers::resume(const core::Draft& draft) {
+    if (draft.isNew || !ListView1->selectTag(draft.key[u"aa"_s])) {
+        newUser();
+        const QVariant group = draft.row.value(u"Group"_s);
+        Text1->setText(draft.row.value(u"UserName"_s).toString());
+        if (group.isValid()) Combo1->setCurrentIndex(Combo1->findText(groupName(mod_.gConnUsers, group)));
+    } else {
+        if (!openSelected()) return;
+        core::readAsDrafted(mRs, draft.row);
+        showUser();
+    }
+    goOnWith(draft);
 }
 
 void frmUsers::deleteUser() {

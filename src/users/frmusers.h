@@ -21,6 +21,8 @@ public:
     // Of the selected user; nothing happens when none is.
     void editUser();
     void deleteUser();
+    void resume(const core::Draft& draft);
+    bool isEditing() const { return mRs.isOpen(); }
 
 protected:
     void onLoad() override;
@@ -32,6 +34,7 @@ private:
 
     void refresh(qint64 selected = 0);
     bool openSelected();
+    void showUser();
     void fill(const QString& name, const QString& password, const QString& group);
     void showFrame(bool shown);
     void showList(qint64 selected);
@@ -43,6 +46,7 @@ private:
     Fault fault();
     void save();
     void cancel();
+    core::Draft draft();
 
     core::StoredList* ListView1;
     QLabel* hint_;

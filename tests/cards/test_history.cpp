@@ -412,20 +412,27 @@ private slots:
         }
     }
 
-    void aMovementThatWasDeletedLeavesTheList() {
-        HistorySite card;
-        card.inMovement(3, [&](Driver& form) {
-            OtherSeat(card).mod.gConn.execute(QString("delete from History where aa=%1").arg(card.last));
-            form.type("txtPistosi", "31");
-            save(form);
-            QVERIFY(card.desk.prompts.lastText().contains("διαγράφηκε στο μεταξύ"));
-            QVERIFY(form.isOpen());
-            QCOMPARE(form.shown("txtPistosi"), "31");
-            card.desk.prompts.answer(true);
-            form.key(Qt::Key_Escape);
-        });
-        QCOMPARE(card.rowOf("Είσπραξη", 1), -1);
-        QCOMPARE(card.total(), 150.1);
+    void aMovementThatWasDeletedCanBeSavedAsANewOne() {
+        for (const bool anew : {false, true}) {
+            HistorySite card;
+            card.mod.gConn.execute(QString("update History set n1=Null,s1='α' where aa=%1").arg(card.last));
+            card.inMovement(3, [&](Driver& form) {
+                OtherSeat(card).mod.gConn.execute(QString("delete from History where aa=%1").arg(card.last));
+                form.type("txtPistosi", "31");
+                card.desk.prompts.answer(anew);
+                save(form);
+                QVERIFY(card.desk.prompts.lastText().contains("διαγράφηκε στο μεταξύ"));
+                QCOMPARE(form.isOpen(), !anew);
+                if (anew) return;
+                QCOMPARE(form.shown("txtPistosi"), "31");
+                card.desk.prompts.answer(true);
+                form.key(Qt::Key_Escape);
+            });
+            QCOMPARE(card.rowOf("Είσπραξη", 1) >= 0, anew);
+            QCOMPARE(card.total().toDouble(), anew ? 150.1 - 31 : 150.1);
+            const QString same = "History where s1='α' and n1 is null and n2 is null and codecards=%1 and aa<>%2";
+            QCOMPARE(card.count(same.arg(card.form.CurrentCode).arg(card.last)), anew ? 1 : 0);
+        }
     }
 
     void aMovementThatIsGoneIsSaid() {
@@ -435,6 +442,7 @@ private slots:
             QCOMPARE(card.desk.prompts.lastText(), "Η συγκεκριμένη κίνηση έχει ακυρωθεί !");
             QVERIFY(form.shown("Text7(0)").isEmpty());
             form.type("Text7(0)", "Λόγος");
+            card.desk.prompts.answer(false);
             save(form);
             QVERIFY(form.isOpen());
         });

@@ -178,7 +178,6 @@ private slots:
     void faultsKeepWhatWasTyped() {
         Links office;
         office.add("Α", office.plain);
-        OtherSeat other(office);
         LinksDriver card(office.mod);
         inNextDialog("frmLink", [&](Driver& form) {
             form.type("Text1", QString(300, u'α'));
@@ -188,20 +187,56 @@ private slots:
             form.click("Command2");
             QVERIFY(office.desk.prompts.lastText().contains("Η σύνδεση"));
             office.bringBack();
-            other.mod.gConn.execute("update Links set ΠΕΡΙΓΡΑΦΗ='Του άλλου'");
             form.click("Command2");
-            QVERIFY(office.desk.prompts.lastText().contains("άλλαξε στο μεταξύ"));
-            QCOMPARE(office.desk.prompts.count(), 2);
-            QVERIFY(form.isOpen());
-            QCOMPARE(form.shown("Text1"), "Δική μου");
         });
         card.click("cmdEditLink");
-        QCOMPARE(office.text("select ΠΕΡΙΓΡΑΦΗ from Links"), "Του άλλου");
+        QCOMPARE(card.rows(), QStringList{"Δική μου|" + office.plain});
         office.lose();
         office.desk.prompts.answer(true);
         card.click("cmdDelLink");
         QCOMPARE(office.desk.prompts.lastTitle(), "Μήνυμα λάθους");
         QCOMPARE(card.links()->count(), 1);
+    }
+
+    void aConflictHasAWayOut() {
+        for (const auto& [button, kept] :
+             {std::pair("cmdBack", "Τους"), {"cmdMine", "Δική μου"}, {"cmdTheirs", "Τους"}}) {
+            const InCase in(button);
+            Links office;
+            office.add("Α", office.plain);
+            LinksDriver card(office.mod);
+            inNextDialog("frmLink", [&, button = button](Driver& form) {
+                OtherSeat(office).mod.gConn.execute(
+                    data::Sql(u"update Links set ΠΕΡΙΓΡΑΦΗ='Τους',ΣΥΝΔΕΣΗ=?"_s, office.offer));
+                form.type("Text1", "Δική μου");
+                inNextDialog("ConflictDialog", [button](Driver& dialog) {
+                    QCOMPARE(dialog.shown("optTheirs(0)"), "η δική τους: Τους");
+                    dialog.click(button);
+                    if (dialog.isOpen()) dialog.click("cmdSave");
+                });
+                form.click("Command2");
+                QCOMPARE(form.isOpen(), QString(button) == "cmdBack");
+            });
+            card.click("cmdEditLink");
+            QCOMPARE(card.rows(), QStringList{kept + ('|' + office.offer)});
+        }
+    }
+
+    void aLinkThatWasDeletedCanBeSavedAsANewOne() {
+        for (const bool anew : {false, true}) {
+            Links office;
+            office.add("Α", office.plain);
+            LinksDriver card(office.mod);
+            inNextDialog("frmLink", [&](Driver& form) {
+                office.mod.gConn.execute("delete from Links");
+                form.type("Text1", "Δική μου");
+                office.desk.prompts.answer(anew);
+                form.click("Command2");
+                QCOMPARE(form.isOpen(), !anew);
+            });
+            card.click("cmdEditLink");
+            QCOMPARE(card.rows(), anew ? QStringList{"Δική μου|" + office.plain} : QStringList());
+        }
     }
 
     void widthsAreKept() {

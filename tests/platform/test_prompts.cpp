@@ -34,6 +34,18 @@ class TestPrompts : public QObject {
     }
 
 private slots:
+    void oneOfSeveralAnswers() {
+        const std::pair<const char*, int> cases[] = {{"Συνέχεια", 0}, {"Διαγραφή", 1}, {"Αργότερα", 2}, {"", 2}};
+        for (const auto& [pressed, index] : cases) {
+            whenShown([pressed = QString(pressed)](QDialog* dialog) {
+                for (auto* button : dialog->findChildren<QPushButton*>())
+                    if (button->text() == pressed) button->click();
+                if (pressed.isEmpty()) dialog->close();
+            });
+            QCOMPARE(prompts_.choose(nullptr, "Dorvalist", "Τι;", {"Συνέχεια", "Διαγραφή", "Αργότερα"}), index);
+        }
+    }
+
     void question() {
         const std::pair<const char*, int> cases[] = {{"a hasty Enter is No", Qt::Key_Return},
                                                      {"Escape is No", Qt::Key_Escape},

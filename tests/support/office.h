@@ -12,6 +12,7 @@ public:
     Office() : OfficeFolder(u"admin"_s, QString::fromUtf8(DORV_REFERENCE)) {
         open(mod);
         mod.gDataPath = folder();
+        mod.drafts.folder = directory_.filePath(u"drafts"_s);
         mod.gUserName = u"Admin"_s;
         mod.gUserGroup = core::groupAdministrators;
     }

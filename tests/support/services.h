@@ -53,13 +53,16 @@ public:
     };
 
     ~RecordingPrompts() override {
-        if (!QTest::currentTestFailed() && !(answers_.empty() && saves_.empty() && files_.empty() && folders_.empty()))
+        if (!QTest::currentTestFailed() &&
+            !(answers_.empty() && saves_.empty() && choices_.empty() && files_.empty() && folders_.empty()))
             QTest::qFail("an answer was left that nobody asked for", __FILE__, __LINE__);
     }
 
     void answer(bool yes) { answers_.push_back(yes); }
     // To a question whether typed values are saved; answer(true) gives them up, answer(false) goes back to them.
     void answerSave() { saves_.push_back(true); }
+    // The text of the answer, or its beginning.
+    void answerChoice(const QString& answer) { choices_.push_back(answer); }
     void answerFile(const QString& path) { files_.push_back(path); }
     void answerFolder(const QString& path) { folders_.push_back(path); }
 
@@ -89,6 +92,14 @@ public:
             return platform::SaveChoice::Save;
         }
         return taken(answers_) ? platform::SaveChoice::Discard : platform::SaveChoice::Back;
+    }
+    int choose(QWidget*, const QString& title, const QString& text, const QStringList& answers) override {
+        shown_.append({platform::MessageIcon::Question, title, text});
+        const QString wanted = taken(choices_);
+        for (int i = 0; i < answers.size(); ++i)
+            if (!wanted.isEmpty() && QString(answers[i]).remove(u'&').startsWith(wanted)) return i;
+        QTest::qFail(qUtf8Printable(u"no such answer: \"%1\""_s.arg(wanted)), __FILE__, __LINE__);
+        return int(answers.size()) - 1;
     }
     std::optional<QString> input(QWidget*, const QString& title, const QString& prompt, const QString&) override {
         shown_.append({platform::MessageIcon::Plain, title, prompt});
@@ -126,7 +137,7 @@ private:
 
     QList<Shown> shown_;
     std::deque<bool> answers_, saves_;
-    std::deque<QString> files_, folders_;
+    std::deque<QString> files_, folders_, choices_;
 };
 
 class RecordingSound : public platform::Sound {
