@@ -1,4 +1,4 @@
-// Lists on paper: drawn, and written as PDF.
+// Lists and reports on paper: drawn, and written as PDF.
 #include <benchmark/benchmark.h>
 
 #include <QApplication>
@@ -7,6 +7,7 @@
 
 #include "controls/theme.h"
 #include "core/printlist.h"
+#include "core/report.h"
 #include "platform/printers.h"
 
 using namespace Qt::Literals::StringLiterals;
@@ -55,6 +56,35 @@ void WriteListAsPdf(benchmark::State& state) {
     state.counters["KB"] = double(QFileInfo(file).size()) / 1024;
 }
 
+// Appointments by day, each with notes; every fiftieth has a page of them.
+core::Report report(int rows) {
+    using core::ReportItem;
+    core::Report made{.groupBy = u"Day"_s, .fields = {u"Day"_s, u"Subject"_s, u"Start"_s, u"contact"_s, u"notes"_s}};
+    made.pageHead.lines = {core::titleLine(u"ΚΑΤΑΣΤΑΣΗ"_s)};
+    made.groupHead.lines = {{ReportItem{.field = u"Day"_s, .font = {.bold = true}}}};
+    made.detail.lines = {{ReportItem{.width = 40, .field = u"Subject"_s}, ReportItem{.x = 41, .field = u"Start"_s},
+                          ReportItem{.x = 60, .width = 40, .field = u"contact"_s}},
+                         {ReportItem{.width = 17, .text = u"Σημειώσεις:"_s, .font = {.size = 9, .bold = true}},
+                          ReportItem{.x = 17, .width = 83, .field = u"notes"_s}}};
+    for (int i = 0; i < rows; ++i)
+        made.rows.append({QString::number(i / 6), u"Τακτική επίσκεψη και έλεγχος"_s, u"09:30"_s,
+                          u"Παπαδόπουλος Κωνσταντίνος"_s, u"Να φέρει τα χαρτιά. "_s.repeated(i % 50 ? 5 : 200)});
+    return made;
+}
+
+void WriteReportAsPdf(benchmark::State& state) {
+    QTemporaryDir folder;
+    const QString file = folder.filePath(u"report.pdf"_s);
+    const core::Report made = report(int(state.range(0)));
+    for (auto _ : state) {
+        platform::Printer printer({}, {}, [](const QString& name) { return controls::font(name, 10); });
+        core::drawReport(printer, made, {});
+        const auto document = printer.endDoc();
+        platform::SystemPrinters().writePdf(*document, file, {});
+        state.counters["pages"] = document->pageCount();
+    }
+}
+
 // What the preview paints for a turn of the page, at the size of a screen.
 void ShowPage(benchmark::State& state) {
     const auto document = drawn(printedList(1000));
@@ -71,6 +101,7 @@ void ShowPage(benchmark::State& state) {
 
 BENCHMARK(DrawList)->Arg(10'000)->Unit(benchmark::kMillisecond);
 BENCHMARK(WriteListAsPdf)->Arg(10'000)->Unit(benchmark::kMillisecond);
+BENCHMARK(WriteReportAsPdf)->Arg(2'000)->Unit(benchmark::kMillisecond);
 BENCHMARK(ShowPage)->Unit(benchmark::kMillisecond);
 
 }  // namespace

@@ -22,33 +22,62 @@ QString timeText(const QVariant& time) {
 
 }  // namespace
 
-AppointmentsTab::AppointmentsTab(core::MainMod& mod)
+AppointmentsTab::AppointmentsTab(core::MainMod& mod, std::function<QString()> contact)
     : Guarded(mod, this),
+      contact_(std::move(contact)),
       ListView3(new core::StoredList(mod.services.settings, u"ListView3"_s, u"Συναντήσεις"_s, u"lvDates"_s, columns())),
-      commands_(mod, this,
-                {{u"cmdDelAppoiment"_s,
-                  u"delete"_s,
-                  u"Διαγραφή Συνάντησης"_s,
-                  {},
-                  [this] { deleteAppointment(); },
-                  [this] { return ListView3->count() > 0; }}}) {
-    controls::add(controls::tabLayout(this),
-                  {{ListView3, 1}, controls::row({commands_.button(u"cmdDelAppoiment"_s), controls::Item::rest()})});
+      commands_(mod, this, commands()) {
+    auto* buttons = controls::row({});
+    commands_.addButtons(buttons);
+    buttons->addStretch(1);
+    controls::add(controls::tabLayout(this), {{ListView3, 1}, buttons});
+    on(ListView3, &controls::ListView::rowActivated, [this] { edit(); });
+    on(ListView3->selectionModel(), &QItemSelectionModel::currentChanged, [this] { commands_.refresh(); });
+}
+
+QVector<core::Command> AppointmentsTab::commands() {
+    const auto hasRows = [this] { return ListView3->count() > 0; };
+    return {{u"cmdNewAppoiment"_s,
+             u"add"_s,
+             u"Νέα Συνάντηση"_s,
+             {},
+             [this] { mod_.doors.openCalendarFor(code_.toLongLong(), contact_()); },
+             [this] { return code_.toLongLong() != 0; }},
+            {u"cmdEditAppoiment"_s, u"edit"_s, u"Διόρθωση Συνάντησης"_s, {}, [this] { edit(); }, hasRows},
+            {u"cmdDelAppoiment"_s,
+             u"delete"_s,
+             u"Διαγραφή Συνάντησης"_s,
+             {},
+             [this] { deleteAppointment(); },
+             [this] { return mayDelete(); }}};
+}
+
+bool AppointmentsTab::mayDelete() const {
+    const QVariant appointment = ListView3->currentTag();
+    return appointment.isValid() && mod_.mayChange(owners_.value(appointment.toLongLong()));
+}
+
+void AppointmentsTab::edit() {
+    if (const QVariant appointment = ListView3->currentTag(); appointment.isValid())
+        mod_.doors.openAppointment(appointment.toLongLong(), nullptr);
 }
 
 void AppointmentsTab::fill(const QString& code) {
     code_ = code;
+    owners_.clear();
     QVector<controls::ListRow> rows;
     try {
         for (data::Recordset dates(mod_.gConn,
-                                   data::Sql(u"Select aa,[contact],[subject],[location],[day],[start],[end],[notes] "
-                                             "from dates where codecard=?"_s,
+                                   data::Sql(u"Select aa,[contact],[subject],[location],[day],[start],[end],[notes],"
+                                             "[user] from dates where codecard=?"_s,
                                              code.toLongLong()));
-             !dates.eof(); dates.moveNext())
+             !dates.eof(); dates.moveNext()) {
+            owners_.insert(dates[u"aa"].toLong(), dates[u"user"].text());
             rows.append({{dates[u"subject"].text(), dates[u"location"].text(), data::dayText(dates[u"day"].toDate()),
                           timeText(dates[u"start"].value()), timeText(dates[u"end"].value()), dates[u"notes"].text()},
                          dates[u"aa"].value(),
                          {}});
+        }
     } catch (const data::Error& error) {
         core::showFailure(mod_, this, error,
                           u"Πρόβλημα κατά την επεξεργασία των δεμένων! \nΕλέγχετε τα πεδία της ημερομηνίας! \n"_s);
@@ -69,7 +98,7 @@ void AppointmentsTab::deleteAppointment() {
     if (appointment.isValid() && askAndDelete(u"Να συνεχίσω με διαγραφή της Συνάντησης;"_s, [&] {
             mod_.gConn.execute(data::Sql(u"Delete from dates where aa=?"_s, appointment.toLongLong()));
         }))
-        fill(code_);
+        mod_.doors.appointmentsChanged();
 }
 
 }  // namespace cards

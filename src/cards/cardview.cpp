@@ -1,9 +1,8 @@
 #include "cards/cardview.h"
 
-#include <QScrollArea>
-
 #include "controls/choicebox.h"
 #include "controls/names.h"
+#include "controls/pagearea.h"
 #include "controls/theme.h"
 #include "core/columnsize.h"
 #include "data/values/fold.h"
@@ -30,21 +29,6 @@ const CardField& fieldNamed(const QString& control) {
     for (const CardField& field : cardFields())
         if (field.controlName() == control) return field;
     Q_UNREACHABLE();
-}
-
-// Asks for as much room as its page wants; the toolkit's own stops at a few lines.
-class PageArea : public QScrollArea {
-public:
-    QSize sizeHint() const override { return widget()->sizeHint() + QSize(2 * frameWidth(), 2 * frameWidth()); }
-};
-
-QWidget* scrolled(QWidget* page) {
-    auto* area = new PageArea;
-    area->setWidget(page);
-    area->setWidgetResizable(true);
-    area->setFrameShape(QFrame::NoFrame);
-    area->setFocusPolicy(Qt::NoFocus);
-    return area;
 }
 
 QWidget* makeControl(const CardField& field) {
@@ -123,7 +107,7 @@ void CardView::build(core::Commands& commands, const CardPanels& panels) {
                            Tab{CardTab::Texts, u"Κείμενα"_s, u"Frame6"_s, textsTab()},
                            Tab{CardTab::Links, u"Συνδέσεις"_s, u"Frame2"_s, panels.links},
                            Tab{CardTab::Appointments, u"Συναντήσεις"_s, u"Frame7"_s, panels.appointments}}) {
-        QWidget* page = scrolled(named(tab.page, tab.frame));
+        QWidget* page = new controls::PageArea(named(tab.page, tab.frame));
         pages_.insert(tab.tab, page);
         tabs_->addTab(page, tab.caption);
     }

@@ -25,10 +25,10 @@ struct BusyCursor {
 }  // namespace
 
 frmAddress::frmAddress(core::MainMod& mod)
-    : Form(mod, u"frmAddress"_s, u"Καρτέλα"_s, {u"Address"_s, 0, 0}),
+    : Form(mod, u"frmAddress"_s, u"Καρτέλα"_s, {u"Address"_s, 0, 0}, u"card"_s),
       history_(new HistoryTab(mod)),
       links_(new LinksTab(mod)),
-      appointments_(new AppointmentsTab(mod)),
+      appointments_(new AppointmentsTab(mod, [this] { return (shownText(0) + u' ' + shownText(1)).trimmed(); })),
       view_(new CardView),
       commands_(mod, this, commands()) {
     view_->build(commands_, {history_, links_, appointments_});

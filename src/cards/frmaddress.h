@@ -32,6 +32,7 @@ public:
     // being changed.
     void goTo(qint64 code);
     void goToFound(qint64 code);  // and its first tab; for the search
+    void selectTab(CardTab tab) { view_->selectTab(tab); }
     void CardAddNew();
     void CardEdit();
     void FillCombo();  // all lists of choices; each keeps what was chosen

@@ -37,8 +37,8 @@ const QVector<FieldGroup> historyGroups = {
 }  // namespace
 
 FieldsEditor::FieldsEditor(core::MainMod& mod, const QString& name, const QString& caption,
-                           const QVector<FieldGroup>& groups, int columns)
-    : Form(mod, name, caption, {u"Fields"_s, 1000, 0}), commands_(mod, this, commands()) {
+                           const QVector<FieldGroup>& groups, int columns, const QString& symbol)
+    : Form(mod, name, caption, {u"Fields"_s, 1000, 0}, symbol), commands_(mod, this, commands()) {
     guardUnsaved(u"Οι αλλαγές των πεδίων δεν επικυρώθηκαν."_s, [this] { confirm(); });
     auto* stacks = controls::row({}, 10);
     // Two groups to a column keeps the columns of the card's fields about equally long.
@@ -119,9 +119,9 @@ void FieldsEditor::confirm() {
 }
 
 frmFields::frmFields(core::MainMod& mod)
-    : FieldsEditor(mod, u"frmFields"_s, u"Παραμετρικά Πεδία Καρτέλας"_s, cardGroups, 3) {}
+    : FieldsEditor(mod, u"frmFields"_s, u"Παραμετρικά Πεδία Καρτέλας"_s, cardGroups, 3, u"fields"_s) {}
 
 frmFields1::frmFields1(core::MainMod& mod)
-    : FieldsEditor(mod, u"frmFields1"_s, u"Παραμετρικά Πεδία Ιστορικού"_s, historyGroups, 1) {}
+    : FieldsEditor(mod, u"frmFields1"_s, u"Παραμετρικά Πεδία Ιστορικού"_s, historyGroups, 1, u"columns"_s) {}
 
 }  // namespace cards

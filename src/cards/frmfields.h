@@ -26,7 +26,7 @@ class FieldsEditor : public core::Form {
     Q_OBJECT
 protected:
     FieldsEditor(core::MainMod& mod, const QString& name, const QString& caption, const QVector<FieldGroup>& groups,
-                 int columns);
+                 int columns, const QString& symbol);
     void onLoad() override;
 
 private:

@@ -41,7 +41,7 @@ QString findStatement(const QString& text) {
 }
 
 frmFind::frmFind(core::MainMod& mod, QWidget* parent, std::function<void(const FoundCard&)> chosen)
-    : Dialog(mod, parent, u"frmFind"_s, u"Έξυπνη Εύρεση"_s),
+    : Dialog(mod, parent, u"frmFind"_s, u"Έξυπνη Εύρεση"_s, u"search"_s),
       chosen_(std::move(chosen)),
       text_(named(new controls::TextBox, u"Text1(0)"_s)),
       list_(new core::StoredList(mod.services.settings, u"ListView1"_s, u"Καρτέλες που βρέθηκαν"_s, u"lvFind"_s,

@@ -36,7 +36,7 @@ constexpr int firstNumber = 3;
 }  // namespace
 
 frmHistory::frmHistory(core::MainMod& mod, QWidget* parent, std::function<void(qint64)> saved)
-    : Dialog(mod, parent, u"frmHistory"_s, u"ΝΕΑ ΚΑΤΑΧΩΡΗΣΗ"_s),
+    : Dialog(mod, parent, u"frmHistory"_s, u"ΝΕΑ ΚΑΤΑΧΩΡΗΣΗ"_s, u"movement"_s),
       saved_(std::move(saved)),
       commands_(mod, this,
                 {{u"lblClick(0)"_s, u"save"_s, u"Αποθήκευση κίνησης"_s, {Qt::Key_F5}, [this] { save(); }},

@@ -19,16 +19,6 @@ using controls::named;
 
 namespace {
 
-// The columns by which lists of appointments are sorted, the newest choice first, and where they are kept.
-const QString orderSection = u"DateQuery"_s;
-struct Order {
-    QString key, fallback;
-    QString core::MainMod::*column;
-};
-const Order orders[] = {{u"SqlOrdr"_s, u"Day"_s, &core::MainMod::gSqlOrdr},
-                        {u"SqlOrdr1"_s, u"Start"_s, &core::MainMod::gSqlOrdr1},
-                        {u"SqlOrdr2"_s, u"End"_s, &core::MainMod::gSqlOrdr2}};
-
 QVector<controls::ListColumn> columns() {
     QVector<controls::ListColumn> all;
     for (const QString& name : {u"Ημερομηνία"_s, u"Επώνυμο"_s, u"Όνομα"_s, u"Αιτιολογία"_s, u"Χρέωση"_s, u"Πίστωση"_s})
@@ -40,14 +30,15 @@ QVector<controls::ListColumn> columns() {
 }  // namespace
 
 frmHmerologio::frmHmerologio(core::MainMod& mod)
-    : Form(mod, u"frmHmerologio"_s, u"Ημερολόγιο Κινήσεων"_s, {u"Hmerologio"_s, 1000, 0}),
+    : Form(mod, u"frmHmerologio"_s, u"Ημερολόγιο Κινήσεων"_s, {u"Hmerologio"_s, 1000, 0}, u"journal"_s),
       ListView1(
           new core::StoredList(mod.services.settings, u"ListView1"_s, windowTitle(), u"lvHmerologio"_s, columns())),
       commands_(mod, this,
                 {{u"lblClick(0)"_s, u"search"_s, u"Εμφάνιση Λίστας"_s, {}, [this] { FillList(); }},
                  {u"lblClick(1)"_s, u"print"_s, u"Εκτύπωση Λίστας"_s, {}, [this] { print(); }},
                  {u"lblClick(2)"_s, u"exit"_s, u"Έξοδος"_s, {}, [this] { emit closeRequested(); }}}),
-      pieces_(mod, this) {
+      pieces_(mod, this),
+      keys_(core::SortKeys::ofAppointments(mod)) {
     controls::add(controls::pageLayout(this), {filter(), {ListView1, 1}, foot()});
     setMinimumSize(720, 480);
     on(ListView1, &controls::ListView::columnClicked, [this](int column) { columnClicked(column); });
@@ -82,8 +73,7 @@ QWidget* frmHmerologio::foot() {
 
 void frmHmerologio::onLoad() {
     period_->setMonthToDate(mod_.services.clock.today());
-    for (const Order& order : orders)
-        mod_.*order.column = mod_.services.settings.value(orderSection, order.key, order.fallback);
+    keys_.load();
     FillCombo();
     FillList();
 }
@@ -146,12 +136,7 @@ void frmHmerologio::fail(const data::Error& error) {
 
 // The three keys belong to the lists of appointments, whose order a click here has always moved too.
 void frmHmerologio::columnClicked(int column) {
-    static const QStringList sorts = {u"Subject"_s, u"Location"_s, u"Day"_s, u"Start"_s, u"end"_s};
-    if (column < sorts.size()) {
-        mod_.gSqlOrdr2 = mod_.gSqlOrdr1;
-        mod_.gSqlOrdr1 = mod_.gSqlOrdr;
-        mod_.gSqlOrdr = sorts[column];
-    }
+    keys_.click(column);
     FillList();
 }
 
@@ -167,7 +152,7 @@ void frmHmerologio::print() {
 
 void frmHmerologio::onUnload() {
     pieces_.stop();
-    for (const Order& order : orders) mod_.services.settings.setValue(orderSection, order.key, mod_.*order.column);
+    keys_.store();
 }
 
 }  // namespace cards

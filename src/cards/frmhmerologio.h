@@ -10,6 +10,7 @@
 #include "core/commands.h"
 #include "core/form.h"
 #include "core/pieces.h"
+#include "core/sortkeys.h"
 #include "core/storedlist.h"
 
 namespace cards {
@@ -46,6 +47,7 @@ private:
     QLabel *debit_, *lblYpoloipo;
     core::Commands commands_;
     core::Pieces pieces_;
+    core::SortKeys keys_;
     std::unique_ptr<JournalReader> reader_;
 };
 

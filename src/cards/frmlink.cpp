@@ -17,7 +17,7 @@ using controls::Item;
 using controls::named;
 
 frmLink::frmLink(core::MainMod& mod, QWidget* parent, std::function<void()> saved)
-    : Dialog(mod, parent, u"frmLink"_s, u"Δημιουργία Σύνδεσης"_s),
+    : Dialog(mod, parent, u"frmLink"_s, u"Δημιουργία Σύνδεσης"_s, u"link"_s),
       saved_(std::move(saved)),
       commands_(mod, this,
                 {{u"cmdChoose"_s, u"search"_s, u"Επιλογή Αρχείου..."_s, {}, [this] { chooseFile(); }},

@@ -1,12 +1,7 @@
 // The report of a card's movements.
 #pragma once
 
-#include <QDate>
-#include <QVector>
-
-#include "core/mainmod.h"
-#include "core/printheading.h"
-#include "core/printjob.h"
+#include "core/report.h"
 
 namespace cards {
 
@@ -14,17 +9,7 @@ namespace cards {
 // card that isn't there any more. Throws data::Error.
 bool dtpHistory(core::MainMod& mod, QWidget* parent, qint64 cardCode);
 
-// What it draws.
-struct HistoryReport {
-    struct Movement {
-        QString date, reason, debit, credit, notes;
-    };
-    core::OwnerDetails owner;
-    QString surname, firstName, telephone, mobile;
-    QVector<Movement> movements;
-};
-
-// Column heads and the page's number stand on every page; a movement whose notes outgrow a page goes on on the next.
-void drawHistory(platform::Printer& printer, const HistoryReport& report, const core::PrintStep& step);
+// Without movements: rows of ΗΜΕΡΟΜΗΝΙΑ, ΑΙΤΙΟΛΟΓΙΑ, ΧΡΕΩΣΗ, ΠΙΣΤΩΣΗ, notes.
+core::Report historyReport(const core::OwnerDetails& owner, data::Recordset& card);
 
 }  // namespace cards

@@ -50,10 +50,26 @@ void addWindows(core::Windows& windows, core::MainMod& mod) {
     mod.doors.openValues = [&windows](int list) {
         if (auto* values = qobject_cast<frmCombos*>(windows.front(u"frmCombos"_s))) values->setList(list);
     };
-    mod.doors.listsChanged = [&windows] {
+    mod.doors.openCardAt = [&windows](qint64 code, int tab) {
+        auto* card = qobject_cast<frmAddress*>(windows.front(u"frmAddress"_s));
+        if (!card) return;
+        card->goTo(code);
+        card->selectTab(CardTab(tab));
+    };
+    mod.doors.findCard = [&mod](QWidget* opener, const core::Doors::Chosen& chosen) {
+        frmFind find(mod, opener, [&chosen](const FoundCard& card) {
+            chosen(card.code, (card.surname + u' ' + card.firstName).trimmed());
+        });
+        find.placeOver(opener, {0, 2000});
+        find.exec();
+    };
+    mod.doors.appointmentsChanged.add([&windows] {
+        if (auto* card = qobject_cast<frmAddress*>(windows.find(u"frmAddress"_s))) card->FillListAppoiment();
+    });
+    mod.doors.listsChanged.add([&windows] {
         if (auto* card = qobject_cast<frmAddress*>(windows.find(u"frmAddress"_s))) card->FillCombo();
         if (auto* journal = qobject_cast<frmHmerologio*>(windows.find(u"frmHmerologio"_s))) journal->FillCombo();
-    };
+    });
 }
 
 }  // namespace cards

@@ -186,7 +186,6 @@ void CellGrid::setCurrentCell(int row, int column) {
 }
 
 void CellGrid::showFromRow(int row) {
-    if (!isVisible()) wantedTop_ = row;
     scrollTo(cells_->index(row, 0), PositionAtTop);
 }
 
@@ -323,13 +322,6 @@ void CellGrid::paintEvent(QPaintEvent* event) {
     painter.setPen(
         QPen(hasFocus() ? theme().text : theme().border, width, Qt::SolidLine, Qt::SquareCap, Qt::MiterJoin));
     painter.drawRect(QRectF(frame).adjusted(width / 2.0, width / 2.0, -width / 2.0, -width / 2.0));
-}
-
-void CellGrid::showEvent(QShowEvent* event) {
-    QTableView::showEvent(event);
-    if (wantedTop_ < 0) return;
-    scrollTo(cells_->index(wantedTop_, 0), PositionAtTop);
-    wantedTop_ = -1;
 }
 
 void CellGrid::changeEvent(QEvent* event) {

@@ -57,7 +57,7 @@ public:
     int currentRow() const;  // -1 while the cursor is nowhere
     int currentColumn() const;
     void setCurrentCell(int row, int column);
-    // Scrolls so that this row is the topmost; keeps it in mind until the grid is on show.
+    // Scrolls so that this row is the topmost.
     void showFromRow(int row);
 
     QSize minimumSizeHint() const override;
@@ -74,7 +74,6 @@ protected:
     void keyPressEvent(QKeyEvent* event) override;
     void contextMenuEvent(QContextMenuEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
-    void showEvent(QShowEvent* event) override;
     void changeEvent(QEvent* event) override;
     void currentChanged(const QModelIndex& current, const QModelIndex& previous) override;
     QModelIndex moveCursor(CursorAction action, Qt::KeyboardModifiers modifiers) override;
@@ -97,7 +96,6 @@ private:
     Paging paging_ = Paging::Scrolls;
     QVector<int> widths_{stretch};
     int rowHeight_ = stretch;
-    int wantedTop_ = -1;
 };
 
 }  // namespace controls

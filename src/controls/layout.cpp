@@ -1,5 +1,6 @@
 #include "controls/layout.h"
 
+#include "controls/flow.h"
 #include "controls/names.h"
 
 namespace controls {
@@ -57,6 +58,19 @@ QHBoxLayout* row(std::initializer_list<Item> items, int spacing) {
     layout->setContentsMargins({});
     layout->setSpacing(spacing);
     add(layout, items);
+    return layout;
+}
+
+QLayout* flow(std::initializer_list<Item> items, int spacing) {
+    auto* layout = new FlowLayout(spacing);
+    for (const Item& item : items) {
+        if (item.widget)
+            layout->addWidget(item.widget);
+        else if (item.layout)
+            layout->addNested(item.layout);
+        else if (item.space < 0)
+            layout->addItem(new QSpacerItem(0, 0, QSizePolicy::Expanding));
+    }
     return layout;
 }
 

@@ -34,6 +34,8 @@ private:
 
 // Beside each other, without margins.
 QHBoxLayout* row(std::initializer_list<Item> items, int spacing = 6);
+// A row that goes on below itself where it is too wide. What must stay beside each other in it is an item of its own.
+QLayout* flow(std::initializer_list<Item> items, int spacing = 6);
 // Below each other, without margins.
 QVBoxLayout* column(std::initializer_list<Item> items, int spacing = 8);
 // A row as a widget, which can be hidden or put into a form.

@@ -3,7 +3,10 @@
 #include <QAbstractTableModel>
 #include <QContextMenuEvent>
 #include <QHeaderView>
+#include <QHelpEvent>
 #include <QKeyEvent>
+#include <QScopedValueRollback>
+#include <QToolTip>
 
 #include "controls/theme.h"
 
@@ -63,17 +66,22 @@ ListView::ListView(QWidget* parent) : QTreeView(parent), rows_(new Rows(this)) {
     setEditTriggers(NoEditTriggers);
     setExpandsOnDoubleClick(false);
     header()->setSectionsClickable(true);
-    header()->setStretchLastSection(true);
+    header()->setStretchLastSection(false);
     connect(this, &QTreeView::doubleClicked, this,
             [this](const QModelIndex& index) { emit rowActivated(index.row()); });
     connect(header(), &QHeaderView::sectionClicked, this, &ListView::columnClicked);
+    connect(header(), &QHeaderView::sectionResized, this,
+            [this](int column, int, int pixels) { keepDragged(column, pixels); });
 }
 
 ListView::~ListView() = default;
 
 void ListView::setColumns(const QVector<ListColumn>& columns) {
+    const QScopedValueRollback placing(placing_, true);
     rows_->replace(columns);
-    for (int i = 0; i < columns.size(); ++i) header()->resizeSection(i, toPixels(columns[i].width));
+    grown_.fill(0, columns.size());
+    grow();
+    placeColumns();
 }
 
 const QVector<ListColumn>& ListView::columns() const {
@@ -85,7 +93,10 @@ int ListView::columnTwips(int column) const {
 }
 
 void ListView::setRows(QVector<ListRow> rows) {
+    const QScopedValueRollback placing(placing_, true);
     rows_->replace(std::move(rows));
+    grow();
+    placeColumns();
 }
 
 int ListView::count() const {
@@ -121,15 +132,75 @@ bool ListView::selectTag(const QVariant& tag) {
     return true;
 }
 
+int ListView::spareColumn() const {
+    const auto& all = columns();
+    const auto told = std::find_if(all.begin(), all.end(), [](const ListColumn& each) { return each.spare; });
+    if (told != all.end()) return int(told - all.begin());
+    const auto text = std::find_if(all.rbegin(), all.rend(), [](const ListColumn& each) { return !each.number; });
+    return int(text != all.rend() ? text.base() - all.begin() : all.size()) - 1;
+}
+
+// The column may get narrower than it was meant, but not unreadable; as narrow as a user made it, and no narrower.
+int ListView::leastSpare(int column) const {
+    constexpr int readable = 100;  // pixels
+    const int own = toPixels(columns()[column].width);
+    return columns()[column].kept ? own : std::max(std::min(own, readable), header()->sectionSizeHint(column));
+}
+
+// Only the longest text of a column is measured: a list may have any number of rows.
+void ListView::grow() {
+    const int widestText = fontMetrics().averageCharWidth() * 24;
+    const int margins = 2 * (style()->pixelMetric(QStyle::PM_FocusFrameHMargin, nullptr, this) + 4);
+    for (int i = 0; i < columns().size(); ++i) {
+        QStringView longest;
+        for (const ListRow& row : rows_->rows)
+            if (i < row.cells.size() && row.cells[i].size() > longest.size()) longest = row.cells[i];
+        int wanted = fontMetrics().horizontalAdvance(longest.left(100).toString()) + margins;
+        if (!columns()[i].number) wanted = std::min(wanted, widestText);
+        if (i == 0 && !rows_->rows.isEmpty() && !rows_->rows[0].icon.isNull()) wanted += iconSize().width() + margins;
+        grown_[i] = std::max({grown_[i], wanted, header()->sectionSizeHint(i)});
+    }
+}
+
+void ListView::placeColumns() {
+    if (columns().isEmpty()) return;
+    const QScopedValueRollback placing(placing_, true);
+    const int spare = spareColumn();
+    int left = viewport()->width();
+    for (int i = 0; i < columns().size(); ++i) {
+        if (i == spare) continue;
+        const int own = toPixels(columns()[i].width);
+        header()->resizeSection(i, columns()[i].kept ? own : std::max(own, grown_[i]));
+        left -= header()->sectionSize(i);
+    }
+    header()->resizeSection(spare, isVisible() ? std::max(left, leastSpare(spare)) : toPixels(columns()[spare].width));
+}
+
+void ListView::keepDragged(int column, int pixels) {
+    if (placing_) return;
+    rows_->columns[column].width = toTwips(pixels);
+    rows_->columns[column].kept = true;
+    placeColumns();
+}
+
 void ListView::resizeEvent(QResizeEvent* event) {
     QTreeView::resizeEvent(event);
-    if (columns().isEmpty()) return;
-    const int wanted =
-        header()->length() - header()->sectionSize(header()->count() - 1) + toPixels(columns().last().width);
-    if (!sharing_ || !isVisible() || wanted >= viewport()->width()) return;
-    sharing_ = false;
-    const double share = double(viewport()->width()) / wanted;
-    for (int i = 0; i < columns().size(); ++i) header()->resizeSection(i, int(toPixels(columns()[i].width) * share));
+    placeColumns();
+}
+
+void ListView::showEvent(QShowEvent* event) {
+    QTreeView::showEvent(event);
+    placeColumns();
+}
+
+// A text that its column cuts off is told whole.
+bool ListView::viewportEvent(QEvent* event) {
+    if (event->type() != QEvent::ToolTip) return QTreeView::viewportEvent(event);
+    const auto* help = static_cast<QHelpEvent*>(event);
+    const QModelIndex under = indexAt(help->pos());
+    const bool cut = under.isValid() && sizeHintForIndex(under).width() > columnWidth(under.column());
+    QToolTip::showText(help->globalPos(), cut ? under.data().toString().toHtmlEscaped() : QString(), viewport());
+    return true;
 }
 
 void ListView::keyPressEvent(QKeyEvent* event) {

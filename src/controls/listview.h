@@ -12,8 +12,13 @@ namespace controls {
 struct ListColumn {
     QString key;  // under which its width is stored
     QString header;
-    int width = 1000;     // twips
-    bool number = false;  // right-aligned
+    int width = 1000;       // twips
+    bool number = false;    // figures, right-aligned
+    bool spare = false;     // takes the width that is left; where no column says so, the last one of texts does
+    bool kept = false;      // as a user chose it: it doesn't grow with what stands in it
+    QString section = {};   // of the settings, where its width lies in another one than the list's
+    QString storedAs = {};  // the key that its width is stored under, where it isn't the one that it is read from
+    bool stored = true;
 };
 
 struct ListRow {
@@ -30,12 +35,11 @@ public:
     explicit ListView(QWidget* parent = nullptr);
     ~ListView() override;
 
+    // Shown, one column of texts takes the width that the others leave, so that what stands right of it stays in view
+    // beside a scroll bar, too. The others grow with what stands in them, a text only so far, and never shrink again.
     void setColumns(const QVector<ListColumn>& columns);
-    // At the first showing the columns share the list's width in proportion, when they are narrower together. For
-    // lists whose widths nobody has set yet.
-    void shareWidth() { sharing_ = true; }
-    const QVector<ListColumn>& columns() const;
-    int columnTwips(int column) const;
+    const QVector<ListColumn>& columns() const;  // with the widths that a user dragged
+    int columnTwips(int column) const;           // as shown
 
     void setRows(QVector<ListRow> rows);
     void clear() { setRows({}); }
@@ -57,13 +61,21 @@ protected:
     void keyPressEvent(QKeyEvent* event) override;
     void contextMenuEvent(QContextMenuEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
+    void showEvent(QShowEvent* event) override;
+    bool viewportEvent(QEvent* event) override;
 
 private:
     void requestMenuAtRow();
+    int spareColumn() const;
+    int leastSpare(int column) const;
+    void grow();
+    void placeColumns();
+    void keepDragged(int column, int pixels);
 
     class Rows;
     Rows* rows_;
-    bool sharing_ = false;
+    QVector<int> grown_;    // in pixels, by column
+    bool placing_ = false;  // the widths that change are not a user's
 };
 
 }  // namespace controls

@@ -56,6 +56,7 @@ QIcon LookStyle::standardIcon(StandardPixmap which, const QStyleOption* option, 
 
 int LookStyle::styleHint(StyleHint hint, const QStyleOption* option, const QWidget* widget,
                          QStyleHintReturn* result) const {
+    if (hint == SH_DrawMenuBarSeparator) return 1;
     if (hint == SH_DialogButtonBox_ButtonsHaveIcons || hint == SH_WindowFrame_Mask) return 0;
     return QProxyStyle::styleHint(hint, option, widget, result);
 }

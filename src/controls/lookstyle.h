@@ -5,7 +5,7 @@
 namespace controls {
 
 // The Fusion style with the program's own pictures in message boxes, flat frames for the windows inside the main
-// window, and no icons on dialog buttons.
+// window, no icons on dialog buttons, and what follows a separator on a menu bar at its right end.
 class LookStyle : public QProxyStyle {
 public:
     LookStyle();

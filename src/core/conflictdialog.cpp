@@ -24,7 +24,7 @@ QString choiceText(const QString& whose, const QString& value) {
 }  // namespace
 
 ConflictDialog::ConflictDialog(MainMod& mod, QWidget* parent, const QString& what, const QVector<ConflictField>& fields)
-    : Dialog(mod, parent, u"ConflictDialog"_s, u"Αλλαγές από άλλον χρήστη"_s),
+    : Dialog(mod, parent, u"ConflictDialog"_s, u"Αλλαγές από άλλον χρήστη"_s, u"warning"_s),
       commands_(mod, this,
                 {{u"cmdMine"_s, {}, u"Παντού η δική μου"_s, {}, [this] { choose(mine_); }},
                  {u"cmdTheirs"_s, {}, u"Παντού η δική τους"_s, {}, [this] { choose(theirs_); }},

@@ -1,8 +1,10 @@
 #include "core/dialog.h"
 
 #include <QPushButton>
+#include <QLayout>
 #include <QScreen>
 
+#include "controls/pagearea.h"
 #include "controls/theme.h"
 #include "core/form.h"
 
@@ -16,10 +18,11 @@ void placeOver(QWidget& window, const QWidget* part, QPoint offset) {
     window.move(fitInto({corner, window.size()}, below->screen()->availableGeometry()).topLeft());
 }
 
-Dialog::Dialog(MainMod& mod, QWidget* parent, const QString& name, const QString& caption)
+Dialog::Dialog(MainMod& mod, QWidget* parent, const QString& name, const QString& caption, const QString& symbol)
     : QDialog(parent), Editing(mod, this) {
     setObjectName(name);
     setWindowTitle(caption);
+    setWindowIcon(controls::icon(symbol));
 }
 
 void Dialog::accept() {
@@ -36,6 +39,22 @@ void Dialog::reject() {
 
 void Dialog::keyPressEvent(QKeyEvent* event) {
     if (!takesEnter(*event)) QDialog::keyPressEvent(event);
+}
+
+void Dialog::setVisible(bool visible) {
+    if (visible && !shown_) fitScreen();
+    QDialog::setVisible(visible);
+}
+
+void Dialog::fitScreen() {
+    if (!layout()) return;
+    constexpr QSize frame(8, 36);  // about what the desktop draws round a window
+    const QSize room = screen()->availableGeometry().size() - frame;
+    const QSize least = layout()->totalMinimumSize().expandedTo(minimumSize());
+    const bool fits = least.width() <= room.width() && least.height() <= room.height();
+    if (!fits) controls::scrollContents(this);
+    if (!fits && !testAttribute(Qt::WA_Resized)) resize(sizeHint());
+    if (testAttribute(Qt::WA_Resized)) resize(size().boundedTo(room));
 }
 
 void Dialog::showEvent(QShowEvent* event) {

@@ -15,11 +15,15 @@ void placeOver(QWidget& window, const QWidget* part, QPoint offset);
 class Dialog : public QDialog, protected Editing {
     Q_OBJECT
 public:
-    Dialog(MainMod& mod, QWidget* parent, const QString& name, const QString& caption);
+    // `symbol` is the icon of its frame, a name of assets/icons.
+    Dialog(MainMod& mod, QWidget* parent, const QString& name, const QString& caption,
+           const QString& symbol = usualSymbol);
 
     // Where the dialog opens.
     void placeOver(const QWidget* part, QPoint offset) { core::placeOver(*this, part, offset); }
 
+    // The first showing makes a dialog that is larger than the screen scroll.
+    void setVisible(bool visible) override;
     void accept() override;
     void reject() override;
 
@@ -28,6 +32,8 @@ protected:
     void showEvent(QShowEvent* event) override;
 
 private:
+    void fitScreen();
+
     bool shown_ = false;
 };
 

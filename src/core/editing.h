@@ -6,6 +6,9 @@
 
 namespace core {
 
+// The icon of a window that names none.
+inline const QString usualSymbol = QStringLiteral("dorvalist");
+
 // A base beside QWidget, for windows in which something is typed and saved.
 class Editing : protected Guarded {
 protected:

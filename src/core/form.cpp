@@ -1,16 +1,21 @@
 #include "core/form.h"
 
+#include "controls/icons.h"
+#include "controls/pagearea.h"
+
 namespace core {
 
-Form::Form(MainMod& mod, const QString& name, const QString& caption, Placement placement)
+Form::Form(MainMod& mod, const QString& name, const QString& caption, Placement placement, const QString& symbol)
     : Editing(mod, this), placement_(std::move(placement)) {
     setObjectName(name);
     setWindowTitle(caption);
+    setWindowIcon(controls::icon(symbol));
 }
 
 void Form::load() {
     if (loaded_) return;
     loaded_ = true;
+    controls::scrollContents(this);
     beepForRefused();
     attempt(mod_, this, [this] { onLoad(); });
 }

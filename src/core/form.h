@@ -11,7 +11,9 @@ namespace core {
 class Form : public QWidget, protected Editing {
     Q_OBJECT
 public:
-    Form(MainMod& mod, const QString& name, const QString& caption, Placement placement);
+    // `symbol` is the icon of its frame, a name of assets/icons.
+    Form(MainMod& mod, const QString& name, const QString& caption, Placement placement,
+         const QString& symbol = usualSymbol);
 
     const Placement& placement() const { return placement_; }
 

@@ -13,8 +13,8 @@ using controls::Item;
 using controls::named;
 
 ListEditor::ListEditor(MainMod& mod, const QString& name, const QString& caption, ListEditorTexts texts,
-                       const QString& checkCaption)
-    : Form(mod, name, caption, {u"Category"_s, 1000, 0}),
+                       const QString& checkCaption, const QString& symbol)
+    : Form(mod, name, caption, {u"Category"_s, 1000, 0}, symbol),
       texts_(std::move(texts)),
       list_(named(new controls::ListView, u"ListView1"_s)),
       commands_(mod, this, commands()) {

@@ -32,7 +32,7 @@ public:
 
 protected:
     ListEditor(MainMod& mod, const QString& name, const QString& caption, ListEditorTexts texts,
-               const QString& checkCaption);
+               const QString& checkCaption, const QString& symbol);
 
     virtual QString table() const = 0;
     bool hasCheck() const { return Check1 != nullptr; }

@@ -1,6 +1,7 @@
 #include "core/mainmod.h"
 
 #include "data/recordset.h"
+#include "data/values/fold.h"
 #include "platform/folders.h"
 
 using namespace Qt::Literals::StringLiterals;
@@ -22,6 +23,10 @@ QString MainMod::GetPhones(qint64 cardCode) {
     for (int i = 0; !card.isEmpty() && i < card.fieldCount(); ++i)
         if (const QString number = card.field(i).text(); !number.isEmpty()) numbers << number;
     return numbers.join(u", "_s);
+}
+
+bool MainMod::mayChange(const QString& owner) const {
+    return !onlyReads() || data::fold(owner) == data::fold(gUserName);
 }
 
 void MainMod::playButtonSound(const QString& fileName) {

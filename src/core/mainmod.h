@@ -1,6 +1,7 @@
 // State that all windows share, and the few routines that belong to none of them.
 #pragma once
 
+#include <QSet>
 #include <QString>
 #include <functional>
 
@@ -39,9 +40,14 @@ public:
     QString gUserName;  // "Admin" for the built-in user
     int gUserGroup = 0;
     bool onlyReads() const { return gUserGroup == groupRestricted; }  // cards and what belongs to them
+    // Whether whoever is at work may change an appointment or task of this user.
+    bool mayChange(const QString& owner) const;
     LogonDelay logonDelay;
 
     QString gSqlOrdr, gSqlOrdr1, gSqlOrdr2;  // sort columns of the list in front, the newest first
+
+    QSet<QString> reminded;  // the reminders that this run has shown to remindedUser
+    QString remindedUser;
 
     Doors doors;
 

@@ -44,7 +44,7 @@ QComboBox* choice(const QString& name) {
 }  // namespace
 
 PrintPreview::PrintPreview(MainMod& mod, QWidget* parent, const PrintJob& job)
-    : Dialog(mod, parent, u"PrintPreview"_s, u"Προεπισκόπηση εκτύπωσης: "_s + job.title),
+    : Dialog(mod, parent, u"PrintPreview"_s, u"Προεπισκόπηση εκτύπωσης: "_s + job.title, u"print"_s),
       job_(job),
       setup_(pageSetup(mod.services.settings, job.landscape)),
       document_(drawn(parent, job_, setup_)),

@@ -11,13 +11,16 @@ StoredList::StoredList(platform::Settings& settings, const QString& name, const 
     setAccessibleName(spokenName);
     // A width dragged to nothing would hide the column for good.
     constexpr int narrowest = 150;
-    bool stored = false;
     for (controls::ListColumn& column : columns) {
-        stored |= !settings_.value(section_, column.key).isEmpty();
-        column.width = std::max(narrowest, settings_.number(section_, column.key, column.width));
+        const int stored = std::max(narrowest, settings_.number(sectionOf(column), column.key, column.width));
+        column.kept = stored != column.width;
+        column.width = stored;
     }
-    if (!stored) shareWidth();
     setColumns(columns);
+}
+
+QString StoredList::sectionOf(const controls::ListColumn& column) const {
+    return column.section.isEmpty() ? section_ : column.section;
 }
 
 void StoredList::hideEvent(QHideEvent* event) {
@@ -27,10 +30,11 @@ void StoredList::hideEvent(QHideEvent* event) {
 }
 
 void StoredList::storeWidths() {
-    // The last column fills what is left of the list; its own width is the one it was given.
-    const auto& shown = columns();
-    for (int i = 0; i < shown.size(); ++i)
-        settings_.setNumber(section_, shown[i].key, i + 1 < shown.size() ? columnTwips(i) : shown[i].width);
+    // The widths that were given or dragged, whatever the list has made of them.
+    for (const controls::ListColumn& column : columns())
+        if (column.stored)
+            settings_.setNumber(sectionOf(column), column.storedAs.isEmpty() ? column.key : column.storedAs,
+                                column.width);
 }
 
 }  // namespace core

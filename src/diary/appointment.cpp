@@ -24,7 +24,8 @@ QString fullDay(QDate day) {
 
 bool clashes(data::Connection& connection, QDate day, QTime start, QTime end, qint64 except) {
     const data::Sql sql(
-        u"select top 1 aa from dates where ((start between ? and ?) and day=? and aa<>?) or (([end] between ? and ?) and "
+        u"select top 1 aa from dates where ((start between ? and ?) and day=? and aa<>?) or (([end] between ? and ?) "
+        u"and "
         "day=? and aa<>?)"_s,
         start, end, day, except, start, end, day, except);
     return !data::Recordset(connection, sql).isEmpty();

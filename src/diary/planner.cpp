@@ -9,7 +9,8 @@ QString slotText(int slot) {
 }
 
 SlotTimes timesOf(int slot) {
-    return {slotText(slot), slot == slotsOfDay - 1 ? u"23:59"_s : slotText(slot + 1), slotText(slot > 0 ? slot - 1 : slot)};
+    return {slotText(slot), slot == slotsOfDay - 1 ? u"23:59"_s : slotText(slot + 1),
+            slotText(slot > 0 ? slot - 1 : slot)};
 }
 
 QVector<int> takenSlots(QTime start, QTime end) {

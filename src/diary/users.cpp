@@ -1,7 +1,6 @@
 #include "diary/users.h"
 
 #include "data/recordset.h"
-#include "data/values/fold.h"
 
 using namespace Qt::Literals::StringLiterals;
 
@@ -14,16 +13,12 @@ void fillUsers(core::MainMod& mod, controls::ChoiceBox& list) {
     list.addItems({{}, u"Admin"_s});
     for (; !users.eof(); users.moveNext()) list.addItem(users[u"UserName"].text());
     chooseUser(list, chosen);
-    list.setReadOnly(mod.onlyReads());
+    list.setEnabled(!mod.onlyReads());
 }
 
 void chooseUser(controls::ChoiceBox& list, const QString& user) {
     if (list.findText(user) < 0) list.addItem(user);
     list.setCurrentText(user);
-}
-
-bool mayChange(const core::MainMod& mod, const QString& owner) {
-    return !mod.onlyReads() || data::fold(owner) == data::fold(mod.gUserName);
 }
 
 }  // namespace diary

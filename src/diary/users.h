@@ -13,7 +13,4 @@ void fillUsers(core::MainMod& mod, controls::ChoiceBox& list);
 // Shows this user, also one who isn't in the list (any more).
 void chooseUser(controls::ChoiceBox& list, const QString& user);
 
-// Whether the one at work may change what belongs to this user.
-bool mayChange(const core::MainMod& mod, const QString& owner);
-
 }  // namespace diary

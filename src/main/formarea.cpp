@@ -15,7 +15,7 @@ class FormFrame : public QMdiSubWindow {
 public:
     explicit FormFrame(core::Form* form) : form_(form) {
         setWidget(form);
-        setWindowIcon(controls::icon(u"card"_s));
+        setWindowIcon(form->windowIcon());
         setAttribute(Qt::WA_DeleteOnClose, false);
     }
 

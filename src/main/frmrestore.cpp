@@ -28,14 +28,13 @@ QStringList cellsOf(const core::ListedBackup& copy) {
 }  // namespace
 
 frmRestore::frmRestore(core::MainMod& mod, QWidget* parent, const QVector<core::ListedBackup>& copies)
-    : Dialog(mod, parent, u"frmRestore"_s, u"Επαναφορά αντιγράφου"_s),
+    : Dialog(mod, parent, u"frmRestore"_s, u"Επαναφορά αντιγράφου"_s, u"restore"_s),
       copies_(copies),
       ListView1(new core::StoredList(mod.services.settings, u"ListView1"_s, u"Αντίγραφα ασφαλείας"_s, u"frmRestore"_s,
                                      columns)),
       commands_(mod, this,
                 {{u"Command1"_s, {}, u"Επαναφορά"_s, {}, [this] { accept(); }, [this] { return isGood(); }},
                  {u"Command2"_s, {}, u"Κλείσιμο"_s, {}, [this] { reject(); }}}) {
-    ListView1->shareWidth();
     QVector<controls::ListRow> rows;
     for (int i = 0; i < copies_.size(); ++i) rows += {cellsOf(copies_[i]), i, {}};
     ListView1->setRows(rows);

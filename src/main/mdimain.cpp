@@ -7,6 +7,7 @@
 #include "controls/names.h"
 #include "controls/theme.h"
 #include "core/printsettings.h"
+#include "diary/windows.h"
 #include "main/frmrestore.h"
 #include "main/mainplacement.h"
 #include "users/windows.h"
@@ -32,7 +33,9 @@ MDIMain::MDIMain(core::MainMod& mod)
     setWindowIcon(controls::icon(u"dorvalist"_s));
     core::addWindows(windows_, mod_);
     cards::addWindows(windows_, mod_);
+    diary::addWindows(windows_, mod_);
     users::addWindows(windows_, mod_);
+    mod_.doors.say = [this](const QString& text) { status_->say(text); };
     // With no copies in it; Program gives it those of the folder.
     windows_.addDialog(u"frmRestore"_s, [&mod](QWidget* parent) {
         return std::make_unique<frmRestore>(mod, parent, QVector<core::ListedBackup>());
@@ -57,6 +60,7 @@ QHash<QString, OwnEntry> MDIMain::ownEntries() {
         {u"mnuBackupNow"_s, {[this] { emit backupWanted(); }}},
         {u"mnuBackupFolder"_s, {[this] { emit backupFolderWanted(); }}},
         {u"mnuRestore"_s, {[this] { emit restoreWanted(); }}},
+        {u"frmAlarm"_s, {[this] { alarm_->showFront(); }}},
         {u"mnuSounds"_s, {[=, &settings] { settings.setNumber(optionsSection, u"Sounds"_s, !sounds()); }, sounds}},
         {u"mnuPreview"_s, {[=, &settings] { core::setPreviewsPrints(settings, !previews()); }, previews}},
     };
@@ -81,6 +85,14 @@ void MDIMain::load() {
     for (const QString& name : {u"frmTodayShow"_s, u"frmNameDay"_s})
         if (windows_.knows(name) && mod_.services.settings.number(optionsSection, name + u"Start"_s, 1) == 1)
             windows_.front(name);
+    watchReminders();
+}
+
+// What was shown in this run isn't shown again, unless somebody else was at work meanwhile.
+void MDIMain::watchReminders() {
+    if (std::exchange(mod_.remindedUser, mod_.gUserName) != mod_.gUserName) mod_.reminded.clear();
+    alarm_ = new diary::frmAlarm(mod_, this);
+    alarm_->watch();
 }
 
 void MDIMain::setTheme(int kind) {

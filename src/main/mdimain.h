@@ -1,6 +1,7 @@
 // The frame of the program: child windows, menus, status bar, rights.
 #pragma once
 
+#include "diary/frmalarm.h"
 #include "main/formarea.h"
 #include "main/menutree.h"
 #include "main/statusbar.h"
@@ -20,6 +21,7 @@ public:
 
     core::Windows& windows() { return windows_; }
     QAction* menu(const QString& name) const { return menus_->entry(name); }  // an entry or a submenu's title
+    diary::frmAlarm* alarm() const { return alarm_; }                         // null before load()
     QLabel* statusPanel(int number) const { return status_->panel(number); }  // from 1
 
 signals:
@@ -34,6 +36,7 @@ protected:
 
 private:
     QHash<QString, OwnEntry> ownEntries();
+    void watchReminders();
     void setTheme(int kind);
 
     core::MainMod& mod_;
@@ -41,6 +44,7 @@ private:
     core::Windows windows_;
     StatusBar* status_;
     MenuTree* menus_;
+    diary::frmAlarm* alarm_ = nullptr;
     bool loggingOff_ = false;
 };
 

@@ -74,6 +74,8 @@ const QVector<MenuDef>& menuDefs() {
         {u"mnuHelp1"_s, u"mnuHelp"_s, u"Οδηγίες"_s, u"help"_s},
         {u"mnuAbout"_s, u"mnuHelp"_s, u"Περί"_s, u"frmAbout"_s},
         {u"mnuLogOff"_s, {}, u"Αποσύνδεση"_s, {}},
+        // What follows a separator on the bar stands at its right end.
+        {u"κ3"_s, {}, u"-"_s, {}},
         {u"mnuExit"_s, {}, u"Έξοδος"_s, {}},
     };
     return defs;

@@ -28,6 +28,11 @@ void StatusBar::setUser(const QString& name) {
     panel(5)->setText(u"Χρήστης: "_s + name);
 }
 
+void StatusBar::say(const QString& text) {
+    constexpr int readable = 30'000;  // milliseconds
+    showMessage(text, readable);
+}
+
 void StatusBar::tick() {
     const QDateTime now = clock_.now();
     panel(1)->setText(data::format(now, u"dd/mm/yyyy"));

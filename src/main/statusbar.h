@@ -15,6 +15,7 @@ public:
     explicit StatusBar(const platform::Clock& clock);
 
     void setUser(const QString& name);
+    void say(const QString& text);                                         // over the panels, for a while
     QLabel* panel(int number) const { return panels_.value(number - 1); }  // from 1
 
 private:

@@ -13,7 +13,7 @@ using controls::Item;
 using controls::named;
 
 frmAdmin::frmAdmin(core::MainMod& mod)
-    : Form(mod, u"frmAdmin"_s, u"Αλλαγή κωδικού Administrator"_s, {u"Admin"_s}),
+    : Form(mod, u"frmAdmin"_s, u"Αλλαγή κωδικού Administrator"_s, {u"Admin"_s}, u"lock"_s),
       commands_(mod, this,
                 {{u"Command1"_s, {}, u"Επικύρωση"_s, {}, [this] { change(); }},
                  {u"cmdExit"_s, {}, u"Έξοδος"_s, {}, [this] { emit closeRequested(); }}}) {

@@ -24,7 +24,7 @@ const QString section = u"Settings"_s;
 }  // namespace
 
 frmOwner::frmOwner(core::MainMod& mod, QWidget* parent)
-    : Dialog(mod, parent, u"frmOwner"_s, u"Στοιχεία κατόχου"_s),
+    : Dialog(mod, parent, u"frmOwner"_s, u"Στοιχεία κατόχου"_s, u"office"_s),
       commands_(mod, this, {{u"Command1"_s, {}, u"Επικύρωση"_s, {}, [this] { store(); }}}) {
     auto* form = controls::formLayout();
     for (const OwnerField& field : ownerFields) {

@@ -24,7 +24,7 @@ const QString passwordMask(8, maskCharacter);
 }  // namespace
 
 frmUsers::frmUsers(core::MainMod& mod)
-    : Form(mod, u"frmUsers"_s, u"Χρήστες και Δικαιώματα"_s, {u"Users"_s}),
+    : Form(mod, u"frmUsers"_s, u"Χρήστες και Δικαιώματα"_s, {u"Users"_s}, u"user"_s),
       ListView1(new core::StoredList(mod.services.settings, u"ListView1"_s, windowTitle(), u"lvUsers"_s,
                                      {{u"UserName"_s, u"Όνομα Χρήστη"_s, 3300}, {u"Group"_s, u"Δικαιώματα"_s, 3300}})),
       commands_(mod, this, commands()) {

@@ -307,11 +307,15 @@ private slots:
     }
 
     void aLongReportRepeatsItsHeads() {
-        cards::HistoryReport report{{"Γραφείο", "", "", ""}, "Σκίννερ", "Άννα", "2310", "", {}};
+        CardOffice office;
+        office.addCard("Σκίννερ", "Άννα");
+        data::Recordset card(office.mod.gConn, "select * from cards");
+        core::Report report = cards::historyReport({"Γραφείο", "", "", ""}, card);
+        report.fields = QStringList{"ΗΜΕΡΟΜΗΝΙΑ", "ΑΙΤΙΟΛΟΓΙΑ", "ΧΡΕΩΣΗ", "ΠΙΣΤΩΣΗ", "notes"};
         for (int i = 1; i <= 1000; ++i)
-            report.movements.append({"1/1/2026", QString("Αιτία%1").arg(i), "1,00", "2,00",
-                                     i % 50 ? QString() : QString("μεγάλη σημείωση ").repeated(400)});
-        const PrintedPdf pdf = pdfOf([&](platform::Printer& printer) { cards::drawHistory(printer, report, {}); });
+            report.rows.append({"1/1/2026", QString("Αιτία%1").arg(i), "1,00", "2,00",
+                                i % 50 ? QString() : QString("μεγάλη σημείωση ").repeated(400)});
+        const PrintedPdf pdf = pdfOf([&](platform::Printer& printer) { core::drawReport(printer, report, {}); });
         QCOMPARE(pdf.outside(), QStringList());
         QVERIFY(pdf.pageCount() > 20);
         int reasons = 0, notes = 0;

@@ -159,14 +159,17 @@ private slots:
     }
 
     void aDayOfHalfHours() {
-        CellGrid day;
+        QWidget window;
+        auto* layout = new QVBoxLayout(&window);
+        CellGrid& day = *new CellGrid;
+        layout->addWidget(&day);
         day.setBehaviour(CellGrid::Unit::Row, CellGrid::ActedBy::DoubleClick, CellGrid::Paging::Scrolls);
         day.setColumnWidths({60, CellGrid::stretch});
         day.setRowHeight(22);
         day.setCells(halfHours());
-        day.resize(300, 240);
         day.showFromRow(16);
-        day.show();
+        window.resize(300, 240);
+        window.show();
         const auto top = [&] { return day.rowAt(0); };
         QCOMPARE(top(), 16);
         QCOMPARE(day.columnWidth(0), 60);
@@ -229,6 +232,19 @@ private slots:
         QVERIFY(spokenCell(month, 1, 3)->state().selected);
         month.setCell(1, 3, {.text = "5", .spoken = "Πέμπτη 5, κλεισμένη"});
         QCOMPARE(name(1, 3), "Πέμπτη 5, κλεισμένη");
+    }
+
+    void headsStandOverTheirColumns() {
+        Month month;
+        const QImage head = month.horizontalHeader()->grab(QRect(0, 3, month.columnWidth(2) - 2, 16)).toImage();
+        int left = head.width(), right = 0;
+        for (int y = 0; y < head.height(); ++y)
+            for (int x = 0; x < head.width(); ++x) {
+                if (support::contrast(head.pixelColor(x, y), theme().window) < 3) continue;
+                left = std::min(left, x);
+                right = std::max(right, x);
+            }
+        QVERIFY(std::abs((left + right) / 2 - month.columnWidth(2) / 2) <= 2);
     }
 
     // The name of whom it is may look like markup.

@@ -1,0 +1,34 @@
+// The appointments of a period, of one user or of all.
+#pragma once
+
+#include "controls/choicebox.h"
+#include "controls/period.h"
+#include "core/commands.h"
+#include "core/form.h"
+#include "core/sortkeys.h"
+#include "core/storedlist.h"
+
+namespace diary {
+
+class frmDatesShow : public core::Form {
+    Q_OBJECT
+public:
+    explicit frmDatesShow(core::MainMod& mod);
+
+    void FillList();
+
+protected:
+    void onLoad() override;
+    void onUnload() override;
+
+private:
+    QVector<core::Command> commands();
+
+    core::Commands commands_;
+    controls::Period* period_;
+    controls::ChoiceBox* Combo1;
+    core::StoredList* ListView1;
+    core::SortKeys keys_;
+};
+
+}  // namespace diary

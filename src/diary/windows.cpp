@@ -1,0 +1,98 @@
+#include "diary/windows.h"
+
+#include "diary/frmalarm.h"
+#include "diary/frmcalend.h"
+#include "diary/frmdate.h"
+#include "diary/frmdatesshow.h"
+#include "diary/frmligounshow.h"
+#include "diary/frmnameday.h"
+#include "diary/frmthink.h"
+#include "diary/frmthinkstodoshow.h"
+#include "diary/frmtodayshow.h"
+
+using namespace Qt::Literals::StringLiterals;
+
+namespace diary {
+
+namespace {
+
+template <typename W>
+W* found(core::Windows& windows, const QString& name) {
+    return qobject_cast<W*>(windows.find(name));
+}
+
+// An editor for another row: the one that is open may have something typed in it, and stays if its user says so. The
+// opener takes no input until the editor is gone.
+template <typename W>
+W* freshEditor(core::Windows& windows, const QString& name, QWidget* opener) {
+    if (!windows.unload(name)) {
+        windows.front(name);
+        return nullptr;
+    }
+    W* editor = qobject_cast<W*>(windows.front(name));
+    if (opener && editor) {
+        opener->setEnabled(false);
+        QObject::connect(editor, &QObject::destroyed, opener, [opener] { opener->setEnabled(true); });
+    }
+    return editor;
+}
+
+frmDate* dateEditor(core::Windows& windows, core::MainMod& mod, QWidget* opener) {
+    frmDate* editor = freshEditor<frmDate>(windows, u"frmDate"_s, opener);
+    if (!editor) return nullptr;
+    core::onSignal(mod, editor, editor, &frmDate::written, [&windows, &mod](QDate day) {
+        // Whoever came from a card goes back to it.
+        if (mod.gAddressOpen)
+            windows.unload(u"frmCalend"_s);
+        else if (auto* calendar = found<frmCalend>(windows, u"frmCalend"_s))
+            calendar->ShowDay(day);
+        mod.doors.appointmentsChanged();
+    });
+    return editor;
+}
+
+void openDoors(core::Windows& windows, core::MainMod& mod) {
+    mod.doors.openAppointment = [&](qint64 aa, QWidget* opener) {
+        if (frmDate* editor = dateEditor(windows, mod, opener)) editor->edit(aa);
+    };
+    mod.doors.openTask = [&](qint64 aa, QWidget* opener) {
+        frmThink* editor = freshEditor<frmThink>(windows, u"frmThink"_s, opener);
+        if (editor && aa != 0) editor->edit(aa);
+    };
+    mod.doors.openCalendar = [&] { windows.front(u"frmCalend"_s); };
+    mod.doors.openCalendarFor = [&](qint64 code, const QString& contact) {
+        if (auto* calendar = qobject_cast<frmCalend*>(windows.front(u"frmCalend"_s)))
+            calendar->setContact(code, contact);
+    };
+    mod.doors.appointmentsChanged.add([&] {
+        if (auto* calendar = found<frmCalend>(windows, u"frmCalend"_s)) calendar->refresh();
+        if (auto* list = found<frmDatesShow>(windows, u"frmDatesShow"_s)) list->FillList();
+        if (auto* today = found<frmTodayShow>(windows, u"frmTodayShow"_s)) today->FillList2();
+    });
+    mod.doors.tasksChanged.add([&] {
+        if (auto* list = found<frmThinksToDoShow>(windows, u"frmThinksToDoShow"_s)) list->FillList();
+        if (auto* today = found<frmTodayShow>(windows, u"frmTodayShow"_s)) today->FillTasks();
+    });
+}
+
+}  // namespace
+
+void addWindows(core::Windows& windows, core::MainMod& mod) {
+    windows.add(u"frmCalend"_s, [&] {
+        return new frmCalend(mod, [&](const NewAppointment& start, QWidget* opener) {
+            if (frmDate* editor = dateEditor(windows, mod, opener)) editor->startNew(start);
+        });
+    });
+    windows.add(u"frmDate"_s, [&mod] { return new frmDate(mod); });
+    windows.add(u"frmDatesShow"_s, [&mod] { return new frmDatesShow(mod); });
+    windows.add(u"frmThink"_s, [&mod] { return new frmThink(mod); });
+    windows.add(u"frmThinksToDoShow"_s, [&mod] { return new frmThinksToDoShow(mod); });
+    windows.add(u"frmTodayShow"_s, [&mod] { return new frmTodayShow(mod); });
+    windows.add(u"frmLigounShow"_s, [&mod] { return new frmLigounShow(mod); });
+    windows.add(u"frmNameDay"_s, [&mod] { return new frmNameDay(mod); });
+    // For whoever looks at all windows; the one that watches the clock is the main window's.
+    windows.addDialog(u"frmAlarm"_s, [&mod](QWidget* parent) { return std::make_unique<frmAlarm>(mod, parent); });
+    openDoors(windows, mod);
+}
+
+}  // namespace diary
