@@ -20,6 +20,8 @@ QWidget* frontWindow(QWidget* otherwise) {
 
 void showFailure(MainMod& mod, QWidget* parent, const std::exception& error, const QString& lead) {
     const auto* dataError = dynamic_cast<const data::Error*>(&error);
+    if (dataError && dataError->category() == data::ErrorCategory::Stopped)
+        return tell(mod, parent, dataError->text());  // as was wanted
     const QString text = dataError ? dataError->text() : QString::fromUtf8(error.what());
     if (dataError) qWarning("%s | %s", error.what(), qUtf8Printable(dataError->statement()));
     mod.services.prompts.message(visible(parent), platform::MessageIcon::Critical, u"Μήνυμα λάθους"_s,

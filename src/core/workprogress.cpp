@@ -18,7 +18,6 @@ namespace core {
 
 namespace {
 
-constexpr int patienceMs = 250;  // a window for less would only flicker
 constexpr int yieldMs = 15;
 
 // Esc and the frame's button close nothing that can't be stopped.
@@ -55,8 +54,8 @@ private:
 
 }  // namespace
 
-WorkProgress::WorkProgress(QWidget* parent, const QString& caption, Stop stop)
-    : parent_(parent), caption_(caption), stop_(stop), what_(caption) {
+WorkProgress::WorkProgress(QWidget* parent, const QString& caption, Stop stop, int patience)
+    : parent_(parent), caption_(caption), stop_(stop), patience_(patience), what_(caption) {
     QApplication::setOverrideCursor(Qt::WaitCursor);
     sinceStart_.start();
     sinceYield_.start();
@@ -73,7 +72,7 @@ void WorkProgress::show() {
         hourglass_ = false;
     }
     window_ = std::make_unique<ProgressDialog>(parent_, stoppable);
-    window_->setObjectName(u"WorkProgress"_s);
+    window_->setObjectName(workProgressName);
     window_->setWindowTitle(caption_);
     window_->setWindowModality(Qt::ApplicationModal);
     label_ = new QLabel(what_);
@@ -95,7 +94,7 @@ void WorkProgress::show() {
 }
 
 bool WorkProgress::step(qint64 done, qint64 total) {
-    if (!window_ && sinceStart_.elapsed() >= patienceMs) show();
+    if (!window_ && sinceStart_.elapsed() >= patience_) show();
     if (!window_ || stopped_ || sinceYield_.elapsed() < yieldMs) return !stopped_;
     bar_->setRange(0, total > 0 ? 1000 : 0);
     bar_->setValue(total > 0 ? int(done * 1000 / total) : 0);

@@ -12,13 +12,17 @@ class QProgressBar;
 
 namespace core {
 
+inline const QString workProgressName = QStringLiteral("WorkProgress");
+
 // Shows itself when the work lasts; until then it hands no event out, afterwards only to its own window, since it is
 // modal to the whole program: nothing can be started or closed under the work. Shows the hourglass meanwhile.
 class WorkProgress {
 public:
     enum class Stop { Offered, None };
 
-    WorkProgress(QWidget* parent, const QString& caption, Stop stop = Stop::Offered);
+    static constexpr int patienceMs = 250;  // a window for less would only flicker
+
+    WorkProgress(QWidget* parent, const QString& caption, Stop stop = Stop::Offered, int patience = patienceMs);
     ~WorkProgress();
     Q_DISABLE_COPY_MOVE(WorkProgress)
 
@@ -33,6 +37,7 @@ private:
     QWidget* parent_;
     QString caption_;
     Stop stop_;
+    int patience_;
     QElapsedTimer sinceStart_, sinceYield_;
     std::unique_ptr<QDialog> window_;
     QLabel* label_ = nullptr;

@@ -33,6 +33,8 @@ qint32 adoErrorNumber(ErrorCategory category) {
             return 3021;
         case ErrorCategory::Full:
             return qint32(0x80004005);
+        case ErrorCategory::Stopped:
+            return qint32(0x80040E4E);
         case ErrorCategory::Other:
             return qint32(0x80004005);
     }
@@ -45,6 +47,15 @@ Error::Error(ErrorCategory category, QString text, QString statement, int engine
       statement_(std::move(statement)),
       engineCode_(engineCode),
       utf8_(text_.toUtf8()) {}
+
+Error stoppedError(const QByteArray& sql, bool answered) {
+    return Error(ErrorCategory::Stopped,
+                 answered
+                     ? u"Η εργασία διακόπηκε."_s
+                     : u"Η εργασία διακόπηκε χωρίς απάντηση του διακομιστή. Δείτε αν αποθηκεύτηκε, πριν δοκιμάσετε "
+                       "ξανά."_s,
+                 QString::fromUtf8(sql));
+}
 
 void failWriting(const QString& file, const QString& why) {
     throw Error(ErrorCategory::Full, u"Δεν γράφεται το αρχείο «%1»: %2"_s.arg(QDir::toNativeSeparators(file), why));

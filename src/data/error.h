@@ -21,6 +21,7 @@ enum class ErrorCategory {
     ReadOnly,    // a write where only reading is allowed
     State,       // the operation isn't possible now: no current row, a closed recordset
     Full,        // the disk is full or can't be written
+    Stopped,     // whoever waited for it broke it off
     Other,
 };
 
@@ -47,6 +48,9 @@ private:
     int engineCode_;
     QByteArray utf8_;
 };
+
+// Of a statement that was broken off. Without the server's answer nobody knows whether a change was carried out.
+Error stoppedError(const QByteArray& sql, bool answered = true);
 
 // Throw Error(Full), which tells of a file that can't be written. A device tells the reason itself.
 [[noreturn]] void failWriting(const QString& file, const QString& why);

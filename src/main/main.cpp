@@ -3,6 +3,7 @@
 #include "controls/theme.h"
 #include "core/guard.h"
 #include "core/mainmod.h"
+#include "core/waitingbar.h"
 #include "main/program.h"
 
 using namespace Qt::Literals::StringLiterals;
@@ -43,6 +44,7 @@ int main(int argc, char** argv) {
 
     core::MainMod mod({*settings, clock, prompts, *sound, shell, printers});
     app.mod = &mod;
+    const core::WaitingBar waitingBar;
     entry::Program program(mod);
     QObject::connect(&program, &entry::Program::finished, &app, &QApplication::quit, Qt::QueuedConnection);
     return program.start() ? QApplication::exec() : 0;

@@ -1,10 +1,13 @@
 #include "data/postgres/pgengine.h"
 
+#include <QScopedValueRollback>
+
 #include "data/postgres/pgcatalog.h"
 #include "data/postgres/pgdialect.h"
 #include "data/postgres/pgerror.h"
 #include "data/postgres/pgparts.h"
 #include "data/postgres/pgvalues.h"
+#include "data/postgres/pgwaiting.h"
 
 using namespace Qt::Literals::StringLiterals;
 
@@ -58,9 +61,10 @@ const PgEngine::Prepared& PgEngine::prepare(const QByteArray& sql) {
         throw Error(ErrorCategory::Type, u"Η εντολή έχει μέσα της έναν χαρακτήρα μηδέν (NUL)."_s,
                     QString::fromUtf8(sql));
     Prepared entry{sql, "s" + QByteArray::number(++nextName_), {}};
-    Result parsed(PQprepare(connection_, entry.name.constData(), sql.constData(), 0, nullptr));
+    const char* const name = entry.name.constData();
+    Result parsed(pgAnswer(connection_, PQsendPrepare(connection_, name, sql.constData(), 0, nullptr), *wait_));
     if (PQresultStatus(parsed.get()) != PGRES_COMMAND_OK) fail(parsed.release(), sql);
-    Result described(PQdescribePrepared(connection_, entry.name.constData()));
+    Result described(pgAnswer(connection_, PQsendDescribePrepared(connection_, name), *wait_));
     if (PQresultStatus(described.get()) != PGRES_COMMAND_OK) fail(described.release(), sql);
     for (int i = 0; i < PQnparams(described.get()); ++i) entry.types.push_back(PQparamtype(described.get(), i));
     if (int(prepared_.size()) >= mostPrepared && PQtransactionStatus(connection_) != PQTRANS_INERROR)
@@ -75,11 +79,14 @@ PGresult* PgEngine::runOnce(const QByteArray& sql, const QVector<QVariant>& valu
     if (size_t(values.size()) != statement.types.size())
         throw Error(ErrorCategory::Parameter, u"Λείπουν ή περισσεύουν τιμές παραμέτρων."_s, QString::fromUtf8(sql));
     const PgParameters parameters(values, statement.types, variant_);
-    return PQexecPrepared(connection_, statement.name.constData(), parameters.count(), parameters.values(),
-                          parameters.lengths(), parameters.formats(), 1);
+    const int sent = PQsendQueryPrepared(connection_, statement.name.constData(), parameters.count(),
+                                         parameters.values(), parameters.lengths(), parameters.formats(), 1);
+    return pgAnswer(connection_, sent, *wait_).release();
 }
 
 PGresult* PgEngine::run(const QByteArray& sql, const QVector<QVariant>& values) {
+    Wait wait;
+    const QScopedValueRollback current(wait_, &wait);
     requireConnection(sql);
     Result result(runOnce(sql, values));
     const ExecStatusType status = PQresultStatus(result.get());
@@ -114,8 +121,10 @@ qint64 PgEngine::query(const QByteArray& sql, const QVector<QVariant>& parameter
 }
 
 void PgEngine::script(const QByteArray& sql) {
+    Wait wait;
+    const QScopedValueRollback current(wait_, &wait);
     requireConnection(sql);
-    Result result(PQexec(connection_, sql.constData()));
+    Result result(pgExec(connection_, sql, wait));
     const ExecStatusType status = PQresultStatus(result.get());
     if (status != PGRES_COMMAND_OK && status != PGRES_TUPLES_OK && status != PGRES_EMPTY_QUERY)
         fail(result.release(), sql);

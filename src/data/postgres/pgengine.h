@@ -9,6 +9,10 @@
 #include "data/engine.h"
 #include "data/opening/serverdescription.h"
 
+namespace data {
+class Wait;
+}
+
 namespace data::postgres {
 
 class PgSchemaWork;
@@ -80,6 +84,7 @@ private:
     void disconnect() noexcept;
     void requireConnection(const QByteArray& sql);
     const Prepared& prepare(const QByteArray& sql);
+    [[noreturn]] void failStopped(const PGresult* result, const QByteArray& sql);
     void forget(std::list<Prepared>::iterator entry);
     PGresult* run(const QByteArray& sql, const QVector<QVariant>& parameters);
     PGresult* runOnce(const QByteArray& sql, const QVector<QVariant>& parameters);
@@ -95,6 +100,7 @@ private:
     std::list<Prepared> prepared_;  // the most recently used first
     QHash<QByteArray, std::list<Prepared>::iterator> byText_;
     quint64 nextName_ = 0;
+    Wait* wait_ = nullptr;  // of the statement that runs
 };
 
 // Makes the schema that the description names, if it isn't there, and in it an empty database of this program. A schema

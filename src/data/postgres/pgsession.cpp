@@ -8,6 +8,7 @@
 #include "data/postgres/pgengine.h"
 #include "data/postgres/pgerror.h"
 #include "data/postgres/pgparts.h"
+#include "data/postgres/pgwaiting.h"
 
 using namespace Qt::Literals::StringLiterals;
 
@@ -28,6 +29,8 @@ const QString functionsProperty = u"functions"_s;
                 "ιδιοκτήτη της βάσης."_s.arg(QString::fromUtf8(user), server.schemaName()));
 }
 
+constexpr int connectSeconds = 10;  // for each host
+
 // The connection's keywords and values, as libpq takes them.
 class ConnectionWords {
 public:
@@ -42,7 +45,7 @@ public:
             {"sslmode", server.sslMode},
             {"application_name", seatName(server)},
             {"client_encoding", u"UTF8"_s},
-            {"connect_timeout", u"10"_s},
+            {"connect_timeout", QString::number(connectSeconds)},
             // A server that vanishes is missed within half a minute, whether bytes were on their way or not.
             {"tcp_user_timeout", u"30000"_s},
             {"keepalives_idle", u"15"_s},
@@ -80,6 +83,10 @@ QByteArray pgSessionSettings(const ServerDescription& server, const OpenSettings
         ", pg_temp; SET standard_conforming_strings TO on; SET extra_float_digits TO 1; SET DateStyle TO ISO; "
         "SET synchronous_commit TO on; SET default_transaction_isolation TO 'read committed'; "
         "SET statement_timeout TO 0; SET idle_session_timeout TO 0; SET idle_in_transaction_session_timeout TO 0; "
+        // What a seat that is gone had asked for ends, and its locks with it. Not every system can tell, nor every
+        // server.
+        "DO $$ BEGIN PERFORM set_config('client_connection_check_interval', '3000', false); "
+        "EXCEPTION WHEN OTHERS THEN NULL; END $$; "
         // An office fits into memory, and no statement of it runs long enough to be compiled.
         "SET random_page_cost TO 1.1; SET jit TO off; SET lock_timeout TO " +
         QByteArray::number(qMax(1, settings.busyTimeoutMs));
@@ -128,7 +135,15 @@ void PgEngine::configure() {
     const ConnectionWords words(server_);
     QElapsedTimer clock;
     clock.start();
-    connection_ = PQconnectdbParams(words.names(), words.values(), 0);
+    {
+        Wait wait;
+        const int hosts = 1 + int(server_.host.count(u','));
+        connection_ = pgConnect(words.names(), words.values(), connectSeconds * hosts, wait);
+        if (wait.isStopped()) {
+            disconnect();
+            throw stoppedError("");
+        }
+    }
     if (PQstatus(connection_) != CONNECTION_OK) {
         // Why a connection fails the library tells in words alone. One that took long was never answered.
         const PGPing answer =
@@ -215,10 +230,22 @@ void PgEngine::requireConnection(const QByteArray& sql) {
 // that says that it stops didn't begin it. Of any other nobody knows here whether it was carried out.
 void PgEngine::fail(PGresult* result, const QByteArray& sql) {
     const PgResult owned(result);
+    if (wait_ && wait_->isStopped()) failStopped(result, sql);
     if (PQstatus(connection_) == CONNECTION_OK) throw pgError(result, head(sql));
     const bool refused = QByteArray(PQresultErrorField(result, PG_DIAG_SQLSTATE)).startsWith("57P0");
     const bool certain = refused || onlyReads(sql) || (inTransaction_ && sql != "COMMIT");
     throw pgLostError(certain ? WhatIsLost::Nothing : WhatIsLost::Unknown, head(sql));
+}
+
+// Without an answer the connection is given up; a transaction ends with it, and whoever is in it still hears so.
+void PgEngine::failStopped(const PGresult* result, const QByteArray& sql) {
+    const bool certain = result || onlyReads(sql) || (inTransaction_ && sql != "COMMIT");
+    if (!result || PQstatus(connection_) != CONNECTION_OK) {
+        const bool inTransaction = inTransaction_;
+        disconnect();
+        inTransaction_ = inTransaction;
+    }
+    throw stoppedError(head(sql), certain);
 }
 
 }  // namespace data::postgres

@@ -5,7 +5,6 @@
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
-#include <cmath>
 
 #include "data/opening/databasepassword.h"
 #include "data/opening/fileidentity.h"
@@ -17,7 +16,6 @@
 #include "data/sqlite/sqlitedialect.h"
 #include "data/sqlite/sqliteerror.h"
 #include "data/sqlite/wordindex.h"
-#include "data/values/format.h"
 
 using namespace Qt::Literals::StringLiterals;
 
@@ -44,88 +42,6 @@ FileIdentity requireOurs(const QString& file) {
 [[noreturn]] void refuseReadOnly(const QString& what) {
     throw Error(ErrorCategory::ReadOnly,
                 u"Δεν έχετε δικαίωμα εγγραφής %1. Ζητήστε το από τον διαχειριστή του υπολογιστή."_s.arg(what));
-}
-
-// Binds in the stored form. Texts and bytes are lent to the statement, so they live in `held` until its reset.
-class ParameterBinder {
-public:
-    ParameterBinder(sqlite3* database, sqlite3_stmt* statement, const QByteArray& sql)
-        : database_(database), statement_(statement), sql_(sql) {}
-
-    void bind(const QVector<QVariant>& values) {
-        if (values.size() != sqlite3_bind_parameter_count(statement_)) {
-            throw Error(ErrorCategory::Parameter, u"Λείπουν ή περισσεύουν τιμές παραμέτρων."_s,
-                        QString::fromUtf8(sql_));
-        }
-        held_.reserve(values.size());
-        for (int i = 0; i < values.size(); ++i) {
-            const int code = bindOne(i + 1, values[i]);
-            if (code != SQLITE_OK) throw sqliteError(database_, code, sql_);
-        }
-    }
-
-private:
-    int bindOne(int index, const QVariant& value) {
-        switch (value.typeId()) {
-            case QMetaType::UnknownType:
-            case QMetaType::Nullptr:
-                return sqlite3_bind_null(statement_, index);
-            case QMetaType::Bool:
-                return sqlite3_bind_int(statement_, index, value.toBool());
-            case QMetaType::Double:
-            case QMetaType::Float:
-                return sqlite3_bind_double(statement_, index, value.toDouble());
-            case QMetaType::QDateTime:
-                return sqlite3_bind_int64(statement_, index, dateToSeconds(value.toDateTime()));
-            case QMetaType::QByteArray: {
-                held_.append(value.toByteArray());
-                // A null pointer would be Null, even with no bytes to point at.
-                return sqlite3_bind_blob64(statement_, index, held_.last().constData(), held_.last().size(),
-                                           SQLITE_STATIC);
-            }
-            case QMetaType::QString: {
-                held_.append(value.toString().toUtf8());
-                return sqlite3_bind_text64(statement_, index, held_.last().constData(), held_.last().size(),
-                                           SQLITE_STATIC, SQLITE_UTF8);
-            }
-            default:
-                return sqlite3_bind_int64(statement_, index, value.toLongLong());
-        }
-    }
-
-    sqlite3* database_;
-    sqlite3_stmt* statement_;
-    const QByteArray& sql_;
-    QVector<QByteArray> held_;
-};
-
-void sendRow(sqlite3_stmt* statement, int columns, RowSink& sink) {
-    sink.beginRow();
-    for (int i = 0; i < columns; ++i) {
-        switch (sqlite3_column_type(statement, i)) {
-            case SQLITE_INTEGER:
-                sink.integer(sqlite3_column_int64(statement, i));
-                break;
-            case SQLITE_FLOAT: {
-                const double value = sqlite3_column_double(statement, i);
-                if (!std::isfinite(value)) throw sqliteRangeError(sqlite3_sql(statement));
-                sink.real(value);
-                break;
-            }
-            case SQLITE_TEXT: {
-                const auto bytes = reinterpret_cast<const char*>(sqlite3_column_text(statement, i));
-                sink.text(bytes, sqlite3_column_bytes(statement, i));
-                break;
-            }
-            case SQLITE_BLOB: {
-                const auto bytes = static_cast<const char*>(sqlite3_column_blob(statement, i));
-                sink.blob(bytes, sqlite3_column_bytes(statement, i));
-                break;
-            }
-            default:
-                sink.null();
-        }
-    }
 }
 
 }  // namespace
@@ -175,7 +91,8 @@ void SqliteEngine::configure(const OpenSettings& settings) {
     if (code != SQLITE_OK) throw sqliteOpenError(code, settings.file);
     statements_.setDatabase(database_);
     sqlite3_extended_result_codes(database_, 1);
-    sqlite3_busy_timeout(database_, settings.busyTimeoutMs);
+    busyTimeoutMs_ = settings.busyTimeoutMs;
+    askWhileWaiting();
     sqlite3_db_config(database_, SQLITE_DBCONFIG_DEFENSIVE, 1, nullptr);
     // The triggers of the word indexes write a virtual table, which only a trusted schema may. All functions that are
     // registered here are harmless ones, so a foreign schema gains nothing from it.
@@ -204,43 +121,6 @@ const EngineDialect& SqliteEngine::dialect() const {
 
 Catalog SqliteEngine::readCatalog() {
     return readSqliteCatalog(*this);
-}
-
-ExecuteResult SqliteEngine::execute(const QByteArray& sql, const QVector<QVariant>& parameters) {
-    StatementCache::Lease statement(statements_, sql);
-    ParameterBinder binder(database_, statement.get(), sql);
-    binder.bind(parameters);
-    const qint64 before = sqlite3_total_changes64(database_);
-    int code;
-    while ((code = sqlite3_step(statement.get())) == SQLITE_ROW) {
-    }
-    if (code != SQLITE_DONE) throw sqliteError(database_, code, sql);
-    // Rows that triggers touched are none of the statement's; one that touched none leaves the count of the one before.
-    const bool touched = sqlite3_total_changes64(database_) != before;
-    return {touched ? sqlite3_changes64(database_) : 0, sqlite3_last_insert_rowid(database_)};
-}
-
-qint64 SqliteEngine::query(const QByteArray& sql, const QVector<QVariant>& parameters, RowSink* sink) {
-    StatementCache::Lease statement(statements_, sql);
-    if (!sqlite3_stmt_readonly(statement.get())) {
-        throw Error(ErrorCategory::ReadOnly, u"Εδώ επιτρέπεται μόνο ανάγνωση."_s, QString::fromUtf8(sql));
-    }
-    ParameterBinder binder(database_, statement.get(), sql);
-    binder.bind(parameters);
-    const int columns = sqlite3_column_count(statement.get());
-    qint64 rows = 0;
-    int code;
-    while ((code = sqlite3_step(statement.get())) == SQLITE_ROW) {
-        ++rows;
-        if (sink) sendRow(statement.get(), columns, *sink);
-    }
-    if (code != SQLITE_DONE) throw sqliteError(database_, code, sql);
-    return rows;
-}
-
-void SqliteEngine::script(const QByteArray& sql) {
-    const int code = sqlite3_exec(database_, sql.constData(), nullptr, nullptr, nullptr);
-    if (code != SQLITE_OK) throw sqliteError(database_, code, sql);
 }
 
 // The write lock is taken at once: a later one could fail half way for a reader grown old.

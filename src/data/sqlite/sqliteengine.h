@@ -1,10 +1,16 @@
 // The embedded engine: one SQLite file.
 #pragma once
 
+#include <QElapsedTimer>
+
 #include "data/engine.h"
 #include "data/sqlite/statementcache.h"
 
 struct sqlite3;
+
+namespace data {
+class Wait;
+}
 
 namespace data::sqlite {
 
@@ -49,6 +55,12 @@ public:
     sqlite3* handle() const { return database_; }  // for measuring against it; stays the engine's
 
 private:
+    template <class Work>
+    auto waiting(const QByteArray& sql, Work work);
+    void askWhileWaiting();
+    bool waitForLock(int tries);
+    ExecuteResult executeNow(const QByteArray& sql, const QVector<QVariant>& parameters);
+    qint64 queryNow(const QByteArray& sql, const QVector<QVariant>& parameters, RowSink* sink);
     void configure(const OpenSettings& settings);
     void checkPassword(const OpenSettings& settings);
     void closeDatabase() noexcept;
@@ -59,6 +71,9 @@ private:
     DatabaseKind kind_ = DatabaseKind::Main;
     StatementCache statements_;
     bool plainJournal_ = false;
+    int busyTimeoutMs_ = 0;
+    QElapsedTimer lockedSince_;
+    Wait* wait_ = nullptr;  // of the statement that runs
 };
 
 // Makes a new, empty database file of this program; `applicationId` is one of fileidentity.h. A file that
