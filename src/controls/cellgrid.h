@@ -19,6 +19,10 @@ struct GridCell {
     QString toolTip = {};  // plain text, in lines
 };
 
+namespace detail {
+class CellModel;
+}
+
 struct GridHead {
     QString text;
     QString spoken = {};  // the text when empty
@@ -79,8 +83,6 @@ protected:
     QModelIndex moveCursor(CursorAction action, Qt::KeyboardModifiers modifiers) override;
 
 private:
-    class Cells;
-    class Painting;
     bool isOn(const QModelIndex& index) const;
     void activate(const QModelIndex& index);
     void requestMenuAtCursor();
@@ -90,7 +92,7 @@ private:
     QModelIndex seekInReadingOrder(int from, int step) const;
     int rowsOnPage() const;
 
-    Cells* cells_;
+    detail::CellModel* cells_;
     Unit unit_ = Unit::Cell;
     ActedBy actedBy_ = ActedBy::Click;
     Paging paging_ = Paging::Scrolls;
