@@ -4,29 +4,13 @@
 #include <QTableView>
 #include <QVector>
 
-#include "controls/cellcolors.h"
+#include "controls/gridcell.h"
 
 namespace controls {
-
-struct GridCell {
-    QString text;
-    CellRole role = CellRole::Plain;
-    bool bold = false;
-    bool dot = false;  // a small mark in the corner: there is something behind the cell
-    bool off = false;  // stands for nothing: no key leads to it, no click acts on it
-    Qt::Alignment alignment = Qt::AlignCenter;
-    QString spoken = {};   // what a screen reader says; the text when empty
-    QString toolTip = {};  // plain text, in lines
-};
 
 namespace detail {
 class CellModel;
 }
-
-struct GridHead {
-    QString text;
-    QString spoken = {};  // the text when empty
-};
 
 // Rows and columns count from 0, without the heads. A screen reader finds a table. Arrows, Home and End move (with
 // Ctrl to the ends of the grid), digits and letters search; Enter and Space do what the mouse does.

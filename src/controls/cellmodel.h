@@ -5,7 +5,7 @@
 #include <QPainter>
 #include <QStyledItemDelegate>
 
-#include "controls/cellgrid.h"
+#include "controls/gridcell.h"
 
 namespace controls::detail {
 
