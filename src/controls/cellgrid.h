@@ -4,25 +4,13 @@
 #include <QTableView>
 #include <QVector>
 
-#include "controls/cellcolors.h"
+#include "controls/gridcell.h"
 
 namespace controls {
 
-struct GridCell {
-    QString text;
-    CellRole role = CellRole::Plain;
-    bool bold = false;
-    bool dot = false;  // a small mark in the corner: there is something behind the cell
-    bool off = false;  // stands for nothing: no key leads to it, no click acts on it
-    Qt::Alignment alignment = Qt::AlignCenter;
-    QString spoken = {};   // what a screen reader says; the text when empty
-    QString toolTip = {};  // plain text, in lines
-};
-
-struct GridHead {
-    QString text;
-    QString spoken = {};  // the text when empty
-};
+namespace detail {
+class CellModel;
+}
 
 // Rows and columns count from 0, without the heads. A screen reader finds a table. Arrows, Home and End move (with
 // Ctrl to the ends of the grid), digits and letters search; Enter and Space do what the mouse does.
@@ -79,8 +67,6 @@ protected:
     QModelIndex moveCursor(CursorAction action, Qt::KeyboardModifiers modifiers) override;
 
 private:
-    class Cells;
-    class Painting;
     bool isOn(const QModelIndex& index) const;
     void activate(const QModelIndex& index);
     void requestMenuAtCursor();
@@ -90,7 +76,7 @@ private:
     QModelIndex seekInReadingOrder(int from, int step) const;
     int rowsOnPage() const;
 
-    Cells* cells_;
+    detail::CellModel* cells_;
     Unit unit_ = Unit::Cell;
     ActedBy actedBy_ = ActedBy::Click;
     Paging paging_ = Paging::Scrolls;

@@ -47,6 +47,7 @@ public:
 
     void draw(const PrintStep& step) {
         put(laid(report_.head, nullptr));
+        needRoom(laid(report_.pageHead, nullptr, linesOfHead).height);
         begun_ = true;
         pageHead();
         for (int i = 0; i < report_.rows.size(); ++i) {
@@ -137,12 +138,12 @@ private:
     void row(const QStringList& row) {
         const PrintedBand detail = laid(report_.detail, &row);
         const double together = std::min(detail.height, bottom_ / 2);
-        if (group_ >= 0 && (!head_ || row[group_] != key_)) {
+        if (group_ >= 0 && (!head_ || row.value(group_) != key_)) {
             PrintedBand head = laid(report_.groupHead, &row, linesOfHead);
             head_.reset();
             needRoom(head.height + together);
             put(head, false);
-            key_ = row[group_];
+            key_ = row.value(group_);
             head_ = std::move(head);
         }
         needRoom(together);
