@@ -36,6 +36,7 @@ int run(QStringList words) {
         return usageFailure(error.text, command);
     } catch (const data::Error& error) {
         err() << error.text() << Qt::endl;
+        if (!error.details().isEmpty() && error.details() != error.text()) err() << error.details() << Qt::endl;
         if (name == u"sql" && !error.statement().isEmpty()) err() << error.statement() << Qt::endl;
     } catch (const std::exception& error) {
         err() << u"Απρόσμενο σφάλμα: "_s << QString::fromUtf8(error.what()) << Qt::endl;

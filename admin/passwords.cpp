@@ -20,7 +20,7 @@ QString firstLineOf(const QString& name) {
     const bool open = name == u"-" ? file.open(stdin, QIODevice::ReadOnly) : file.open(QIODevice::ReadOnly);
     if (!open)
         throw data::Error(data::ErrorCategory::Connection, u"Το αρχείο «%1» δεν διαβάζεται: %2"_s.arg(
-                                                               QDir::toNativeSeparators(name), file.errorString()));
+                                                               QDir::toNativeSeparators(name), data::reasonOf(file)));
     QString line = QString::fromUtf8(file.readLine(longestLine));
     while (line.endsWith(u'\n') || line.endsWith(u'\r')) line.chop(1);
     return line;

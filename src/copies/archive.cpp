@@ -27,7 +27,7 @@ using Entry = std::unique_ptr<archive_entry, decltype(&archive_entry_free)>;
 
 [[noreturn]] void failReading(const QFileDevice& file) {
     throw Error(ErrorCategory::Connection, u"Το αρχείο «%1» δεν διαβάζεται: %2"_s.arg(
-                                               QDir::toNativeSeparators(file.fileName()), file.errorString()));
+                                               QDir::toNativeSeparators(file.fileName()), data::reasonOf(file)));
 }
 
 [[noreturn]] void failDamaged(const QString& file) {

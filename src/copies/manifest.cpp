@@ -72,7 +72,7 @@ QByteArray sha256Of(const QString& file) {
     QCryptographicHash hash(QCryptographicHash::Sha256);
     if (!source.open(QIODevice::ReadOnly) || !hash.addData(&source))
         throw data::Error(data::ErrorCategory::Connection,
-                          u"Το αρχείο «%1» δεν διαβάζεται: %2"_s.arg(file, source.errorString()));
+                          u"Το αρχείο «%1» δεν διαβάζεται: %2"_s.arg(file, data::reasonOf(source)));
     return hash.result().toHex();
 }
 

@@ -157,7 +157,8 @@ void copyTable(SourceDatabase& source, Connection& target, const TableInfo& tabl
                                       ? rowName(table, reader.identity(refused), place + refused + 1)
                                       : u"Πίνακας %1"_s.arg(table.name);
             throw Error(error.category(), u"%1: %2 Η μεταφορά ακυρώθηκε."_s.arg(where, error.text()), {},
-                        error.engineCode());
+                        error.engineCode())
+                .withDetails(error.details());
         }
         place += piece.count();
         pass.add(piece.count());

@@ -78,7 +78,8 @@ bool TableReader::nextPiece() {
         throw data::Error(error.category(),
                           u"Πίνακας %1, εγγραφές %2 έως %3: %4"_s.arg(table_, QString::number(next.first),
                                                                       QString::number(next.last), error.text()),
-                          {}, error.engineCode());
+                          {}, error.engineCode())
+            .withDetails(error.details());
     }
     return rows_.count() > 0;
 }

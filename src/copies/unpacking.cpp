@@ -25,7 +25,9 @@ namespace {
 
 Manifest readManifest(const QString& file) {
     QFile source(file);
-    if (!source.open(QIODevice::ReadOnly)) throw Error(ErrorCategory::Connection, source.errorString());
+    if (!source.open(QIODevice::ReadOnly))
+        throw Error(ErrorCategory::Connection,
+                    u"Ο κατάλογος του αντιγράφου δεν διαβάζεται. "_s + data::reasonOf(source));
     constexpr qint64 most = 1 << 20;
     return Manifest::fromText(source.read(most));
 }

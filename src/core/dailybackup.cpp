@@ -56,7 +56,7 @@ struct DailyBackup::Work {
             failure = error.text();
             damaged = error.category() == data::ErrorCategory::Corrupt;
         } catch (const std::exception& error) {
-            failure = QString::fromUtf8(error.what());
+            failure = data::sentenceOf(error);
         }
     }
 };

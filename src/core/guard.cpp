@@ -22,8 +22,9 @@ void showFailure(MainMod& mod, QWidget* parent, const std::exception& error, con
     const auto* dataError = dynamic_cast<const data::Error*>(&error);
     if (dataError && dataError->category() == data::ErrorCategory::Stopped)
         return tell(mod, parent, dataError->text());  // as was wanted
-    const QString text = dataError ? dataError->text() : QString::fromUtf8(error.what());
-    if (dataError) qWarning("%s | %s", error.what(), qUtf8Printable(dataError->statement()));
+    const QString text = dataError ? dataError->text() : data::sentenceOf(error);
+    qWarning("%s", error.what());
+    if (dataError) qWarning("%s | %s", qUtf8Printable(dataError->details()), qUtf8Printable(dataError->statement()));
     mod.services.prompts.message(visible(parent), platform::MessageIcon::Critical, u"Μήνυμα λάθους"_s,
                                  lead + programTitle() + u" Error: "_s + text);
     if (dataError && dataError->category() == data::ErrorCategory::Corrupt) damageWasTold();

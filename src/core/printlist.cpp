@@ -148,7 +148,7 @@ bool printList(MainMod& mod, QWidget* parent, const PrintedList& list) {
         complain(mod, parent,
                  u"gPrintListView() failed with the following error:-\nError Number: %1\nDescription:%2"_s
                      .arg(known ? known->number() : printerError)
-                     .arg(known ? known->text() : QString::fromUtf8(error.what())));
+                     .arg(known ? known->text() : data::sentenceOf(error)));
         return false;
     }
 }

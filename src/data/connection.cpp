@@ -109,7 +109,7 @@ std::shared_ptr<const dialect::Translation> Connection::translate(const QString&
     try {
         return d->translator->translate(sql, dialect);
     } catch (const Error& error) {
-        throw Error(error.category(), error.text(), sql, error.engineCode());
+        throw error.withStatement(sql);
     }
 }
 
@@ -120,7 +120,7 @@ AccessPath Connection::accessPath(const QString& sql, const OpenOptions& options
         const bool few = engine().query(translation->probe, {}, nullptr) <= dialect::Translation::probeLimit;
         return few ? AccessPath::WordIndex : AccessPath::Period;
     } catch (const Error& error) {
-        throw Error(error.category(), error.text(), sql, error.engineCode());
+        throw error.withStatement(sql);
     }
 }
 
@@ -139,7 +139,7 @@ qint64 Connection::execute(const QString& sql, const Parameters& parameters) {
         }
         return engine().execute(translation->sql, values).affected;
     } catch (const Error& error) {
-        throw Error(error.category(), error.text(), sql, error.engineCode());
+        throw error.withStatement(sql);
     }
 }
 

@@ -2,6 +2,7 @@
 
 #include <QDir>
 #include <QFileDevice>
+#include <QFileInfo>
 
 using namespace Qt::Literals::StringLiterals;
 
@@ -57,14 +58,54 @@ Error stoppedError(const QByteArray& sql, bool answered) {
                  QString::fromUtf8(sql));
 }
 
+Error Error::withDetails(const QString& words) const {
+    Error copy = *this;
+    copy.details_ = words;
+    return copy;
+}
+
+Error Error::withStatement(const QString& sql) const {
+    Error copy = *this;
+    copy.statement_ = sql;
+    return copy;
+}
+
+QString sentenceOf(const std::exception& failure) {
+    if (dynamic_cast<const std::bad_alloc*>(&failure)) return u"Δεν υπάρχει αρκετή μνήμη."_s;
+    const QString words = QString::fromUtf8(failure.what());
+    const auto isGreek = [](QChar c) { return c.script() == QChar::Script_Greek; };
+    if (std::any_of(words.begin(), words.end(), isGreek)) return words;
+    return u"Απρόσμενο σφάλμα του προγράμματος."_s;
+}
+
+QString reasonOf(const QFileDevice& file) {
+    const QFileInfo info(file.fileName());
+    switch (file.error()) {
+        case QFileDevice::ResourceError:
+            return u"Ο δίσκος είναι γεμάτος."_s;
+        case QFileDevice::PermissionsError:
+            return u"Δεν έχετε δικαίωμα σε αυτό."_s;
+        case QFileDevice::ReadError:
+            return u"Ο δίσκος δεν διαβάζεται."_s;
+        case QFileDevice::OpenError:
+            if (info.isDir()) return u"Είναι φάκελος."_s;
+            if (!QFileInfo::exists(info.absolutePath())) return u"Δεν υπάρχει ο φάκελός του."_s;
+            if (!info.exists() && file.openMode() == QFileDevice::NotOpen &&
+                QFileInfo(info.absolutePath()).isWritable())
+                return u"Δεν υπάρχει."_s;
+            return u"Δεν ανοίγει."_s;
+        default:
+            return u"Ο δίσκος δεν γράφεται."_s;
+    }
+}
+
 void failWriting(const QString& file, const QString& why) {
     throw Error(ErrorCategory::Full, u"Δεν γράφεται το αρχείο «%1»: %2"_s.arg(QDir::toNativeSeparators(file), why));
 }
 
 // Of a disk that took only the first part of a write nothing is known but that.
 void failWriting(const QFileDevice& file) {
-    const bool full = file.error() == QFileDevice::ResourceError || file.error() == QFileDevice::NoError;
-    failWriting(file.fileName(), full ? u"Ο δίσκος είναι γεμάτος."_s : file.errorString());
+    failWriting(file.fileName(), file.error() == QFileDevice::NoError ? u"Ο δίσκος είναι γεμάτος."_s : reasonOf(file));
 }
 
 }  // namespace data

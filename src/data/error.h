@@ -29,7 +29,7 @@ enum class ErrorCategory {
 qint32 adoErrorNumber(ErrorCategory category);
 
 // Thrown by everything in data/. The text is a Greek sentence for a message box, without the
-// statement; the statement is for logs and the command line.
+// statement and without anybody else's words; those are for logs and the command line.
 class Error : public std::exception {
 public:
     Error(ErrorCategory category, QString text, QString statement = {}, int engineCode = 0);
@@ -39,18 +39,28 @@ public:
     const QString& text() const { return text_; }
     const QString& statement() const { return statement_; }
     int engineCode() const { return engineCode_; }
+    // The engine's, the library's or the system's own words, in whatever language; for logs and the command line.
+    const QString& details() const { return details_; }
+    Error withDetails(const QString& words) const;
+    Error withStatement(const QString& sql) const;
     const char* what() const noexcept override { return utf8_.constData(); }
 
 private:
     ErrorCategory category_;
     QString text_;
-    QString statement_;
+    QString statement_, details_;
     int engineCode_;
     QByteArray utf8_;
 };
 
 // Of a statement that was broken off. Without the server's answer nobody knows whether a change was carried out.
 Error stoppedError(const QByteArray& sql, bool answered = true);
+
+// What to tell of any failure: its Greek sentence, or a general one when its words are for developers.
+QString sentenceOf(const std::exception& failure);
+
+// Why a file can't be used, as a Greek sentence.
+QString reasonOf(const QFileDevice& file);
 
 // Throw Error(Full), which tells of a file that can't be written. A device tells the reason itself.
 [[noreturn]] void failWriting(const QString& file, const QString& why);

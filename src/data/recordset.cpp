@@ -174,7 +174,7 @@ void Recordset::update() {
             d->writeChanges();
     } catch (const Error& error) {
         if (!error.statement().isEmpty()) throw;
-        throw Error(error.category(), error.text(), d->sql, error.engineCode());
+        throw error.withStatement(d->sql);
     }
 }
 

@@ -28,7 +28,7 @@ void RecordsetState::fetch() {
     try {
         connection->engine().query(engineSql, parameterValues(*translation, options.parameters), &fetched);
     } catch (const Error& error) {
-        throw Error(error.category(), error.text(), sql, error.engineCode());
+        throw error.withStatement(sql);
     }
     table = base ? *base : TableInfo();
     setColumns(translation->columns);

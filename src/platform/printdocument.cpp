@@ -62,10 +62,10 @@ void PrintDocument::append(const QByteArray& drawing) {
     if (inMemory_ + page.size > memoryLimit_) {
         if (!file_) file_ = std::make_unique<QTemporaryFile>();
         if (!file_->isOpen() && !file_->open())
-            throw PrintError(u"Δεν δημιουργήθηκε προσωρινό αρχείο για τις σελίδες: "_s + file_->errorString());
+            throw PrintError(u"Δεν δημιουργήθηκε προσωρινό αρχείο για τις σελίδες."_s);
         page.offset = file_->size();
         if (!file_->seek(page.offset) || file_->write(page.packed) != page.size || !file_->flush())
-            throw PrintError(u"Δεν χωρούν άλλες σελίδες στον δίσκο: "_s + file_->errorString());
+            throw PrintError(u"Δεν χωρούν άλλες σελίδες στον δίσκο."_s);
         page.packed.clear();
     } else {
         inMemory_ += page.size;
@@ -78,8 +78,7 @@ QByteArray PrintDocument::drawing(int page) const {
     if (kept.offset < 0) return qUncompress(kept.packed);
     QByteArray packed;
     if (file_->seek(kept.offset)) packed = file_->read(kept.size);
-    if (packed.size() != kept.size)
-        throw PrintError(u"Δεν διαβάζεται το προσωρινό αρχείο των σελίδων: "_s + file_->errorString());
+    if (packed.size() != kept.size) throw PrintError(u"Δεν διαβάζεται το προσωρινό αρχείο των σελίδων."_s);
     return qUncompress(packed);
 }
 

@@ -81,10 +81,10 @@ bool SystemPrinters::print(const PrintDocument& document, const QString& printer
 
 bool SystemPrinters::writePdf(const PrintDocument& document, const QString& file, const PageStep& step) {
     const auto failure = [&file](const QString& why) {
-        return PrintError(u"Δεν γράφτηκε το αρχείο «%1»: %2"_s.arg(file, why));
+        return PrintError(u"Δεν γράφτηκε το αρχείο «%1». %2"_s.arg(file, why));
     };
     QSaveFile target(file);
-    if (!target.open(QIODevice::WriteOnly)) throw failure(target.errorString());
+    if (!target.open(QIODevice::WriteOnly)) throw failure(u"Ελέγξτε ότι έχετε δικαίωμα εγγραφής στον φάκελο."_s);
     {
         QPdfWriter device(&target);
         device.setResolution(1440);
@@ -92,7 +92,7 @@ bool SystemPrinters::writePdf(const PrintDocument& document, const QString& file
         device.setTitle(document.title());
         device.setCreator(QCoreApplication::applicationName());
         QPainter painter;
-        if (!painter.begin(&device)) throw failure(u"δεν ξεκινά η σελίδα"_s);
+        if (!painter.begin(&device)) throw failure(u"Δεν ξεκινά η σελίδα."_s);
         if (!paintPages(document, painter, device, step)) {
             target.cancelWriting();
             painter.end();
@@ -100,7 +100,7 @@ bool SystemPrinters::writePdf(const PrintDocument& document, const QString& file
         }
         painter.end();
     }
-    if (!target.commit()) throw failure(target.errorString());
+    if (!target.commit()) throw failure(u"Ο δίσκος είναι γεμάτος ή δεν γράφεται."_s);
     return true;
 }
 

@@ -43,7 +43,7 @@ void moveTo(const QString& from, const QString& to, bool replace) {
         if (failure) data::failWriting(to, QString::fromLocal8Bit(failure.message().c_str()));
     } else {
         QFile file(from);
-        if (!file.rename(to)) data::failWriting(to, file.errorString());
+        if (!file.rename(to)) data::failWriting(to, data::reasonOf(file));
     }
 }
 

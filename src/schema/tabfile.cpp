@@ -19,7 +19,7 @@ QByteArray readAll(const QString& file) {
     const QString name = QFileInfo(file).fileName();
     if (QFileInfo(file).isDir() || !input.open(QIODevice::ReadOnly))
         throw data::Error(data::ErrorCategory::Other,
-                          u"Δεν διαβάζεται το αρχείο «%1»: %2"_s.arg(name, input.errorString()));
+                          u"Δεν διαβάζεται το αρχείο «%1»: %2"_s.arg(name, data::reasonOf(input)));
     if (input.size() > largestFile)
         throw data::Error(data::ErrorCategory::Other, u"Το αρχείο «%1» είναι πάρα πολύ μεγάλο."_s.arg(name));
     QByteArray bytes = input.readAll();

@@ -41,8 +41,11 @@ std::unique_ptr<QTemporaryDir> workFolderIn(const QString& folder) {
     dropAbandonedWork(folder);
     auto workFolder = std::make_unique<QTemporaryDir>(QDir(folder).filePath(workFolderName + u"XXXXXX"_s));
     if (!workFolder->isValid())
-        throw data::Error(data::ErrorCategory::Full, u"Δεν γράφεται ο φάκελος «%1»: %2"_s.arg(
-                                                         QDir::toNativeSeparators(folder), workFolder->errorString()));
+        throw data::Error(
+            data::ErrorCategory::Full,
+            u"Δεν γράφεται ο φάκελος «%1». Ελέγξτε ότι υπάρχει, ότι έχετε δικαίωμα εγγραφής και ότι ο δίσκος έχει χώρο."_s
+                .arg(QDir::toNativeSeparators(folder)))
+            .withDetails(workFolder->errorString());
     QFile owner(workFolder->filePath(ownerFileName));
     if (owner.open(QIODevice::WriteOnly))
         owner.write(platform::processMark());  // without it the folder only stays longer

@@ -115,8 +115,7 @@ ServerDescription parseServerDescription(const QString& text, const QString& fil
 
 ServerDescription readServerDescription(const QString& file) {
     QFile source(file);
-    if (!source.open(QIODevice::ReadOnly))
-        refuse(u"Το αρχείο «%1» δεν διαβάζεται: %2"_s.arg(file, source.errorString()));
+    if (!source.open(QIODevice::ReadOnly)) refuse(u"Το αρχείο «%1» δεν διαβάζεται: %2"_s.arg(file, reasonOf(source)));
     return parseServerDescription(decodeDescription(source.read(longestFile)), file);
 }
 

@@ -8,7 +8,7 @@ namespace {
 struct Meaning {
     QString state;  // a code or the beginning of several; the first that fits counts
     ErrorCategory category;
-    QString text;  // empty: the server's own message behind the general words
+    QString text;  // empty: the message, which is a sentence of this program's functions
 };
 
 const Meaning meanings[] = {
@@ -29,7 +29,7 @@ const Meaning meanings[] = {
     {u"25006"_s, ErrorCategory::ReadOnly, u"Η βάση δεδομένων είναι ανοιχτή μόνο για ανάγνωση."_s},
     {u"25P02"_s, ErrorCategory::State, u"Η εργασία απέτυχε σε προηγούμενη εντολή της και ακυρώθηκε."_s},
     {u"42501"_s, ErrorCategory::ReadOnly, u"Δεν έχετε δικαίωμα για αυτή την εντολή στον διακομιστή."_s},
-    {u"42"_s, ErrorCategory::Syntax, {}},
+    {u"42"_s, ErrorCategory::Syntax, u"Η εντολή δεν είναι σωστή."_s},
     {u"53100"_s, ErrorCategory::Full, u"Ο δίσκος του διακομιστή είναι γεμάτος. Τίποτα δεν αποθηκεύτηκε."_s},
     {u"54"_s, ErrorCategory::Constraint, u"Η τιμή ή η εντολή είναι υπερβολικά μεγάλη."_s},
     {u"57014"_s, ErrorCategory::Other, u"Η εργασία διακόπηκε."_s},
@@ -56,12 +56,13 @@ Error pgError(const PGresult* result, const QByteArray& sql) {
     const QString statement = QString::fromUtf8(sql);
     for (const Meaning& meaning : meanings) {
         if (!state.startsWith(meaning.state)) continue;
-        QString text = meaning.text.isEmpty() ? message : meaning.text;
-        if (meaning.category == ErrorCategory::Syntax) text = u"Η εντολή δεν είναι σωστή: "_s + message;
-        return Error(meaning.category, text, statement, numberOf(state));
+        const QString text = meaning.text.isEmpty() ? message : meaning.text;
+        return Error(meaning.category, text, statement, numberOf(state)).withDetails(message);
     }
     const QString own = message.isEmpty() ? QString::fromUtf8(PQresultErrorMessage(result)).trimmed() : message;
-    return Error(ErrorCategory::Other, u"Σφάλμα της βάσης δεδομένων: "_s + own, statement, numberOf(state));
+    return Error(ErrorCategory::Other, u"Ο διακομιστής της βάσης απάντησε με σφάλμα (%1)."_s.arg(state), statement,
+                 numberOf(state))
+        .withDetails(own);
 }
 
 Error pgConnectError(const QString& message, PGPing server) {
@@ -72,7 +73,7 @@ Error pgConnectError(const QString& message, PGPing server) {
             ? u"Ο διακομιστής της βάσης ξεκινά ή σταματά. Δοκιμάστε ξανά σε λίγο."_s
             : u"Η σύνδεση με τον διακομιστή της βάσης δεν έγινε. Ελέγξτε το δίκτυο και τα στοιχεία στο "
               "αρχείο της βάσης."_s;
-    return Error(ErrorCategory::Connection, advice + u'\n' + message.trimmed());
+    return Error(ErrorCategory::Connection, advice).withDetails(message.trimmed());
 }
 
 Error pgLostError(WhatIsLost what, const QByteArray& sql) {

@@ -95,10 +95,10 @@ Error sqliteError(sqlite3* database, int engineCode, const QByteArray& sql, bool
         !message.contains(u"failed"))
         return Error(categoryOf(primary), message, statement, code);
     if (primary == SQLITE_ERROR && preparing)
-        return Error(ErrorCategory::Syntax, u"Η εντολή δεν είναι σωστή: %1"_s.arg(message), statement, code);
+        return Error(ErrorCategory::Syntax, u"Η εντολή δεν είναι σωστή."_s, statement, code).withDetails(message);
     QString text = textOf(code);
-    if (text.isEmpty()) text = u"Σφάλμα της βάσης δεδομένων: %1"_s.arg(message);
-    return Error(categoryOf(primary), text, statement, code);
+    if (text.isEmpty()) text = u"Η βάση δεδομένων απάντησε με σφάλμα (%1)."_s.arg(code);
+    return Error(categoryOf(primary), text, statement, code).withDetails(message);
 }
 
 Error sqliteRangeError(const QByteArray& sql) {
