@@ -21,7 +21,8 @@ FlowLayout::FlowLayout(int spacing) {
 }
 
 FlowLayout::~FlowLayout() {
-    qDeleteAll(items_);
+    // One by one: the layout looks through its items when a nested one goes.
+    while (!items_.isEmpty()) delete items_.takeFirst();
 }
 
 void FlowLayout::addNested(QLayout* layout) {

@@ -8,6 +8,7 @@
 #include <QScopedValueRollback>
 #include <QToolTip>
 
+#include "controls/captions.h"
 #include "controls/theme.h"
 
 using namespace Qt::Literals::StringLiterals;
@@ -199,7 +200,7 @@ bool ListView::viewportEvent(QEvent* event) {
     const auto* help = static_cast<QHelpEvent*>(event);
     const QModelIndex under = indexAt(help->pos());
     const bool cut = under.isValid() && sizeHintForIndex(under).width() > columnWidth(under.column());
-    QToolTip::showText(help->globalPos(), cut ? under.data().toString().toHtmlEscaped() : QString(), viewport());
+    QToolTip::showText(help->globalPos(), cut ? plainTip(under.data().toString()) : QString(), viewport());
     return true;
 }
 
