@@ -33,31 +33,10 @@ frmAddress::frmAddress(core::MainMod& mod)
       commands_(mod, this, commands()) {
     view_->build(commands_, {history_, links_, appointments_});
     controls::add(controls::pageLayout(this), {{view_, 1}, buttons()});
-    for (const CardField& field : cardFields()) fields_.watch(view_->control(field));
-    fields_.watch(
-        u"Photo"_s, [this] { return mPhotoBytes; }, [this](const QVariant& value) { setPhoto(value.toByteArray()); });
-    fields_.watch(
-        u"confirmedDates"_s, [this] { return confirmedDates_; },
-        [this](const QVariant& value) { confirmedDates_ = value.toStringList(); });
-    keepDraft([this] { return draft(); });
-    watchDates();
+    watchFields();
     on(qobject_cast<controls::ChoiceBox*>(categories()), &controls::ChoiceBox::opening,
        [this] { core::fillCategories(mod_.gConn, *categories()); });
     wire();
-}
-
-// A date that is on show for want of one is the card's only when its user enters it.
-void frmAddress::watchDates() {
-    for (const CardField& field : cardFields()) {
-        controls::DateField* date = view_->dateField(field);
-        if (!date) continue;
-        const auto confirm = [this, name = field.controlName()] {
-            confirmedDates_ << name;
-            fields_.touch();
-        };
-        on(date->box(), &QLineEdit::textEdited, confirm);
-        on(date->picker(), &controls::DatePicker::picked, confirm);
-    }
 }
 
 void frmAddress::onLoad() {

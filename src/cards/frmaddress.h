@@ -99,6 +99,7 @@ private:
     void takeTheirs(const CardField& field, const QVariant& value);
     void leaveDeleted();
     core::Draft draft();
+    void watchFields();
     void watchDates();
     void setToday();  // as the last visit
     bool isUnknownDate(const CardField& field) const;

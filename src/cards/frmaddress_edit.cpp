@@ -1,4 +1,4 @@
-// Adding, changing and deleting a card, and its photo; what was typed into a former run.
+// Adding, changing and deleting a card, and its photo.
 #include "cards/frmaddress.h"
 #include "core/photofile.h"
 
@@ -70,12 +70,6 @@ void frmAddress::CancelCard() {
     if (!ShowCard(true)) leaveDeleted();
 }
 
-void frmAddress::resumeMovement(const core::Draft& draft) {
-    goTo(draft.key[u"card"_s].toLongLong());
-    view_->selectTab(CardTab::History);
-    history_->resume(draft);
-}
-
 // The key set deletes its own current row; it must be the card that the user sees.
 void frmAddress::alignKeySet() {
     if (!mRsCards.eof() && !mRsCards.bof() && mRsCards[u"code"].text() == CurrentCode) return;
@@ -120,35 +114,6 @@ void frmAddress::setPhoto(const QByteArray& bytes) {
     mPhotoBytes = bytes;
     view_->photo()->setBytes(bytes);
     fields_.touch();
-}
-
-core::Draft frmAddress::draft() {
-    core::Draft draft;
-    draft.title = shownText(0) + u' ' + shownText(1);
-    draft.isNew = mAdding && !mRevived;
-    draft.key = {{u"code"_s, CurrentCode.toLongLong()}};
-    if (!draft.isNew && mRsCard.isOpen() && !mRsCard.isEmpty()) draft.row = core::draftRow(mRsCard);
-    return draft;
-}
-
-// A card that is gone meanwhile is added anew, with what it had.
-void frmAddress::resume(const core::Draft& draft) {
-    if (isEditing() || mod_.onlyReads()) return;
-    if (draft.isNew) {
-        CardAddNew();
-        return goOnWith(draft);
-    }
-    goTo(draft.key[u"code"_s].toLongLong());
-    openCarrier();
-    mAdding = mRevived = mRsCard.isEmpty();
-    mEditing = !mAdding;
-    core::readAsDrafted(mRsCard, draft.row);
-    ClearCard();
-    showRow(mRsCard, true);
-    showHeader();
-    if (mEditing) fillLists();
-    startEditing(mAdding ? u"Προσθήκη νέας καρτέλας"_s : u"Διόρθωση της καρτέλας"_s);
-    goOnWith(draft);
 }
 
 }  // namespace cards

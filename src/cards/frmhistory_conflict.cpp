@@ -9,11 +9,10 @@ using namespace Qt::Literals::StringLiterals;
 namespace cards {
 
 // Shows what differs from what somebody else saved, and takes the choice over. True when the save can be tried again;
-// one that was deleted can be saved
-// as a new one.
+// one that was deleted can be saved as a new one.
 bool frmHistory::settleConflict(const data::Error& error) {
     data::Recordset now(mod_.gConn, data::Sql(u"select * from HISTORY where aa=?"_s, MovementId));
-    if (!EditMode) throw error;
+    if (!EditMode || (mRsHistory.isEmpty() && !now.isEmpty())) throw error;
     if (now.isEmpty()) return settleDeletion();
     mRsHistory.cancelUpdate();
     const auto shownAs = [this](const QWidget* box, const data::Field& column) {

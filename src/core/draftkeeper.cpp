@@ -11,7 +11,7 @@ static constexpr int pauseMs = 1000;  // without a key
 
 DraftKeeper::DraftKeeper(MainMod& mod, QString window, FieldWatch& fields, std::function<Draft()> describe)
     : mod_(mod),
-      all_(mod.drafts.keepers_),
+      all_(mod.drafts.writers()),
       window_(std::move(window)),
       fields_(fields),
       describe_(std::move(describe)) {
@@ -37,7 +37,7 @@ void DraftKeeper::write() {
         draft.typed = typed;
         draft.time = mod_.services.clock.now();
         draft.file = file_;
-        mod_.drafts.write(mod_, draft);
+        mod_.drafts.write({mod_.gDataPath, mod_.gUserName}, draft);
         file_ = draft.file;
         written_ = typed;
     } catch (const data::Error& error) {

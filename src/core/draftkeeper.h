@@ -8,20 +8,22 @@
 
 namespace core {
 
-class DraftKeeper {
+class MainMod;
+
+class DraftKeeper : public Drafts::Writer {
 public:
     // `describe` gives all but what is typed, whenever something is.
     DraftKeeper(MainMod& mod, QString window, FieldWatch& fields, std::function<Draft()> describe);
-    ~DraftKeeper();  // leaves the file
+    ~DraftKeeper() override;  // leaves the file
     Q_DISABLE_COPY_MOVE(DraftKeeper)
 
-    void write();                       // when something differs
+    void write() override;              // when something differs
     void drop();                        // it is saved or given up
     void goOnWith(const Draft& draft);  // its file is this window's from here on
 
 private:
     MainMod& mod_;
-    const std::shared_ptr<Drafts::Keepers> all_;
+    const std::shared_ptr<Drafts::Writers> all_;
     const QString window_;
     FieldWatch& fields_;
     const std::function<Draft()> describe_;

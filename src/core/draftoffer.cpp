@@ -31,7 +31,7 @@ static void offer(MainMod& mod, const Draft& draft, const DraftKind& kind, QWidg
 }
 
 void offerDrafts(MainMod& mod, const Windows& windows, QWidget* parent) {
-    const QVector<Draft> drafts = mod.drafts.all(mod);
+    const QVector<Draft> drafts = mod.drafts.all({mod.gDataPath, mod.gUserName});
     for (const DraftKind& kind : windows.draftKinds())
         for (const Draft& draft : drafts)
             if (draft.window == kind.window && kind.isPossible()) offer(mod, draft, kind, parent);

@@ -8,8 +8,6 @@
 #include <QSaveFile>
 #include <QUuid>
 
-#include "core/draftkeeper.h"
-#include "core/mainmod.h"
 #include "data/recordset.h"
 #include "data/values/fold.h"
 #include "platform/folders.h"
@@ -25,10 +23,10 @@ constexpr int version = 1;
 constexpr qint64 largestFile = 256 << 20;
 
 // Whose drafts these are, so that a file's name tells nobody; empty while nobody has logged on.
-QString ownerOf(const MainMod& mod) {
-    const QString office = QFileInfo(mod.gDataPath).canonicalFilePath();
-    if (office.isEmpty() || mod.gUserName.isEmpty()) return {};
-    const QByteArray owner = (office + u'\n' + data::fold(mod.gUserName)).toUtf8();
+QString markOf(const DraftOwner& of) {
+    const QString office = QFileInfo(of.office).canonicalFilePath();
+    if (office.isEmpty() || of.user.isEmpty()) return {};
+    const QByteArray owner = (office + u'\n' + data::fold(of.user)).toUtf8();
     return QString::fromLatin1(QCryptographicHash::hash(owner, QCryptographicHash::Sha256).toHex().left(32));
 }
 
@@ -111,9 +109,9 @@ QByteArray digest(const QByteArray& bytes) {
 
 }  // namespace
 
-QVector<Draft> Drafts::all(const MainMod& mod) const {
+QVector<Draft> Drafts::all(const DraftOwner& of) const {
     QVector<Draft> found;
-    const QString owner = ownerOf(mod);
+    const QString owner = markOf(of);
     if (owner.isEmpty()) return found;
     const QDir place(folderOf(*this));
     for (const QString& name : place.entryList({owner + u"-*.json"_s}, QDir::Files))
@@ -122,8 +120,8 @@ QVector<Draft> Drafts::all(const MainMod& mod) const {
     return found;
 }
 
-void Drafts::write(const MainMod& mod, Draft& draft) const {
-    const QString owner = ownerOf(mod);
+void Drafts::write(const DraftOwner& of, Draft& draft) const {
+    const QString owner = markOf(of);
     const QString place = folderOf(*this);
     if (owner.isEmpty() || !QDir().mkpath(place)) return;
     if (draft.file.isEmpty())
@@ -135,7 +133,7 @@ void Drafts::write(const MainMod& mod, Draft& draft) const {
 }
 
 void Drafts::writeAll() const {
-    for (DraftKeeper* keeper : *keepers_) keeper->write();
+    for (Writer* window : *writers_) window->write();
 }
 
 QVariantMap draftRow(data::Recordset& row, const QStringList& columns) {

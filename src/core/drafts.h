@@ -18,9 +18,6 @@ class Recordset;
 
 namespace core {
 
-class DraftKeeper;
-class MainMod;
-
 struct Draft {
     QString window;  // its name
     QString title;   // what its user knows the row by
@@ -32,23 +29,35 @@ struct Draft {
     QString file;  // where it lies
 };
 
+// Whose they are: the office by its folder, and the name of the user who has logged on.
+struct DraftOwner {
+    QString office, user;
+};
+
 class Drafts {
 public:
+    // A window under edit.
+    class Writer {
+    public:
+        virtual ~Writer() = default;
+        virtual void write() = 0;
+    };
+
     QString folder;  // when it isn't one in the user's work folder
 
-    // Those of the user who has logged on, in the office that is open; the oldest first.
-    QVector<Draft> all(const MainMod& mod) const;
+    QVector<Draft> all(const DraftOwner& of) const;  // the oldest first
     // Into its file, which it gets when it has none. A disk that doesn't take it costs the draft and nothing else.
-    void write(const MainMod& mod, Draft& draft) const;
+    void write(const DraftOwner& of, Draft& draft) const;
 
     // Of every window under edit, at once.
     void writeAll() const;
 
+    // Shared, since a closed window is deleted some events later, perhaps after the state of the run.
+    using Writers = QVector<Writer*>;
+    const std::shared_ptr<Writers>& writers() const { return writers_; }
+
 private:
-    friend class DraftKeeper;
-    using Keepers = QVector<DraftKeeper*>;
-    // A closed window is deleted some events later, perhaps after the state of the run.
-    std::shared_ptr<Keepers> keepers_ = std::make_shared<Keepers>();
+    std::shared_ptr<Writers> writers_ = std::make_shared<Writers>();
 };
 
 // A row for Draft::row: these columns, or all without any. Of a photo only its digest, since the draft is written

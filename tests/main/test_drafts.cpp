@@ -281,6 +281,9 @@ private slots:
         program.start(QCoreApplication::applicationFilePath(), {"--type", site.folder(), site.mod.drafts.folder});
         QVERIFY(program.waitForReadyRead(30'000));
         // While it runs, what it writes is its own.
+        QTRY_COMPARE(site.files().size(), 1);
+        site.logOn();
+        QVERIFY(site.desk.prompts.isEmpty());
         program.terminate();
         QVERIFY(program.waitForFinished(30'000));
         QCOMPARE(program.exitStatus(), QProcess::NormalExit);
