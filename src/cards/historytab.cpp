@@ -122,7 +122,10 @@ void HistoryTab::storeBalance() {
                           u"Το υπόλοιπο της καρτέλας είναι μεγαλύτερο απ' όσο χωρά ένα ποσό και δεν αποθηκεύτηκε.\n"
                           "Διορθώστε τις κινήσεις που δείχνουν «υπέρβαση»."_s);
     data::Recordset stored(mod_.gConn, data::Sql(u"select total from cards where code=?"_s, code_.toLongLong()));
-    if (stored.isEmpty() || (!stored[u"total"].isNull() && stored[u"total"].toDouble() == balance_.toDouble())) return;
+    if (stored.isEmpty()) return;
+    // What binary sums left behind the digits that anybody sees is no difference.
+    const Money before = Money::of(stored[u"total"].toDouble());
+    if (!stored[u"total"].isNull() && !before.isBeyond() && before.toDouble() == balance_.toDouble()) return;
     mod_.gConn.execute(data::Sql(u"Update cards set total=? Where code=?"_s, balance_.toDouble(), code_.toLongLong()));
 }
 

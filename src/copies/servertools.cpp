@@ -64,7 +64,7 @@ void run(const QString& program, const QStringList& arguments, const data::Serve
     if (process.error() == QProcess::FailedToStart) complaint = process.errorString().toLocal8Bit();
     if (process.error() == QProcess::FailedToStart || process.exitStatus() != QProcess::NormalExit ||
         process.exitCode() != 0)
-        throw Error(ErrorCategory::Other, u"Το πρόγραμμα «%1» του διακομιστή απέτυχε."_s.arg(program))
+        throw Error(ErrorCategory::Other, u"Το πρόγραμμα «%1» απέτυχε."_s.arg(program))
             .withDetails(QString::fromLocal8Bit(complaint).trimmed());
 }
 

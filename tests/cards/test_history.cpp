@@ -118,6 +118,27 @@ private slots:
         QCOMPARE(office.total(), 120.1);
     }
 
+    // To look at a card is no change of its balance.
+    void remaindersOfOldDataStayInTheBalance() {
+        const struct {
+            const char* name;
+            double debit, credit, before, after;
+        } cases[] = {
+            {"five decimals", 10.00004, 0, 130.10004, 130.10004},
+            {"of a binary sum", 0.2, 0.1, 120.20000000000002, 120.20000000000002},
+            {"a balance that is wrong by less than a cent", 0.005, 0, 120.1, 120.105},
+        };
+        support::forEach(cases, [](const auto& one) {
+            Ledger office;
+            office.addMovement(office.code, "2026-11-05T00:00:00", "Από αλλού", one.debit, one.credit);
+            data::Recordset card(office.mod.gConn, "select total from Cards");
+            card[u"total"].setValue(one.before);
+            card.update();
+            const HistoryDriver shown(office.mod);
+            QVERIFY2(office.total().toDouble() == one.after, qPrintable(office.total().toString()));
+        });
+    }
+
     void aCardWithoutMovementsHasABalanceOfNothing() {
         CardOffice office;
         office.addCard("Α", "Β", {{"total", 77.0}});

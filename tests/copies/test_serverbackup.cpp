@@ -16,6 +16,7 @@
 #include "support/failure.h"
 #include "support/files.h"
 #include "support/officefolder.h"
+#include "support/tool.h"
 
 using namespace Qt::Literals::StringLiterals;
 using namespace support;
@@ -74,6 +75,45 @@ void analyze(data::Engine& engine) {
     engine.script(
         "DO $$ DECLARE cards text := current_schema(); BEGIN PERFORM set_config('search_path', '', true); "
         "EXECUTE format('ANALYZE %I.\"Cards\"', cards); END $$");
+}
+
+// With commands of the tool; what one role makes the other one must be able to use.
+void whatTheToolDoesForAMember(const QString& folder, const QString& made, const QString& owner,
+                               data::ServerDescription server) {
+    QDir().mkpath(made);
+    const QString days = made + u"/days.tsv"_s;
+    overwrite(days, "Δοκιμή\t05/11\n");
+    server.schema = u"another"_s;
+    data::Connection main;
+    copies::openUpgraded(main, schema::connectionString(Database::Main, schema::mainDatabasePath(folder)));
+    main.engine().script("DROP INDEX \"Cards_order\"");
+    main.close();
+    const QString write = u"update Cards set total=1"_s;
+    const struct {
+        const char* name;
+        QStringList words;
+        QString role = {};  // whose description of what was made stands in the folder
+    } cases[] = {
+        {"check", {u"check"_s, folder, u"--repair"_s}},
+        {"sql", {u"sql"_s, folder, u"select * from Cards"_s}},
+        {"sql that writes", {u"sql"_s, folder, write, u"--write"_s}},
+        {"load", {u"load"_s, folder, u"namedays"_s, days, u"--replace"_s}},
+        {"create", QStringList{u"create"_s, made, u"--admin-password"_s, u"x"_s} + serverOption(server)},
+        {"the owner looks", {u"check"_s, made}, owner},
+        {"the owner writes", {u"sql"_s, made, write, u"--write"_s}, owner},
+        {"the owner makes anew what it holds", {u"load"_s, made, u"namedays"_s, days, u"--replace"_s}, owner},
+    };
+    forEach(cases, [&](const auto& one) {
+        if (!one.role.isEmpty())
+            for (const Database database : schema::allDatabases) {
+                data::ServerDescription seat = schema::serverFor(server, database);
+                seat.user = one.role;
+                QFile::remove(schema::databasePath(made, database));
+                data::writeServerDescription(schema::databasePath(made, database), seat);
+            }
+        const ToolRun run = runTool(one.words);
+        QVERIFY2(run.code == 0, qPrintable(run.err));
+    });
 }
 
 }  // namespace
@@ -305,6 +345,9 @@ private slots:
             }
             QCOMPARE(write(scratch.filePath(u"owners"_s)), u"2"_s);
             copies::restoreOffice(file, as(owner, u"others"_s), {.force = true, .now = moment.addSecs(2)});
+            data::ServerDescription members = database.server();
+            members.user = member;
+            whatTheToolDoesForAMember(folder, scratch.filePath(u"made"_s), owner, members);
             copies::moveOffice(folder, scratch.filePath(u"files"_s), {});
             QCOMPARE(write(scratch.filePath(u"files"_s)), u"2"_s);
         }

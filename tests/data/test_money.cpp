@@ -29,6 +29,35 @@ private slots:
         });
     }
 
+    // Amounts from elsewhere have as many decimals as they like; a sum has neither fewer nor more than they.
+    void remaindersOfACent() {
+        const struct {
+            const char* name;
+            QVector<double> amounts;
+            double sum;
+            QString text;
+        } cases[] = {
+            {"thirds", {1 / 3.0, 1 / 3.0, 1 / 3.0}, 1.0, u"1,00"_s},
+            {"each too small for a unit", QVector<double>(1000, 0.00004), 0.04, u"0,04"_s},
+            {"there and back", {0.00004, -0.00004}, 0.0, u"0,00"_s},
+            {"below nothing", {-0.00004, -0.00002}, -0.00006, u"0,00"_s},
+            {"six decimals", {1234567.123456, 0.000001}, 1234567.123457, u"1.234.567,12"_s},
+            {"what a binary sum left", {0.1 + 0.2, -0.3}, 0.0, u"0,00"_s},
+            {"not quite half a cent", {0.00496}, 0.00496, u"0,00"_s},
+            {"tenths", QVector<double>(100000, 0.1), 10000.0, u"10.000,00"_s},
+            {"large and tiny", {8e14, 0.00001, -8e14}, 0.00001, u"0,00"_s},
+        };
+        support::forEach(cases, [](const auto& one) {
+            Money sum, back;
+            for (const double amount : one.amounts) sum += Money::of(amount), back -= Money::of(amount);
+            QVERIFY(sum.toDouble() == one.sum);  // to the last bit
+            QVERIFY(back.toDouble() == -one.sum);
+            QCOMPARE(sum.text(), one.text);
+            sum += back;
+            QCOMPARE(sum, Money());
+        });
+    }
+
     void whatIsBeyondAllMoneySaysSo() {
         for (const double amount : {9.1e14, -1e300}) QVERIFY(Money::of(amount).isBeyond());
         for (const int sign : {1, -1}) {

@@ -165,13 +165,17 @@ void PgEngine::configure() {
     actAsOwner();
 }
 
-// What one seat makes, another one must be able to replace: whoever is a member of the owner works in its name.
+// What one seat makes, another one must be able to replace: whoever is a member of the owner works in its name. A
+// schema that isn't there yet, and the one called public, are the database's owner's.
 void PgEngine::actAsOwner() {
     const QString owner =
         textRows(
             *this,
-            "SELECT r.rolname::text FROM pg_namespace n JOIN pg_roles r ON r.oid = n.nspowner WHERE nspname = $1 AND "
-            "r.rolname <> current_user AND r.rolname NOT LIKE 'pg\\_%' AND pg_has_role(r.oid, 'MEMBER')",
+            "SELECT r.rolname::text FROM pg_roles r WHERE r.oid = coalesce("
+            "(SELECT coalesce(nullif(nspowner, to_regrole('pg_database_owner')::oid), c.relowner) FROM pg_namespace n "
+            "LEFT JOIN pg_class c ON c.relnamespace = n.oid AND c.relname = '_dorvalist' WHERE nspname = $1), "
+            "(SELECT datdba FROM pg_database WHERE datname = current_database())) AND r.rolname <> current_user AND "
+            "r.rolname NOT LIKE 'pg\\_%' AND pg_has_role(r.oid, 'MEMBER')",
             {server_.schemaName()})
             .first();
     if (owner.isEmpty()) return;
