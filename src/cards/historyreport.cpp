@@ -153,10 +153,10 @@ bool dtpHistory(core::MainMod& mod, QWidget* parent, qint64 cardCode) {
                          data::Sql(u"select ΕΠΩΝΥΜΟ,ΟΝΟΜΑ,ΤΗΛΕΦΩΝΟ1,ΚΙΝΗΤΟ from cards where code=?"_s, cardCode));
     if (card.isEmpty()) return false;
     const HistoryReport report = read(mod, card, cardCode);
-    return core::printOut(mod, parent,
-                          {u"Εκτύπωση Ιστορικού"_s, [report](platform::Printer& printer, const core::PrintStep& step) {
-                               drawHistory(printer, report, step);
-                           }});
+    const auto draw = [report](platform::Printer& printer, const core::PrintStep& step) {
+        drawHistory(printer, report, step);
+    };
+    return core::printOut(mod, parent, {u"Εκτύπωση Ιστορικού"_s, draw, false, report.surname});
 }
 
 }  // namespace cards

@@ -5,6 +5,7 @@
 #include <optional>
 
 #include "platform/drawing.h"
+#include "platform/filefault.h"
 #include "platform/printerror.h"
 
 using namespace Qt::Literals::StringLiterals;
@@ -62,10 +63,10 @@ void PrintDocument::append(const QByteArray& drawing) {
     if (inMemory_ + page.size > memoryLimit_) {
         if (!file_) file_ = std::make_unique<QTemporaryFile>();
         if (!file_->isOpen() && !file_->open())
-            throw PrintError(u"Δεν δημιουργήθηκε προσωρινό αρχείο για τις σελίδες: "_s + file_->errorString());
+            throw PrintError(u"Δεν δημιουργήθηκε προσωρινό αρχείο για τις σελίδες: "_s + fileFault(*file_));
         page.offset = file_->size();
         if (!file_->seek(page.offset) || file_->write(page.packed) != page.size || !file_->flush())
-            throw PrintError(u"Δεν χωρούν άλλες σελίδες στον δίσκο: "_s + file_->errorString());
+            throw PrintError(u"Δεν χωρούν άλλες σελίδες στον δίσκο: "_s + fileFault(*file_));
         page.packed.clear();
     } else {
         inMemory_ += page.size;
@@ -79,7 +80,7 @@ QByteArray PrintDocument::drawing(int page) const {
     QByteArray packed;
     if (file_->seek(kept.offset)) packed = file_->read(kept.size);
     if (packed.size() != kept.size)
-        throw PrintError(u"Δεν διαβάζεται το προσωρινό αρχείο των σελίδων: "_s + file_->errorString());
+        throw PrintError(u"Δεν διαβάζεται το προσωρινό αρχείο των σελίδων: "_s + fileFault(*file_));
     return qUncompress(packed);
 }
 

@@ -7,6 +7,8 @@
 #include <QPrinterInfo>
 #include <QSaveFile>
 
+#include "platform/filefault.h"
+
 using namespace Qt::Literals::StringLiterals;
 
 namespace platform {
@@ -84,7 +86,7 @@ bool SystemPrinters::writePdf(const PrintDocument& document, const QString& file
         return PrintError(u"Δεν γράφτηκε το αρχείο «%1»: %2"_s.arg(file, why));
     };
     QSaveFile target(file);
-    if (!target.open(QIODevice::WriteOnly)) throw failure(target.errorString());
+    if (!target.open(QIODevice::WriteOnly)) throw failure(fileFault(target));
     {
         QPdfWriter device(&target);
         device.setResolution(1440);
@@ -100,7 +102,7 @@ bool SystemPrinters::writePdf(const PrintDocument& document, const QString& file
         }
         painter.end();
     }
-    if (!target.commit()) throw failure(target.errorString());
+    if (!target.commit()) throw failure(fileFault(target));
     return true;
 }
 
