@@ -112,6 +112,7 @@ void CardView::build(core::Commands& commands, const CardPanels& panels) {
         pages_.insert(tab.tab, page);
         tabs_->addTab(page, tab.caption);
     }
+    controls::tellSelectedTab(tabs_);
     controls::add(controls::bareLayout(this), {header(), {tabs_, 1}});
 }
 

@@ -82,7 +82,7 @@ void ListEditor::refresh(const QVariant& selected) {
          found.moveNext()) {
         const bool red = hasCheck() && found[u"payable"].toBool();
         rows.append(
-            {{found[u"Description"].text()}, found[u"Code"].value(), red ? controls::theme().danger : QColor()});
+            {{found[u"Description"].text()}, found[u"Code"].value(), red ? controls::ListInk::Danger : controls::ListInk::Usual});
     }
     list_->setRows(std::move(rows));
     if (!list_->selectTag(selected)) list_->selectRow(0);
