@@ -1,6 +1,7 @@
 #include "controls/pickeraccess.h"
 
 #include <QAccessibleWidget>
+#include <QFrame>
 
 #include "controls/datepair.h"
 
@@ -41,9 +42,19 @@ private:
     QWidget* popup() const { return widget()->findChild<QWidget*>(u"calendarPopup"_s, Qt::FindDirectChildrenOnly); }
 };
 
+class PopupAccess : public QAccessibleWidget {
+public:
+    explicit PopupAccess(QWidget* popup) : QAccessibleWidget(popup, QAccessible::Pane) {}
+    // Not the program, as of other windows.
+    QAccessibleInterface* parent() const override {
+        return QAccessible::queryAccessibleInterface(widget()->parentWidget());
+    }
+};
+
 QAccessibleInterface* make(const QString&, QObject* object) {
-    auto* picker = qobject_cast<DatePicker*>(object);
-    return picker ? new PickerAccess(picker) : nullptr;
+    if (auto* picker = qobject_cast<DatePicker*>(object)) return new PickerAccess(picker);
+    auto* frame = qobject_cast<QFrame*>(object);
+    return frame && qobject_cast<DatePicker*>(frame->parentWidget()) ? new PopupAccess(frame) : nullptr;
 }
 
 }  // namespace
