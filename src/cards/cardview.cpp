@@ -177,7 +177,7 @@ QWidget* CardView::specialTab() {
     specialHint_->hide();
     auto* page = new QWidget;
     controls::add(controls::tabLayout(page),
-                  {controls::row({{texts, 1}, {figures, 1}, {choices, 1}}, 24), specialHint_, Item::rest()});
+                  {controls::flow({texts, figures, choices}, 24), specialHint_, Item::rest()});
     return page;
 }
 
