@@ -105,8 +105,7 @@ private:
     double wanted(int column) const {
         constexpr int about = 2, enough = 100;  // letters, texts
         qsizetype longest = 0;
-        for (const controls::ListRow& row : list_.rows)
-            longest = std::max(longest, row.cells.value(column).size());
+        for (const controls::ListRow& row : list_.rows) longest = std::max(longest, row.cells.value(column).size());
         double widest = printer_.textWidth(list_.columns[column].header) * 1.15;  // it is bold
         int measured = 0;
         for (const controls::ListRow& row : list_.rows) {
@@ -213,11 +212,10 @@ PrintedList contents(MainMod& mod, const controls::ListView& list, const QString
 
 bool printList(MainMod& mod, QWidget* parent, const PrintedList& list) {
     try {
-        return printOut(mod, parent, {list.title, [list](platform::Printer& printer, const PrintStep& step) {
-                                          drawList(printer, list, step);
-                                      },
-                                      false,
-                                      list.card ? list.card->surname : QString()});
+        return printOut(
+            mod, parent,
+            {list.title, [list](platform::Printer& printer, const PrintStep& step) { drawList(printer, list, step); },
+             false, list.card ? list.card->surname : QString()});
     } catch (const std::exception& error) {
         const auto* known = dynamic_cast<const data::Error*>(&error);
         constexpr int printerError = 482;  // the number that users know it by

@@ -97,11 +97,11 @@ QLayout* PrintPreview::targetRow(QWidget* print, QWidget* pdf) {
     for (const auto& [box, longest] : {std::pair(paper_, u"Letter"_s), std::pair(orientation_, u"Κατακόρυφα"_s)})
         box->setMaximumWidth(fontMetrics().horizontalAdvance(longest) + 56);
     using controls::row;
-    return controls::flow({row({print, pdf}), row({captionOf(u"Εκτυ&πωτής:"_s, printers_), {printers_, 1}}),
-                           row({captionOf(u"&Αντίτυπα:"_s, copies_), copies_}),
-                           row({captionOf(u"&Χαρτί:"_s, paper_), paper_}),
-                           row({captionOf(u"Προσα&νατολισμός:"_s, orientation_), orientation_})},
-                          12);
+    return controls::flow(
+        {row({print, pdf}), row({captionOf(u"Εκτυ&πωτής:"_s, printers_), {printers_, 1}}),
+         row({captionOf(u"&Αντίτυπα:"_s, copies_), copies_}), row({captionOf(u"&Χαρτί:"_s, paper_), paper_}),
+         row({captionOf(u"Προσα&νατολισμός:"_s, orientation_), orientation_})},
+        12);
 }
 
 QLayout* PrintPreview::viewRow() {
@@ -222,8 +222,8 @@ void PrintPreview::print() {
 }
 
 void PrintPreview::writePdf() {
-    const QString file =
-        mod_.services.prompts.saveFile(this, u"Αποθήκευση σε PDF"_s, fileNameOf(job_.title + u' ' + job_.about), u"Αρχεία PDF (*.pdf)"_s);
+    const QString file = mod_.services.prompts.saveFile(
+        this, u"Αποθήκευση σε PDF"_s, fileNameOf(job_.title + u' ' + job_.about), u"Αρχεία PDF (*.pdf)"_s);
     if (file.isEmpty()) return;
     deliver(u"Εγγραφή σε PDF: "_s + job_.title,
             [&](const platform::PageStep& step) { return mod_.services.printers.writePdf(*document_, file, step); });

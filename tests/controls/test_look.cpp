@@ -34,11 +34,11 @@ double contrastSeen(QWidget* widget, const QRect& part = {}) {
     return best;
 }
 
-const QStringList symbols{"prev",    "next",   "search",   "add",       "edit",         "delete",   "save",
-                          "cancel",  "exit",   "print",    "photo-add", "photo-remove", "phone",    "mobile",
-                          "mail",    "web",    "category", "calendar",  "user",         "lock",     "info",
-                          "warning", "logoff", "settings", "notes",     "card",         "list",
-                          "fields",  "columns", "journal", "movement", "link", "office", "restore", "dorvalist"};
+const QStringList symbols{"prev",    "next",    "search",   "add",       "edit",         "delete",  "save",
+                          "cancel",  "exit",    "print",    "photo-add", "photo-remove", "phone",   "mobile",
+                          "mail",    "web",     "category", "calendar",  "user",         "lock",    "info",
+                          "warning", "logoff",  "settings", "notes",     "card",         "list",    "fields",
+                          "columns", "journal", "movement", "link",      "office",       "restore", "dorvalist"};
 
 }  // namespace
 
@@ -117,7 +117,8 @@ private slots:
                 for (int row = 0; row < list.count(); ++row) {
                     const QRect place = list.visualRect(list.model()->index(row, 0));
                     const double seen = contrastSeen(list.viewport(), place);
-                    QVERIFY2(seen >= 4.5, qPrintable(QString("row %1, %2 selected: %3").arg(row).arg(selected).arg(seen)));
+                    QVERIFY2(seen >= 4.5,
+                             qPrintable(QString("row %1, %2 selected: %3").arg(row).arg(selected).arg(seen)));
                 }
             }
         });
