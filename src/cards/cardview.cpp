@@ -112,6 +112,7 @@ void CardView::build(core::Commands& commands, const CardPanels& panels) {
         pages_.insert(tab.tab, page);
         tabs_->addTab(page, tab.caption);
     }
+    controls::tellSelectedTab(tabs_);
     controls::add(controls::bareLayout(this), {header(), {tabs_, 1}});
 }
 
@@ -176,7 +177,7 @@ QWidget* CardView::specialTab() {
     specialHint_->hide();
     auto* page = new QWidget;
     controls::add(controls::tabLayout(page),
-                  {controls::row({{texts, 1}, {figures, 1}, {choices, 1}}, 24), specialHint_, Item::rest()});
+                  {controls::flow({texts, figures, choices}, 24), specialHint_, Item::rest()});
     return page;
 }
 

@@ -44,9 +44,9 @@ public:
 
     // Caption and visibility of a parametric field; hidden ones keep their values.
     void dress(const CardField& field, const QString& caption, bool visible);
-    bool isOffered(const CardField& field) const;  // not hidden by the office
+    bool isOffered(const CardField& field) const;       // not hidden by the office
     QString captionText(const CardField& field) const;  // as the office typed it
-    void showSpecialHint();  // says so when the office has switched no parametric field on
+    void showSpecialHint();                             // says so when the office has switched no parametric field on
 
     void selectTab(CardTab tab);
     bool isShowing(CardTab tab) const;

@@ -4,6 +4,7 @@
 #include "cards/appointmentstab.h"
 #include "cards/cardview.h"
 #include "cards/historytab.h"
+#include "cards/linkpath.h"
 #include "cards/linkstab.h"
 #include "core/commands.h"
 #include "core/form.h"
@@ -73,6 +74,9 @@ private:
     void fillLists();
     QString shownText(int box) const;  // of Text7
     static QVector<QVariant> savedValues(data::Recordset& row);
+
+    void nameBad(const Addresses& addresses, const QString& what);
+    void openWeb();  // asks which page, when the box has several
 
     void printCard();
     void printMovements();

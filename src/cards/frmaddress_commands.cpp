@@ -58,7 +58,7 @@ QVector<core::Command> frmAddress::commands() {
          u"web"_s,
          u"Μετάβαση στη σελίδα"_s,
          {},
-         [this] { openAddress(mod_, this, webAddress(shownText(webBox))); },
+         [this] { openWeb(); },
          [this] { return shownText(webBox).size() >= shortestWeb; }},
     };
 }
@@ -96,7 +96,28 @@ void frmAddress::setToday() {
 }
 
 void frmAddress::SendMail(const QString& to) {
-    if (to.size() >= shortestMail) openAddress(mod_, this, mailAddress(to));
+    if (to.size() < shortestMail) return;
+    const Addresses addresses = mailAddresses(to);
+    nameBad(addresses, u"Δεν είναι διεύθυνση e-mail:"_s);
+    if (!addresses.good.isEmpty()) openAddress(mod_, this, mailAddress(addresses.good));
+}
+
+void frmAddress::nameBad(const Addresses& addresses, const QString& what) {
+    if (!addresses.bad.isEmpty()) complain(u"%1\n%2"_s.arg(what, addresses.bad.join(u'\n')));
+}
+
+void frmAddress::openWeb() {
+    const Addresses addresses = webAddresses(shownText(webBox));
+    nameBad(addresses, u"Δεν είναι διεύθυνση σελίδας:"_s);
+    if (addresses.good.size() == 1) return openAddress(mod_, this, webAddress(addresses.good.first()));
+    if (addresses.good.isEmpty()) return;
+    auto* menu = controls::named(new QMenu(this), u"mnuPages"_s);
+    menu->setAttribute(Qt::WA_DeleteOnClose);
+    for (const QString& each : addresses.good)
+        on(menu->addAction(QString(each).replace(u'&', u"&&"_s)), &QAction::triggered,
+           [this, each] { openAddress(mod_, this, webAddress(each)); });
+    const QWidget* box = view_->text(*cardField(u"Text7"_s, webBox));
+    menu->popup(box->mapToGlobal(QPoint(0, box->height())));
 }
 
 }  // namespace cards

@@ -70,9 +70,8 @@ bool frmAddress::gPrintKartela(const QString& Title) {
     card.surname = shownText(0);
     card.notes = shown(view_->control(u"Text7(17)"_s));
     try {
-        return core::printOut(mod_, this, {Title, [card](platform::Printer& printer, const core::PrintStep&) {
-                                               drawKartela(printer, card);
-                                           }});
+        const auto draw = [card](platform::Printer& printer, const core::PrintStep&) { drawKartela(printer, card); };
+        return core::printOut(mod_, this, {Title, draw, false, card.surname});
     } catch (const std::exception& error) {
         // Ends quietly: the answer says that nothing was printed.
         qWarning("gPrintKartela: %s", error.what());

@@ -3,9 +3,9 @@
 #include <QCheckBox>
 #include <QGridLayout>
 
-#include "controls/flow.h"
 #include "controls/boxes.h"
 #include "controls/fieldvalue.h"
+#include "controls/flow.h"
 #include "controls/layout.h"
 #include "controls/names.h"
 #include "core/columnsize.h"

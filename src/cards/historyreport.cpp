@@ -36,6 +36,7 @@ ReportLine pair(const QString& label, const QString& value, const QString& label
 
 core::Report historyReport(const core::OwnerDetails& owner, data::Recordset& card) {
     core::Report report{.title = u"Εκτύπωση Ιστορικού"_s, .head = core::ownerBand(owner, u"ΙΣΤΟΡΙΚΟ ΕΠΑΦΗΣ"_s)};
+    report.about = card[u"ΕΠΩΝΥΜΟ"].text();
     report.head.lines.append({pair(u"ΕΠΩΝΥΜΟ:"_s, card[u"ΕΠΩΝΥΜΟ"].text(), u"ΤΗΛΕΦΩΝΟ:"_s, card[u"ΤΗΛΕΦΩΝΟ1"].text()),
                               pair(u"ΟΝΟΜΑ:"_s, card[u"ΟΝΟΜΑ"].text(), u"ΚΙΝΗΤΟ:"_s, card[u"ΚΙΝΗΤΟ"].text())});
     report.pageHead = {.lines = {{head(dateColumn, u"ΗΜΕΡΟΜΗΝΙΑ"_s), head(reasonColumn, u"ΑΙΤΙΟΛΟΓΙΑ"_s),

@@ -1,5 +1,7 @@
 #include "cards/linkpath.h"
 
+#include <QRegularExpression>
+
 using namespace Qt::Literals::StringLiterals;
 
 namespace cards {
@@ -73,12 +75,35 @@ QUrl webAddress(const QString& typed) {
     return QUrl(hasWebScheme(text) ? text : u"http://"_s + text);
 }
 
-QUrl mailAddress(const QString& typed) {
+QUrl mailAddress(const QStringList& typed) {
+    QStringList all;
+    // As plain text: a question mark in one must not become a subject or an attachment.
+    for (const QString& each : typed) all << QString::fromUtf8(QUrl::toPercentEncoding(each, "@"));
     QUrl url;
     url.setScheme(u"mailto"_s);
-    // As plain text: a question mark in it must not become a subject or an attachment.
-    url.setPath(QString::fromUtf8(QUrl::toPercentEncoding(typed.trimmed(), "@")), QUrl::TolerantMode);
+    url.setPath(all.join(u','), QUrl::TolerantMode);
     return url;
+}
+
+Addresses mailAddresses(const QString& typed) {
+    static const QRegularExpression dividers(u"[\\s,;]+"_s), good(u"^[^@]+@[^@.]+(\\.[^@.]+)+$"_s);
+    Addresses found;
+    for (const QString& each : typed.split(dividers, Qt::SkipEmptyParts))
+        (good.match(each).hasMatch() ? found.good : found.bad) << each;
+    return found;
+}
+
+Addresses webAddresses(const QString& typed) {
+    // A comma may also stand inside of one.
+    static const QRegularExpression dividers(u"\\s+|[,;](?=\\s|$|\\w+://|[^/,;\\s]+\\.[^,;\\s]+)"_s);
+    Addresses found;
+    for (const QString& each : typed.split(dividers, Qt::SkipEmptyParts)) {
+        const QUrl url = webAddress(each);
+        const QString host = url.host();
+        const bool named = host.contains(u'.') && !host.startsWith(u'.') && !host.endsWith(u'.');
+        (url.isValid() && (named || host == u"localhost"_s) ? found.good : found.bad) << each;
+    }
+    return found;
 }
 
 }  // namespace cards

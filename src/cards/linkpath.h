@@ -27,6 +27,14 @@ LinkTarget readLink(const QString& stored, platform::PathStyle here = platform::
 
 // The address that a typed web address means: with its own scheme when it names one of the web's, else "http://".
 QUrl webAddress(const QString& typed);
-QUrl mailAddress(const QString& typed);
+// A message to all of them.
+QUrl mailAddress(const QStringList& typed);
+
+// What a box holds that may have several addresses, divided by blanks, commas or semicolons.
+struct Addresses {
+    QStringList good, bad;  // as typed
+};
+Addresses mailAddresses(const QString& typed);
+Addresses webAddresses(const QString& typed);
 
 }  // namespace cards

@@ -52,6 +52,12 @@ TextBox::TextBox(QWidget* parent) : QLineEdit(parent) {
     });
 }
 
+QSize TextBox::minimumSizeHint() const {
+    constexpr int frame = 16;  // with the padding
+    const int readable = fontMetrics().horizontalAdvance(QStringLiteral("00/00/0000")) + frame;
+    return QLineEdit::minimumSizeHint().expandedTo({readable, 0});
+}
+
 void TextBox::setHighlighting(bool on) {
     highlighting_ = on;
     detail::setHighlight(this, on && hasFocus());

@@ -18,6 +18,8 @@ public:
     explicit TextBox(QWidget* parent = nullptr);
     void setHighlighting(bool on);
     bool isHighlighting() const { return highlighting_; }
+    // A date, or a word, stays readable beside the longest caption.
+    QSize minimumSizeHint() const override;
 
 protected:
     void focusInEvent(QFocusEvent*) override;

@@ -1,5 +1,7 @@
 #include "controls/captions.h"
 
+#include "controls/names.h"
+
 #include <QHelpEvent>
 #include <QPainter>
 #include <QTextLayout>
@@ -51,6 +53,9 @@ void setTypedCaption(QLabel* label, const QString& caption) {
     label->setToolTip(shown.contains(u'…') ? plainTip(caption) : QString());
     // A label without a buddy takes the sign for itself.
     label->setText(label->buddy() ? shownAsTyped(shown) : shown);
+    QWidget* field = label->buddy();
+    if (field && field->parentWidget() && field->parentWidget() != label->parentWidget())
+        tieInside(field, QString(caption).replace(u'&', u"&&"_s));
 }
 
 void setTypedCaption(QAbstractButton* button, const QString& caption) {

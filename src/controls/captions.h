@@ -6,8 +6,9 @@
 
 namespace controls {
 
-void setTypedCaption(QLabel* label, const QString& caption);            // a long one wraps
-void setTypedCaption(QAbstractButton* button, const QString& caption);  // a long one ends in dots, its tool tip tells it
+void setTypedCaption(QLabel* label, const QString& caption);  // a long one wraps
+void setTypedCaption(QAbstractButton* button,
+                     const QString& caption);  // a long one ends in dots, its tool tip tells it
 
 // A text broken at blanks into lines of that width; what doesn't fit ends in dots.
 QStringList brokenLines(const QString& text, const QFont& font, int width, int most);

@@ -10,6 +10,7 @@
 #include <QVBoxLayout>
 
 #include "controls/datepair.h"
+#include "controls/pickeraccess.h"
 #include "controls/popup.h"
 #include "controls/theme.h"
 #include "controls/walk.h"
@@ -85,6 +86,7 @@ private:
 }  // namespace
 
 DatePicker::DatePicker(QWidget* parent) : QToolButton(parent), value_(QDate::currentDate()) {
+    detail::tellCalendars();
     setIcon(controls::icon(u"calendar"_s));
     setFocusPolicy(Qt::TabFocus);
     setAutoRaise(true);
@@ -134,6 +136,7 @@ void DatePicker::dropDown() {
     popup->adjustSize();
     popup->move(placeFor(this, popup->size()));
     detail::keepEscape(popup);
+    popup->setAccessibleName(accessibleName());
     popup->show();
     calendar->setFocus();
 }

@@ -100,6 +100,7 @@ QLabel* captionOf(const QString& caption, QWidget* field) {
 QLabel* addField(QFormLayout* form, const QString& caption, QWidget* field, QWidget* holder) {
     QLabel* label = captionOf(caption, field);
     form->addRow(label, holder ? holder : field);
+    if (holder && holder != field && holder->isAncestorOf(field)) tieInside(field, caption);
     return label;
 }
 

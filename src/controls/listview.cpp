@@ -25,7 +25,8 @@ public:
     QVariant data(const QModelIndex& index, int role) const override {
         const ListRow& row = rows[index.row()];
         if (role == Qt::DisplayRole) return row.cells.value(index.column());
-        if (role == Qt::ForegroundRole && row.colour.isValid()) return row.colour;
+        if (role == Qt::ForegroundRole && row.ink != ListInk::Usual)
+            return row.ink == ListInk::Danger ? theme().danger : theme().mutedText;
         if (role == Qt::TextAlignmentRole) return alignment(index.column());
         if (role == Qt::DecorationRole && index.column() == 0 && !row.icon.isNull()) return row.icon;
         return {};

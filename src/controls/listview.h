@@ -1,7 +1,6 @@
 // The report list of many windows: columns with headers, whole rows, a tag behind each row.
 #pragma once
 
-#include <QColor>
 #include <QIcon>
 #include <QTreeView>
 #include <QVariant>
@@ -21,10 +20,13 @@ struct ListColumn {
     bool stored = true;
 };
 
+// A colour of the theme that is in force when the row is drawn.
+enum class ListInk { Usual, Danger, Muted };
+
 struct ListRow {
     QStringList cells;
-    QVariant tag;     // what the row stands for; invalid for rows that stand for nothing (sums, blanks)
-    QColor colour;    // of its text; invalid for the theme's
+    QVariant tag;  // what the row stands for; invalid for rows that stand for nothing (sums, blanks)
+    ListInk ink = ListInk::Usual;
     QIcon icon = {};  // small, before the first cell
 };
 

@@ -3,6 +3,7 @@
 
 #include <QLabel>
 #include <QString>
+#include <QTabWidget>
 #include <QWidget>
 
 namespace controls {
@@ -23,5 +24,11 @@ W* named(W* widget, const QString& name) {
 // Ties a caption to its field: buddy, accessible name (the caption without colon, blanks and ampersands).
 void tie(QLabel* label, QWidget* field);
 void setAccessibleCaption(QWidget* field, const QString& caption);
+// The caption of a field that stands in a holder of its own, once more, hidden beside it: a screen reader looks for a
+// field's caption among its neighbours alone. May be called again when the caption has changed.
+void tieInside(QWidget* field, const QString& caption);
+
+// The tab in front is told as the selected one; the toolkit tells a screen reader of none.
+void tellSelectedTab(QTabWidget* tabs);
 
 }  // namespace controls

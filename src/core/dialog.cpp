@@ -1,7 +1,7 @@
 #include "core/dialog.h"
 
-#include <QPushButton>
 #include <QLayout>
+#include <QPushButton>
 #include <QScreen>
 
 #include "controls/pagearea.h"

@@ -81,8 +81,9 @@ void ListEditor::refresh(const QVariant& selected) {
     for (data::Recordset found(mod_.gConn, data::Sql(statement, data::Sql::name(table()))); !found.eof();
          found.moveNext()) {
         const bool red = hasCheck() && found[u"payable"].toBool();
-        rows.append(
-            {{found[u"Description"].text()}, found[u"Code"].value(), red ? controls::theme().danger : QColor()});
+        rows.append({{found[u"Description"].text()},
+                     found[u"Code"].value(),
+                     red ? controls::ListInk::Danger : controls::ListInk::Usual});
     }
     list_->setRows(std::move(rows));
     if (!list_->selectTag(selected)) list_->selectRow(0);

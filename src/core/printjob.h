@@ -22,6 +22,7 @@ struct PrintJob {
     // be its own.
     std::function<void(platform::Printer&, const PrintStep&)> draw;
     bool landscape = false;  // until the user turns the paper
+    QString about = {};      // the surname that it is about, for the name of a file
 };
 
 }  // namespace core

@@ -25,43 +25,46 @@ public:
         : printer_(printer), list_(list), left_(printMargin(printer)), top_(printer.currentY), y_(top_) {
         double sum = 0;
         for (const PrintColumn& column : list.columns) sum += column.width;
-        ratio_ = sum > 0 ? printer.scaleWidth() * 0.9 / sum : 0;
+        const double ratio = sum > 0 ? printer.scaleWidth() * 0.9 / sum : 0;
+        for (const PrintColumn& column : list.columns) widths_.append(column.width * ratio);
+        shareRoom();
         bottom_ = printer.scaleHeight() - 5 * rowHeight;
+        pages_ = countPages();
     }
 
     void heading() {
         printer_.font.bold = true;
         double x = left_;
-        for (const PrintColumn& column : list_.columns) {
-            const double right = rightOf(x, column);
+        for (int i = 0; i < list_.columns.size(); ++i) {
+            const double right = rightOf(x, i);
             button(x, right);
-            put(printer_.fitted(column.header, column.width * ratio_ - padding), x, column, 0);
+            put(printer_.fitted(list_.columns[i].header, widths_[i] - padding), x, i, 0);
             x = right;
         }
         printer_.font.bold = false;
     }
 
     void row(const controls::ListRow& row) {
-        if (y_ + rowHeight > bottom_ - 2 * rowHeight) {
+        if (isFull(y_)) {
             pageNumber();
             printer_.newPage();
+            continuation();
             printer_.currentY = y_ = top_;
         } else {
             y_ += rowHeight;
         }
         double x = left_;
         for (int i = 0; i < list_.columns.size(); ++i) {
-            const PrintColumn& column = list_.columns[i];
-            const double right = rightOf(x, column);
+            const double right = rightOf(x, i);
             double icon = 0;
             if (i == 0 && !row.icon.isNull()) {
                 icon = iconSize;
                 printer_.paintPicture(picture(row.icon), {x + pixel, y_ + pixel / 2, iconSize, iconSize});
             }
-            const double room = std::floor(column.width * ratio_) - padding - icon;
+            const double room = std::floor(widths_[i]) - padding - icon;
             const QString text = printer_.fitted(row.cells.value(i), room);
             printer_.box({QPointF(x, y_), QPointF(right, y_ + rowHeight)}, ruling);
-            put(text, x, column, icon);
+            put(text, x, i, icon);
             x = right;
         }
     }
@@ -72,7 +75,76 @@ public:
     }
 
 private:
-    double rightOf(double x, const PrintColumn& column) const { return std::floor(x + column.width * ratio_); }
+    double rightOf(double x, int column) const { return std::floor(x + widths_[column]); }
+    bool isFull(double y) const { return y + rowHeight > bottom_ - 2 * rowHeight; }
+
+    int countPages() const {
+        int pages = 1;
+        double y = top_;
+        for (qsizetype i = 0; i < list_.rows.size(); ++i) {
+            const bool full = isFull(y);
+            pages += full;
+            y = full ? top_ : y + rowHeight;
+        }
+        return pages;
+    }
+
+    // What the page goes on with, small, where the heading stands on the first one.
+    void continuation() {
+        const platform::PrintFont font = std::exchange(printer_.font, {u"Tahoma"_s, 8});
+        QString text = list_.title;
+        if (list_.card && !list_.card->surname.isEmpty()) text += u"  -  "_s + list_.card->surname;
+        const QString page = u"  -  σελίδα %1 από %2"_s.arg(page_ + 1).arg(pages_);
+        const double room = printer_.scaleWidth() - 2 * left_ - printer_.textWidth(page);
+        if (!list_.title.isEmpty() && printer_.textHeight() < top_)
+            printer_.printAt(left_, 0, printer_.fitted(text, room) + page);
+        printer_.font = font;
+    }
+
+    // The room that the texts of a column want. Only the longest are measured.
+    double wanted(int column) const {
+        constexpr int about = 2, enough = 100;  // letters, texts
+        qsizetype longest = 0;
+        for (const controls::ListRow& row : list_.rows) longest = std::max(longest, row.cells.value(column).size());
+        double widest = printer_.textWidth(list_.columns[column].header) * 1.15;  // it is bold
+        int measured = 0;
+        for (const controls::ListRow& row : list_.rows) {
+            const QString text = row.cells.value(column).left(500);
+            if (text.size() + about < longest || measured == enough) continue;
+            widest = std::max(widest, printer_.textWidth(text));
+            ++measured;
+        }
+        const bool icon = column == 0 && !list_.rows.isEmpty() && !list_.rows[0].icon.isNull();
+        return widest + 3 * padding + (icon ? iconSize : 0);
+    }
+
+    // A column whose texts would be cut gets what the texts of others leave free, figures before texts. A hidden one
+    // stays hidden.
+    void shareRoom() {
+        QVector<double> lacks;
+        double lacking = 0, free = 0;
+        for (int i = 0; i < widths_.size(); ++i) {
+            lacks.append(widths_[i] > 0 ? wanted(i) - widths_[i] : 0);
+            lacking += std::max(0.0, lacks[i]);
+            free += std::max(0.0, -lacks[i]);
+        }
+        if (lacking <= 0 || free <= 0) return;
+        const double given = std::min(free, lacking);
+        for (int i = 0; i < widths_.size(); ++i)
+            if (lacks[i] < 0) widths_[i] += lacks[i] / free * given;
+        double left = given;
+        for (const bool figures : {true, false}) {
+            double sum = 0;
+            for (int i = 0; i < widths_.size(); ++i)
+                if (lacks[i] > 0 && isFigures(i) == figures) sum += lacks[i];
+            const double share = sum > 0 ? std::min(1.0, left / sum) : 0;
+            for (int i = 0; i < widths_.size(); ++i)
+                if (lacks[i] > 0 && isFigures(i) == figures) widths_[i] += lacks[i] * share;
+            left -= sum * share;
+        }
+    }
+
+    bool isFigures(int column) const { return list_.columns[column].alignment & Qt::AlignRight; }
 
     // Four boxes, one within the other, look like a raised button.
     void button(double x, double right) {
@@ -83,13 +155,13 @@ private:
         printer_.fillBox({QPointF(x + pixel, y_ + pixel), QPointF(right - pixel, bottom - pixel)}, buttonFace);
     }
 
-    void put(const QString& text, double x, const PrintColumn& column, double icon) {
+    void put(const QString& text, double x, int column, double icon) {
         if (text.isEmpty()) return;
-        const double width = column.width * ratio_;
+        const double width = widths_[column];
         double place = x + icon + padding;
-        if (column.alignment & Qt::AlignRight)
+        if (isFigures(column))
             place = x + width - icon - printer_.textWidth(text) - padding;
-        else if (column.alignment & Qt::AlignHCenter)
+        else if (list_.columns[column].alignment & Qt::AlignHCenter)
             place = x + icon + (width - printer_.textWidth(text)) / 2;
         printer_.printAt(place, y_ + pixel + (rowHeight - printer_.textHeight()) / 2, text);
     }
@@ -103,8 +175,9 @@ private:
 
     platform::Printer& printer_;
     const PrintedList& list_;
-    double left_, top_, y_, bottom_, ratio_;
-    int page_ = 0;
+    double left_, top_, y_, bottom_;
+    QVector<double> widths_;
+    int page_ = 0, pages_ = 0;
     QHash<qint64, QImage> pictures_;
 };
 
@@ -139,9 +212,10 @@ PrintedList contents(MainMod& mod, const controls::ListView& list, const QString
 
 bool printList(MainMod& mod, QWidget* parent, const PrintedList& list) {
     try {
-        return printOut(mod, parent, {list.title, [list](platform::Printer& printer, const PrintStep& step) {
-                                          drawList(printer, list, step);
-                                      }});
+        return printOut(
+            mod, parent,
+            {list.title, [list](platform::Printer& printer, const PrintStep& step) { drawList(printer, list, step); },
+             false, list.card ? list.card->surname : QString()});
     } catch (const std::exception& error) {
         const auto* known = dynamic_cast<const data::Error*>(&error);
         constexpr int printerError = 482;  // the number that users know it by

@@ -51,15 +51,17 @@ PrintPreview::PrintPreview(MainMod& mod, QWidget* parent, const PrintJob& job)
       view_(named(new PageView, u"PageView"_s)),
       commands_(mod, this, commands()) {
     setWindowFlag(Qt::WindowMaximizeButtonHint);
-    auto* print = commands_.button(u"cmdPrint"_s);
-    print->setDefault(true);
-    controls::add(controls::dialogLayout(this), {targetRow(print), viewRow(), {view_, 1}});
+    auto *print = commands_.button(u"cmdPrint"_s), *pdf = commands_.button(u"cmdPdf"_s);
+    controls::add(controls::dialogLayout(this), {targetRow(print, pdf), viewRow(), {view_, 1}});
     listPrinters();
     view_->setDocument(document_);
     wire();
     showPage(0);
     resize((screen()->availableGeometry().size() * 0.85).boundedTo({1060, 900}));
-    print->setFocus();
+    // Without a printer Enter leads where something comes out.
+    QPushButton* usual = printers_->isEnabled() ? print : pdf;
+    usual->setDefault(true);
+    usual->setFocus();
 }
 
 QVector<Command> PrintPreview::commands() {
@@ -76,8 +78,7 @@ QVector<Command> PrintPreview::commands() {
             {u"cmdClose"_s, u"exit"_s, u"&Κλείσιμο"_s, {}, [this] { reject(); }}};
 }
 
-QLayout* PrintPreview::targetRow(QWidget* print) {
-    auto* pdf = commands_.button(u"cmdPdf"_s);
+QLayout* PrintPreview::targetRow(QWidget* print, QWidget* pdf) {
     pdf->setToolTip(u"Αποθήκευση σε αρχείο PDF"_s);
     pdf->setAccessibleName(pdf->toolTip());
     printers_ = choice(u"Printer"_s);
@@ -96,11 +97,11 @@ QLayout* PrintPreview::targetRow(QWidget* print) {
     for (const auto& [box, longest] : {std::pair(paper_, u"Letter"_s), std::pair(orientation_, u"Κατακόρυφα"_s)})
         box->setMaximumWidth(fontMetrics().horizontalAdvance(longest) + 56);
     using controls::row;
-    return controls::flow({row({print, pdf}), row({captionOf(u"Εκτυ&πωτής:"_s, printers_), {printers_, 1}}),
-                           row({captionOf(u"&Αντίτυπα:"_s, copies_), copies_}),
-                           row({captionOf(u"&Χαρτί:"_s, paper_), paper_}),
-                           row({captionOf(u"Προσα&νατολισμός:"_s, orientation_), orientation_})},
-                          12);
+    return controls::flow(
+        {row({print, pdf}), row({captionOf(u"Εκτυ&πωτής:"_s, printers_), {printers_, 1}}),
+         row({captionOf(u"&Αντίτυπα:"_s, copies_), copies_}), row({captionOf(u"&Χαρτί:"_s, paper_), paper_}),
+         row({captionOf(u"Προσα&νατολισμός:"_s, orientation_), orientation_})},
+        12);
 }
 
 QLayout* PrintPreview::viewRow() {
@@ -221,8 +222,8 @@ void PrintPreview::print() {
 }
 
 void PrintPreview::writePdf() {
-    const QString file =
-        mod_.services.prompts.saveFile(this, u"Αποθήκευση σε PDF"_s, fileNameOf(job_.title), u"Αρχεία PDF (*.pdf)"_s);
+    const QString file = mod_.services.prompts.saveFile(
+        this, u"Αποθήκευση σε PDF"_s, fileNameOf(job_.title + u' ' + job_.about), u"Αρχεία PDF (*.pdf)"_s);
     if (file.isEmpty()) return;
     deliver(u"Εγγραφή σε PDF: "_s + job_.title,
             [&](const platform::PageStep& step) { return mod_.services.printers.writePdf(*document_, file, step); });

@@ -13,7 +13,7 @@
 
 namespace core {
 
-// Enter prints, except on another button and in a box.
+// Enter prints, except on another button and in a box; where the system has no printer it writes a PDF file.
 class PrintPreview : public Dialog {
     Q_OBJECT
 public:
@@ -25,7 +25,7 @@ public:
 
 private:
     QVector<Command> commands();
-    QLayout* targetRow(QWidget* print);
+    QLayout* targetRow(QWidget* print, QWidget* pdf);
     QLayout* viewRow();
     void wire();
     void listPrinters();

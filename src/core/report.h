@@ -35,6 +35,7 @@ struct ReportBand {
 
 struct Report {
     QString title = {};  // of the preview, not printed
+    QString about = {};  // the surname that it is about, for the name of a file
     ReportBand head = {};
     ReportBand pageHead = {};   // on the first page below the report's
     ReportBand groupHead = {};  // again on each page that the group goes on

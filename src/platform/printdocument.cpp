@@ -5,6 +5,7 @@
 #include <optional>
 
 #include "platform/drawing.h"
+#include "platform/filefault.h"
 #include "platform/printerror.h"
 
 using namespace Qt::Literals::StringLiterals;
@@ -62,10 +63,10 @@ void PrintDocument::append(const QByteArray& drawing) {
     if (inMemory_ + page.size > memoryLimit_) {
         if (!file_) file_ = std::make_unique<QTemporaryFile>();
         if (!file_->isOpen() && !file_->open())
-            throw PrintError(u"Δεν δημιουργήθηκε προσωρινό αρχείο για τις σελίδες."_s);
+            throw PrintError(u"Δεν δημιουργήθηκε προσωρινό αρχείο για τις σελίδες: "_s + fileFault(*file_));
         page.offset = file_->size();
         if (!file_->seek(page.offset) || file_->write(page.packed) != page.size || !file_->flush())
-            throw PrintError(u"Δεν χωρούν άλλες σελίδες στον δίσκο."_s);
+            throw PrintError(u"Δεν χωρούν άλλες σελίδες στον δίσκο: "_s + fileFault(*file_));
         page.packed.clear();
     } else {
         inMemory_ += page.size;
@@ -78,7 +79,8 @@ QByteArray PrintDocument::drawing(int page) const {
     if (kept.offset < 0) return qUncompress(kept.packed);
     QByteArray packed;
     if (file_->seek(kept.offset)) packed = file_->read(kept.size);
-    if (packed.size() != kept.size) throw PrintError(u"Δεν διαβάζεται το προσωρινό αρχείο των σελίδων."_s);
+    if (packed.size() != kept.size)
+        throw PrintError(u"Δεν διαβάζεται το προσωρινό αρχείο των σελίδων: "_s + fileFault(*file_));
     return qUncompress(packed);
 }
 

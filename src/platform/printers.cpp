@@ -7,6 +7,8 @@
 #include <QPrinterInfo>
 #include <QSaveFile>
 
+#include "platform/filefault.h"
+
 using namespace Qt::Literals::StringLiterals;
 
 namespace platform {
@@ -81,10 +83,10 @@ bool SystemPrinters::print(const PrintDocument& document, const QString& printer
 
 bool SystemPrinters::writePdf(const PrintDocument& document, const QString& file, const PageStep& step) {
     const auto failure = [&file](const QString& why) {
-        return PrintError(u"Δεν γράφτηκε το αρχείο «%1». %2"_s.arg(file, why));
+        return PrintError(u"Δεν γράφτηκε το αρχείο «%1»: %2"_s.arg(file, why));
     };
     QSaveFile target(file);
-    if (!target.open(QIODevice::WriteOnly)) throw failure(u"Ελέγξτε ότι έχετε δικαίωμα εγγραφής στον φάκελο."_s);
+    if (!target.open(QIODevice::WriteOnly)) throw failure(fileFault(target));
     {
         QPdfWriter device(&target);
         device.setResolution(1440);
@@ -100,7 +102,7 @@ bool SystemPrinters::writePdf(const PrintDocument& document, const QString& file
         }
         painter.end();
     }
-    if (!target.commit()) throw failure(u"Ο δίσκος είναι γεμάτος ή δεν γράφεται."_s);
+    if (!target.commit()) throw failure(fileFault(target));
     return true;
 }
 

@@ -357,17 +357,30 @@ private slots:
 
     void mailAndWebOpenOutside() {
         Office office;
-        office.addCard("Α", "Β", {{"email", "a b?c@example.gr"}, {"URL", "example.gr"}});
+        office.addCard("Α", "Β", {{"email", "b?c@example.gr; x@y, z@example.gr"}, {"URL", "example.gr"}});
         office.addCard("Β", "Γ", {{"email", "a@b."}, {"URL", "x.y"}});
         CardDriver card(office.mod);
         card.click("Command5");
         card.click("Command6");
-        QCOMPARE(office.desk.shell.opened, QStringList({"mailto:a%20b%3Fc@example.gr", "http://example.gr"}));
+        QCOMPARE(office.desk.shell.opened, QStringList({"mailto:b%3Fc@example.gr,z@example.gr", "http://example.gr"}));
+        QVERIFY2(office.desk.prompts.lastText().endsWith("\nx@y"), qPrintable(office.desk.prompts.lastText()));
         office.desk.shell.missingPrograms = {"http://example.gr"};
         card.click("Command6");
-        QCOMPARE(office.desk.prompts.count(), 1);
+        QCOMPARE(office.desk.prompts.count(), 2);
         card.press(card::Next);
         QVERIFY(!card.isEnabled("Command5") && !card.isEnabled("Command6"));
+    }
+
+    void oneOfSeveralPagesIsChosen() {
+        Office office;
+        office.addCard("Α", "Β", {{"URL", "www.a.gr/1,2; b.gr/?x&c κάτι"}});
+        CardDriver card(office.mod);
+        card.click("Command6");
+        QVERIFY(office.desk.prompts.lastText().endsWith("\nκάτι") && office.desk.shell.opened.isEmpty());
+        auto* menu = card.find<QMenu>("mnuPages");
+        QCOMPARE(menu->actions().size(), 2);
+        menu->actions()[0]->trigger();
+        QCOMPARE(office.desk.shell.opened, QStringList{"http://www.a.gr/1,2"});
     }
 
     void appointmentsAreListedAndDeleted() {

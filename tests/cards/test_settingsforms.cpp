@@ -56,7 +56,7 @@ private slots:
         editor.check()->setChecked(true);
         editor.keyInBox(Qt::Key_Return);
         QCOMPARE(editor.rows(), QStringList({"ΕΠΑΦΕΣ", "Πελάτες O'Neil"}));
-        QVERIFY(editor.list()->row(1).colour.isValid());
+        QVERIFY(editor.list()->row(1).ink == controls::ListInk::Danger);
         QCOMPARE(changes, 1);
         // The next new one has nothing of it.
         editor.trigger("mnuNewCategory");
@@ -70,7 +70,7 @@ private slots:
         editor.check()->setChecked(false);
         editor.trigger("mnuSave");
         QCOMPARE(editor.rows(), QStringList({"ΕΠΑΦΕΣ", "Πελάτες"}));
-        QVERIFY(!editor.list()->row(1).colour.isValid());
+        QVERIFY(editor.list()->row(1).ink == controls::ListInk::Usual);
 
         editor.list()->selectRow(1);
         for (const bool yes : {false, true}) {

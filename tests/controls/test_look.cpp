@@ -1,5 +1,6 @@
 #include <QDialogButtonBox>
 #include "controls/boxes.h"
+#include "controls/listview.h"
 #include "controls/theme.h"
 #include "support/cases.h"
 #include "support/contrast.h"
@@ -10,8 +11,8 @@ using support::contrast;
 namespace {
 
 // The two colours that cover most and differ most on the picture: the ground and the letters on it.
-double contrastSeen(QWidget* widget) {
-    const QImage image = widget->grab().toImage();
+double contrastSeen(QWidget* widget, const QRect& part = {}) {
+    const QImage image = widget->grab(part.isNull() ? widget->rect() : part).toImage();
     QHash<QRgb, int> counts;
     const QRect inside = image.rect().adjusted(4, 4, -4, -4);
     for (int y = inside.top(); y <= inside.bottom(); ++y)
@@ -24,10 +25,11 @@ double contrastSeen(QWidget* widget) {
     return best;
 }
 
-const QStringList symbols{"prev",    "next",   "search",   "add",       "edit",         "delete",   "save",
-                          "cancel",  "exit",   "print",    "photo-add", "photo-remove", "phone",    "mobile",
-                          "mail",    "web",    "category", "calendar",  "user",         "lock",     "info",
-                          "warning", "logoff", "settings", "notes",     "card",         "dorvalist"};
+const QStringList symbols{"prev",    "next",    "search",   "add",       "edit",         "delete",  "save",
+                          "cancel",  "exit",    "print",    "photo-add", "photo-remove", "phone",   "mobile",
+                          "mail",    "web",     "category", "calendar",  "user",         "lock",    "info",
+                          "warning", "logoff",  "settings", "notes",     "card",         "list",    "fields",
+                          "columns", "journal", "movement", "link",      "office",       "restore", "dorvalist"};
 
 }  // namespace
 
@@ -89,6 +91,39 @@ private slots:
                 widget->resize(140, 40);
                 QVERIFY2(contrastSeen(widget) >= 4.5, widget->metaObject()->className());
             }
+        });
+    }
+
+    // Of a list that was filled under another theme.
+    void rowsOfListsStayReadable() {
+        applyTheme(*qApp, ThemeKind::Light);
+        ListView list;
+        list.setColumns({{"Α", "Στήλη"}});
+        list.setRows({{{"ΗΗΗΗΗΗΗ"}, 0}, {{"ΗΗΗΗΗΗΗ"}, 1, ListInk::Danger}, {{"ΗΗΗΗΗΗΗ"}, 2, ListInk::Muted}});
+        list.resize(200, 200);
+        list.show();
+        inThemes([&list] {
+            for (int selected = -1; selected < list.count(); ++selected) {
+                selected < 0 ? list.clearSelection() : list.selectRow(selected);
+                for (int row = 0; row < list.count(); ++row) {
+                    const QRect place = list.visualRect(list.model()->index(row, 0));
+                    const double seen = contrastSeen(list.viewport(), place);
+                    QVERIFY2(seen >= 4.5,
+                             qPrintable(QString("row %1, %2 selected: %3").arg(row).arg(selected).arg(seen)));
+                }
+            }
+        });
+    }
+
+    void linksAreReadable() {
+        inThemes([] {
+            const QColor link = QApplication::palette().color(QPalette::Link);
+            for (const QColor& ground : {theme().window, theme().base, theme().alternateBase})
+                QVERIFY2(contrast(link, ground) >= 4.5, qPrintable(link.name() + " on " + ground.name()));
+            QLabel hint("ΗΗΗΗΗΗΗ");
+            hint.setProperty("role", "accent");
+            hint.resize(140, 40);
+            QVERIFY(contrastSeen(&hint) >= 4.5);
         });
     }
 

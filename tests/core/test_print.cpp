@@ -159,6 +159,29 @@ private slots:
         QCOMPARE(row, 1000);
     }
 
+    void furtherPagesNameWhatTheyGoOnWith() {
+        PrintedList list = printedList(200);
+        list.card = core::PrintedCard{"Σκίννερ", "Άννα", "2310", "6970"};
+        const PrintedPdf pdf = pdfOf(list);
+        const QString line = "Τίτλος - Σκίννερ - σελίδα %1 από %2";
+        QVERIFY(pdf.pageCount() > 2);
+        QVERIFY(!pdf.text(0).contains("από"));
+        for (int page = 1; page < pdf.pageCount(); ++page)
+            QVERIFY2(pdf.text(page).contains(line.arg(page + 1).arg(pdf.pageCount())), qPrintable(pdf.text(page)));
+    }
+
+    // What other columns leave free goes to the one whose text would be cut.
+    void aLongReasonGetsTheRoomOfNarrowColumns() {
+        PrintedList list = printedList(1);
+        const QString reason = QString("Αγορά ειδών γραφείου με δόσεις ").repeated(3).trimmed();
+        list.rows[0].cells[1] = reason;
+        list.columns[0].width = list.columns[2].width = 4000;
+        list.columns[1].width = 2000;
+        const PrintedPdf pdf = pdfOf(list);
+        QVERIFY2(pdf.text(0).contains(reason), qPrintable(pdf.text(0)));
+        QCOMPARE(pdf.outside(), QStringList());
+    }
+
     void figuresEndAtTheSameEdge() {
         PrintedList list = printedList(120);
         list.columns[1].alignment = Qt::AlignHCenter;

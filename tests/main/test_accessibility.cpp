@@ -60,6 +60,50 @@ private slots:
         });
     }
 
+    // What a label beside or before a box says, the box says of itself.
+    void boxesKnowTheirCaptions() {
+        Site site;
+        for (const char* entry : {"mnuCards", "MnuΗμερολόγιο"}) {
+            site.window.menu(entry)->trigger();
+            const QString form = QString(entry) == "mnuCards" ? "frmAddress" : "frmHmerologio";
+            for (QWidget* box : site.window.windows().find(form)->findChildren<QWidget*>()) {
+                const bool isBox = box->inherits("controls::DateBox") || box->objectName() == "Combo1";
+                if (!isBox || box->accessibleName().startsWith("Πεδίο")) continue;
+                const auto relations = QAccessible::queryAccessibleInterface(box)->relations(QAccessible::Label);
+                QVERIFY2(!relations.isEmpty(), qPrintable(form + ' ' + box->objectName()));
+                QString caption = relations[0].first->text(QAccessible::Name).remove(':').trimmed();
+                QCOMPARE(caption, box->accessibleName());
+            }
+        }
+    }
+
+    void theOpenCalendarIsInTheTree() {
+        Site site;
+        site.window.menu("MnuΗμερολόγιο")->trigger();
+        auto* picker = site.window.findChild<controls::DatePicker*>("DTPcustDate(0)");
+        QAccessibleInterface* spoken = QAccessible::queryAccessibleInterface(picker);
+        QCOMPARE(spoken->childCount(), 0);
+        spoken->actionInterface()->doAction(QAccessibleActionInterface::pressAction());
+        QCOMPARE(spoken->childCount(), 1);
+        QVERIFY(spoken->state().expanded);
+        QAccessibleInterface* calendar = spoken->child(0);
+        QCOMPARE(calendar->object()->objectName(), "calendarPopup");
+        QVERIFY(calendar->childCount() > 0);
+        QCOMPARE(calendar->parent()->object(), picker);
+    }
+
+    void theSelectedTabIsTold() {
+        Site site;
+        site.window.menu("mnuCards")->trigger();
+        auto* tabs = site.window.findChild<QTabWidget*>("TabStrip1");
+        QAccessibleInterface* bar = QAccessible::queryAccessibleInterface(tabs->findChild<QTabBar*>());
+        for (const int front : {2, 0, 4}) {
+            tabs->setCurrentIndex(front);
+            for (int i = 0; i < tabs->count(); ++i)
+                QCOMPARE(bar->child(i)->text(QAccessible::Name).endsWith("επιλεγμένη καρτέλα"), i == front);
+        }
+    }
+
     void windowsOpenWithTheFocusOnTheirFirstControl() {
         Site site;
         for (const auto& [entry, form, control] :

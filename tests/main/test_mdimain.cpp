@@ -1,11 +1,14 @@
 #include <QMdiArea>
+#include <QMenuBar>
 #include <QSignalSpy>
 
+#include "controls/theme.h"
 #include "core/printsettings.h"
 #include "main/mdimain.h"
 #include "support/cases.h"
 #include "support/driver.h"
 #include "support/office.h"
+#include "support/windowwalk.h"
 
 using entry::MDIMain;
 
@@ -36,6 +39,8 @@ QStringList visible(const MDIMain& window) {
 class TestMDIMain : public QObject {
     Q_OBJECT
 private slots:
+    void initTestCase() { controls::applyTheme(*qApp, controls::ThemeKind::Light); }
+
     void captionAndStatusBar() {
         Site site;
         const auto window = site.open();
@@ -43,6 +48,29 @@ private slots:
         QCOMPARE(window->statusPanel(1)->text(), "05/11/2026");
         QCOMPARE(window->statusPanel(2)->text(), "10:30");
         QCOMPARE(window->statusPanel(5)->text(), "Χρήστης: Admin");
+    }
+
+    void theWayOutStandsAtTheRightEnd() {
+        Site site;
+        const auto window = site.open();
+        QApplication::processEvents();
+        const auto place = [&](const char* name) { return window->menuBar()->actionGeometry(window->menu(name)); };
+        QVERIFY(place("mnuExit").right() > window->menuBar()->width() - 40);
+        QVERIFY(place("mnuLogOff").right() + 100 < place("mnuExit").left());
+    }
+
+    void everyWindowHasAnIconOfItsOwn() {
+        Site site;
+        support::WindowWalk walk(site.mod);
+        QHash<QByteArray, QString> known;
+        walk.each([&known](const QString& name, QWidget& window) {
+            const QImage image = window.windowIcon().pixmap(32).toImage();
+            const QByteArray bytes(reinterpret_cast<const char*>(image.constBits()), image.sizeInBytes());
+            // The logon stands for the program itself.
+            if (name != "frmLogon" && known.contains(bytes))
+                QTest::qFail(qPrintable(name + " has the icon of " + known[bytes]), __FILE__, __LINE__);
+            known.insert(bytes, name);
+        });
     }
 
     void thePreviewComesBackFromTheMenu() {
