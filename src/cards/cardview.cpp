@@ -1,5 +1,6 @@
 #include "cards/cardview.h"
 
+#include "controls/captions.h"
 #include "controls/choicebox.h"
 #include "controls/names.h"
 #include "controls/pagearea.h"
@@ -135,17 +136,14 @@ void CardView::addRow(QFormLayout* form, const CardField& field) {
 }
 
 QWidget* CardView::header() {
-    surname_ = named(new QLabel, arrayName(u"Label1"_s, 0));
-    firstName_ = named(new QLabel, arrayName(u"Label1"_s, 1));
-    telephone_ = named(new QLabel, arrayName(u"Label1"_s, 2));
+    // A name of any length must not push the window wider than the screen.
+    surname_ = named(new controls::ElidedLabel, arrayName(u"Label1"_s, 0));
+    firstName_ = named(new controls::ElidedLabel, arrayName(u"Label1"_s, 1));
+    telephone_ = named(new controls::ElidedLabel, arrayName(u"Label1"_s, 2));
     counter_ = named(new QLabel, u"Label4"_s);
     saveHint_ = named(new QLabel(u"[F5] Επικύρωση"_s), u"Label31"_s);
-    for (QLabel* label : {surname_, firstName_, telephone_}) {
-        label->setTextFormat(Qt::PlainText);
+    for (QLabel* label : {surname_, firstName_, telephone_})
         label->setFont(controls::font(u"Tahoma"_s, 14, label == surname_));
-        // A name of any length must not push the window wider than the screen.
-        label->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
-    }
     saveHint_->setProperty("role", u"accent"_s);
     counter_->setProperty("role", u"muted"_s);
     return controls::rowWidget({{surname_, 3}, {firstName_, 3}, {telephone_, 2}, saveHint_, counter_}, 10);
@@ -193,8 +191,7 @@ QWidget* CardView::notesTab(core::Commands& commands) {
 }
 
 QWidget* CardView::textsTab() {
-    textHeader_ = named(new QLabel, u"lblMemeHeader"_s);
-    textHeader_->setTextFormat(Qt::PlainText);
+    textHeader_ = named(new controls::ElidedLabel, u"lblMemeHeader"_s);
     textHeader_->setFont(controls::font(u"Tahoma"_s, 11, true));
     auto* buttons = controls::column({});
     texts_ = new QStackedWidget;
@@ -235,14 +232,20 @@ void CardView::dress(const CardField& field, const QString& caption, bool visibl
     const QString spoken = u"%1 %2"_s.arg(text ? u"Κειμενο"_s : u"Πεδίο"_s).arg(field.index + 1);
     widget->setAccessibleName(caption.isEmpty() ? spoken : caption);
     if (text) textButtons_[field.index]->setAccessibleName(widget->accessibleName());
-    if (QLabel* label = captions_.value(field.controlName())) label->setText(caption);
-    if (auto* box = qobject_cast<QCheckBox*>(widget)) box->setText(QString(caption).replace(u'&', u"&&"_s));
+    typed_.insert(field.controlName(), caption);
+    if (QLabel* label = captions_.value(field.controlName())) controls::setTypedCaption(label, caption);
+    if (auto* box = qobject_cast<QCheckBox*>(widget)) controls::setTypedCaption(box, caption);
     if (field.kind == CardKind::LongText) {
-        textButtons_[field.index]->setText(QString(caption).replace(u'&', u"&&"_s));
+        controls::setTypedCaption(textButtons_[field.index], caption);
         return;
     }
     if (QFormLayout* form = forms_.value(field.controlName()))
         form->setRowVisible(holders_.value(field.controlName()), visible);
+}
+
+QString CardView::captionText(const CardField& field) const {
+    const QString name = field.controlName();
+    return typed_.value(name, captions_.value(name)->text());
 }
 
 bool CardView::isOffered(const CardField& field) const {
@@ -272,7 +275,8 @@ bool CardView::isShowing(CardTab tab) const {
 void CardView::showText(int index) {
     texts_->setCurrentIndex(index);
     textButtons_[index]->setChecked(true);
-    textHeader_->setText(u" "_s + textButtons_[index]->text().replace(u"&&"_s, u"&"_s));
+    const QString button = textButtons_[index]->text();
+    textHeader_->setText(u" "_s + typed_.value(arrayName(u"txtMemo"_s, index), button));
 }
 
 }  // namespace cards

@@ -45,7 +45,7 @@ public:
     // Caption and visibility of a parametric field; hidden ones keep their values.
     void dress(const CardField& field, const QString& caption, bool visible);
     bool isOffered(const CardField& field) const;  // not hidden by the office
-    QString captionText(const CardField& field) const { return captions_.value(field.controlName())->text(); }
+    QString captionText(const CardField& field) const;  // as the office typed it
     void showSpecialHint();  // says so when the office has switched no parametric field on
 
     void selectTab(CardTab tab);
@@ -80,6 +80,7 @@ private:
     Widgets beside_;   // the button that belongs to a field
     Widgets holders_;  // what stands in the row of a form: the field, alone or with what is beside it
     QHash<QString, QLabel*> captions_;
+    QHash<QString, QString> typed_;  // captions of parametric fields
     QHash<QString, QFormLayout*> forms_;
     QVector<QPushButton*> textButtons_;
     QHash<CardTab, QWidget*> pages_;

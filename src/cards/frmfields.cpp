@@ -3,6 +3,7 @@
 #include <QCheckBox>
 #include <QGridLayout>
 
+#include "controls/flow.h"
 #include "controls/boxes.h"
 #include "controls/fieldvalue.h"
 #include "controls/layout.h"
@@ -40,14 +41,14 @@ FieldsEditor::FieldsEditor(core::MainMod& mod, const QString& name, const QStrin
                            const QVector<FieldGroup>& groups, int columns, const QString& symbol)
     : Form(mod, name, caption, {u"Fields"_s, 1000, 0}, symbol), commands_(mod, this, commands()) {
     guardUnsaved(u"Οι αλλαγές των πεδίων δεν επικυρώθηκαν."_s, [this] { confirm(); });
-    auto* stacks = controls::row({}, 10);
+    auto* stacks = new controls::FlowLayout(10);
     // Two groups to a column keeps the columns of the card's fields about equally long.
     const int height = int(groups.size()) / columns;
     for (int first = 0; first < groups.size(); first += height) {
         auto* stack = new QVBoxLayout;
         for (const FieldGroup& group : groups.mid(first, height)) stack->addWidget(buildGroup(group));
         stack->addStretch(1);
-        stacks->addLayout(stack, 1);
+        stacks->addNested(stack);
     }
     controls::add(
         controls::pageLayout(this),
@@ -65,6 +66,7 @@ QVector<core::Command> FieldsEditor::commands() {
 
 QGroupBox* FieldsEditor::buildGroup(const FieldGroup& group) {
     auto* box = new QGroupBox(group.frame);
+    box->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Preferred);
     auto* grid = new QGridLayout(box);
     grid->setContentsMargins(12, 8, 12, 10);
     grid->setVerticalSpacing(4);

@@ -2,6 +2,7 @@
 
 #include "cards/cardbinding.h"
 #include "cards/ledger.h"
+#include "controls/captions.h"
 #include "controls/names.h"
 #include "core/columnsize.h"
 #include "core/customfields.h"
@@ -159,7 +160,7 @@ void frmHistory::dress() {
     if (custom.isEmpty()) return;
     for (int i = 1; i < Text7.size(); ++i) {
         const QString caption = custom.caption(lines[i].caption);
-        Label1[i]->setText(caption);
+        controls::setTypedCaption(Label1[i], caption);
         controls::setAccessibleCaption(Text7[i], caption.isEmpty() ? u"Πεδίο %1"_s.arg(i) : caption);
         form_->setRowVisible(Text7[i], custom.isShown(lines[i].flag));
     }

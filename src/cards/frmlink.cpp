@@ -4,6 +4,7 @@
 #include <QFileInfo>
 
 #include "cards/cardbinding.h"
+#include "cards/linkfolders.h"
 #include "cards/linkopen.h"
 #include "controls/layout.h"
 #include "controls/names.h"
@@ -26,7 +27,7 @@ frmLink::frmLink(core::MainMod& mod, QWidget* parent, std::function<void()> save
                   u"card"_s,
                   u"Άνοιγμα Αρχείου"_s,
                   {},
-                  [this] { openLink(mod_, this, path_); },
+                  [this] { openLink(mod_, this, path_, [this] { chooseFile(); }); },
                   [this] { return !path_.isEmpty(); }},
                  {u"Command2"_s, u"save"_s, u"Αποθήκευση Σύνδεσης"_s, {}, [this] { save(); }},
                  {u"Command3"_s, u"exit"_s, u"Έξοδος"_s, {}, [this] { reject(); }}}) {
@@ -34,7 +35,7 @@ frmLink::frmLink(core::MainMod& mod, QWidget* parent, std::function<void()> save
     Text1->setHighlighting(true);
     core::limitToColumn(Text1, u"Links"_s, u"ΠΕΡΙΓΡΑΦΗ"_s);
     File1 = named(new controls::TextBox, u"File1"_s);
-    File1->setReadOnly(true);
+    File1->setHighlighting(true);
     choose_ = commands_.button(u"cmdChoose"_s);
     note_ = new QLabel;
     note_->setProperty("role", u"muted"_s);
@@ -42,12 +43,13 @@ frmLink::frmLink(core::MainMod& mod, QWidget* parent, std::function<void()> save
     note_->setWordWrap(true);
     auto* form = controls::formLayout();
     named(controls::addField(form, u" Περιγραφή"_s, Text1), u"Label1"_s);
-    controls::addField(form, u" Αρχείο"_s, File1, controls::rowWidget({{File1, 1}, choose_}));
+    controls::addField(form, u" Αρχείο ή διεύθυνση"_s, File1, controls::rowWidget({{File1, 1}, choose_}));
     form->addRow(QString(), note_);
     auto* row = controls::row({commands_.button(u"Command1"_s), Item::rest()});
     commands_.addButtons(row, {u"Command2"_s, u"Command3"_s});
     controls::add(controls::dialogLayout(this), {form, Item::rest(), row});
     resize(680, 220);
+    connect(File1, &QLineEdit::textChanged, this, &frmLink::takePath);
     fields_.watch(Text1);
     fields_.watch(File1);
     guardUnsaved(u"Η σύνδεση έχει αλλαγές που δεν αποθηκεύτηκαν."_s, [this] { save(); });
@@ -72,27 +74,33 @@ bool frmLink::readLinkRow() {
     Text1->setText(mRsLink[u"ΠΕΡΙΓΡΑΦΗ"].text());
     CodeCards = mRsLink[u"codecards"].text();
     const QString stored = mRsLink[u"ΣΥΝΔΕΣΗ"].text();
-    // A share that is reached by address can't be looked into from here; it may well be there.
-    const LinkTarget target = readLink(stored);
-    // One of another kind of computer can be pointed elsewhere.
-    const bool elsewhere = target.place == LinkTarget::Network || target.place == LinkTarget::Foreign;
-    if (!elsewhere && !mod_.services.shell.exists(target.path)) {
-        tell(u"Δεν υπάρχει πλέον το αρχείο!"_s);
-        return false;
-    }
     showPath(stored);
+    if (isMissing() && !KnownMissing) tell(u"Δεν υπάρχει πλέον το αρχείο!"_s);
     return true;
 }
 
+// A share that is reached by address, and a place of another computer, can't be looked into from here; the file may
+// well be there.
+bool frmLink::isMissing() const {
+    const LinkTarget target = findLink(path_, linkFolders(mod_.services.settings));
+    return target.place == LinkTarget::Nowhere ||
+           (target.place == LinkTarget::Here && !mod_.services.shell.exists(target.path));
+}
+
 void frmLink::showPath(const QString& path) {
-    path_ = path;
     File1->setText(path);
     File1->setCursorPosition(0);
-    File1->setToolTip(path);
+    takePath(path);
+}
+
+void frmLink::takePath(const QString& path) {
+    path_ = path.trimmed().isEmpty() ? QString() : path;
+    File1->setToolTip(path_.toHtmlEscaped());
     commands_.refresh();
-    const QFileInfo file(path);
-    note_->setText(path.isEmpty() ? u"Δεν έχει επιλεγεί αρχείο."_s
-                   : file.exists()
+    const QFileInfo file(findLink(path_, linkFolders(mod_.services.settings)).path);
+    note_->setText(path_.isEmpty() ? u"Δεν έχει επιλεγεί αρχείο ή διεύθυνση."_s
+                   : isMissing() ? u"Το αρχείο δεν υπάρχει. Επιλέξτε το ξανά, αν έχει μεταφερθεί."_s
+                   : file.isAbsolute() && file.exists()
                        ? u"«%1», στον φάκελο %2"_s.arg(file.fileName(), QDir::toNativeSeparators(file.absolutePath()))
                        : QString());
 }
@@ -109,8 +117,15 @@ bool frmLink::isComplete() {
         Text1->setFocus(Qt::OtherFocusReason);
         return false;
     }
-    if (path_.isEmpty()) complain(u"Δεν έχετε επιλέξει αρχείο για τη σύνδεση !"_s, choose_);
-    return !path_.isEmpty();
+    if (path_.isEmpty()) {
+        complain(u"Δεν έχετε επιλέξει αρχείο για τη σύνδεση !"_s, choose_);
+        return false;
+    }
+    const bool named = !fields_.isChanged(File1) || readLink(path_).place != LinkTarget::Nowhere;
+    if (!named)
+        complain(u"Γράψτε ολόκληρη τη διαδρομή του αρχείου, ή μια διεύθυνση που αρχίζει με «http://» ή «www.»."_s,
+                 File1);
+    return named;
 }
 
 void frmLink::save() {

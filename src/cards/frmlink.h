@@ -1,4 +1,4 @@
-// One link of a card: a file, named by a description.
+// One link of a card: a file or an address of the web, named by a description.
 #pragma once
 
 #include <QLabel>
@@ -18,20 +18,24 @@ public:
     frmLink(core::MainMod& mod, QWidget* parent, std::function<void()> saved);
 
     bool EditMode = false;
-    qint64 LinkId = 0;  // the link to change
-    QString CodeCards;  // the card of a new one
+    qint64 LinkId = 0;          // the link to change
+    QString CodeCards;          // the card of a new one
+    bool KnownMissing = false;  // its user comes to choose the file anew
 
     // Before the window is shown, once the members above are set. False when there is nothing to show: the link
-    // or its file is gone, and the user was told.
+    // is gone, and the user was told.
     bool load();
+
+    void chooseFile();
 
     // The list behind is older than the table: somebody else changed or deleted the link.
     bool metChange() const { return metChange_; }
 
 private:
     bool readLinkRow();
-    void chooseFile();
+    bool isMissing() const;
     void showPath(const QString& path);
+    void takePath(const QString& path);
     bool isComplete();
     void save();
     void writeLink();

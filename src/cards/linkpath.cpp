@@ -31,6 +31,15 @@ QString withoutDoubledSlashes(QString path) {
     return path;
 }
 
+bool hasWebScheme(const QString& text) {
+    const QString scheme = text.section(u"://"_s, 0, 0).toLower();
+    return text.contains(u"://"_s) && QStringList{u"http"_s, u"https"_s, u"ftp"_s}.contains(scheme);
+}
+
+bool isWebAddress(const QString& text) {
+    return hasWebScheme(text) || text.startsWith(u"www."_s, Qt::CaseInsensitive);
+}
+
 LinkTarget network(const QString& share) {
     LinkTarget target{LinkTarget::Network, share, QUrl()};
     const QString path = withSlash(share, u'/').mid(2);
@@ -46,6 +55,7 @@ LinkTarget network(const QString& share) {
 LinkTarget readLink(const QString& stored, PathStyle here) {
     const QString path = stored.trimmed();
     if (path.isEmpty() || path.contains(QChar(0))) return {};
+    if (isWebAddress(path)) return {LinkTarget::Web, path, webAddress(path)};
     const bool drive = isDrivePath(path), share = isShare(path);
     if (here == PathStyle::Windows) {
         if (drive || share) return {LinkTarget::Here, withoutDoubledSlashes(withSlash(path, u'\\')), QUrl()};
@@ -60,9 +70,7 @@ LinkTarget readLink(const QString& stored, PathStyle here) {
 
 QUrl webAddress(const QString& typed) {
     const QString text = typed.trimmed();
-    const QString scheme = text.section(u"://"_s, 0, 0).toLower();
-    const bool ofTheWeb = text.contains(u"://"_s) && QStringList{u"http"_s, u"https"_s, u"ftp"_s}.contains(scheme);
-    return QUrl(ofTheWeb ? text : u"http://"_s + text);
+    return QUrl(hasWebScheme(text) ? text : u"http://"_s + text);
 }
 
 QUrl mailAddress(const QString& typed) {

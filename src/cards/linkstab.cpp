@@ -1,5 +1,7 @@
 #include "cards/linkstab.h"
 
+#include <QTimer>
+
 #include "cards/frmlink.h"
 #include "cards/linkopen.h"
 #include "controls/layout.h"
@@ -36,8 +38,14 @@ LinksTab::LinksTab(core::MainMod& mod)
     commands_.addButtons(buttons);
     buttons->addStretch(1);
     controls::add(controls::tabLayout(this), {{ListView2, 1}, buttons});
-    on(ListView2, &controls::ListView::rowActivated,
-       [this](int row) { openLink(mod_, this, ListView2->row(row).cells.value(1)); });
+    on(ListView2, &controls::ListView::rowActivated, [this](int row) { openRow(row); });
+}
+
+void LinksTab::openRow(int row) {
+    const qint64 link = ListView2->row(row).tag.toLongLong();
+    std::function<void()> chooseAnew;
+    if (!mod_.onlyReads()) chooseAnew = [this, link] { showForm(link, true); };
+    openLink(mod_, this, ListView2->row(row).cells.value(1), chooseAnew);
 }
 
 void LinksTab::fill(const QString& code) {
@@ -58,13 +66,16 @@ void LinksTab::clear() {
     commands_.refresh();
 }
 
-void LinksTab::showForm(std::optional<qint64> link) {
+void LinksTab::showForm(std::optional<qint64> link, bool chooseAnew) {
     frmLink form(mod_, this, [this] { emit written(); });
     form.EditMode = link.has_value();
     form.LinkId = link.value_or(0);
     form.CodeCards = code_;
+    form.KnownMissing = chooseAnew;
     if (!form.load()) return fill(QString(code_));
     core::placeOver(form, this, {450, 2450});
+    // Over the window once it is shown.
+    if (chooseAnew) QTimer::singleShot(0, &form, [&form] { form.chooseFile(); });
     form.exec();
     if (form.metChange() && form.result() != QDialog::Accepted)
         core::attempt(mod_, this, [this] { fill(QString(code_)); });

@@ -21,9 +21,10 @@ signals:
     void written();  // a link was saved: the card is to be shown again
 
 private:
+    void openRow(int row);
     void editLink();
     void deleteLink();
-    void showForm(std::optional<qint64> link);
+    void showForm(std::optional<qint64> link, bool chooseAnew = false);
 
     QString code_;  // empty when no card is on show
     core::StoredList* ListView2;

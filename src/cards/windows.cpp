@@ -7,6 +7,7 @@
 #include "cards/frmhistory.h"
 #include "cards/frmhmerologio.h"
 #include "cards/frmlink.h"
+#include "cards/frmlinkfolders.h"
 
 using namespace Qt::Literals::StringLiterals;
 
@@ -37,6 +38,8 @@ void addDialogs(core::Windows& windows, core::MainMod& mod) {
         link->load();
         return link;
     });
+    windows.addDialog(u"frmLinkFolders"_s,
+                      [&mod](QWidget* parent) { return std::make_unique<frmLinkFolders>(mod, parent); });
 }
 
 frmAddress* card(core::Windows& windows) {

@@ -21,7 +21,8 @@ FlowLayout::FlowLayout(int spacing) {
 }
 
 FlowLayout::~FlowLayout() {
-    qDeleteAll(items_);
+    // One by one: the layout looks through its items when a nested one goes.
+    while (!items_.isEmpty()) delete items_.takeFirst();
 }
 
 void FlowLayout::addNested(QLayout* layout) {
@@ -30,17 +31,17 @@ void FlowLayout::addNested(QLayout* layout) {
 }
 
 QSize FlowLayout::minimumSize() const {
-    QSize size;
+    QSize size(0, 0);
     for (const QLayoutItem* item : items_)
         if (!item->isEmpty()) size = size.expandedTo(item->minimumSize());
     return size;
 }
 
 QSize FlowLayout::sizeHint() const {
-    QSize size;
+    QSize size(0, 0);
     for (QLayoutItem* item : items_)
         if (!item->isEmpty() || item->spacerItem())
-            size = {size.width() + item->sizeHint().width() + spacing(),
+            size = {size.width() + std::max(needed(item), item->sizeHint().width()) + spacing(),
                     std::max(size.height(), item->sizeHint().height())};
     return size - QSize(spacing(), 0);
 }

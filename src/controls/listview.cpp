@@ -8,6 +8,7 @@
 #include <QScopedValueRollback>
 #include <QToolTip>
 
+#include "controls/captions.h"
 #include "controls/theme.h"
 
 using namespace Qt::Literals::StringLiterals;
@@ -147,16 +148,27 @@ int ListView::leastSpare(int column) const {
     return columns()[column].kept ? own : std::max(std::min(own, readable), header()->sectionSizeHint(column));
 }
 
-// Only the longest text of a column is measured: a list may have any number of rows.
+// Only the longest texts are measured: a list may have any number of rows.
+int ListView::widestText(int column) const {
+    constexpr int about = 2, enough = 100;  // letters, texts
+    qsizetype longest = 0;
+    for (const ListRow& row : rows_->rows) longest = std::max(longest, row.cells.value(column).size());
+    int widest = 0, measured = 0;
+    for (const ListRow& row : rows_->rows) {
+        const QString text = row.cells.value(column);
+        if (text.size() + about < longest || measured == enough) continue;
+        widest = std::max(widest, fontMetrics().horizontalAdvance(text.left(enough)));
+        ++measured;
+    }
+    return widest;
+}
+
 void ListView::grow() {
-    const int widestText = fontMetrics().averageCharWidth() * 24;
+    const int most = fontMetrics().averageCharWidth() * 24;
     const int margins = 2 * (style()->pixelMetric(QStyle::PM_FocusFrameHMargin, nullptr, this) + 4);
     for (int i = 0; i < columns().size(); ++i) {
-        QStringView longest;
-        for (const ListRow& row : rows_->rows)
-            if (i < row.cells.size() && row.cells[i].size() > longest.size()) longest = row.cells[i];
-        int wanted = fontMetrics().horizontalAdvance(longest.left(100).toString()) + margins;
-        if (!columns()[i].number) wanted = std::min(wanted, widestText);
+        int wanted = widestText(i) + margins;
+        if (!columns()[i].number) wanted = std::min(wanted, most);
         if (i == 0 && !rows_->rows.isEmpty() && !rows_->rows[0].icon.isNull()) wanted += iconSize().width() + margins;
         grown_[i] = std::max({grown_[i], wanted, header()->sectionSizeHint(i)});
     }
@@ -199,7 +211,7 @@ bool ListView::viewportEvent(QEvent* event) {
     const auto* help = static_cast<QHelpEvent*>(event);
     const QModelIndex under = indexAt(help->pos());
     const bool cut = under.isValid() && sizeHintForIndex(under).width() > columnWidth(under.column());
-    QToolTip::showText(help->globalPos(), cut ? under.data().toString().toHtmlEscaped() : QString(), viewport());
+    QToolTip::showText(help->globalPos(), cut ? plainTip(under.data().toString()) : QString(), viewport());
     return true;
 }
 

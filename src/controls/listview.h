@@ -68,6 +68,7 @@ private:
     void requestMenuAtRow();
     int spareColumn() const;
     int leastSpare(int column) const;
+    int widestText(int column) const;
     void grow();
     void placeColumns();
     void keepDragged(int column, int pixels);

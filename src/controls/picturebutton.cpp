@@ -4,8 +4,8 @@
 #include <QKeyEvent>
 #include <QPainter>
 #include <QPainterPath>
-#include <QTextLayout>
 
+#include "controls/captions.h"
 #include "controls/color.h"
 #include "controls/theme.h"
 
@@ -20,23 +20,6 @@ constexpr int padding = 6;
 constexpr int gap = 3;
 constexpr int mostLines = 2;
 
-// The caption broken into at most two lines; what does not fit ends in dots.
-QStringList captionLines(const QString& caption, const QFont& font, int width) {
-    QTextLayout layout(caption, font);
-    layout.beginLayout();
-    QStringList lines;
-    const QFontMetrics metrics(font);
-    for (QTextLine line = layout.createLine(); line.isValid(); line = layout.createLine()) {
-        line.setLineWidth(width);
-        const bool isLast = lines.size() + 1 == mostLines;
-        const QString piece = caption.mid(line.textStart(), isLast ? -1 : line.textLength()).trimmed();
-        lines << metrics.elidedText(piece, Qt::ElideRight, width);
-        if (isLast) break;
-    }
-    layout.endLayout();
-    return lines;
-}
-
 }  // namespace
 
 PictureButton::PictureButton(const QString& caption, const QString& iconName, QWidget* parent)
@@ -46,7 +29,7 @@ PictureButton::PictureButton(const QString& caption, const QString& iconName, QW
     setAccessibleName(caption);
     setToolTip(caption);
     setFocusPolicy(Qt::TabFocus);
-    setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
+    setSizePolicy(QSizePolicy::Maximum, QSizePolicy::Fixed);
 }
 
 QSize PictureButton::sizeHint() const {
@@ -54,6 +37,11 @@ QSize PictureButton::sizeHint() const {
     const QFontMetrics metrics(font());
     const int width = metrics.horizontalAdvance(u"Προηγούμενος"_s) + 2 * padding + 4;
     return QSize(width, padding + iconSide + gap + mostLines * metrics.lineSpacing() + padding);
+}
+
+QSize PictureButton::minimumSizeHint() const {
+    constexpr int narrowest = 58;
+    return QSize(narrowest, sizeHint().height());
 }
 
 void PictureButton::paintEvent(QPaintEvent*) {
@@ -73,7 +61,7 @@ void PictureButton::paintEvent(QPaintEvent*) {
         painter.drawRoundedRect(face, 6, 6);
     }
 
-    const QStringList lines = captionLines(text(), font(), width() - 2 * padding);
+    const QStringList lines = brokenLines(text(), font(), width() - 2 * padding, mostLines);
     const QFontMetrics metrics(font());
     const int sunk = pressed ? 1 : 0;
     const QRect picture((width() - iconSide) / 2, padding + sunk, iconSide, iconSide);

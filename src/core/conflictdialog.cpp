@@ -4,6 +4,7 @@
 #include <QGridLayout>
 #include <QScrollArea>
 
+#include "controls/captions.h"
 #include "controls/layout.h"
 #include "controls/names.h"
 
@@ -55,8 +56,9 @@ QWidget* ConflictDialog::rows(const QVector<ConflictField>& fields) {
     grid->setColumnStretch(2, 1);
     for (int i = 0; i < fields.size(); ++i) {
         const ConflictField& field = fields[i];
-        auto* caption = new QLabel(field.caption);
+        auto* caption = new QLabel;
         caption->setTextFormat(Qt::PlainText);
+        controls::setTypedCaption(caption, field.caption);
         grid->addWidget(caption, i, 0);
         auto* group = new QButtonGroup(page);
         const auto choice = [&](const QString& array, const QString& whose, const QString& value, int column) {

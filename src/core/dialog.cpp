@@ -52,7 +52,9 @@ void Dialog::fitScreen() {
     if (!layout()) return;
     constexpr QSize frame(8, 36);  // about what the desktop draws round a window
     const QSize room = screen()->availableGeometry().size() - frame;
-    const QSize least = layout()->totalMinimumSize().expandedTo(minimumSize());
+    QSize least = layout()->totalMinimumSize().expandedTo(minimumSize());
+    if (layout()->hasHeightForWidth())
+        least.setHeight(std::max(least.height(), layout()->totalHeightForWidth(room.width())));
     const bool fits = least.width() <= room.width() && least.height() <= room.height();
     if (!fits) controls::scrollContents(this);
     if (!fits && !testAttribute(Qt::WA_Resized)) resize(sizeHint());

@@ -21,7 +21,7 @@ constexpr int longestSpoken = 4000;  // characters of a page that a screen reade
 
 PageView::PageView(QWidget* parent) : QAbstractScrollArea(parent) {
     setFocusPolicy(Qt::StrongFocus);
-    setMinimumSize(240, 200);
+    setMinimumSize(240, 100);
     horizontalScrollBar()->setSingleStep(30);
     verticalScrollBar()->setSingleStep(30);
 }

@@ -76,7 +76,7 @@ QVector<Command> PrintPreview::commands() {
             {u"cmdClose"_s, u"exit"_s, u"&Κλείσιμο"_s, {}, [this] { reject(); }}};
 }
 
-QHBoxLayout* PrintPreview::targetRow(QWidget* print) {
+QLayout* PrintPreview::targetRow(QWidget* print) {
     auto* pdf = commands_.button(u"cmdPdf"_s);
     pdf->setToolTip(u"Αποθήκευση σε αρχείο PDF"_s);
     pdf->setAccessibleName(pdf->toolTip());
@@ -95,24 +95,15 @@ QHBoxLayout* PrintPreview::targetRow(QWidget* print) {
     // The whole row stays narrower than a small screen.
     for (const auto& [box, longest] : {std::pair(paper_, u"Letter"_s), std::pair(orientation_, u"Κατακόρυφα"_s)})
         box->setMaximumWidth(fontMetrics().horizontalAdvance(longest) + 56);
-    const Item gap = Item::gap(6);
-    return controls::row({print,
-                          pdf,
-                          gap,
-                          captionOf(u"Εκτυ&πωτής:"_s, printers_),
-                          {printers_, 1},
-                          gap,
-                          captionOf(u"&Αντίτυπα:"_s, copies_),
-                          copies_,
-                          gap,
-                          captionOf(u"&Χαρτί:"_s, paper_),
-                          paper_,
-                          gap,
-                          captionOf(u"Προσα&νατολισμός:"_s, orientation_),
-                          orientation_});
+    using controls::row;
+    return controls::flow({row({print, pdf}), row({captionOf(u"Εκτυ&πωτής:"_s, printers_), {printers_, 1}}),
+                           row({captionOf(u"&Αντίτυπα:"_s, copies_), copies_}),
+                           row({captionOf(u"&Χαρτί:"_s, paper_), paper_}),
+                           row({captionOf(u"Προσα&νατολισμός:"_s, orientation_), orientation_})},
+                          12);
 }
 
-QHBoxLayout* PrintPreview::viewRow() {
+QLayout* PrintPreview::viewRow() {
     page_ = named(new QSpinBox, u"Page"_s);
     page_->setKeyboardTracking(false);
     pageCount_ = named(new QLabel, u"PageCount"_s);
@@ -127,11 +118,12 @@ QHBoxLayout* PrintPreview::viewRow() {
         made->setFocusPolicy(Qt::StrongFocus);  // after a click Enter goes on turning pages
         return made;
     };
-    const Item gap = Item::gap(6);
-    return controls::row({button(u"cmdFirst"_s), button(u"cmdPrevious"_s), captionOf(u"Σε&λίδα:"_s, page_), page_,
-                          pageCount_, button(u"cmdNext"_s), button(u"cmdLast"_s), gap,
-                          captionOf(u"&Μεγέθυνση:"_s, zoom_), zoom_, Item::rest(), direct_, gap,
-                          commands_.button(u"cmdClose"_s)});
+    using controls::row;
+    return controls::flow({row({button(u"cmdFirst"_s), button(u"cmdPrevious"_s), captionOf(u"Σε&λίδα:"_s, page_), page_,
+                                pageCount_, button(u"cmdNext"_s), button(u"cmdLast"_s)}),
+                           row({captionOf(u"&Μεγέθυνση:"_s, zoom_), zoom_}),
+                           row({Item::rest(), direct_, commands_.button(u"cmdClose"_s)}, 12)},
+                          12);
 }
 
 void PrintPreview::wire() {

@@ -25,8 +25,8 @@ public:
 
 private:
     QVector<Command> commands();
-    QHBoxLayout* targetRow(QWidget* print);
-    QHBoxLayout* viewRow();
+    QLayout* targetRow(QWidget* print);
+    QLayout* viewRow();
     void wire();
     void listPrinters();
     void redraw();

@@ -186,6 +186,10 @@ bool isWorthRemembering(const core::MainMod& mod, const Opened& opened) {
     return !opened.noRights && isOurs(mod.gMainDbPath) && isOurs(mod.gUsersDbPath);
 }
 
+void rememberIfWorth(core::MainMod& mod, const Opened& opened) {
+    if (isWorthRemembering(mod, opened)) mod.services.settings.setValue(section, pathKey, mod.gDataPath);
+}
+
 // The known office may have lost its main file alone; no other folder has to be looked for, then.
 void restoreMissingMain(core::MainMod& mod) {
     mod.gDataPath = mod.services.settings.value(section, pathKey);
@@ -202,6 +206,10 @@ void findFolder(core::MainMod& mod) {
 }
 
 }  // namespace
+
+void openAgain(core::MainMod& mod) {
+    rememberIfWorth(mod, openBoth(mod));
+}
 
 void restoreAndReopen(core::MainMod& mod, const QString& copy, const QDateTime& made) {
     mod.gConn.close();
@@ -231,7 +239,7 @@ Outcome run(core::MainMod& mod) {
                           upperPath(mod)));
             return Outcome::End;
         }
-        if (isWorthRemembering(mod, opened)) mod.services.settings.setValue(section, pathKey, mod.gDataPath);
+        rememberIfWorth(mod, opened);
         return Outcome::Logon;
     }
 }

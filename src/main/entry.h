@@ -15,6 +15,9 @@ enum class Outcome {
 // Every failure is told in a message box; the loop ends when the files are found or the user cancels.
 Outcome run(core::MainMod& mod);
 
+// The office of run() once more, after a seat or a server refused it.
+void openAgain(core::MainMod& mod);
+
 // Closes both databases, puts a copy in their place, tells what was done or why not, and opens them again.
 void restoreAndReopen(core::MainMod& mod, const QString& copy, const QDateTime& made);
 

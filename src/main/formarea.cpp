@@ -49,6 +49,8 @@ void FormArea::followTheme() {
 void FormArea::add(core::Form* form) {
     auto* frame = new FormFrame(form);
     addSubWindow(frame);
+    // Their sizes before are those of another style.
+    for (QWidget* part : form->findChildren<QWidget*>()) part->ensurePolished();
     frame->resize(frame->sizeHint());
     frame->move(freePlace(core::loadPosition(settings_, form->placement())));
     makeRoomFor(frame);

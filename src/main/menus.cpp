@@ -43,6 +43,7 @@ const QVector<MenuDef>& menuDefs() {
         {u"mnuFields"_s, u"mnuOptions"_s, u"Παραμετρικά Πεδία Επαφών"_s, {}},
         {u"mnuFieldsCard"_s, u"mnuFields"_s, u"Πεδία Καρτέλας"_s, u"frmFields"_s},
         {u"mnuFieldsHistory"_s, u"mnuFields"_s, u"Πεδία Ιστορικού"_s, u"frmFields1"_s},
+        {u"mnuLinkFolders"_s, u"mnuOptions"_s, u"Φάκελοι Συνδέσεων"_s, u"frmLinkFolders"_s},
         {u"mnuLabels"_s, u"mnuOptions"_s, u"Ρύθμιση Ετικετών"_s, u"frmLabels"_s},
         {u"mnuAlarm"_s, u"mnuOptions"_s, u"Ρύθμιση Ήχου Υπενθύμισης"_s, u"frmAlarm"_s},
         {u"mnu"_s, u"mnuOptions"_s, u"Καθορισμός Ονομασίας Επαφών"_s, {}},

@@ -1,5 +1,6 @@
 #include "main/program.h"
 
+#include <QDir>
 #include <QGuiApplication>
 #include <QTimer>
 
@@ -27,26 +28,45 @@ void letGo(std::unique_ptr<W>& window) {
 
 Program::Program(core::MainMod& mod) : mod_(mod), backup_(mod) {
     connect(&mod_.gSeat, &copies::SeatLock::lost, this, &Program::seatLost);
+    // Whoever sets a value may be in the midst of anything.
+    mod_.services.settings.refused = [this](const QString& file) {
+        QTimer::singleShot(0, this, [this, file] { settingsRefused(file); });
+    };
     connect(&endRequests_, &platform::EndRequests::asked, this, &Program::endNow);
     // The session may end the program next, without another word.
     connect(qApp, &QGuiApplication::commitDataRequest, this, [this] { mod_.drafts.writeAll(); });
 }
-Program::~Program() = default;
+
+Program::~Program() {
+    mod_.services.settings.refused = {};
+}
 
 bool Program::start() {
-    opening_ = true;
-    const Outcome outcome = run(mod_);
-    opening_ = false;
-    if (lost_) seatLost();
+    Outcome outcome = Outcome::End;
+    whileOpening([&] { outcome = run(mod_); });
     if (outcome == Outcome::End || ending_) return false;
     showLogon();
     return true;
+}
+
+// A seat that is lost meanwhile is told at the end.
+void Program::whileOpening(const std::function<void()>& work) {
+    opening_ = true;
+    work();
+    opening_ = false;
+    if (lost_) seatLost();
 }
 
 void Program::showLogon() {
     logon_ = std::make_unique<users::frmLogon>(mod_);
     connect(logon_.get(), &QDialog::accepted, this, &Program::showMain);
     connect(logon_.get(), &QDialog::rejected, this, &Program::finished);
+    connect(logon_.get(), &users::frmLogon::retryWanted, this, [this] {
+        logon_->setEnabled(false);
+        whileOpening([this] { openAgain(mod_); });
+        logon_->setEnabled(true);
+        logon_->showRetry();
+    });
     logon_->show();
 }
 
@@ -56,12 +76,8 @@ void Program::showMain() {
     connect(main_.get(), &MDIMain::exited, this, &Program::finished);
     connect(main_.get(), &MDIMain::loggedOff, this, [this] {
         letGo(main_);
-        if (!restoring_.file.isEmpty()) {
-            opening_ = true;
-            restoreAndReopen(mod_, restoring_.file, restoring_.made);
-            opening_ = false;
-            if (lost_) seatLost();
-        }
+        if (!restoring_.file.isEmpty())
+            whileOpening([this] { restoreAndReopen(mod_, restoring_.file, restoring_.made); });
         restoring_ = {};
         showLogon();
     });
@@ -86,6 +102,12 @@ void Program::endNow() {
     ending_ = true;
     mod_.drafts.writeAll();
     QCoreApplication::exit(0);
+}
+
+void Program::settingsRefused(const QString& file) {
+    core::tell(mod_, core::frontWindow(main_.get()),
+               u"Οι ρυθμίσεις δεν γράφονται στο αρχείο\n%1\nΌ,τι αλλάζει σε αυτές ισχύει μέχρι να κλείσει το "
+               "πρόγραμμα."_s.arg(QDir::toNativeSeparators(file)));
 }
 
 void Program::offerRestore() {

@@ -32,6 +32,8 @@ signals:
 
 private:
     void showLogon();
+    void whileOpening(const std::function<void()>& work);
+    void settingsRefused(const QString& file);
     void showMain();
     void endNow();
     void seatLost();

@@ -59,6 +59,7 @@ public:
         // An empty text, never a null one, which would read back as a missing value.
         store_.setValue(spelling, value.isNull() ? u""_s : value);
         store_.sync();
+        if (store_.status() == QSettings::AccessError && refused) std::exchange(refused, {})(store_.fileName());
     }
 
 private:

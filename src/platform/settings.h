@@ -2,6 +2,7 @@
 #pragma once
 
 #include <QString>
+#include <functional>
 #include <memory>
 
 namespace platform {
@@ -11,6 +12,10 @@ public:
     virtual ~Settings() = default;
     virtual QString value(const QString& section, const QString& key, const QString& fallback = {}) const = 0;
     virtual void setValue(const QString& section, const QString& key, const QString& value) = 0;
+
+    // Runs once, in the midst of the first setValue() whose value the store doesn't take; until its end the run has the
+    // values all the same.
+    std::function<void(const QString& file)> refused;
 
     // A whole number; the fallback also for a text that is none.
     int number(const QString& section, const QString& key, int fallback) const;

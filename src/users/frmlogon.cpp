@@ -21,6 +21,7 @@ frmLogon::frmLogon(core::MainMod& mod)
       hint_(named(new QLabel, u"lblHint"_s)),
       commands_(mod, this,
                 {{u"Command1"_s, {}, u"Σύνδεση"_s, {}, [this] { logon(); }},
+                 {u"cmdRetry"_s, {}, u"Νέα προσπάθεια"_s, {}, [this] { emit retryWanted(); }},
                  {u"Command2"_s, {}, u"Άκυρο"_s, {}, [this] { reject(); }}}) {
     auto* form = controls::formLayout();
     named(controls::addField(form, u"Όνομα Χρήστη"_s, Text1), u"Label1"_s);
@@ -30,15 +31,18 @@ frmLogon::frmLogon(core::MainMod& mod)
     form->addRow(QString(), hint_);
     auto* logon = commands_.button(u"Command1"_s);
     logon->setDefault(true);
-    auto* status = named(new QLabel(u"Δώστε τον Χρήστη και τον Κώδικό του !!!"_s), u"StatusBar1"_s);
-    status->setProperty("role", u"muted"_s);
-    controls::add(controls::dialogLayout(this),
-                  {head(), form, controls::row({Item::rest(), logon, commands_.button(u"Command2"_s)}), status});
+    retry_ = commands_.button(u"cmdRetry"_s);
+    status_ = named(new QLabel, u"StatusBar1"_s);
+    status_->setProperty("role", u"muted"_s);
+    controls::add(
+        controls::dialogLayout(this),
+        {head(), form, controls::row({retry_, Item::rest(), logon, commands_.button(u"Command2"_s)}), status_});
     setMinimumWidth(400);
     Text2->setEchoMode(QLineEdit::Password);
     Text2->installEventFilter(this);
     connect(Text2, &QLineEdit::textChanged, this, &frmLogon::showHint);
     Text1->setText(mod_.services.settings.value(u"Settings"_s, u"UserName"_s));
+    showRetry();
     // Whoever logged on last only types the password.
     (Text1->text().isEmpty() ? Text1 : Text2)->setFocus();
 }
@@ -54,6 +58,12 @@ bool frmLogon::eventFilter(QObject* watched, QEvent* event) {
 void frmLogon::showHint() {
     hint_->setText(passwordHint_.text(Text2->text()));
     Text2->setAccessibleDescription(hint_->text());
+}
+
+void frmLogon::showRetry() {
+    const bool open = mod_.gConn.isOpen() && mod_.gConnUsers.isOpen();
+    retry_->setVisible(!open);
+    status_->setText(open ? u"Δώστε τον Χρήστη και τον Κώδικό του !!!"_s : u"Τα δεδομένα του γραφείου δεν άνοιξαν."_s);
 }
 
 QLayout* frmLogon::head() const {

@@ -15,6 +15,12 @@ class frmLogon : public core::Dialog {
 public:
     explicit frmLogon(core::MainMod& mod);
 
+    // Offers to open the office once more while a database of it is closed.
+    void showRetry();
+
+signals:
+    void retryWanted();
+
 protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
 
@@ -26,7 +32,8 @@ private:
 
     controls::TextBox* Text1;
     controls::TextBox* Text2;
-    QLabel* hint_;
+    QLabel *hint_, *status_;
+    QPushButton* retry_;
     PasswordHint passwordHint_;
     core::Commands commands_;
 };

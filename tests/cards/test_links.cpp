@@ -1,6 +1,7 @@
 #include "carddriver.h"
-#include "cards/linkpath.h"
+#include "cards/frmlinkfolders.h"
 #include "support/cases.h"
+#include "support/files.h"
 
 using namespace support;
 
@@ -50,6 +51,7 @@ private slots:
             {"\\\\server\\koina\\α β.pdf", Network, "smb://server/koina/α β.pdf", Here, "\\\\server\\koina\\α β.pdf"},
             {"/srv/γραφείο/α.pdf", Here, "/srv/γραφείο/α.pdf", Foreign, "/srv/γραφείο/α.pdf"},
             {"/srv/a\\b.pdf", Here, "/srv/a\\b.pdf", Foreign, "/srv/a\\b.pdf"},
+            {"HTTPS://a.gr/α", Web, "HTTPS://a.gr/α", Web, "HTTPS://a.gr/α"},
             {"/srv/a ", Here, "/srv/a ", Foreign, "/srv/a"},
         };
         for (const QString text : {"", "   ", "α.pdf", "C:", "\\α.pdf", "\\\\", "Γ:\\α.pdf"})
@@ -82,9 +84,11 @@ private slots:
         office.add("Δίσκος", "C:\\a.pdf");
         LinksDriver card(office.mod);
         QCOMPARE(card.column(0, "ListView2"), QStringList({"Απούσα", "Δίκτυο", "Δίσκος", "Προσφορά"}));
-        card.open(0);
-        QCOMPARE(office.desk.prompts.lastText(), "Δεν υπάρχει πλέον το αρχείο!\n" + gone);
-        card.open(2);
+        for (const int row : {0, 2}) {
+            office.desk.prompts.answerChoice("Κλείσιμο");
+            card.open(row);
+            if (row == 0) QCOMPARE(office.desk.prompts.lastText(), "Δεν υπάρχει πλέον το αρχείο!\n" + gone);
+        }
         QVERIFY(office.desk.prompts.lastText().endsWith("\nC:\\a.pdf"));
         QVERIFY(office.desk.shell.opened.isEmpty());
         QCOMPARE(office.desk.prompts.count(), 2);
@@ -92,8 +96,106 @@ private slots:
         QCOMPARE(office.desk.shell.opened, QStringList({"smb://server/koina/a.pdf", office.offer}));
         QCOMPARE(office.desk.prompts.count(), 2);
         office.desk.shell.missingPrograms = office.desk.shell.opened;
+        office.desk.prompts.answerChoice("Κλείσιμο");
         for (const int row : {1, 3}) card.open(row);
         QCOMPARE(office.desk.prompts.count(), 4);
+    }
+
+    void aMissingFileIsChosenAnew() {
+        Links office;
+        office.add("Α", office.path("έφυγε.txt"));
+        {
+            LinksDriver card(office.mod);
+            office.desk.prompts.answerChoice("Επιλογή ξανά");
+            office.desk.prompts.answerFile(office.offer);
+            inNextDialog("frmLink", [&](Driver& form) {
+                QTRY_COMPARE(form.shown("File1"), office.offer);
+                form.click("Command2");
+            });
+            card.open(0);
+            QCOMPARE(card.rows(), QStringList{"Α|" + office.offer});
+            QCOMPARE(office.desk.prompts.count(), 2);
+        }
+        // Who may only read is told, and no more.
+        office.mod.gConn.execute(data::Sql(u"update Links set ΣΥΝΔΕΣΗ=?"_s, office.path("έφυγε.txt")));
+        office.mod.gUserGroup = core::groupRestricted;
+        LinksDriver(office.mod).open(0);
+        QCOMPARE(office.desk.prompts.count(), 3);
+    }
+
+    void aLinkHoldsAnAddress() {
+        LinksSite card;
+        inNextDialog("frmLink", [&](Driver& form) {
+            form.type("Text1", "Σελίδα");
+            form.type("File1", "σελίδα");
+            form.click("Command2");
+            QVERIFY(card.desk.prompts.lastText().contains("http://"));
+            form.type("File1", "www.example.gr/α");
+            form.click("Command1");
+            form.click("Command2");
+        });
+        card.click("Command8");
+        QCOMPARE(card.rows(), QStringList{"Σελίδα|www.example.gr/α"});
+        card.LinksDriver::open(0);
+        QCOMPARE(card.desk.shell.opened, QStringList(2, "http://www.example.gr/%CE%B1"));
+    }
+
+    // The folder of a drive is given where a link fails; from then on all of its links open.
+    void placesOfOtherComputersHaveFolders() {
+        Links office;
+        QVERIFY(QDir(office.folder()).mkpath("Κοινά/Έγγραφα"));
+        const QString here = office.folder() + "/Κοινά";
+        write(here + "/Έγγραφα/α.pdf", "x");
+        office.add("Α", "g:\\έγγραφα\\Α.PDF");
+        office.add("Β", "\\\\Server\\koina\\Έγγραφα\\α.pdf");
+        office.desk.shell.missingPrograms = {
+            "smb://server/koina/%CE%88%CE%B3%CE%B3%CF%81%CE%B1%CF%86%CE%B1/%CE%B1.pdf"};
+        LinksDriver card(office.mod);
+        const QString places[] = {"G:", "\\\\Server\\koina"};
+        for (const int row : {0, 1}) {
+            office.desk.prompts.answerChoice("Αντιστοίχιση");
+            inNextDialog("frmLinkFolders", [&](Driver& form) {
+                QCOMPARE(form.shown("Text1"), places[row]);
+                form.type("File1", here + "/πουθενά");
+                form.click("Command1");
+                QVERIFY(form.isOpen());
+                office.desk.prompts.answerFolder(here);
+                form.click("cmdChoose");
+                if (row == 1) form.type("Text1", "server");  // all of its shares lie elsewhere
+                form.click("Command1");
+                QVERIFY(!form.isOpen());
+            });
+            if (row == 1) QVERIFY(QDir(here).mkpath("koina/Έγγραφα"));
+            if (row == 1) write(here + "/koina/Έγγραφα/α.pdf", "x");
+            card.open(row);
+        }
+        office.desk.shell.opened.removeAll(office.desk.shell.missingPrograms[0]);
+        QCOMPARE(office.desk.shell.opened, QStringList({here + "/Έγγραφα/α.pdf", here + "/koina/Έγγραφα/α.pdf"}));
+        const auto dialog = std::make_unique<cards::frmLinkFolders>(office.mod, nullptr);
+        const Driver form(*dialog);
+        QCOMPARE(form.rows(), QStringList({"G:|" + here, "\\\\server|" + here}));
+        form.list()->selectRow(0);
+        office.desk.prompts.answer(true);
+        form.click("Command2");
+        QCOMPARE(cards::linkFolders(office.desk.settings).size(), 1);
+    }
+
+    void placesAreReadAsTheyAreTyped() {
+        const std::pair<const char*, const char*> cases[] = {{"g", "G:"},
+                                                             {" g:\\ ", "G:"},
+                                                             {"G:/", "G:"},
+                                                             {"server", "\\\\server"},
+                                                             {"//server/κοινά/", "\\\\server\\κοινά"},
+                                                             {"", ""},
+                                                             {"γ:", ""},
+                                                             {"/srv", ""},
+                                                             {"G:\\a", ""},
+                                                             {"\\\\a\\b\\c", ""},
+                                                             {"a b?", ""}};
+        for (const auto& [typed, place] : cases) {
+            const InCase in(typed);
+            QCOMPARE(cards::linkPlace(typed), place);
+        }
     }
 
     void aNewLinkIsChosenTriedAndStored() {
@@ -148,12 +250,15 @@ private slots:
         }
     }
 
-    void whatIsGoneIsSaidAndNothingOpens() {
+    void whatIsGoneIsSaid() {
         Links office;
         office.add("Α", office.path("έφυγε.txt"));
         LinksDriver card(office.mod);
+        inNextDialog("frmLink", [&](Driver& form) {
+            QCOMPARE(office.desk.prompts.lastText(), "Δεν υπάρχει πλέον το αρχείο!");
+            QVERIFY(form.shown("File1").endsWith("έφυγε.txt"));
+        });
         card.click("cmdEditLink");
-        QCOMPARE(office.desk.prompts.lastText(), "Δεν υπάρχει πλέον το αρχείο!");
         office.mod.gConn.execute("delete from Links");
         card.click("cmdEditLink");
         QCOMPARE(office.desk.prompts.lastText(), "Η συγκεκριμένη σύνδεση έχει ακυρωθεί !");

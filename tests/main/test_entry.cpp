@@ -302,6 +302,38 @@ private slots:
         }
     }
 
+    void aRefusedSeatIsTriedAgainFromTheLogon() {
+        KnownSite site;
+        site.desk.settings.setValue("Settings", "Name", "Γραφείο");
+        site.mod.fileSystemKind = onNetwork;
+        support::Desk otherDesk;
+        otherDesk.settings.setValue("Startup", "Path", site.office);
+        auto other = std::make_unique<core::MainMod>(otherDesk.services);
+        other->fileSystemKind = onNetwork;
+        QCOMPARE(entry::run(*other), Outcome::Logon);
+        entry::Program program(site.mod);
+        QVERIFY(program.start());
+        const support::Driver logon(*program.logon());
+        for (int tries = 1; tries <= 2; ++tries) {
+            QVERIFY(logon.isVisible("cmdRetry"));
+            QCOMPARE(site.desk.prompts.count(), tries);
+            if (tries == 2) other.reset();
+            logon.click("cmdRetry");
+        }
+        QVERIFY(!logon.isVisible("cmdRetry"));
+        QCOMPARE(site.desk.prompts.count(), 2);
+        logOn(program, "admin");
+        QVERIFY(program.mainWindow());
+    }
+
+    void settingsThatAreNotWrittenAreTold() {
+        KnownSite site;
+        entry::Program program(site.mod);
+        site.desk.settings.refused("/αλλού/dorvalist.ini");
+        QTRY_COMPARE(site.desk.prompts.count(), 1);
+        QVERIFY(site.desk.prompts.lastText().contains("/αλλού/dorvalist.ini"));
+    }
+
     void exchangedFilesAreRefused() {
         Site site;
         site.stored(site.office);

@@ -19,6 +19,16 @@ class TestSettings : public QObject {
 private slots:
     void init() { QFile::remove(file()); }
 
+    void aStoreThatTakesNothingSaysSoOnce() {
+        writeFile("x");
+        const auto store = platform::iniSettings(file() + "/below a file.ini");
+        QStringList told;
+        store->refused = [&](const QString& which) { told << which; };
+        for (const char* value : {"1", "2"}) store->setValue("s", "k", value);
+        QCOMPARE(told, QStringList{file() + "/below a file.ini"});
+        QCOMPARE(store->value("s", "k"), "2");
+    }
+
     void roundTrip() {
         struct Case {
             const char* name;
