@@ -16,7 +16,7 @@ private slots:
         support::forEach(cases, [](const auto& one) {
             support::Office office;
             const QDateTime now = office.desk.services.clock.now();
-            for (const char* subject : {"Α & Β", "Δεύτερο"})
+            for (const QString subject : {"Α & Β", "Δεύτερο"})
                 office.mod.gConn.execute(
                     data::Sql("insert into dates (day,start,[end],remind,subject,[user]) values (?,?,?,?,?,'Admin')",
                               now.date(), QTime(11, 0), QTime(11, 30), now.time(), subject));

@@ -18,7 +18,8 @@ const QString busSettings = R"(<busconfig>
     <type>session</type>
     <listen>unix:path=%1</listen>
     <policy context="default">
-        <allow send_destination="*"/>
+        <allow send_destination="*" eavesdrop="true"/>
+        <allow eavesdrop="true"/>
         <allow own="*"/>
     </policy>
 </busconfig>
