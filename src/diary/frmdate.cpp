@@ -64,7 +64,8 @@ frmDate::frmDate(core::MainMod& mod)
     setMinimumSize(560, 460);
     commands_.bindKeys(this);
     FillCombo();
-    fields_.watch([this] { return mCodeCard; });
+    fields_.watch(
+        u"codecard"_s, [this] { return mCodeCard; }, [this](const QVariant& card) { mCodeCard = card.toLongLong(); });
     guardUnsaved(u"Η συνάντηση έχει αλλαγές που δεν αποθηκεύτηκαν."_s, [this] { SaveAppointment(); });
 }
 
