@@ -202,8 +202,14 @@ public:
         opened.append(url.toString(QUrl::FullyEncoded));
         return !missingPrograms.contains(url.toString(QUrl::FullyEncoded));
     }
+    bool writeMail(const QString& subject, const QString& body, const QString& file) override {
+        if (attaches) mails.append({subject, body, file});
+        return attaches;
+    }
 
     QStringList opened, missingPrograms;
+    bool attaches = true;        // whether mails can carry files
+    QVector<QStringList> mails;  // subject, body and file of each
 };
 
 // Keeps what the desktop was asked to show; a test presses the buttons.
