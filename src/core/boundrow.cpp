@@ -37,9 +37,29 @@ bool BoundRow::read(qint64 aa) {
     aa_ = aa;
     open();
     if (row_.isEmpty()) return false;
+    show();
+    return true;
+}
+
+void BoundRow::show() {
     for (const Column& column : columns_)
         controls::setFieldValue(column.field, shownAs(column, row_[column.name].value()));
-    return true;
+}
+
+void BoundRow::describe(Draft& draft) {
+    draft.isNew = isNew();
+    draft.key.insert(u"aa"_s, aa_);
+    if (!isNew() && row_.isOpen() && !row_.isEmpty()) draft.row = draftRow(row_);
+}
+
+void BoundRow::resume(const Draft& draft) {
+    if (draft.isNew) return startNew();
+    aa_ = draft.key[u"aa"_s].toLongLong();
+    open();
+    const bool gone = row_.isEmpty();
+    readAsDrafted(row_, draft.row);
+    show();
+    if (gone) startNew();
 }
 
 QString BoundRow::shownAs(const Column& column, const QVariant& value) const {

@@ -3,6 +3,7 @@
 
 #include <functional>
 
+#include "core/drafts.h"
 #include "core/fieldwatch.h"
 #include "core/mainmod.h"
 #include "data/recordset.h"
@@ -31,6 +32,12 @@ public:
     void startNew();  // the fields are the window's to fill
     // Shows the row of this number, with which it was entered into the table. False when there is none any more.
     bool read(qint64 aa);
+
+    // For a draft of what is typed, and back: the row as it was read, so that a save meets what changed meanwhile. One
+    // that is gone becomes a new one.
+    void describe(Draft& draft);
+    void resume(const Draft& draft);
+
     bool isNew() const { return aa_ == 0; }
     qint64 aa() const { return aa_; }
     data::Recordset& row() { return row_; }  // as it was read
@@ -42,6 +49,7 @@ public:
 
 private:
     void open();
+    void show();
     void write(const std::function<void(data::Recordset&)>& more);
     bool isToWrite(const Column& column) const;
     QString shownAs(const Column& column, const QVariant& value) const;

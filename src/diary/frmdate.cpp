@@ -67,6 +67,7 @@ frmDate::frmDate(core::MainMod& mod)
     fields_.watch(
         u"codecard"_s, [this] { return mCodeCard; }, [this](const QVariant& card) { mCodeCard = card.toLongLong(); });
     guardUnsaved(u"Η συνάντηση έχει αλλαγές που δεν αποθηκεύτηκαν."_s, [this] { SaveAppointment(); });
+    keepDraft([this] { return draft(); });
 }
 
 QVector<core::Command> frmDate::commands() {
@@ -148,8 +149,8 @@ bool frmDate::isWritable() const {
 }
 
 // The window as it stands for one who may change the row, or may not.
-void frmDate::settle(const QString& title) {
-    Frame1->setTitle(title);
+void frmDate::settle() {
+    Frame1->setTitle(row_.isNew() ? u" Καταχώρηση Νέας Συνάντησης !"_s : u" Διόρθωση Συνάντησης !"_s);
     lblDate->setText(fullDay(day_));
     const bool writable = isWritable();
     for (controls::TextBox* box : {txtContact, txtSubject, txtLocation}) box->setReadOnly(!writable);
@@ -173,25 +174,45 @@ void frmDate::startNew(const NewAppointment& start) {
     txtEnd->setCurrentText(start.end);
     txtRemind->setCurrentText(start.remind);
     chooseUser(*Combo1, mod_.gUserName);
-    settle(u" Καταχώρηση Νέας Συνάντησης !"_s);
+    settle();
 }
 
 void frmDate::edit(qint64 aa) {
     fields_.forget();
-    chooseUser(*Combo1, {});
-    if (data::Recordset found(mod_.gConn, data::Sql(u"select * from dates where aa=?"_s, aa)); found.isEmpty()) {
+    if (!row_.read(aa)) {
         complain(gone);
         emit closeRequested();
         return mod_.doors.appointmentsChanged();
-    } else {
-        chooseUser(*Combo1, found[u"User"].text());
     }
-    row_.read(aa);
-    data::Recordset& row = row_.row();
+    show(row_.row());
+    settle();
+}
+
+// What no box shows, and the user, who may be none of the list.
+void frmDate::show(data::Recordset& row) {
     day_ = row[u"Day"].toDate().date();
     mCodeCard = row[u"codecard"].toLong();
     owner_ = row[u"User"].text();
-    settle(u" Διόρθωση Συνάντησης !"_s);
+    chooseUser(*Combo1, owner_);
+}
+
+core::Draft frmDate::draft() {
+    core::Draft draft;
+    row_.describe(draft);
+    draft.title = txtContact->text();
+    draft.key.insert(u"day"_s, day_);
+    return draft;
+}
+
+void frmDate::resume(const core::Draft& draft) {
+    startNew({draft.key[u"day"_s].toDate(), {}, {}, {}, 0, {}});
+    row_.resume(draft);
+    if (!row_.isNew())
+        show(row_.row());
+    else if (!draft.isNew)
+        mCodeCard = draft.row[u"codecard"_s].toLongLong();  // somebody else deleted it
+    settle();
+    goOnWith(draft);
 }
 
 // The first box that holds what can't be saved, with what is said about it.

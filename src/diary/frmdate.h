@@ -20,6 +20,7 @@ public:
     // One of the two, right after the window was loaded.
     void startNew(const NewAppointment& start);
     void edit(qint64 aa);  // an appointment that is gone is told, and the window closes
+    void resume(const core::Draft& draft);
 
 signals:
     void written(QDate day);  // saved or deleted
@@ -33,7 +34,9 @@ private:
     QLayout* form();
     QLayout* buttons();
     void FillCombo();
-    void settle(const QString& title);
+    void show(data::Recordset& row);
+    void settle();
+    core::Draft draft();
     QWidget* firstFault(QString& text) const;
     void SaveAppointment();
     void DeleteAppointment();

@@ -42,6 +42,7 @@ frmThink::frmThink(core::MainMod& mod)
     setMinimumSize(480, 320);
     commands_.bindKeys(this);
     guardUnsaved(u"Η εργασία έχει αλλαγές που δεν αποθηκεύτηκαν."_s, [this] { save(); });
+    keepDraft([this] { return draft(); });
 }
 
 QVector<core::Command> frmThink::commands() {
@@ -72,8 +73,8 @@ bool frmThink::isWritable() const {
     return mod_.mayChange(owner_);
 }
 
-void frmThink::settle(const QString& title) {
-    Label5->setText(title);
+void frmThink::settle() {
+    Label5->setText(row_.isNew() ? u" Καταχώρηση Νέας εργασίας !"_s : u" Διόρθωση Συνάντησης !"_s);
     const bool writable = isWritable();
     txtSubject->setReadOnly(!writable);
     Combo1->setReadOnly(!writable);
@@ -90,21 +91,37 @@ void frmThink::startNew() {
     txtNotes->setText({});
     Combo1->setCurrentText(priorities.first());
     chooseUser(*Combo2, mod_.gUserName);
-    settle(u" Καταχώρηση Νέας εργασίας !"_s);
+    settle();
 }
 
 void frmThink::edit(qint64 aa) {
     fields_.forget();
-    data::Recordset found(mod_.gConn, data::Sql(u"select * from thinkstodo where aa=?"_s, aa));
-    if (found.isEmpty()) {
+    if (!row_.read(aa)) {
         complain(gone);
         emit closeRequested();
         return mod_.doors.tasksChanged();
     }
-    owner_ = found[u"User"].text();
+    owner_ = row_.row()[u"User"].text();
     chooseUser(*Combo2, owner_);
-    row_.read(aa);
-    settle(u" Διόρθωση Συνάντησης !"_s);
+    settle();
+}
+
+core::Draft frmThink::draft() {
+    core::Draft draft;
+    row_.describe(draft);
+    draft.title = txtSubject->text();
+    return draft;
+}
+
+void frmThink::resume(const core::Draft& draft) {
+    startNew();
+    row_.resume(draft);
+    if (!row_.isNew()) {
+        owner_ = row_.row()[u"User"].text();
+        chooseUser(*Combo2, owner_);
+    }
+    settle();
+    goOnWith(draft);
 }
 
 void frmThink::save() {

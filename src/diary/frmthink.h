@@ -17,6 +17,7 @@ public:
     // One of the two, right after the window was loaded.
     void startNew();
     void edit(qint64 aa);  // a task that is gone is told, and the window closes
+    void resume(const core::Draft& draft);
 
 protected:
     void onLoad() override;
@@ -24,7 +25,8 @@ protected:
 private:
     QVector<core::Command> commands();
     core::BoundRow boundRow();
-    void settle(const QString& title);
+    void settle();
+    core::Draft draft();
     void save();
     void remove();
     void leave();

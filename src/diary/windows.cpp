@@ -51,6 +51,17 @@ frmDate* dateEditor(core::Windows& windows, core::MainMod& mod, QWidget* opener)
     return editor;
 }
 
+void addDrafts(core::Windows& windows, core::MainMod& mod) {
+    const auto closed = [&windows](const QString& name) { return [&windows, name] { return !windows.find(name); }; };
+    windows.addDrafts({u"frmDate"_s, u"συνάντηση"_s, closed(u"frmDate"_s), [&](const core::Draft& draft) {
+                           if (frmDate* editor = dateEditor(windows, mod, nullptr)) editor->resume(draft);
+                       }});
+    windows.addDrafts({u"frmThink"_s, u"εργασία"_s, closed(u"frmThink"_s), [&](const core::Draft& draft) {
+                           if (auto* editor = freshEditor<frmThink>(windows, u"frmThink"_s, nullptr))
+                               editor->resume(draft);
+                       }});
+}
+
 void openDoors(core::Windows& windows, core::MainMod& mod) {
     mod.doors.openAppointment = [&](qint64 aa, QWidget* opener) {
         if (frmDate* editor = dateEditor(windows, mod, opener)) editor->edit(aa);
@@ -93,6 +104,7 @@ void addWindows(core::Windows& windows, core::MainMod& mod) {
     // For whoever looks at all windows; the one that watches the clock is the main window's.
     windows.addDialog(u"frmAlarm"_s, [&mod](QWidget* parent) { return std::make_unique<frmAlarm>(mod, parent); });
     openDoors(windows, mod);
+    addDrafts(windows, mod);
 }
 
 }  // namespace diary

@@ -39,7 +39,7 @@ private slots:
         Office office;
         CategoryDriver editor(office);
         int changes = 0;
-        office.mod.doors.listsChanged = [&changes] { ++changes; };
+        office.mod.doors.listsChanged.add([&changes] { ++changes; });
         QCOMPARE(editor.rows(), QStringList{"ΕΠΑΦΕΣ"});
 
         editor.trigger("mnuNewCategory");
