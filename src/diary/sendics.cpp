@@ -2,6 +2,7 @@
 
 #include <QDir>
 #include <QSaveFile>
+#include <QUrlQuery>
 
 #include "core/guard.h"
 #include "platform/folders.h"
@@ -44,13 +45,19 @@ void writeIcs(core::MainMod& mod, const QVector<Appointment>& appointments, cons
 }
 
 QString shortened(const QString& text) {
-    return text.size() <= mostLetters ? text : text.left(mostLetters) + u"…"_s;
+    if (text.size() <= mostLetters) return text;
+    const int whole = text[mostLetters - 1].isHighSurrogate() ? mostLetters - 1 : mostLetters;
+    return text.left(whole) + u'…';
 }
 
 QUrl mailTo(const QString& subject, QString body) {
     const auto encoded = [](const QString& text) { return QString::fromLatin1(QUrl::toPercentEncoding(text)); };
-    const QString query = u"subject=%1&body=%2"_s;
-    return QUrl(u"mailto:?"_s + query.arg(encoded(subject), encoded(body.replace(u'\n', u"\r\n"_s))));
+    QUrlQuery query;
+    query.addQueryItem(u"subject"_s, encoded(subject));
+    query.addQueryItem(u"body"_s, encoded(body.replace(u'\n', u"\r\n"_s)));
+    QUrl url(u"mailto:"_s);
+    url.setQuery(query);
+    return url;
 }
 
 }  // namespace

@@ -174,14 +174,14 @@ private slots:
     void aLetterHasTheTextAndTheFileWhereItCan() {
         IcsOffice office;
         office.add(today, "10:00", "11:00", nullptr, "Α & Β?",
-                   {{"contact", "Σκίννερ"}, {"location", "Ερμού 1"}, {"notes", "100%\nναι"}});
+                   {{"contact", "Σκίννερ"}, {"location", "Ερμού 1"}, {"notes", "100%\n1+1=2;"}});
         diary::frmCalend calendar(office.mod, {});
         calendar.load();
         const support::Driver driver(calendar);
         auto& shell = office.desk.shell;
         chooseInMenu(driver, "mnuIcsMail", -1);
         const QString title = "Συναντήσεις 05-11-2026",
-                      text = "05/11/2026 10:00 - 11:00 Σκίννερ, Α & Β?\nΕρμού 1\n100%\nναι",
+                      text = "05/11/2026 10:00 - 11:00 Σκίννερ, Α & Β?\nΕρμού 1\n100%\n1+1=2;",
                       file = platform::workFolder() + "/" + title + ".ics";
         QCOMPARE(shell.mails, {QStringList({title, text, file})});
         QCOMPARE(read(support::bytesOf(file)).size(), 1);
