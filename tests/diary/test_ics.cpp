@@ -90,7 +90,8 @@ private slots:
         while (notes.size() < 10'000) notes += "Γραμμή, με; \\κάθε: «σημείο» \"και\" 😀\r\nκαι\tάλλη\n\n";
         office.add(QDate(2026, 7, 1), "09:30", "10:00", "09:00", "Ώρα, θερινή; C:\\Α",
                    {{"contact", "Σκίννερ Άννα"}, {"location", "Ερμού 1;\r\nΑθήνα"}, {"notes", notes}});
-        office.add(QDate(2026, 10, 25), "05:00", "05:30", "02:00", "Αλλαγή ώρας");
+        office.add(QDate(2026, 10, 25), "05:00", "05:30", "02:00", "Αλλαγή ώρας",
+                   {{"location", "x" + QString("Ω").repeated(200)}});
         office.add(QDate(2026, 11, 23), "23:30", "23:59", nullptr, QString("Χει\u0001μώνας"));
         office.add(QDate(2026, 11, 24), nullptr, "10:00", nullptr, "Όλη μέρα");
         office.add(QDate(2026, 11, 25), "10:00", "10:00", nullptr, "", {{"contact", "Μόνο επαφή"}});
@@ -120,6 +121,7 @@ private slots:
         }
         QCOMPARE(events[0]["notes"].toString(), QString(notes).replace("\r\n", "\n"));
         QCOMPARE(events[0]["location"].toString(), "Ερμού 1;\nΑθήνα");
+        QCOMPARE(events[1]["location"].toString(), "x" + QString("Ω").repeated(200));
     }
 
     void anAppointmentIsTheSameInEveryExport() {
