@@ -50,4 +50,12 @@ qint64 Arguments::number(const QString& option, qint64 fallback, qint64 least, q
     return number;
 }
 
+QDate Arguments::day(const QString& option, QDate fallback) const {
+    if (!has(option)) return fallback;
+    const QDate day = QDate::fromString(value(option), Qt::ISODate);
+    if (!day.isValid() || day.year() < 1950)
+        throw UsageError{u"Η επιλογή «%1» θέλει ημερομηνία της μορφής εεεε-μμ-ηη."_s.arg(option)};
+    return day;
+}
+
 }  // namespace admin

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QDate>
 #include <QHash>
 #include <QString>
 #include <QStringList>
@@ -28,6 +29,8 @@ public:
     QString value(const QString& option) const { return values_.value(option); }
     // The value as a whole number within bounds, `fallback` when not given; throws UsageError otherwise.
     qint64 number(const QString& option, qint64 fallback, qint64 least, qint64 most) const;
+    // The value as a day, "yyyy-mm-dd" and not before 1950; likewise.
+    QDate day(const QString& option, QDate fallback) const;
     const QStringList& positional() const { return positional_; }
 
 private:

@@ -27,6 +27,7 @@ Command createCommand();
 Command demoCommand();
 Command sqlCommand();
 Command checkCommand();
+Command agendaCommand();
 Command loadCommand();
 Command backupCommand();
 Command restoreCommand();

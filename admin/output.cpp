@@ -2,6 +2,8 @@
 
 #include <cstdio>
 
+using namespace Qt::Literals::StringLiterals;
+
 namespace admin {
 namespace {
 
@@ -20,6 +22,10 @@ QTextStream& out() {
 QTextStream& err() {
     static QTextStream stream(stderr, QIODevice::WriteOnly);
     return utf8(stream);
+}
+
+QString escaped(QString text) {
+    return text.replace(u'\\', u"\\\\"_s).replace(u'\t', u"\\t"_s).replace(u'\r', u"\\r"_s).replace(u'\n', u"\\n"_s);
 }
 
 }  // namespace admin

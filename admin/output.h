@@ -8,4 +8,7 @@ namespace admin {
 QTextStream& out();
 QTextStream& err();
 
+// A value as one cell of a line: tabs and line ends as \t, \r, \n.
+QString escaped(QString text);
+
 }  // namespace admin

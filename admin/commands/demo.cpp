@@ -21,12 +21,7 @@ demo::DemoOptions demoOptions(const Arguments& arguments) {
     demo::DemoOptions options;
     options.cards = int(arguments.number(u"--cards"_s, options.cards, 0, mostCards));
     options.seed = quint64(arguments.number(u"--seed"_s, qint64(options.seed), 0, std::numeric_limits<qint64>::max()));
-    options.referenceDate = QDate::currentDate();
-    if (arguments.has(u"--date"_s)) {
-        options.referenceDate = QDate::fromString(arguments.value(u"--date"_s), Qt::ISODate);
-        if (!options.referenceDate.isValid() || options.referenceDate.year() < 1950)
-            throw UsageError{u"Η επιλογή «--date» θέλει ημερομηνία της μορφής εεεε-μμ-ηη."_s};
-    }
+    options.referenceDate = arguments.day(u"--date"_s, QDate::currentDate());
     return options;
 }
 

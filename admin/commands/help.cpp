@@ -27,9 +27,9 @@ Command helpCommand() {
 }
 
 const QVector<Command>& commands() {
-    static const QVector<Command> all = {createCommand(),  demoCommand(), sqlCommand(),
-                                         checkCommand(),   loadCommand(), backupCommand(),
-                                         restoreCommand(), moveCommand(), helpCommand()};
+    static const QVector<Command> all = {createCommand(), demoCommand(), sqlCommand(),    agendaCommand(),
+                                         checkCommand(),  loadCommand(), backupCommand(), restoreCommand(),
+                                         moveCommand(),   helpCommand()};
     return all;
 }
 

@@ -12,11 +12,6 @@ namespace {
 
 using namespace Qt::Literals::StringLiterals;
 
-// One row stays one line and one value one cell.
-QString escaped(QString text) {
-    return text.replace(u'\\', u"\\\\"_s).replace(u'\t', u"\\t"_s).replace(u'\r', u"\\r"_s).replace(u'\n', u"\\n"_s);
-}
-
 QString cell(const data::Field& field) {
     if (field.columnType() != data::ColumnType::LongBinary) return escaped(field.text());
     return field.isNull() ? QString() : u"(%1 bytes)"_s.arg(field.actualSize());

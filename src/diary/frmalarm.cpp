@@ -1,5 +1,8 @@
 #include "diary/frmalarm.h"
 
+#include <QApplication>
+#include <QPointer>
+
 #include "controls/layout.h"
 #include "controls/names.h"
 #include "controls/theme.h"
@@ -68,14 +71,7 @@ frmAlarm::~frmAlarm() {
 }
 
 QVector<core::Command> frmAlarm::commands() {
-    return {{u"lblClick(0)"_s,
-             u"calendar"_s,
-             u"Εμφάνιση Ημερολογίου"_s,
-             {},
-             [this] {
-                 dismiss();
-                 mod_.doors.openCalendar();
-             }},
+    return {{u"lblClick(0)"_s, u"calendar"_s, u"Εμφάνιση Ημερολογίου"_s, {}, [this] { openCalendar(); }},
             {u"lblClick(1)"_s, u"settings"_s, u"Αλλαγή Ήχου Υπενθύμισης"_s, {}, [this] { chooseSound(); }},
             {u"lblClick(2)"_s, u"exit"_s, u"Έξοδος"_s, {}, [this] { dismiss(); }}};
 }
@@ -112,10 +108,32 @@ void frmAlarm::remind(const QVector<Reminder>& due) {
     const QString subject = rows.first().cells.last().left(shownLetters);
     for (QLabel* label : {lblAlarm, Label2}) label->setText(subject);
     Timer1.start();
+    notifyElsewhere(due);
     place();
     show();
     raise();
     mod_.playSound(gAlarmSound);
+}
+
+// Whoever is at work in another program doesn't see this window.
+void frmAlarm::notifyElsewhere(const QVector<Reminder>& due) {
+    QWidget* const main = parentWidget();
+    if (!main || (QApplication::activeWindow() && !main->isMinimized())) return;
+    QStringList lines;
+    for (const Reminder& each : due) lines << each.start + u' ' + each.subject;
+    const auto show = [main, alarm = QPointer(this)] {
+        if (!alarm) return;  // logged off meanwhile
+        main->setWindowState((main->windowState() & ~Qt::WindowMinimized) | Qt::WindowActive);
+        main->raise();
+        main->activateWindow();
+        core::attempt(alarm->mod_, main, [&] { alarm->openCalendar(); });
+    };
+    mod_.services.notifier.notify(u"Υπενθύμιση"_s, lines.join(u'\n'), {u"Εμφάνιση Ημερολογίου"_s, show});
+}
+
+void frmAlarm::openCalendar() {
+    dismiss();
+    mod_.doors.openCalendar();
 }
 
 void frmAlarm::place() {

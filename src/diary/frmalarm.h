@@ -27,6 +27,8 @@ private:
     QVector<core::Command> commands();
     void armTimer();
     void remind(const QVector<Reminder>& due);
+    void notifyElsewhere(const QVector<Reminder>& due);
+    void openCalendar();
     void dismiss();
     void flash();
     void chooseSound();

@@ -6,6 +6,7 @@
 #include "data/recordset.h"
 #include "data/values/format.h"
 #include "diary/planner.h"
+#include "diary/sendics.h"
 #include "diary/users.h"
 
 using namespace Qt::Literals::StringLiterals;
@@ -66,8 +67,21 @@ frmCalend::frmCalend(core::MainMod& mod, std::function<void(const NewAppointment
 
 QVector<core::Command> frmCalend::commands() {
     const auto mayChange = [this] { return mayChangeSelected(); };
+    const auto shows = [this] { return !ListView1->rows().isEmpty(); };
     return {{u"mnuChangeDate"_s, u"calendar"_s, u"Αλλαγή Ημερομηνίας"_s, {}, [this] { changeDate(); }, mayChange, true},
-            {u"MnuDelDate"_s, u"delete"_s, u"Διαγραφή"_s, {}, [this] { deleteSelected(); }, mayChange, true}};
+            {u"MnuDelDate"_s, u"delete"_s, u"Διαγραφή"_s, {}, [this] { deleteSelected(); }, mayChange, true},
+            {u"mnuIcsSave"_s,
+             u"save"_s,
+             u"Αποθήκευση σε αρχείο .ics..."_s,
+             {},
+             [this] { saveIcs(mod_, this, outgoing()); },
+             shows},
+            {u"mnuIcsMail"_s,
+             u"mail"_s,
+             u"Αποστολή με e-mail..."_s,
+             {},
+             [this] { mailIcs(mod_, this, outgoing()); },
+             shows}};
 }
 
 QWidget* frmCalend::side() {
@@ -205,8 +219,16 @@ bool frmCalend::mayChangeSelected() const {
 }
 
 void frmCalend::openMenu(int row, QPoint position) {
-    if (row >= 0) mSelectedAa = ListView1->row(row).tag.toLongLong();
+    menuOnRow_ = row >= 0;
+    if (menuOnRow_) mSelectedAa = ListView1->row(row).tag.toLongLong();
     commands_.popUp(MnuPopUpDate, row, position);
+}
+
+// The appointment under the menu, or beside the rows all that are on show.
+Wanted frmCalend::outgoing() const {
+    if (menuOnRow_) return {.aa = mSelectedAa};
+    const QString user = Combo1->currentText();
+    return {.from = mDay, .to = mDay, .user = user.isEmpty() ? std::nullopt : std::optional(user)};
 }
 
 void frmCalend::changeDate() {

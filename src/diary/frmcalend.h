@@ -10,6 +10,7 @@
 #include "core/storedlist.h"
 #include "diary/appointment.h"
 #include "diary/clockface.h"
+#include "diary/ics.h"
 #include "diary/monthpane.h"
 
 namespace diary {
@@ -47,6 +48,7 @@ private:
     void changeDate();
     void deleteSelected();
     bool mayChangeSelected() const;
+    Wanted outgoing() const;
     QSet<QDate> busyDays(Month month);
     void showPlanner(const QVector<QStringList>& entries);
     void tick();
@@ -62,6 +64,7 @@ private:
     QMenu* MnuPopUpDate;
     QDate mDay, today_;
     qint64 mSelectedAa = 0;
+    bool menuOnRow_ = false;  // the pop-up menu is an appointment's, and not the day's
     qint64 gAppointmentCode = 0;
     QString gAppointmentContact;
     core::Commands commands_;

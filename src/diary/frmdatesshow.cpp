@@ -7,6 +7,7 @@
 #include "data/values/format.h"
 #include "diary/appointment.h"
 #include "diary/reports.h"
+#include "diary/sendics.h"
 #include "diary/users.h"
 
 using namespace Qt::Literals::StringLiterals;
@@ -66,7 +67,15 @@ QVector<core::Command> frmDatesShow::commands() {
                  const controls::Days days = core::required(*period_, u"των συναντήσεων"_s);
                  DatesReport(mod_, this, days.from, days.to);
              }},
+            {u"cmdIcs"_s, u"calendar"_s, u"Αρχείο .ics..."_s, {}, [this] { saveList(); }},
             {u"lblClick(2)"_s, u"exit"_s, u"Έξοδος"_s, {}, [this] { emit closeRequested(); }}};
+}
+
+void frmDatesShow::saveList() {
+    const controls::Days days = core::required(*period_, u"των συναντήσεων"_s);
+    const QString user = Combo1->currentText();
+    saveIcs(mod_, this,
+            {.from = days.from, .to = days.to, .user = user.isEmpty() ? std::nullopt : std::optional(user)});
 }
 
 void frmDatesShow::onLoad() {

@@ -23,6 +23,7 @@ protected:
 
 private:
     QVector<core::Command> commands();
+    void saveList();
 
     controls::Period* period_;
     controls::ChoiceBox* Combo1;

@@ -40,9 +40,10 @@ int main(int argc, char** argv) {
     const auto sound = platform::systemSound();
     platform::DesktopShell shell;
     platform::SystemPrinters printers;
+    const auto notifier = platform::desktopNotifier();
     controls::applyTheme(app, static_cast<controls::ThemeKind>(settings->number(u"Options"_s, u"Theme"_s, 0)));
 
-    core::MainMod mod({*settings, clock, prompts, *sound, shell, printers});
+    core::MainMod mod({*settings, clock, prompts, *sound, shell, printers, *notifier});
     app.mod = &mod;
     const core::WaitingBar waitingBar;
     entry::Program program(mod);

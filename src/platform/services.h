@@ -2,6 +2,7 @@
 #pragma once
 
 #include "platform/clock.h"
+#include "platform/notifier.h"
 #include "platform/printers.h"
 #include "platform/prompts.h"
 #include "platform/settings.h"
@@ -17,6 +18,7 @@ struct Services {
     Sound& sound;
     Shell& shell;
     Printers& printers;
+    Notifier& notifier;
 };
 
 }  // namespace platform

@@ -2,6 +2,10 @@
 
 #include <QDesktopServices>
 #include <QFileInfo>
+#include <QProcess>
+#include <QStandardPaths>
+
+using namespace Qt::Literals::StringLiterals;
 
 namespace platform {
 
@@ -19,6 +23,12 @@ bool DesktopShell::openFile(const QString& path) {
 
 bool DesktopShell::openUrl(const QUrl& url) {
     return QDesktopServices::openUrl(url);
+}
+
+bool DesktopShell::writeMail(const QString& subject, const QString& body, const QString& file) {
+    const QString program = QStandardPaths::findExecutable(u"xdg-email"_s);
+    return !program.isEmpty() && QProcess::startDetached(program, {u"--utf8"_s, u"--subject"_s, subject, u"--body"_s,
+                                                                   body, u"--attach"_s, file});
 }
 
 bool DesktopShell::exists(const QString& path) const {

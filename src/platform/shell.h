@@ -17,6 +17,8 @@ public:
     // may still fail later, unseen.
     virtual bool openFile(const QString& path) = 0;
     virtual bool openUrl(const QUrl& url) = 0;
+    // A new letter in the user's mail program with this file attached. False when the system has no way to attach one.
+    virtual bool writeMail(const QString& subject, const QString& body, const QString& file) = 0;
     // Relative paths never exist: they would depend on where the program was started.
     virtual bool exists(const QString& path) const = 0;
 };
@@ -25,6 +27,7 @@ class DesktopShell : public Shell {
 public:
     bool openFile(const QString& path) override;
     bool openUrl(const QUrl& url) override;
+    bool writeMail(const QString& subject, const QString& body, const QString& file) override;
     bool exists(const QString& path) const override;
 };
 

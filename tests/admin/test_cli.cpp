@@ -65,6 +65,8 @@ private slots:
             {"no number", {u"demo"_s, u"x"_s, u"--cards=many"_s}, u"ακέραιο"_s},
             {"too many", {u"demo"_s, u"x"_s, u"--cards=99999999999"_s}, u"ακέραιο"_s},
             {"no date", {u"demo"_s, u"x"_s, u"--date=31/12/2026"_s}, u"εεεε-μμ-ηη"_s},
+            {"no day", {u"agenda"_s, u"x"_s, u"--user=maria"_s, u"--day=morgen"_s}, u"«--day»"_s},
+            {"nobody's agenda", {u"agenda"_s, u"x"_s}, u"«--user»"_s},
             {"backup of nothing", {u"backup"_s, u"x"_s}, u"Λείπουν"_s},
             {"unknown kind", {u"load"_s, u"x"_s, u"cards"_s, u"f"_s}, u"«cards»"_s},
             {"no terminal", {u"create"_s, u"x"_s}, u"--admin-password"_s},
@@ -83,7 +85,7 @@ private slots:
         const ToolRun help = runTool({u"help"_s});
         QCOMPARE(help.code, 0);
         for (const QString& command :
-             {u"create"_s, u"demo"_s, u"sql"_s, u"check"_s, u"load"_s, u"backup"_s, u"restore"_s}) {
+             {u"create"_s, u"demo"_s, u"sql"_s, u"agenda"_s, u"check"_s, u"load"_s, u"backup"_s, u"restore"_s}) {
             QVERIFY(help.out.contains(command));
             QVERIFY(runTool({u"help"_s, command}).out.contains(u"dorvalist-admin "_s + command));
         }
@@ -159,6 +161,26 @@ private slots:
         QVERIFY(runTool({u"sql"_s, office_, u"select photo from Cards where code=1"_s}).out.endsWith(u" bytes)\n"));
         QCOMPARE(runTool({u"sql"_s, office_, u"select UserName from Users order by UserName"_s, u"--users"_s}).out,
                  u"UserName\neleni\nmaria\nnikos\n"_s);
+    }
+
+    void agendaOfOneUsersDay() {
+        const char* const rows[] = {"maria',#2031-03-30#,#14:00#,null,'Αργά',null,null",
+                                    "maria',#2031-03-30#,#09:30#,#10:00#,'Α\tΒ','Σκίννερ','Αθήνα'",
+                                    "nikos',#2031-03-30#,#09:00#,#10:00#,'Ξένη',null,null",
+                                    "maria',#2031-03-31#,#09:00#,#10:00#,'Αύριο',null,null"};
+        for (const char* row : rows)
+            QCOMPARE(runTool({u"sql"_s, office_,
+                              u"insert into dates ([user],[day],[start],[end],subject,contact,location) values ('"_s +
+                                  QString::fromUtf8(row) + u')',
+                              u"--write"_s})
+                         .code,
+                     0);
+        const QStringList call{u"agenda"_s, office_, u"--user"_s, u"maria"_s, u"--day"_s};
+        QCOMPARE(runTool(call + QStringList(u"2031-03-30"_s)).out,
+                 u"Έναρξη\tΤέλος\tΕπαφή\tΘέμα\tΤόπος\n09:30\t10:00\tΣκίννερ\tΑ\\tΒ\tΑθήνα\n14:00\t\t\tΑργά\t\n"_s);
+        const ToolRun free = runTool(call + QStringList(u"2031-04-01"_s));
+        QCOMPARE(free.code, 0);
+        QVERIFY(free.out.count(u'\n') == 1 && free.err.contains(u"Δεν υπάρχουν συναντήσεις"));
     }
 
     void sqlOnlyReadsUnlessToldOtherwise() {

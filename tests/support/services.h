@@ -202,8 +202,28 @@ public:
         opened.append(url.toString(QUrl::FullyEncoded));
         return !missingPrograms.contains(url.toString(QUrl::FullyEncoded));
     }
+    bool writeMail(const QString& subject, const QString& body, const QString& file) override {
+        if (attaches) mails.append({subject, body, file});
+        return attaches;
+    }
 
     QStringList opened, missingPrograms;
+    bool attaches = true;        // whether mails can carry files
+    QVector<QStringList> mails;  // subject, body and file of each
+};
+
+// Keeps what the desktop was asked to show; a test presses the buttons.
+class RecordingNotifier : public platform::Notifier {
+public:
+    struct Shown {
+        QString title, text;
+        Button button;
+    };
+    QVector<Shown> shown;
+
+    void notify(const QString& title, const QString& text, const Button& button) override {
+        shown.append({title, text, button});
+    }
 };
 
 // All of them, and the Services that a window takes. Lives longer than the windows that use it.
@@ -214,7 +234,8 @@ struct Desk {
     RecordingSound sound;
     RecordingShell shell;
     RecordingPrinters printers;
-    platform::Services services{settings, clock, prompts, sound, shell, printers};
+    RecordingNotifier notifier;
+    platform::Services services{settings, clock, prompts, sound, shell, printers, notifier};
 
     // The office's owner, whose details head what is printed.
     const QStringList owner{u"Γραφείο Α"_s, u"Ερμού 12"_s, u"210 1234567"_s, u"info@example.gr"_s};
