@@ -97,8 +97,10 @@ void AppointmentsTab::deleteAppointment() {
     const QVariant appointment = ListView3->currentTag();
     if (appointment.isValid() && askAndDelete(u"Να συνεχίσω με διαγραφή της Συνάντησης;"_s, [&] {
             mod_.gConn.execute(data::Sql(u"Delete from dates where aa=?"_s, appointment.toLongLong()));
-        }))
+        })) {
+        fill(code_);
         mod_.doors.appointmentsChanged();
+    }
 }
 
 }  // namespace cards

@@ -13,7 +13,7 @@ using controls::Item;
 using controls::named;
 
 frmLinkFolders::frmLinkFolders(core::MainMod& mod, QWidget* parent, const QString& place)
-    : Dialog(mod, parent, u"frmLinkFolders"_s, u"Φάκελοι Συνδέσεων"_s),
+    : Dialog(mod, parent, u"frmLinkFolders"_s, u"Φάκελοι Συνδέσεων"_s, u"folder"_s),
       place_(place),
       ListView1(
           new core::StoredList(mod.services.settings, u"ListView1"_s, windowTitle(), u"lvLinkFolders"_s,

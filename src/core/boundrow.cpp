@@ -10,22 +10,22 @@ using namespace Qt::Literals::StringLiterals;
 
 namespace core {
 
-BoundRow::BoundRow(MainMod& mod, QWidget* window, FieldWatch& fields, const QString& table, Words words,
-                   QVector<Column> columns)
+BoundRow::BoundRow(MainMod& mod, QWidget* window, FieldWatch& fields, const QString& table, const QString& statement,
+                   Words words, QVector<Column> columns)
     : mod_(mod),
       window_(window),
       fields_(fields),
-      table_(table),
+      statement_(statement),
       words_(std::move(words)),
       columns_(std::move(columns)) {
     for (const Column& column : columns_) {
-        limitToColumn(column.field, table_, column.name);
+        limitToColumn(column.field, table, column.name);
         fields_.watch(column.field);
     }
 }
 
 void BoundRow::open() {
-    row_.open(mod_.gConn, data::Sql(u"select * from ? where aa=?"_s, data::Sql::name(table_), aa_));
+    row_.open(mod_.gConn, data::Sql(statement_, aa_));
 }
 
 void BoundRow::startNew() {
@@ -98,7 +98,7 @@ bool BoundRow::save(const std::function<void(data::Recordset&)>& more) {
 }
 
 bool BoundRow::settle() {
-    data::Recordset now(mod_.gConn, data::Sql(u"select * from ? where aa=?"_s, data::Sql::name(table_), aa_));
+    data::Recordset now(mod_.gConn, data::Sql(statement_, aa_));
     if (!now.isEmpty()) return settleChange(now);
     if (!ask(mod_, window_, words_.gone + u"\nΝα αποθηκευτεί ως νέα;"_s)) return false;
     startNew();

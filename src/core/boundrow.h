@@ -25,9 +25,10 @@ public:
         QString gone;        // somebody else deleted the row
     };
 
-    // Fields take no more characters than their columns, and are watched. All of it outlives this object.
-    BoundRow(MainMod& mod, QWidget* window, FieldWatch& fields, const QString& table, Words words,
-             QVector<Column> columns);
+    // `statement` selects the row of the table by its number, a `?`. Fields take no more characters than their columns,
+    // and are watched. All of it outlives this object.
+    BoundRow(MainMod& mod, QWidget* window, FieldWatch& fields, const QString& table, const QString& statement,
+             Words words, QVector<Column> columns);
 
     void startNew();  // the fields are the window's to fill
     // Shows the row of this number, with which it was entered into the table. False when there is none any more.
@@ -59,7 +60,7 @@ private:
     MainMod& mod_;
     QWidget* window_;
     FieldWatch& fields_;
-    QString table_;
+    QString statement_;
     Words words_;
     QVector<Column> columns_;
     data::Recordset row_;

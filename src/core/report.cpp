@@ -201,9 +201,10 @@ void drawReport(platform::Printer& printer, const Report& report, const PrintSte
 }
 
 bool printReport(MainMod& mod, QWidget* parent, const Report& report) {
-    return printOut(mod, parent, {report.title, [report](platform::Printer& printer, const PrintStep& step) {
-                                      drawReport(printer, report, step);
-                                  }, false, report.about});
+    return printOut(mod, parent,
+                    {report.title,
+                     [report](platform::Printer& printer, const PrintStep& step) { drawReport(printer, report, step); },
+                     false, report.about});
 }
 
 }  // namespace core

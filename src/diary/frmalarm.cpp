@@ -37,7 +37,7 @@ QLabel* subjectLabel(const QString& name) {
 }  // namespace
 
 frmAlarm::frmAlarm(core::MainMod& mod, QWidget* parent)
-    : Dialog(mod, parent, u"frmAlarm"_s, u"Υπενθύμιση!"_s),
+    : Dialog(mod, parent, u"frmAlarm"_s, u"Υπενθύμιση!"_s, u"alarm"_s),
       lblAlarm(subjectLabel(u"lblAlarm"_s)),
       Label2(subjectLabel(u"Label2"_s)),
       ListView1(

@@ -40,7 +40,7 @@ std::optional<QDate> typedDay(const QString& text, QDate today) {
 }  // namespace
 
 frmCalend::frmCalend(core::MainMod& mod, std::function<void(const NewAppointment&, QWidget*)> makeNew)
-    : Form(mod, u"frmCalend"_s, u"Ημερολόγιο"_s, {u"Caln"_s, 0, 0}),
+    : Form(mod, u"frmCalend"_s, u"Ημερολόγιο"_s, {u"Caln"_s, 0, 0}, u"calendar"_s),
       makeNew_(std::move(makeNew)),
       month_(new MonthPane(mod, [this](Month month) { return busyDays(month); })),
       ListView1(new core::StoredList(mod.services.settings, u"ListView1"_s, u"Συναντήσεις της ημέρας"_s, u"ListView1"_s,

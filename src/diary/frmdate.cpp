@@ -40,7 +40,7 @@ controls::ChoiceBox* timeBox(const QString& name) {
 }  // namespace
 
 frmDate::frmDate(core::MainMod& mod)
-    : Form(mod, u"frmDate"_s, u"Συνάντηση"_s, {u"Date"_s, 1000, 0}),
+    : Form(mod, u"frmDate"_s, u"Συνάντηση"_s, {u"Date"_s, 1000, 0}, u"appointment"_s),
       Frame1(named(new QGroupBox, u"Frame1"_s)),
       lblDate(named(new QLabel, u"lblDate"_s)),
       txtContact(textBox(u"txtContact"_s)),
@@ -91,6 +91,7 @@ core::BoundRow frmDate::boundRow() {
             this,
             fields_,
             u"Dates"_s,
+            u"select * from dates where aa=?"_s,
             {u"τη συνάντηση"_s, gone},
             {{u"contact"_s, txtContact, u"Επαφή"_s},
              {u"Subject"_s, txtSubject, u"Θέμα"_s},

@@ -35,7 +35,7 @@ QVector<controls::ListColumn> columns() {
 }  // namespace
 
 frmDatesShow::frmDatesShow(core::MainMod& mod)
-    : Form(mod, u"frmDatesShow"_s, u"Λίστα Συναντήσεων"_s, {u"DateShow"_s, 1000, 0}, u"list"_s),
+    : Form(mod, u"frmDatesShow"_s, u"Λίστα Συναντήσεων"_s, {u"DateShow"_s, 1000, 0}, u"dates"_s),
       period_(new controls::Period(u"DTPcustDate"_s)),
       Combo1(controls::named(new controls::ChoiceBox(false), u"Combo1"_s)),
       ListView1(new core::StoredList(mod.services.settings, u"ListView1"_s, windowTitle(), u"lvDates"_s, columns())),

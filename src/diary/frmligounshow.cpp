@@ -21,7 +21,7 @@ const QString ofVisits = u"των επισκέψεων"_s;
 
 frmLigounShow::frmLigounShow(core::MainMod& mod)
     // At the place of the list of appointments: the two windows share it.
-    : Form(mod, u"frmLigounShow"_s, u"Λίστα Επισκέψεων"_s, {u"DateShow"_s, 1000, 0}, u"list"_s),
+    : Form(mod, u"frmLigounShow"_s, u"Λίστα Επισκέψεων"_s, {u"DateShow"_s, 1000, 0}, u"due"_s),
       period_(new controls::Period(u"DTPcustDate"_s)),
       ListView1(
           new core::StoredList(mod.services.settings, u"ListView1"_s, windowTitle(), u"lvLigoun"_s, dueColumns())),

@@ -23,7 +23,7 @@ QVector<controls::ListColumn> cardColumns() {
 }  // namespace
 
 frmNameDay::frmNameDay(core::MainMod& mod)
-    : Form(mod, u"frmNameDay"_s, {}, {u"NameDayShow"_s, 1545, 0}, u"calendar"_s),
+    : Form(mod, u"frmNameDay"_s, {}, {u"NameDayShow"_s, 1545, 0}, u"nameday"_s),
       ListView1(new core::StoredList(mod.services.settings, u"ListView1"_s, u"Σήμερα γιορτάζουν"_s, u"lvNameDay1"_s,
                                      {{u"Όνομα"_s, u"Όνομα"_s, 8000}})),
       ListView2(new core::StoredList(mod.services.settings, u"ListView2"_s, u"Γιορτάζουν οι επαφές"_s, u"lvNameDay2"_s,

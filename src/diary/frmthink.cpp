@@ -19,7 +19,7 @@ const QStringList priorities = {u"5"_s, u"4"_s, u"3"_s, u"2"_s, u"1"_s};
 }  // namespace
 
 frmThink::frmThink(core::MainMod& mod)
-    : Form(mod, u"frmThink"_s, u"Εργασία"_s, {u"Think"_s, 1000, 0}),
+    : Form(mod, u"frmThink"_s, u"Εργασία"_s, {u"Think"_s, 1000, 0}, u"task"_s),
       Label5(named(new QLabel, u"Label5"_s)),
       txtSubject(named(new controls::TextBox, u"txtSubject"_s)),
       Combo1(named(new controls::ChoiceBox(true), u"Combo1"_s)),
@@ -57,6 +57,7 @@ core::BoundRow frmThink::boundRow() {
             this,
             fields_,
             u"ThinksToDo"_s,
+            u"select * from thinkstodo where aa=?"_s,
             {u"την εργασία"_s, gone},
             {{u"Subject"_s, txtSubject, u"Θέμα"_s},
              {u"Priority"_s, Combo1, u"Προτεραιότητα"_s},

@@ -27,7 +27,7 @@ QVector<controls::ListColumn> columns() {
 }  // namespace
 
 frmThinksToDoShow::frmThinksToDoShow(core::MainMod& mod)
-    : Form(mod, u"frmThinksToDoShow"_s, u"Εμφάνιση Εργασιών"_s, {u"ThinksToDoShow"_s, 1230, 0}),
+    : Form(mod, u"frmThinksToDoShow"_s, u"Εμφάνιση Εργασιών"_s, {u"ThinksToDoShow"_s, 1230, 0}, u"tasks"_s),
       Combo1(controls::named(new controls::ChoiceBox(false), u"Combo1"_s)),
       ListView1(new core::StoredList(mod.services.settings, u"ListView1"_s, u"Εργασίες"_s, u"lvThinks"_s, columns())),
       keys_(mod, u"ThinksQuery"_s, {u"Priority"_s, u"Subject"_s, u"Notes"_s},

@@ -43,7 +43,7 @@ controls::TextBox* sumBox(const QString& name) {
 }  // namespace
 
 frmTodayShow::frmTodayShow(core::MainMod& mod)
-    : Form(mod, u"frmTodayShow"_s, u"Τι έχω να κάνω σήμερα;"_s, {u"TodayShow"_s, 30, 1230}, u"calendar"_s),
+    : Form(mod, u"frmTodayShow"_s, u"Τι έχω να κάνω σήμερα;"_s, {u"TodayShow"_s, 30, 1230}, u"today"_s),
       period_(new controls::Period(u"DTPcustDate"_s)),
       ListView1(new core::StoredList(mod.services.settings, u"ListView1"_s, u"Συναντήσεις Ημέρας"_s, u"lvDates"_s,
                                      appointmentColumns())),

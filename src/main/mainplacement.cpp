@@ -31,6 +31,10 @@ void place(QWidget& window, const platform::Settings& settings) {
     putFrame(window, {core::loadPosition(settings, {u"Main"_s, 105, 45}), size});
 }
 
+bool hasStoredSize(const platform::Settings& settings) {
+    return !settings.value(section, width).isEmpty();
+}
+
 void storePlacement(const QWidget& window, platform::Settings& settings) {
     if (window.isMinimized()) return;
     // The corner of the frame, as it is moved to, and the size inside it.

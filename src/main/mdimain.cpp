@@ -2,6 +2,7 @@
 
 #include <QApplication>
 #include <QCloseEvent>
+#include <QTimer>
 
 #include "cards/windows.h"
 #include "controls/names.h"
@@ -43,7 +44,10 @@ MDIMain::MDIMain(core::MainMod& mod)
     menus_ = new MenuTree(mod_, this, windows_, ownEntries());
     setCentralWidget(area_);
     setStatusBar(status_);
-    connect(area_, &FormArea::roomWanted, this, [this](QSize missing) { grow(*this, missing); });
+    connect(area_, &FormArea::roomWanted, this, [this](QSize missing) {
+        // A size that the user chose stays at start.
+        if (!openingAtStart_ || !hasStoredSize(mod_.services.settings)) grow(*this, missing);
+    });
 }
 
 MDIMain::~MDIMain() {
@@ -88,10 +92,18 @@ void MDIMain::load() {
 // Once the area has its size, in which they find their places.
 void MDIMain::showEvent(QShowEvent* event) {
     QMainWindow::showEvent(event);
-    if (std::exchange(shown_, true)) return;
-    for (const QString& name : {u"frmTodayShow"_s, u"frmNameDay"_s})
-        if (windows_.knows(name) && mod_.services.settings.number(optionsSection, name + u"Start"_s, 1) == 1)
-            windows_.front(name);
+    if (!std::exchange(shown_, true)) openAtStart({u"frmTodayShow"_s, u"frmNameDay"_s});
+}
+
+// One after the other, each once the one before has done with what it asked or told: that may have closed this window.
+void MDIMain::openAtStart(QStringList names) {
+    if (names.isEmpty() || !isVisible()) return;
+    const QString name = names.takeFirst();
+    openingAtStart_ = true;
+    if (windows_.knows(name) && mod_.services.settings.number(optionsSection, name + u"Start"_s, 1) == 1)
+        windows_.front(name);
+    openingAtStart_ = false;
+    QTimer::singleShot(0, this, [this, names] { openAtStart(names); });
 }
 
 // What was shown in this run isn't shown again, unless somebody else was at work meanwhile.

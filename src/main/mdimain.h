@@ -39,6 +39,7 @@ protected:
 private:
     QHash<QString, OwnEntry> ownEntries();
     void watchReminders();
+    void openAtStart(QStringList names);
     void setTheme(int kind);
 
     core::MainMod& mod_;
@@ -49,6 +50,7 @@ private:
     diary::frmAlarm* alarm_ = nullptr;
     bool loggingOff_ = false;
     bool shown_ = false;
+    bool openingAtStart_ = false;
 };
 
 }  // namespace entry

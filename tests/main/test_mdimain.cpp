@@ -104,7 +104,21 @@ private slots:
         for (const entry::MenuDef& def : entry::menuDefs())
             if (names.contains(def.name) && !def.form.isEmpty() && def.form != "frmOwner")
                 QVERIFY2(window->windows().knows(def.form), qPrintable(def.name));
-        QVERIFY(!names.contains("mnuDates") && !names.contains("mnuThinks"));
+        QVERIFY(names.contains("mnuCalendar") && !names.contains("mnuUtilies"));
+    }
+
+    void theDaysWindowsOpenAtStartUnlessSwitchedOff() {
+        Site site;
+        const auto opened = [&site] {
+            const auto window = site.open();
+            for (int i = 0; i < 5; ++i) QApplication::processEvents();
+            return window->windows().shown();
+        };
+        QCOMPARE(opened(), (QStringList{"frmTodayShow", "frmNameDay"}));
+        site.desk.settings.setNumber("Options", "frmTodayShowStart", 0);
+        QCOMPARE(opened(), QStringList("frmNameDay"));
+        site.desk.settings.setNumber("Options", "frmNameDayStart", 0);
+        QCOMPARE(opened(), QStringList());
     }
 
     void theNounNamesTheMenus() {

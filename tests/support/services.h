@@ -54,7 +54,7 @@ public:
 
     ~RecordingPrompts() override {
         if (!QTest::currentTestFailed() &&
-            !(answers_.empty() && saves_.empty() && choices_.empty() && files_.empty() && folders_.empty()))
+            !(answers_.empty() && saves_.empty() && choices_.empty() && inputs_.empty() && files_.empty() && folders_.empty()))
             QTest::qFail("an answer was left that nobody asked for", __FILE__, __LINE__);
     }
 
@@ -63,6 +63,7 @@ public:
     void answerSave() { saves_.push_back(true); }
     // The text of the answer, or its beginning.
     void answerChoice(const QString& answer) { choices_.push_back(answer); }
+    void answerInput(const QString& typed) { inputs_.push_back(typed); }
     void answerFile(const QString& path) { files_.push_back(path); }
     void answerFolder(const QString& path) { folders_.push_back(path); }
 
@@ -103,9 +104,8 @@ public:
     }
     std::optional<QString> input(QWidget*, const QString& title, const QString& prompt, const QString&) override {
         shown_.append({platform::MessageIcon::Plain, title, prompt});
-        std::deque<QString> none;
-        taken(none);
-        return {};
+        const QString typed = taken(inputs_);
+        return typed.isNull() ? std::nullopt : std::optional(typed);
     }
     QString openFile(QWidget*, const QString& title, const QString& filter, const QString& start) override {
         startPath = start;
@@ -137,7 +137,7 @@ private:
 
     QList<Shown> shown_;
     std::deque<bool> answers_, saves_;
-    std::deque<QString> files_, folders_, choices_;
+    std::deque<QString> files_, folders_, choices_, inputs_;
 };
 
 class RecordingSound : public platform::Sound {
