@@ -77,7 +77,7 @@ void openDoors(core::Windows& windows, core::MainMod& mod) {
     };
     mod.doors.appointmentsChanged.add([&] {
         if (auto* calendar = found<frmCalend>(windows, u"frmCalend"_s)) calendar->refresh();
-        if (auto* list = found<frmDatesShow>(windows, u"frmDatesShow"_s)) list->FillList();
+        if (auto* list = found<frmDatesShow>(windows, u"frmDatesShow"_s)) list->refresh();
         if (auto* today = found<frmTodayShow>(windows, u"frmTodayShow"_s)) today->FillList2();
     });
     mod.doors.tasksChanged.add([&] {
