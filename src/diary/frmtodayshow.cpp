@@ -79,6 +79,7 @@ frmTodayShow::frmTodayShow(core::MainMod& mod)
     openRow(ListView1, [this](qint64 aa) { mod_.doors.openAppointment(aa, nullptr); });
     openRow(ListView2, [this](qint64 aa) { mod_.doors.openTask(aa, nullptr); });
     openRow(ListView3, [this](qint64 code) { mod_.doors.openCard(code); });
+    midnight_.setObjectName(u"tmrMidnight"_s);
     on(&midnight_, &QTimer::timeout, [this] { followMidnight(); });
 }
 
