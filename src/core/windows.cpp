@@ -28,8 +28,11 @@ Form* Windows::front(const QString& name) {
     forms_.insert(name, form);
     order_.append(name);
     QObject::connect(form, &Form::openRequested, form, [this](const QString& other) { front(other); });
-    QObject::connect(
-        form, &Form::closeRequested, form, [this, name] { unload(name); }, Qt::QueuedConnection);
+    // One that was taken down before its wish came through asks nothing of the next of its name.
+    const auto close = [this, name, form] {
+        if (find(name) == form) unload(name);
+    };
+    QObject::connect(form, &Form::closeRequested, form, close, Qt::QueuedConnection);
     form->load();
     host_.add(form);
     host_.bringToFront(form);

@@ -207,6 +207,7 @@ core::Draft frmDate::draft() {
 
 void frmDate::resume(const core::Draft& draft) {
     startNew({draft.key[u"day"_s].toDate(), {}, {}, {}, 0, {}});
+    fields_.forget();
     row_.resume(draft);
     if (!row_.isNew())
         show(row_.row());

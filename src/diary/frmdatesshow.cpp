@@ -52,7 +52,7 @@ frmDatesShow::frmDatesShow(core::MainMod& mod)
     on(ListView1, &controls::ListView::rowActivated,
        [this](int row) { mod_.doors.openAppointment(ListView1->row(row).tag.toLongLong(), this); });
     on(ListView1, &controls::ListView::columnClicked, [this](int column) {
-        keys_.click(column - 1);
+        keys_.click(column);
         FillList();
     });
 }
@@ -88,6 +88,10 @@ void frmDatesShow::onLoad() {
 
 void frmDatesShow::onUnload() {
     keys_.store();
+}
+
+void frmDatesShow::refresh() {
+    if (period_->days()) FillList();
 }
 
 void frmDatesShow::FillList() {

@@ -16,6 +16,7 @@ public:
     explicit frmDatesShow(core::MainMod& mod);
 
     void FillList();
+    void refresh();  // for whoever saved an appointment; not while a date is being typed
 
 protected:
     void onLoad() override;

@@ -116,6 +116,7 @@ core::Draft frmThink::draft() {
 
 void frmThink::resume(const core::Draft& draft) {
     startNew();
+    fields_.forget();
     row_.resume(draft);
     if (!row_.isNew()) {
         owner_ = row_.row()[u"User"].text();

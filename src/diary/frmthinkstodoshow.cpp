@@ -18,7 +18,7 @@ constexpr int userColumn = 3;
 
 QVector<controls::ListColumn> columns() {
     return {{u"Subject"_s, u"Θέμα"_s, 1200},
-            {u"Notes"_s, u"Σημειώσεις"_s, 1200},
+            {.key = u"Notes"_s, .header = u"Σημειώσεις"_s, .width = 1200, .spare = true},
             {.key = u"Priority"_s, .header = u"Προτεραιότητα"_s, .width = 1300, .storedAs = u"Priotity"_s},
             {.key = u"Χρήστης"_s, .header = u"Χρήστης"_s, .section = u"lvDates"_s, .stored = false},
             {.key = u"Εντολέας"_s, .header = u"Εντολέας"_s, .section = u"lvDates"_s, .stored = false}};
@@ -55,7 +55,7 @@ frmThinksToDoShow::frmThinksToDoShow(core::MainMod& mod)
 
 QVector<core::Command> frmThinksToDoShow::commands() {
     const auto hasRows = [this] { return ListView1->count() > 0; };
-    return {{u"mnuNewThink"_s, u"add"_s, u"Νέα εργασία"_s, {}, [this] { mod_.doors.openTask(0, this); }},
+    return {{u"mnuNewThink"_s, u"add"_s, u"Νέα εργασία"_s, {}, [this] { mod_.doors.openTask(0, nullptr); }},
             {u"mnuEditThink"_s, u"edit"_s, u"Διόρθωση εργασίας"_s, {}, [this] { edit(); }, hasRows},
             {u"mnuDelThink"_s,
              u"delete"_s,

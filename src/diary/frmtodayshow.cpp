@@ -22,13 +22,14 @@ const QString optionsSection = u"Options"_s, startOption = u"frmTodayShowStart"_
 const QDate firstDue(2000, 1, 1);
 
 QVector<controls::ListColumn> appointmentColumns() {
-    return {{u"Επαφή"_s, u"Επαφή"_s, 1500}, {u"Subject"_s, u"Θέμα"_s, 1500}, {u"Location"_s, u"Τόπος"_s, 2000},
-            {u"Day"_s, u"Ημέρα"_s, 1000},   {u"Start"_s, u"Έναρξη"_s, 1100}, {u"End"_s, u"Λήξη"_s, 1100}};
+    return {{u"Επαφή"_s, u"Επαφή"_s, 1500},    {.key = u"Subject"_s, .header = u"Θέμα"_s, .width = 1500, .spare = true},
+            {u"Location"_s, u"Τόπος"_s, 2000}, {u"Day"_s, u"Ημέρα"_s, 1000},
+            {u"Start"_s, u"Έναρξη"_s, 1100},   {u"End"_s, u"Λήξη"_s, 1100}};
 }
 
 QVector<controls::ListColumn> taskColumns() {
     return {{u"Subject"_s, u"Θέμα"_s, 3000},
-            {u"Notes"_s, u"Σημειώσεις"_s, 3000},
+            {.key = u"Notes"_s, .header = u"Σημειώσεις"_s, .width = 3000, .spare = true},
             {.key = u"Priority"_s, .header = u"Προτεραιότητα"_s, .width = 1300, .storedAs = u"Priotity"_s}};
 }
 
@@ -55,6 +56,7 @@ frmTodayShow::frmTodayShow(core::MainMod& mod)
       txtSumTotalPay(sumBox(u"txtSumTotalPay"_s)),
       Check1(named(new QCheckBox(u"Να εμφανίζετε στην εκκίνηση του προγράμματος"_s), u"Check1"_s)),
       keys_(core::SortKeys::ofAppointments(mod)),
+      midnight_(this),
       commands_(mod, this, commands()) {
     auto* sums = controls::row({{Check1, 1},
                                 controls::captionOf(u"Σύνολο Εισπρακτέο:"_s, lblSumTotalInc),
@@ -71,12 +73,13 @@ frmTodayShow::frmTodayShow(core::MainMod& mod)
          sums});
     setMinimumSize(860, 480);
     on(ListView1, &controls::ListView::columnClicked, [this](int column) {
-        keys_.click(column - 1);
+        keys_.click(column);
         FillList2();
     });
     openRow(ListView1, [this](qint64 aa) { mod_.doors.openAppointment(aa, nullptr); });
     openRow(ListView2, [this](qint64 aa) { mod_.doors.openTask(aa, nullptr); });
     openRow(ListView3, [this](qint64 code) { mod_.doors.openCard(code); });
+    midnight_.setObjectName(u"tmrMidnight"_s);
     on(&midnight_, &QTimer::timeout, [this] { followMidnight(); });
 }
 
@@ -99,11 +102,11 @@ void frmTodayShow::openRow(core::StoredList* list, const std::function<void(qint
 void frmTodayShow::setToday(QDate today) {
     today_ = today;
     setWindowTitle(u"Τι έχω να κάνω σήμερα;    (%1)"_s.arg(data::format(data::wallClock(today), u"dddd dd mmm yyyy")));
-    period_->setDays({today, today});
 }
 
 void frmTodayShow::onLoad() {
     setToday(mod_.services.clock.today());
+    period_->setDays({today_, today_});
     Check1->setChecked(mod_.services.settings.number(optionsSection, startOption, 1) == 1);
     keys_.load();
     refresh();
@@ -117,11 +120,12 @@ void frmTodayShow::onUnload() {
 
 // Dates that the user set stay.
 void frmTodayShow::followMidnight() {
-    const QDate now = mod_.services.clock.today();
-    if (now == today_) return;
-    const auto days = period_->days();
-    if (!days || days->from != today_ || days->to != today_) return;
+    const QDate before = today_, now = mod_.services.clock.today();
+    if (now == before) return;
     setToday(now);
+    const auto days = period_->days();
+    if (!days || days->from != before || days->to != before) return;
+    period_->setDays({now, now});
     refresh();
 }
 

@@ -51,24 +51,38 @@ frmDate* dateEditor(core::Windows& windows, core::MainMod& mod, QWidget* opener)
     return editor;
 }
 
+// What can't be read leaves no editor behind, which would pass for one of a new row.
+template <typename W, typename Fill>
+void fillOrClose(core::Windows& windows, W* editor, Fill fill) {
+    if (!editor) return;
+    try {
+        fill(*editor);
+    } catch (...) {
+        windows.unload(editor->objectName());
+        throw;
+    }
+}
+
 void addDrafts(core::Windows& windows, core::MainMod& mod) {
     const auto closed = [&windows](const QString& name) { return [&windows, name] { return !windows.find(name); }; };
     windows.addDrafts({u"frmDate"_s, u"συνάντηση"_s, closed(u"frmDate"_s), [&](const core::Draft& draft) {
-                           if (frmDate* editor = dateEditor(windows, mod, nullptr)) editor->resume(draft);
+                           fillOrClose(windows, dateEditor(windows, mod, nullptr),
+                                       [&](frmDate& editor) { editor.resume(draft); });
                        }});
     windows.addDrafts({u"frmThink"_s, u"εργασία"_s, closed(u"frmThink"_s), [&](const core::Draft& draft) {
-                           if (auto* editor = freshEditor<frmThink>(windows, u"frmThink"_s, nullptr))
-                               editor->resume(draft);
+                           fillOrClose(windows, freshEditor<frmThink>(windows, u"frmThink"_s, nullptr),
+                                       [&](frmThink& editor) { editor.resume(draft); });
                        }});
 }
 
 void openDoors(core::Windows& windows, core::MainMod& mod) {
     mod.doors.openAppointment = [&](qint64 aa, QWidget* opener) {
-        if (frmDate* editor = dateEditor(windows, mod, opener)) editor->edit(aa);
+        fillOrClose(windows, dateEditor(windows, mod, opener), [aa](frmDate& editor) { editor.edit(aa); });
     };
     mod.doors.openTask = [&](qint64 aa, QWidget* opener) {
-        frmThink* editor = freshEditor<frmThink>(windows, u"frmThink"_s, opener);
-        if (editor && aa != 0) editor->edit(aa);
+        fillOrClose(windows, freshEditor<frmThink>(windows, u"frmThink"_s, opener), [aa](frmThink& editor) {
+            if (aa != 0) editor.edit(aa);
+        });
     };
     mod.doors.openCalendar = [&] { windows.front(u"frmCalend"_s); };
     mod.doors.openCalendarFor = [&](qint64 code, const QString& contact) {
@@ -77,7 +91,7 @@ void openDoors(core::Windows& windows, core::MainMod& mod) {
     };
     mod.doors.appointmentsChanged.add([&] {
         if (auto* calendar = found<frmCalend>(windows, u"frmCalend"_s)) calendar->refresh();
-        if (auto* list = found<frmDatesShow>(windows, u"frmDatesShow"_s)) list->FillList();
+        if (auto* list = found<frmDatesShow>(windows, u"frmDatesShow"_s)) list->refresh();
         if (auto* today = found<frmTodayShow>(windows, u"frmTodayShow"_s)) today->FillList2();
     });
     mod.doors.tasksChanged.add([&] {

@@ -16,7 +16,8 @@ const QString section = u"Settings"_s, width = u"MainWidth"_s, height = u"MainHe
 
 // `wanted` is the frame's corner and the size inside.
 void putFrame(QWidget& window, QRect wanted) {
-    const QSize frame = window.isVisible() ? window.frameGeometry().size() - window.size() : QSize(8, 36);
+    // A window that was only just shown has no frame yet as far as the toolkit knows.
+    const QSize frame = (window.frameGeometry().size() - window.size()).expandedTo({8, 36});
     wanted.setSize(wanted.size() + frame);
     wanted = core::fitInto(wanted, window.screen()->availableGeometry());
     window.move(wanted.topLeft());

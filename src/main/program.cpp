@@ -111,6 +111,13 @@ void Program::settingsRefused(const QString& file) {
 }
 
 void Program::offerRestore() {
+    // The day's copy reads the same damage; what it says comes first.
+    if (backup_.isRunning()) {
+        connect(&backup_, &core::DailyBackup::finished, this, &Program::offerRestore,
+                Qt::ConnectionType(Qt::QueuedConnection | Qt::SingleShotConnection));
+        return;
+    }
+    if (!main_) return;
     if (core::ask(
             mod_, core::frontWindow(main_.get()),
             u"Η βάση δεδομένων έχει βλάβη. Ό,τι γραφτεί τώρα μπορεί να χαθεί.\nΝα ανοίξει η λίστα με τα αντίγραφα "

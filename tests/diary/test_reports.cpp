@@ -1,39 +1,21 @@
 // The diary's reports, from rows of the office to the printed page.
 #include "controls/theme.h"
 #include "diary/reports.h"
+#include "diaryoffice.h"
 #include "support/cases.h"
-#include "support/office.h"
 #include "support/printedpdf.h"
 
+using support::at;
+using support::DiaryOffice;
 using support::PrintedPdf;
 
 namespace {
 
-const QDateTime leapDay = QDateTime(QDate(2028, 2, 29), QTime(0, 0), Qt::UTC);
+const QDateTime leapDay = support::day(2028, 2, 29);
 
-QDateTime at(const char* time) {
-    return QDateTime(QDate(1899, 12, 30), QTime::fromString(time, "hh:mm"), Qt::UTC);
+QStringList printed(const DiaryOffice& office) {
+    return office.desk.printers.sent.last().texts();
 }
-
-struct DiaryOffice : support::Office {
-    DiaryOffice() {
-        desk.setOwner();
-        mod.gUserName = "Μαρία";
-    }
-    void add(const QString& table, const QVariantMap& values) {
-        data::Recordset row(mod.gConn, data::Sql("select * from ? where aa=0", data::Sql::name(table)));
-        row.addNew();
-        for (auto [column, value] : values.asKeyValueRange()) row[column].setValue(value);
-        row.update();
-    }
-    void addDate(const QDateTime& day, const char* start, const QString& subject, const QVariantMap& more = {}) {
-        QVariantMap values{
-            {"Day", day}, {"Start", at(start)}, {"End", at("23:59")}, {"Subject", subject}, {"User", "Μαρία"}};
-        values.insert(more);
-        add("Dates", values);
-    }
-    QStringList texts() const { return desk.printers.sent.last().texts(); }
-};
 
 PrintedPdf pdfOf(const core::Report& report, QPageSize::PageSizeId paper) {
     return support::printedPdf([&](platform::Printer& printer) { core::drawReport(printer, report, {}); },
@@ -66,22 +48,21 @@ private slots:
         const QStringList first{"ΚΑΤΑΣΤΑΣΗ ΣΥΝΑΝΤΗΣΕΩΝ (Μαρία)", "Ημερομηνία:", "29/02/2028"}, second{"Πρώτη", "09:00"},
             third{"Έλεγχος", "Γραφείο", "14:30", "23:59", "Σκίννερ", "Σημειώσεις:", "ναι", "όχι", "Εντολέας:", "Admin"},
             fourth{"Ημερομηνία:", "01/03/2028"}, last{"Μετά", "09:00", "23:59"};
-        QCOMPARE(office.texts(), office.desk.owner + first + heads + second + nothing + third + fourth + heads + last +
-                                     nothing + QStringList("Σελίδα: 1"));
+        QCOMPARE(printed(office), office.desk.owner + first + heads + second + nothing + third + fourth + heads + last +
+                                      nothing + QStringList("Σελίδα: 1"));
         QCOMPARE(office.desk.printers.sent.last().title, "Κατάσταση Συναντήσεων");
         QVERIFY(diary::DatesReport(office.mod, nullptr, QDate(2028, 3, 1), QDate(2028, 2, 29)));
-        QCOMPARE(under(office.texts(), "ΚΑΤΑΣΤΑΣΗ ΣΥΝΑΝΤΗΣΕΩΝ (Μαρία)").size(), 2);
+        QCOMPARE(under(printed(office), "ΚΑΤΑΣΤΑΣΗ ΣΥΝΑΝΤΗΣΕΩΝ (Μαρία)").size(), 2);
     }
 
     void tasksByPriority() {
         DiaryOffice office;
         office.desk.settings.setValue("Settings", "Phone", "");
-        office.add("ThinksToDo", {{"Subject", "Δεύτερο"}, {"Priority", "4"}, {"User", "Μαρία"}});
-        office.add("ThinksToDo",
-                   {{"Subject", "Πρώτο"}, {"Priority", "1"}, {"User", "Μαρία"}, {"Entoleas", "Admin"}, {"notes", "α"}});
-        office.add("ThinksToDo", {{"Subject", "Ξένο"}, {"Priority", "1"}, {"User", "Admin"}});
+        office.addTask("Δεύτερο", "4");
+        office.addTask("Πρώτο", "1", {{"Entoleas", "Admin"}, {"notes", "α"}});
+        office.addTask("Ξένο", "1", {{"User", "Admin"}});
         QVERIFY(diary::ThinksReport(office.mod, nullptr));
-        QCOMPARE(under(office.texts(), "ΚΑΤΑΣΤΑΣΗ ΕΚΡΕΜΩΝ ΕΡΓΑΣΙΩΝ (Μαρία)"),
+        QCOMPARE(under(printed(office), "ΚΑΤΑΣΤΑΣΗ ΕΚΡΕΜΩΝ ΕΡΓΑΣΙΩΝ (Μαρία)"),
                  QStringList({"ΚΑΤΑΣΤΑΣΗ ΕΚΡΕΜΩΝ ΕΡΓΑΣΙΩΝ (Μαρία)", "Θέμα:", "Πρώτο", "Προτεραιότητα:", "1",
                               "Εντολέας:", "Admin", "Σημειώσεις:", "α", "Θέμα:", "Δεύτερο", "Προτεραιότητα:", "4",
                               "Εντολέας:", "Σημειώσεις:", "Σελίδα: 1"}));
@@ -101,34 +82,34 @@ private slots:
         due("Χωρίς κίνηση", QVariant(), 1);
         due("Χωρίς συχνότητα", leapDay, QVariant());
         QVERIFY(diary::LeigounReport(office.mod, nullptr, QDate(2028, 2, 29), QDate(2028, 3, 1)));
-        QCOMPARE(office.texts(), office.desk.owner + QStringList({"ΚΑΤΑΣΤΑΣΗ ΕΚΡΕΜΩΝ ΕΠΙΣΚΕΨΕΩΝ",
-                                                                  "ΕΠΩΝΥΜΟ",
-                                                                  "ΟΝΟΜΑ",
-                                                                  "ΕΤΑΙΡΙΑ",
-                                                                  "ΛΗΞΗ",
-                                                                  "ΠΟΣΟ",
-                                                                  "Πρώτη",
-                                                                  "Άννα",
-                                                                  "ΑΒΓ",
-                                                                  "29/02/2028",
-                                                                  "Διεύθυνση:",
-                                                                  "Τηλέφωνο:",
-                                                                  "Τελευταία",
-                                                                  "Άννα",
-                                                                  "01/03/2028",
-                                                                  "1.234,50",
-                                                                  "Διεύθυνση:",
-                                                                  "Ερμού 1",
-                                                                  "Τηλέφωνο:",
-                                                                  "2310",
-                                                                  "Σελίδα: 1"}));
+        QCOMPARE(printed(office), office.desk.owner + QStringList({"ΚΑΤΑΣΤΑΣΗ ΕΚΡΕΜΩΝ ΕΠΙΣΚΕΨΕΩΝ",
+                                                                   "ΕΠΩΝΥΜΟ",
+                                                                   "ΟΝΟΜΑ",
+                                                                   "ΕΤΑΙΡΙΑ",
+                                                                   "ΛΗΞΗ",
+                                                                   "ΠΟΣΟ",
+                                                                   "Πρώτη",
+                                                                   "Άννα",
+                                                                   "ΑΒΓ",
+                                                                   "29/02/2028",
+                                                                   "Διεύθυνση:",
+                                                                   "Τηλέφωνο:",
+                                                                   "Τελευταία",
+                                                                   "Άννα",
+                                                                   "01/03/2028",
+                                                                   "1.234,50",
+                                                                   "Διεύθυνση:",
+                                                                   "Ερμού 1",
+                                                                   "Τηλέφωνο:",
+                                                                   "2310",
+                                                                   "Σελίδα: 1"}));
     }
 
     // No word of a head or caption is torn on the smallest paper.
     void captionsStayWholeOnEveryPaper() {
         DiaryOffice office;
         office.addDate(leapDay, "09:00", "Θέμα1");
-        office.add("ThinksToDo", {{"Subject", "α"}, {"Priority", "1"}, {"User", "Μαρία"}});
+        office.addTask("α", "1");
         office.addCard("Σκίννερ", "Άννα",
                        {{"ΤΕΛΕΥΤΑΙΑ_ΚΙΝΗΣΗ", leapDay},
                         {"ΣΥΧΝΟΤΗΤΑ_ΚΙΝΗΣΗΣ", 0},
