@@ -3,6 +3,7 @@
 #include <QMenu>
 #include <QMenuBar>
 #include <QSet>
+#include <QShortcut>
 
 #include "controls/names.h"
 #include "controls/theme.h"
@@ -25,6 +26,17 @@ MenuTree::MenuTree(core::MainMod& mod, QMainWindow* window, core::Windows& windo
         QWidget* parent = def.parent.isEmpty() ? static_cast<QWidget*>(bar) : entry(def.parent)->menu();
         parent->addAction(made);
     }
+    connect(new QShortcut(Qt::Key_F10, window), &QShortcut::activated, this, [this, bar] { enterBar(bar); });
+}
+
+// As Alt does: the first menu, from which the arrows lead on.
+void MenuTree::enterBar(QMenuBar* bar) {
+    const auto titles = bar->actions();
+    const auto first =
+        std::find_if(titles.begin(), titles.end(), [](const QAction* each) { return each->isVisible(); });
+    if (first == titles.end()) return;
+    bar->setFocus(Qt::MenuBarFocusReason);
+    bar->setActiveAction(*first);
 }
 
 QAction* MenuTree::buildMenu(const MenuDef& def, QMainWindow* window) {

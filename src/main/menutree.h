@@ -33,6 +33,7 @@ private:
     void trigger(const MenuDef& def);
     void refreshMarks();
     void hideEmptyMenus();
+    void enterBar(QMenuBar* bar);
 
     core::MainMod& mod_;
     core::Windows& windows_;

@@ -50,6 +50,14 @@ private slots:
         QCOMPARE(window->statusPanel(5)->text(), "Χρήστης: Admin");
     }
 
+    void theMenusAreReachedByKey() {
+        Site site;
+        const auto window = site.open();
+        support::activate(*window);
+        QTest::keyClick(window.get(), Qt::Key_F10);
+        QCOMPARE(window->menuBar()->activeAction(), window->menu("mnuAddress"));
+    }
+
     void theWayOutStandsAtTheRightEnd() {
         Site site;
         const auto window = site.open();
