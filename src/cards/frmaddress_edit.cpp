@@ -92,10 +92,14 @@ void frmAddress::DeleteCard() {
         throw;
     }
     rest();
-    if (!mRsCards.isEmpty()) return showFirst();
-    CurrentCode = u"0"_s;
-    ClearCard();
-    showCounter();
+    if (mRsCards.isEmpty()) {
+        CurrentCode = u"0"_s;
+        ClearCard();
+        showCounter();
+    } else {
+        showFirst();
+    }
+    mod_.doors.cardsChanged();
 }
 
 void frmAddress::removeCard() {

@@ -111,6 +111,7 @@ void frmAddress::afterSave() {
     if (mRsCards.eof() && !mRsCards.isEmpty()) mRsCards.moveFirst();  // deleted again meanwhile
     ShowCard(true);
     rest();
+    mod_.doors.cardsChanged();
 }
 
 }  // namespace cards

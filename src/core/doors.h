@@ -28,6 +28,7 @@ struct Doors {
     std::function<void(qint64 code, int tab)> openCardAt = [](qint64, int) {};  // and this tab of it, from 0
     std::function<void(int number)> openValues = [](int) {};  // the values of one of the office's lists, from 1
     Notice listsChanged;                                      // categories or values
+    Notice cardsChanged;                                      // a card was saved or deleted
 
     // The search over `opener`; the chosen card goes to `chosen` with surname and first name.
     using Chosen = std::function<void(qint64 code, const QString& contact)>;

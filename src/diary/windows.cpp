@@ -94,6 +94,9 @@ void openDoors(core::Windows& windows, core::MainMod& mod) {
         if (auto* list = found<frmDatesShow>(windows, u"frmDatesShow"_s)) list->refresh();
         if (auto* today = found<frmTodayShow>(windows, u"frmTodayShow"_s)) today->FillList2();
     });
+    mod.doors.cardsChanged.add([&] {
+        if (auto* today = found<frmTodayShow>(windows, u"frmTodayShow"_s)) today->FillDue();
+    });
     mod.doors.tasksChanged.add([&] {
         if (auto* list = found<frmThinksToDoShow>(windows, u"frmThinksToDoShow"_s)) list->FillList();
         if (auto* today = found<frmTodayShow>(windows, u"frmTodayShow"_s)) today->FillTasks();

@@ -239,6 +239,10 @@ private slots:
         setPeriod(work, "07/11/2026", "06/11/2026");
         work.click("cmdShow");
         QCOMPARE(work.shown("lblSumTotalInc"), "1.233,55");
+        QVERIFY(work.column(0, "ListView3").contains("Αύριο"));
+        office.desk.prompts.answer(true);
+        office.window("frmAddress").key(Qt::Key_Delete, Qt::ControlModifier);
+        QVERIFY(!work.column(0, "ListView3").contains("Αύριο"));
     }
 
     // What no sum and no calendar holds, from other programs or by a slip.
