@@ -35,7 +35,11 @@ PictureButton::PictureButton(const QString& caption, const QString& iconName, QW
 QSize PictureButton::sizeHint() const {
     // Wide enough for the longest single word of the rows' captions, so that all buttons are alike.
     const QFontMetrics metrics(font());
-    const int width = metrics.horizontalAdvance(u"Προηγούμενος"_s) + 2 * padding + 4;
+    int width = metrics.horizontalAdvance(u"Προηγούμενος"_s) + 2 * padding + 4;
+    // A caption that is cut all the same makes its button wider.
+    const int whole = metrics.horizontalAdvance(text()) + 2 * padding;
+    const auto isCut = [&] { return brokenLines(text(), font(), width - 2 * padding, mostLines).join(u' ') != text(); };
+    while (width < whole && isCut()) width += 4;
     return QSize(width, padding + iconSide + gap + mostLines * metrics.lineSpacing() + padding);
 }
 

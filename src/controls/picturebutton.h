@@ -6,9 +6,9 @@
 namespace controls {
 
 // Reachable by Tab (a click leaves the focus in the field), pressed by Space and Enter, with a focus ring. The caption
-// is also its accessible name and tool tip; a long one wraps to two lines. All have the same size hint, and get
-// narrower where a row is short of room. hovered() comes
-// once each time the mouse comes in while enabled; pressed() of the base class comes from mouse and keys alike.
+// is also its accessible name and tool tip; a long one wraps to two lines. All have the same size hint, unless
+// a caption needs more, and get narrower where a row is short of room. hovered() comes once each time the mouse comes
+// in while enabled; pressed() of the base class comes from mouse and keys alike.
 class PictureButton : public QAbstractButton {
     Q_OBJECT
 public:

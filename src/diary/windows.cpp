@@ -1,5 +1,8 @@
 #include "diary/windows.h"
 
+#include <QApplication>
+#include <QPointer>
+
 #include "diary/frmalarm.h"
 #include "diary/frmcalend.h"
 #include "diary/frmdate.h"
@@ -25,6 +28,7 @@ W* found(core::Windows& windows, const QString& name) {
 // opener takes no input until the editor is gone.
 template <typename W>
 W* freshEditor(core::Windows& windows, const QString& name, QWidget* opener) {
+    const QPointer<QWidget> focus = opener ? opener->focusWidget() : nullptr;
     if (!windows.unload(name)) {
         windows.front(name);
         return nullptr;
@@ -32,7 +36,10 @@ W* freshEditor(core::Windows& windows, const QString& name, QWidget* opener) {
     W* editor = qobject_cast<W*>(windows.front(name));
     if (opener && editor) {
         opener->setEnabled(false);
-        QObject::connect(editor, &QObject::destroyed, opener, [opener] { opener->setEnabled(true); });
+        QObject::connect(editor, &QObject::destroyed, opener, [opener, focus] {
+            opener->setEnabled(true);
+            if (focus && !QApplication::focusWidget()) focus->setFocus();
+        });
     }
     return editor;
 }

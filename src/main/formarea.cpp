@@ -39,6 +39,8 @@ QMdiSubWindow* frameOf(core::Form* form) {
 FormArea::FormArea(const platform::Settings& settings) : settings_(settings) {
     setHorizontalScrollBarPolicy(Qt::ScrollBarAsNeeded);
     setVerticalScrollBarPolicy(Qt::ScrollBarAsNeeded);
+    // A window that closes leaves the one in front that its user came from.
+    setActivationOrder(QMdiArea::ActivationHistoryOrder);
     followTheme();
 }
 

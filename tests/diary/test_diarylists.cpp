@@ -186,7 +186,10 @@ private slots:
             office.addCard("Ωνάσης", "Α",
                            {{"ΤΕΛΕΥΤΑΙΑ_ΚΙΝΗΣΗ", today.addDays(-1)}, {"ΣΥΧΝΟΤΗΤΑ_ΚΙΝΗΣΗΣ", 1}, {"ΗΜ_ΕΟΡΤΗΣ", today}});
             office.addCard("Τρίτος", "Α");
+            office.window("frmDatesShow");
+            office.window("frmThinksToDoShow");
             const Driver list = office.window(c.name);
+            list.list(c.list)->setFocus();
             const int column = c.opens == QString("frmDate") ? 1 : 0;
             office.activateRow(list, list.rowOf(c.shows, column, c.list), c.list);
             QCOMPARE(office.opened(c.opens).shown(c.box), c.shows);
@@ -194,6 +197,7 @@ private slots:
             office.main->windows().unload(c.opens);
             office.settle();
             QVERIFY(list.window().isEnabled());
+            QCOMPARE(QApplication::focusWidget(), list.list(c.list));
         });
     }
 

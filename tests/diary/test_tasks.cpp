@@ -116,6 +116,7 @@ private slots:
             const Driver list = office.list();
             list.type("Combo1", "");
             emit list.find<QComboBox>("Combo1")->activated(0);
+            list.list()->setFocus();
             const Driver task = office.edit();
             QCOMPARE(task.shown("Label5"), " Διόρθωση Συνάντησης !");
             QVERIFY(!list.window().isEnabled());
@@ -124,6 +125,7 @@ private slots:
             QVERIFY2(office.desk.prompts.isEmpty(), qPrintable(office.desk.prompts.lastText()));
             QCOMPARE(office.stored(), c.stored);
             QVERIFY(!office.isOpen("frmThink") && list.window().isEnabled());
+            QCOMPARE(QApplication::focusWidget(), list.list());
             QCOMPARE(office.main->statusBar()->currentMessage(),
                      c.keepsNotes ? "Οι παλιές σημειώσεις της εργασίας έμειναν όπως ήταν." : "");
             QCOMPARE(list.list()->row(list.list()->currentRow()).tag.toLongLong(), office.task);
@@ -263,6 +265,23 @@ private slots:
             office.press(leave);
             QVERIFY(!office.isOpen("frmThink"));
         });
+    }
+
+    // An editor that couldn't be filled would pass for one of a new task.
+    void whatCannotBeReadOpensNoEditor() {
+        Tasks office;
+        const qint64 date = office.addDate(day(2026, 11, 5), "09:00", "Συνάντηση");
+        const Driver list = office.list(), dates = office.window("frmDatesShow");
+        office.lose();
+        office.activateRow(list, 1);
+        QVERIFY(!office.isOpen("frmThink") && list.window().isEnabled());
+        office.activateRow(dates, 0);
+        QVERIFY(!office.isOpen("frmDate") && dates.window().isEnabled());
+        QCOMPARE(office.desk.prompts.count(), 2);
+        office.bringBack();
+        QCOMPARE(office.edit().shown("txtSubject"), "Τηλέφωνο");
+        office.mod.doors.openAppointment(date, nullptr);
+        QCOMPARE(office.opened("frmDate").shown("txtSubject"), "Συνάντηση");
     }
 
     void aSaveThatFailsKeepsWhatWasTyped() {
