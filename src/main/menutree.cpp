@@ -3,6 +3,7 @@
 #include <QMenu>
 #include <QMenuBar>
 #include <QSet>
+#include <QShortcut>
 
 #include "controls/names.h"
 #include "controls/theme.h"
@@ -25,6 +26,9 @@ MenuTree::MenuTree(core::MainMod& mod, QMainWindow* window, core::Windows& windo
         QWidget* parent = def.parent.isEmpty() ? static_cast<QWidget*>(bar) : entry(def.parent)->menu();
         parent->addAction(made);
     }
+    // The toolkit knows the Alt key alone.
+    connect(new QShortcut(Qt::Key_F10, window), &QShortcut::activated, bar,
+            [bar] { bar->setActiveAction(bar->actions().constFirst()); });
 }
 
 QAction* MenuTree::buildMenu(const MenuDef& def, QMainWindow* window) {
