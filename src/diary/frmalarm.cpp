@@ -21,13 +21,14 @@ const core::Placement alarmPlace{u"Alarm"_s, 1000, 0};
 const QString settingsSection = u"Settings"_s, soundKey = u"AlarmSound"_s;
 constexpr int minute = 60'000;  // milliseconds
 constexpr int shownLetters = 12;
+const QString usualHeading = u"Υπενθύμιση"_s;
 
 QVector<controls::ListColumn> columns() {
     return {{u"Start"_s, u"Έναρξη"_s, 800}, {u"End"_s, u"Τέλος"_s, 800}, {u"Subject"_s, u"Θέμα"_s, 2900}};
 }
 
 QLabel* subjectLabel(const QString& name) {
-    auto* label = named(new QLabel(u"Υπενθύμιση"_s), name);
+    auto* label = named(new QLabel(usualHeading), name);
     label->setTextFormat(Qt::PlainText);
     label->setFont(controls::font(u"Tahoma"_s, 14, true));
     label->setAlignment(Qt::AlignCenter);
@@ -67,7 +68,13 @@ frmAlarm::frmAlarm(core::MainMod& mod, QWidget* parent)
 }
 
 frmAlarm::~frmAlarm() {
-    if (!isMinimized() && testAttribute(Qt::WA_Moved)) core::storePosition(mod_.services.settings, alarmPlace, pos());
+    if (!isMinimized() && testAttribute(Qt::WA_Moved))
+        core::storePosition(mod_.services.settings, alarmPlace, pos() - origin());
+}
+
+// Its place is kept as a way from the main window's corner.
+QPoint frmAlarm::origin() const {
+    return parentWidget() ? parentWidget()->pos() : QPoint();
 }
 
 QVector<core::Command> frmAlarm::commands() {
@@ -105,8 +112,7 @@ void frmAlarm::remind(const QVector<Reminder>& due) {
     QVector<controls::ListRow> rows = ListView1->rows();
     for (const Reminder& each : due) rows.append({{each.start, each.end, each.subject}, each.aa, {}});
     ListView1->setRows(rows);
-    const QString subject = rows.first().cells.last().left(shownLetters);
-    for (QLabel* label : {lblAlarm, Label2}) label->setText(subject);
+    setHeading(rows.first().cells.last().left(shownLetters));
     Timer1.start();
     notifyElsewhere(due);
     place();
@@ -128,7 +134,7 @@ void frmAlarm::notifyElsewhere(const QVector<Reminder>& due) {
         main->activateWindow();
         core::attempt(alarm->mod_, main, [&] { alarm->openCalendar(); });
     };
-    mod_.services.notifier.notify(u"Υπενθύμιση"_s, lines.join(u'\n'), {u"Εμφάνιση Ημερολογίου"_s, show});
+    mod_.services.notifier.notify(usualHeading, lines.join(u'\n'), {u"Εμφάνιση Ημερολογίου"_s, show});
 }
 
 void frmAlarm::openCalendar() {
@@ -138,8 +144,7 @@ void frmAlarm::openCalendar() {
 
 void frmAlarm::place() {
     if (isVisible()) return;
-    const QPoint corner =
-        (parentWidget() ? parentWidget()->pos() : QPoint()) + core::loadPosition(mod_.services.settings, alarmPlace);
+    const QPoint corner = origin() + core::loadPosition(mod_.services.settings, alarmPlace);
     move(core::fitInto({corner, size()}, screen()->availableGeometry()).topLeft());
 }
 
@@ -158,8 +163,13 @@ void frmAlarm::flash() {
     lblAlarm->setPalette(palette);
 }
 
+void frmAlarm::setHeading(const QString& text) {
+    for (QLabel* label : {lblAlarm, Label2}) label->setText(text);
+}
+
 void frmAlarm::dismiss() {
     ListView1->clear();
+    setHeading(usualHeading);
     Timer1.stop();
     hide();
 }

@@ -33,6 +33,8 @@ private:
     void flash();
     void chooseSound();
     void place();
+    QPoint origin() const;
+    void setHeading(const QString& text);
 
     QLabel *lblAlarm, *Label2;
     core::StoredList* ListView1;

@@ -122,6 +122,7 @@ void frmCalend::onLoad() {
     chooseUser(*Combo1, mod_.gUserName);
     month_->showMonth(monthOf(today_));
     ShowDay(today_);
+    MSFlexGrid2->setCurrentCell(firstShownSlot, 0);
     MSFlexGrid2->showFromRow(firstShownSlot);
     tick();
     tmrClock.start(1000);

@@ -258,7 +258,7 @@ void frmDate::SaveAppointment() {
     fields_.forget();
     if (keepsNotes) mod_.doors.say(u"Οι παλιές σημειώσεις της συνάντησης έμειναν όπως ήταν."_s);
     emit closeRequested();
-    emit written(day_);
+    emit saved(day_);
 }
 
 void frmDate::DeleteAppointment() {
@@ -268,7 +268,7 @@ void frmDate::DeleteAppointment() {
         return;
     fields_.forget();
     emit closeRequested();
-    emit written(day_);
+    emit deleted(day_);
 }
 
 void frmDate::chooseContact() {

@@ -23,7 +23,8 @@ public:
     void resume(const core::Draft& draft);
 
 signals:
-    void written(QDate day);  // saved or deleted
+    void saved(QDate day);
+    void deleted(QDate day);  // or given up before it was saved
 
 protected:
     void onLoad() override;

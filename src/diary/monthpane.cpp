@@ -89,7 +89,15 @@ void MonthPane::showMonth(Month month) {
         rows.append(cells);
     }
     MSFlexGrid1->setCells(std::move(rows));
+    if (MSFlexGrid1->currentRow() < 0) setCursorOn(today_);
     MonthYear->setText(data::format(data::wallClock(QDate(month.year, month.month, 1)), u"mmmm yyyy"));
+}
+
+// Where the keys begin; nowhere when the day isn't on show.
+void MonthPane::setCursorOn(QDate day) {
+    for (int row = 0; row < MSFlexGrid1->rowCount(); ++row)
+        for (int column = 0; column < 7; ++column)
+            if (dayAt(row, column) == day) MSFlexGrid1->setCurrentCell(row, column);
 }
 
 void MonthPane::refreshMarks() {

@@ -31,6 +31,7 @@ signals:
 private:
     void turn(int direction);
     void choose(int row, int column);
+    void setCursorOn(QDate day);
     controls::GridCell cellOf(int day, int column) const;
     QDate dayAt(int row, int column) const;  // none for a cell that is empty or no date
 

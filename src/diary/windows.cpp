@@ -47,14 +47,16 @@ W* freshEditor(core::Windows& windows, const QString& name, QWidget* opener) {
 frmDate* dateEditor(core::Windows& windows, core::MainMod& mod, QWidget* opener) {
     frmDate* editor = freshEditor<frmDate>(windows, u"frmDate"_s, opener);
     if (!editor) return nullptr;
-    core::onSignal(mod, editor, editor, &frmDate::written, [&windows, &mod](QDate day) {
-        // Whoever came from a card goes back to it.
-        if (mod.gAddressOpen)
-            windows.unload(u"frmCalend"_s);
-        else if (auto* calendar = found<frmCalend>(windows, u"frmCalend"_s))
-            calendar->ShowDay(day);
+    const auto showDay = [&windows, &mod](QDate day) {
+        if (auto* calendar = found<frmCalend>(windows, u"frmCalend"_s)) calendar->ShowDay(day);
         mod.doors.appointmentsChanged();
+    };
+    core::onSignal(mod, editor, editor, &frmDate::saved, [&windows, &mod, showDay](QDate day) {
+        // Whoever came from a card goes back to it.
+        if (mod.gAddressOpen) windows.unload(u"frmCalend"_s);
+        showDay(day);
     });
+    core::onSignal(mod, editor, editor, &frmDate::deleted, showDay);
     return editor;
 }
 

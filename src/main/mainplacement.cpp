@@ -2,6 +2,7 @@
 
 #include <QLayout>
 #include <QScreen>
+#include <QWindow>
 
 #include "controls/theme.h"
 #include "core/placement.h"
@@ -20,8 +21,11 @@ void putFrame(QWidget& window, QRect wanted) {
     const QSize frame = (window.frameGeometry().size() - window.size()).expandedTo({8, 36});
     wanted.setSize(wanted.size() + frame);
     wanted = core::fitInto(wanted, window.screen()->availableGeometry());
-    window.move(wanted.topLeft());
     window.resize(wanted.size() - frame);
+    window.move(wanted.topLeft());
+    // Without a frame yet the toolkit takes the corner for that of the inside, and the title lands above the screen.
+    if (QWindow* handle = window.windowHandle(); handle && window.frameGeometry() == window.geometry())
+        handle->setFramePosition(wanted.topLeft());
 }
 
 }  // namespace

@@ -51,6 +51,7 @@ MDIMain::MDIMain(core::MainMod& mod)
 }
 
 MDIMain::~MDIMain() {
+    delete alarm_;  // while there is a place to measure its own from
     mod_.doors = {};
 }
 
@@ -86,7 +87,9 @@ void MDIMain::load() {
     status_->setUser(mod_.gUserName);
     if (mod_.services.settings.value(settingsSection, u"Name"_s).isEmpty())
         windows_.open(u"frmOwner"_s, isVisible() ? this : nullptr);
-    watchReminders();
+    // What was shown in this run isn't shown again, unless somebody else was at work meanwhile.
+    if (std::exchange(mod_.remindedUser, mod_.gUserName) != mod_.gUserName) mod_.reminded.clear();
+    alarm_ = new diary::frmAlarm(mod_, this);
 }
 
 // Once the area has its size, in which they find their places.
@@ -97,20 +100,15 @@ void MDIMain::showEvent(QShowEvent* event) {
 
 // One after the other, each once the one before has done with what it asked or told: that may have closed this window.
 void MDIMain::openAtStart(QStringList names) {
-    if (names.isEmpty() || !isVisible()) return;
+    if (!isVisible()) return;
+    // A reminder that came before this window stood on the screen would lie behind it.
+    if (names.isEmpty()) return alarm_->watch();
     const QString name = names.takeFirst();
     openingAtStart_ = true;
     if (windows_.knows(name) && mod_.services.settings.number(optionsSection, name + u"Start"_s, 1) == 1)
         windows_.front(name);
     openingAtStart_ = false;
     QTimer::singleShot(0, this, [this, names] { openAtStart(names); });
-}
-
-// What was shown in this run isn't shown again, unless somebody else was at work meanwhile.
-void MDIMain::watchReminders() {
-    if (std::exchange(mod_.remindedUser, mod_.gUserName) != mod_.gUserName) mod_.reminded.clear();
-    alarm_ = new diary::frmAlarm(mod_, this);
-    alarm_->watch();
 }
 
 void MDIMain::setTheme(int kind) {

@@ -38,7 +38,6 @@ protected:
 
 private:
     QHash<QString, OwnEntry> ownEntries();
-    void watchReminders();
     void openAtStart(QStringList names);
     void setTheme(int kind);
 
