@@ -15,24 +15,39 @@ QVector<controls::ListColumn> dueColumns() {
             {u"Ποσό"_s, u"Ποσό"_s, 1000, true}};
 }
 
-Due dueCards(data::Connection& connection, QDate from, QDate to, bool withFrequency) {
-    const data::Sql sql(
-        u"Select CODE,[ΕΠΩΝΥΜΟ],[ΟΝΟΜΑ],[ΕΤΑΙΡΙΑ],dateadd('d',ΣΥΧΝΟΤΗΤΑ_ΚΙΝΗΣΗΣ,ΤΕΛΕΥΤΑΙΑ_ΚΙΝΗΣΗ) as "
-        "Teleytaia,[ΠΟΣΟ_ΚΙΝΗΣΗΣ],[ΣΥΧΝΟΤΗΤΑ_ΚΙΝΗΣΗΣ] from CARDS where "
-        "(dateadd('d',ΣΥΧΝΟΤΗΤΑ_ΚΙΝΗΣΗΣ,ΤΕΛΕΥΤΑΙΑ_ΚΙΝΗΣΗ) between ? and ?) {AND [ΣΥΧΝΟΤΗΤΑ_ΚΙΝΗΣΗΣ]<>?} ORDER BY "
-        "dateadd('d',ΣΥΧΝΟΤΗΤΑ_ΚΙΝΗΣΗΣ,ΤΕΛΕΥΤΑΙΑ_ΚΙΝΗΣΗ)"_s,
-        from, to, withFrequency ? std::optional(0) : std::nullopt);
-    Due due;
-    for (data::Recordset rows(connection, sql); !rows.eof(); rows.moveNext()) {
+// Each step is a statement of its own that goes on behind the last card, which the index on the day finds at once.
+bool DueReader::step() {
+    constexpr int ofOneStep = 2000;  // as `top` says
+    const bool first = !lastDay_.isValid();
+    data::Recordset rows(
+        connection_,
+        data::Sql(
+            u"Select top 2000 CODE,[ΕΠΩΝΥΜΟ],[ΟΝΟΜΑ],[ΕΤΑΙΡΙΑ],dateadd('d',ΣΥΧΝΟΤΗΤΑ_ΚΙΝΗΣΗΣ,ΤΕΛΕΥΤΑΙΑ_ΚΙΝΗΣΗ) as "
+            "Teleytaia,[ΠΟΣΟ_ΚΙΝΗΣΗΣ] from CARDS where "
+            "(dateadd('d',ΣΥΧΝΟΤΗΤΑ_ΚΙΝΗΣΗΣ,ΤΕΛΕΥΤΑΙΑ_ΚΙΝΗΣΗ) between ? and ?) "
+            "{AND (dateadd('d',ΣΥΧΝΟΤΗΤΑ_ΚΙΝΗΣΗΣ,ΤΕΛΕΥΤΑΙΑ_ΚΙΝΗΣΗ)<>? or CODE>?)} "
+            "{AND [ΣΥΧΝΟΤΗΤΑ_ΚΙΝΗΣΗΣ]<>?} "
+            "ORDER BY dateadd('d',ΣΥΧΝΟΤΗΤΑ_ΚΙΝΗΣΗΣ,ΤΕΛΕΥΤΑΙΑ_ΚΙΝΗΣΗ),CODE"_s,
+            first ? data::wallClock(from_) : lastDay_, to_, first ? std::nullopt : std::optional(lastDay_),
+            first ? std::nullopt : std::optional(lastCode_), withFrequency_ ? std::optional(0) : std::nullopt));
+    for (; !rows.eof(); rows.moveNext()) {
         const QVariant stored = rows[u"ΠΟΣΟ_ΚΙΝΗΣΗΣ"].value();
         const data::Money amount = data::Money::of(stored.toDouble());
-        due.sum += amount;
-        due.rows.append({{rows[u"ΕΠΩΝΥΜΟ"].text(), rows[u"ΟΝΟΜΑ"].text(), rows[u"ΕΤΑΙΡΙΑ"].text(),
-                          data::dayText(rows[u"Teleytaia"].toDate()), stored.isNull() ? QString() : amount.text()},
-                         rows[u"CODE"].toLong(),
-                         {}});
+        lastDay_ = rows[u"Teleytaia"].toDate();
+        lastCode_ = rows[u"CODE"].toLong();
+        due_.sum += amount;
+        due_.rows.append({{rows[u"ΕΠΩΝΥΜΟ"].text(), rows[u"ΟΝΟΜΑ"].text(), rows[u"ΕΤΑΙΡΙΑ"].text(),
+                           data::dayText(lastDay_), stored.isNull() ? QString() : amount.text()},
+                          lastCode_,
+                          {}});
     }
-    return due;
+    return rows.recordCount() >= ofOneStep;
+}
+
+Due dueCards(data::Connection& connection, QDate from, QDate to, bool withFrequency) {
+    DueReader reader(connection, from, to, withFrequency);
+    while (reader.step()) continue;
+    return reader.read();
 }
 
 }  // namespace diary

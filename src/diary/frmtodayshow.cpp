@@ -5,7 +5,6 @@
 #include "data/recordset.h"
 #include "data/values/format.h"
 #include "diary/appointment.h"
-#include "diary/due.h"
 
 using namespace Qt::Literals::StringLiterals;
 
@@ -56,6 +55,7 @@ frmTodayShow::frmTodayShow(core::MainMod& mod)
       txtSumTotalPay(sumBox(u"txtSumTotalPay"_s)),
       Check1(named(new QCheckBox(u"Να εμφανίζετε στην εκκίνηση του προγράμματος"_s), u"Check1"_s)),
       keys_(core::SortKeys::ofAppointments(mod)),
+      pieces_(mod, this),
       midnight_(this),
       commands_(mod, this, commands()) {
     auto* sums = controls::row({{Check1, 1},
@@ -114,6 +114,7 @@ void frmTodayShow::onLoad() {
 }
 
 void frmTodayShow::onUnload() {
+    pieces_.stop();
     keys_.store();
     mod_.services.settings.setNumber(optionsSection, startOption, Check1->isChecked());
 }
@@ -169,10 +170,32 @@ void frmTodayShow::FillTasks() {
 }
 
 void frmTodayShow::FillDue() {
+    pieces_.stop();
     const auto to = period_->to()->date();
-    Due due = to ? dueCards(mod_.gConn, firstDue, *to, true) : Due{};
-    ListView3->setRows(std::move(due.rows));
-    lblSumTotalInc->setText(due.sum.text());
+    if (!to) {
+        ListView3->clear();
+        return lblSumTotalInc->setText(data::Money().text());
+    }
+    due_ = std::make_unique<DueReader>(mod_.gConn, firstDue, *to, true);
+    const auto step = [this] {
+        const bool first = due_->read().rows.isEmpty(), more = due_->step();
+        if (!first || !more) return more;
+        showDue();
+        lblSumTotalInc->clear();
+        return true;
+    };
+    const auto done = [this] {
+        showDue();
+        lblSumTotalInc->setText(due_->read().sum.text());
+    };
+    pieces_.start({step, done, [](const data::Error& error) { throw error; }});
+}
+
+// A card that was chosen among the first ones stays so.
+void frmTodayShow::showDue() {
+    const QVariant chosen = ListView3->currentTag();
+    ListView3->setRows(due_->read().rows);
+    if (chosen.isValid()) ListView3->selectTag(chosen);
 }
 
 }  // namespace diary

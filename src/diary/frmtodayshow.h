@@ -8,8 +8,10 @@
 #include "controls/period.h"
 #include "core/commands.h"
 #include "core/form.h"
+#include "core/pieces.h"
 #include "core/sortkeys.h"
 #include "core/storedlist.h"
+#include "diary/due.h"
 
 namespace diary {
 
@@ -21,7 +23,8 @@ public:
     // Appointments of the period, of whoever is at work; a blank or impossible date beeps and lists none.
     void FillList2();
     void FillTasks();
-    void FillDue();  // by the end of the period
+    // By the end of the period: the first cards at once, all of them and their sum when they are read.
+    void FillDue();
     void refresh();
 
 protected:
@@ -32,6 +35,7 @@ private:
     QVector<core::Command> commands();
     QWidget* section(const QString& caption, core::StoredList* list);
     void openRow(core::StoredList* list, const std::function<void(qint64)>& open);
+    void showDue();
     void setToday(QDate today);
     void followMidnight();
 
@@ -40,6 +44,8 @@ private:
     controls::TextBox *lblSumTotalInc, *txtSumTotalPay;
     QCheckBox* Check1;
     core::SortKeys keys_;
+    std::unique_ptr<DueReader> due_;
+    core::Pieces pieces_;
     QTimer midnight_;
     QDate today_;
     core::Commands commands_;

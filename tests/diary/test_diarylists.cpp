@@ -4,6 +4,7 @@
 
 #include "diary/due.h"
 #include "diaryoffice.h"
+#include "schema/tablewriter.h"
 #include "support/cases.h"
 
 using namespace support;
@@ -247,6 +248,24 @@ private slots:
         office.desk.prompts.answer(true);
         office.window("frmAddress").key(Qt::Key_Delete, Qt::ControlModifier);
         QVERIFY(!work.column(0, "ListView3").contains("Αύριο"));
+    }
+
+    // More than are read at a time, many of them due on one day.
+    void aLongListOfDueCardsIsWholeAndInOrder() {
+        Cards office;
+        constexpr int count = 4100, ofTheLastDay = 2500;
+        data::Transaction transaction(office.mod.gConn);
+        schema::TableWriter cards(office.mod.gConn, *schema::findTable(schema::Database::Main, "Cards"),
+                                  {"επωνυμο", "ΤΕΛΕΥΤΑΙΑ_ΚΙΝΗΣΗ", "ΣΥΧΝΟΤΗΤΑ_ΚΙΝΗΣΗΣ", "ΠΟΣΟ_ΚΙΝΗΣΗΣ"});
+        QStringList names;
+        for (int i = 0; i < count; ++i) {
+            cards.write({QString::number(i), today.addDays(i < ofTheLastDay ? -1 : -2), 1, 1});
+            names << QString::number((i + ofTheLastDay) % count);
+        }
+        transaction.commit();
+        const Driver work = office.window("frmTodayShow");
+        QTRY_COMPARE(work.shown("lblSumTotalInc"), "4.100,00");
+        QCOMPARE(work.column(0, "ListView3"), names);
     }
 
     // What no sum and no calendar holds, from other programs or by a slip.
