@@ -35,12 +35,14 @@ PictureButton::PictureButton(const QString& caption, const QString& iconName, QW
 QSize PictureButton::sizeHint() const {
     // Wide enough for the longest single word of the rows' captions, so that all buttons are alike.
     const QFontMetrics metrics(font());
-    int width = metrics.horizontalAdvance(u"Προηγούμενος"_s) + 2 * padding + 4;
-    // A caption that is cut all the same makes its button wider.
-    const int whole = metrics.horizontalAdvance(text()) + 2 * padding;
-    const auto isCut = [&] { return brokenLines(text(), font(), width - 2 * padding, mostLines).join(u' ') != text(); };
-    while (width < whole && isCut()) width += 4;
-    return QSize(width, padding + iconSide + gap + mostLines * metrics.lineSpacing() + padding);
+    const int usual = metrics.horizontalAdvance(u"Προηγούμενος"_s) + 2 * padding + 4;
+    // A caption that needs a little more gets it; one that needs much more is cut, and told in the tool tip.
+    const auto isCut = [&](int width) {
+        return brokenLines(text(), font(), width - 2 * padding, mostLines).join(u' ') != text();
+    };
+    int width = usual;
+    while (isCut(width) && width < usual * 3 / 2) width += 4;
+    return QSize(isCut(width) ? usual : width, padding + iconSide + gap + mostLines * metrics.lineSpacing() + padding);
 }
 
 QSize PictureButton::minimumSizeHint() const {
