@@ -255,7 +255,7 @@ private slots:
         Cards office;
         constexpr int count = 4100, ofTheLastDay = 2500;
         data::Transaction transaction(office.mod.gConn);
-        schema::TableWriter cards(office.mod.gConn, *schema::findTable(schema::Database::Main, "Cards"),
+        schema::TableWriter cards(office.mod.gConn, *schema::findTable(schema::Database::Main, u"Cards"),
                                   {"επωνυμο", "ΤΕΛΕΥΤΑΙΑ_ΚΙΝΗΣΗ", "ΣΥΧΝΟΤΗΤΑ_ΚΙΝΗΣΗΣ", "ΠΟΣΟ_ΚΙΝΗΣΗΣ"});
         QStringList names;
         for (int i = 0; i < count; ++i) {
