@@ -247,11 +247,12 @@ private slots:
         Cards office;
         constexpr int count = 4100, ofTheLastDay = 2500;
         data::Transaction transaction(office.mod.gConn);
-        schema::TableWriter cards(office.mod.gConn, *schema::findTable(schema::Database::Main, "Cards"),
+        schema::TableWriter cards(office.mod.gConn, *schema::findTable(schema::Database::Main, u"Cards"),
                                   {"επωνυμο", "ΤΕΛΕΥΤΑΙΑ_ΚΙΝΗΣΗ", "ΣΥΧΝΟΤΗΤΑ_ΚΙΝΗΣΗΣ", "ΠΟΣΟ_ΚΙΝΗΣΗΣ"});
         QStringList names;
         for (int i = 0; i < count; ++i) {
-            cards.write({QString::number(i), today.addDays(i < ofTheLastDay ? -1 : -2), 1, 1});
+            const QDateTime last = today.addDays(i < ofTheLastDay ? -1 : -2);
+            cards.write({QString::number(i), last, 1, 1});
             names << QString::number((i + ofTheLastDay) % count);
         }
         transaction.commit();
