@@ -202,6 +202,15 @@ void openTodayShow(benchmark::State& state) {
 }
 BENCHMARK(openTodayShow)->Arg(5000)->Arg(50'000)->Unit(benchmark::kMillisecond)->UseRealTime();
 
+// All pieces of that list one after the other, without a window.
+void readDue(benchmark::State& state) {
+    Office& office = officeWith(int(state.range(0)));
+    qint64 rows = 0;
+    for (auto _ : state) rows = diary::dueCards(office.mod.gConn, QDate(2000, 1, 1), office.today(), true).rows.size();
+    state.counters["rows"] = double(rows);
+}
+BENCHMARK(readDue)->Arg(50'000)->Unit(benchmark::kMillisecond)->UseRealTime();
+
 void fillLigounShow(benchmark::State& state) {
     Office& office = officeWith(int(state.range(0)));
     diary::frmLigounShow list(office.mod);

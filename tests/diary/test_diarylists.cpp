@@ -259,7 +259,8 @@ private slots:
                                   {"επωνυμο", "ΤΕΛΕΥΤΑΙΑ_ΚΙΝΗΣΗ", "ΣΥΧΝΟΤΗΤΑ_ΚΙΝΗΣΗΣ", "ΠΟΣΟ_ΚΙΝΗΣΗΣ"});
         QStringList names;
         for (int i = 0; i < count; ++i) {
-            cards.write({QString::number(i), today.addDays(i < ofTheLastDay ? -1 : -2), 1, 1});
+            const QDateTime last = today.addDays(i < ofTheLastDay ? -1 : -2);
+            cards.write({QString::number(i), last, 1, 1});
             names << QString::number((i + ofTheLastDay) % count);
         }
         transaction.commit();
