@@ -1,5 +1,8 @@
 #include "diary/windows.h"
 
+#include <QApplication>
+#include <QPointer>
+
 #include "diary/frmalarm.h"
 #include "diary/frmcalend.h"
 #include "diary/frmdate.h"
@@ -21,8 +24,19 @@ W* found(core::Windows& windows, const QString& name) {
     return qobject_cast<W*>(windows.find(name));
 }
 
-// An editor for another row: the one that is open may have something typed in it, and stays if its user says so. The
-// opener takes no input until the editor is gone.
+// Takes no input until the editor is gone. Then the keys go on where they were, unless they went elsewhere.
+void disableDuring(QWidget& opener, core::Form& editor) {
+    const QPointer<QWidget> focus = opener.focusWidget();
+    opener.setEnabled(false);
+    QObject::connect(&editor, &core::Form::unloading, &opener, [&opener, &editor, focus] {
+        opener.setEnabled(true);
+        const QWidget* now = QApplication::focusWidget();
+        if (focus && (!now || editor.isAncestorOf(now) || now->isAncestorOf(&editor)))
+            focus->setFocus(Qt::OtherFocusReason);
+    });
+}
+
+// An editor for another row: the one that is open may have something typed in it, and stays if its user says so.
 template <typename W>
 W* freshEditor(core::Windows& windows, const QString& name, QWidget* opener) {
     if (!windows.unload(name)) {
@@ -30,10 +44,7 @@ W* freshEditor(core::Windows& windows, const QString& name, QWidget* opener) {
         return nullptr;
     }
     W* editor = qobject_cast<W*>(windows.front(name));
-    if (opener && editor) {
-        opener->setEnabled(false);
-        QObject::connect(editor, &QObject::destroyed, opener, [opener] { opener->setEnabled(true); });
-    }
+    if (opener && editor) disableDuring(*opener, *editor);
     return editor;
 }
 

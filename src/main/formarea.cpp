@@ -39,6 +39,8 @@ QMdiSubWindow* frameOf(core::Form* form) {
 FormArea::FormArea(const platform::Settings& settings) : settings_(settings) {
     setHorizontalScrollBarPolicy(Qt::ScrollBarAsNeeded);
     setVerticalScrollBarPolicy(Qt::ScrollBarAsNeeded);
+    // Behind a window that closes comes the one that was at work before.
+    setActivationOrder(ActivationHistoryOrder);
     followTheme();
 }
 
