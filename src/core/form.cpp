@@ -38,6 +38,7 @@ bool Form::unload(bool awayFromPlace, QPoint position) {
     if (!mayLeave()) return false;
     stay();
     dropDraft();
+    emit unloading();
     attempt(mod_, this, [&] {
         onUnload();
         if (!awayFromPlace) storePosition(mod_.services.settings, placement_, position);

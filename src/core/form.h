@@ -29,6 +29,7 @@ public:
 
 signals:
     void closeRequested();                    // the window wants to go; the host unloads it
+    void unloading();                         // it goes, and still stands
     void openRequested(const QString& form);  // the window wants another one in front
 
 protected:

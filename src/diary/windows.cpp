@@ -24,23 +24,27 @@ W* found(core::Windows& windows, const QString& name) {
     return qobject_cast<W*>(windows.find(name));
 }
 
-// An editor for another row: the one that is open may have something typed in it, and stays if its user says so. The
-// opener takes no input until the editor is gone.
+// Takes no input until the editor is gone. Then the keys go on where they were, unless they went elsewhere.
+void disableDuring(QWidget& opener, core::Form& editor) {
+    const QPointer<QWidget> focus = opener.focusWidget();
+    opener.setEnabled(false);
+    QObject::connect(&editor, &core::Form::unloading, &opener, [&opener, &editor, focus] {
+        opener.setEnabled(true);
+        const QWidget* now = QApplication::focusWidget();
+        if (focus && (!now || editor.isAncestorOf(now) || now->isAncestorOf(&editor)))
+            focus->setFocus(Qt::OtherFocusReason);
+    });
+}
+
+// An editor for another row: the one that is open may have something typed in it, and stays if its user says so.
 template <typename W>
 W* freshEditor(core::Windows& windows, const QString& name, QWidget* opener) {
-    const QPointer<QWidget> focus = opener ? opener->focusWidget() : nullptr;
     if (!windows.unload(name)) {
         windows.front(name);
         return nullptr;
     }
     W* editor = qobject_cast<W*>(windows.front(name));
-    if (opener && editor) {
-        opener->setEnabled(false);
-        QObject::connect(editor, &QObject::destroyed, opener, [opener, focus] {
-            opener->setEnabled(true);
-            if (focus && !QApplication::focusWidget()) focus->setFocus();
-        });
-    }
+    if (opener && editor) disableDuring(*opener, *editor);
     return editor;
 }
 

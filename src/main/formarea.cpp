@@ -39,8 +39,8 @@ QMdiSubWindow* frameOf(core::Form* form) {
 FormArea::FormArea(const platform::Settings& settings) : settings_(settings) {
     setHorizontalScrollBarPolicy(Qt::ScrollBarAsNeeded);
     setVerticalScrollBarPolicy(Qt::ScrollBarAsNeeded);
-    // A window that closes leaves the one in front that its user came from.
-    setActivationOrder(QMdiArea::ActivationHistoryOrder);
+    // Behind a window that closes comes the one that was at work before.
+    setActivationOrder(ActivationHistoryOrder);
     followTheme();
 }
 
