@@ -34,6 +34,10 @@ void disableDuring(QWidget& opener, core::Form& editor) {
         if (focus && (!now || editor.isAncestorOf(now) || now->isAncestorOf(&editor)))
             focus->setFocus(Qt::OtherFocusReason);
     });
+    // The frame that goes with the editor takes the focus along.
+    QObject::connect(&editor, &QObject::destroyed, &opener, [focus] {
+        if (focus && !QApplication::focusWidget()) focus->setFocus(Qt::OtherFocusReason);
+    });
 }
 
 // An editor for another row: the one that is open may have something typed in it, and stays if its user says so.
