@@ -24,9 +24,8 @@ W* found(core::Windows& windows, const QString& name) {
     return qobject_cast<W*>(windows.find(name));
 }
 
-// Takes no input until the editor is gone. Then the keys go on where they were, unless they went elsewhere.
-void disableDuring(QWidget& opener, core::Form& editor) {
-    const QPointer<QWidget> focus = opener.focusWidget();
+// Takes no input until the editor is gone. Then the keys go on at `focus`, where they were, unless they went elsewhere.
+void disableDuring(QWidget& opener, core::Form& editor, QPointer<QWidget> focus) {
     opener.setEnabled(false);
     QObject::connect(&editor, &core::Form::unloading, &opener, [&opener, &editor, focus] {
         opener.setEnabled(true);
@@ -35,20 +34,24 @@ void disableDuring(QWidget& opener, core::Form& editor) {
             focus->setFocus(Qt::OtherFocusReason);
     });
     // The frame that goes with the editor takes the focus along.
-    QObject::connect(&editor, &QObject::destroyed, &opener, [focus] {
-        if (focus && !QApplication::focusWidget()) focus->setFocus(Qt::OtherFocusReason);
-    });
+    QObject::connect(
+        &editor, &QObject::destroyed, &opener,
+        [focus] {
+            if (focus && !QApplication::focusWidget()) focus->setFocus(Qt::OtherFocusReason);
+        },
+        Qt::QueuedConnection);
 }
 
 // An editor for another row: the one that is open may have something typed in it, and stays if its user says so.
 template <typename W>
 W* freshEditor(core::Windows& windows, const QString& name, QWidget* opener) {
+    const QPointer<QWidget> focus = opener ? opener->focusWidget() : nullptr;
     if (!windows.unload(name)) {
         windows.front(name);
         return nullptr;
     }
     W* editor = qobject_cast<W*>(windows.front(name));
-    if (opener && editor) disableDuring(*opener, *editor);
+    if (opener && editor) disableDuring(*opener, *editor, focus);
     return editor;
 }
 
