@@ -63,6 +63,7 @@ void AppointmentsTab::edit() {
 }
 
 void AppointmentsTab::fill(const QString& code) {
+    const QVariant chosen = code == code_ ? ListView3->currentTag() : QVariant();
     code_ = code;
     owners_.clear();
     QVector<controls::ListRow> rows;
@@ -84,6 +85,7 @@ void AppointmentsTab::fill(const QString& code) {
     }
     ListView3->setRows(std::move(rows));
     if (ListView3->count() > 0) ListView3->selectRow(0);
+    if (chosen.isValid()) ListView3->selectTag(chosen);
     commands_.refresh();
 }
 

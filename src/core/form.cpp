@@ -1,5 +1,8 @@
 #include "core/form.h"
 
+#include <QApplication>
+#include <QTimer>
+
 #include "controls/icons.h"
 #include "controls/pagearea.h"
 
@@ -32,6 +35,20 @@ void Form::keyPressEvent(QKeyEvent* event) {
 bool Form::mayLeave() {
     if (!leaving_) attempt(mod_, this, [this] { leaving_ = queryUnload(); });
     return leaving_;
+}
+
+void Form::waitFor(Form& editor, QPointer<QWidget> focus) {
+    awaited_ = &editor;
+    setEnabled(false);
+    connect(&editor, &Form::unloading, this, [this, focus] {
+        awaited_.clear();
+        setEnabled(true);
+        // Once the host has chosen who comes to the front.
+        QTimer::singleShot(0, this, [this, focus] {
+            const QWidget* now = QApplication::focusWidget();
+            if (focus && (!now || isAncestorOf(now) || now->isAncestorOf(this))) focus->setFocus(Qt::OtherFocusReason);
+        });
+    });
 }
 
 bool Form::unload(bool awayFromPlace, QPoint position) {

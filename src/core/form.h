@@ -1,6 +1,7 @@
 // A child window of the main window and its life: load, show, front, unload.
 #pragma once
 
+#include <QPointer>
 #include <QWidget>
 
 #include "core/editing.h"
@@ -26,6 +27,10 @@ public:
     // Closing; false keeps the window. A minimised or maximised one is away from its place and keeps the stored one.
     // After true the window is deleted by its host.
     bool unload(bool awayFromPlace, QPoint position);
+    // Takes no input until the editor goes; the host brings that one to the front instead. Then the keys go on at
+    // `focus`, where they were before the editor opened, unless they went elsewhere.
+    void waitFor(Form& editor, QPointer<QWidget> focus);
+    Form* awaited() const { return awaited_; }  // null while it waits for none
 
 signals:
     void closeRequested();                    // the window wants to go; the host unloads it
@@ -45,6 +50,7 @@ private:
     Placement placement_;
     bool loaded_ = false;
     bool leaving_ = false;  // it was asked, and may go
+    QPointer<Form> awaited_;
 };
 
 }  // namespace core

@@ -55,8 +55,10 @@ frmAlarm::frmAlarm(core::MainMod& mod, QWidget* parent)
     // Whoever is typing goes on typing.
     setAttribute(Qt::WA_ShowWithoutActivating);
     setModal(false);
-    on(ListView1, &controls::ListView::rowActivated,
-       [this](int row) { mod_.doors.openAppointment(ListView1->row(row).tag.toLongLong(), nullptr); });
+    on(ListView1, &controls::ListView::rowActivated, [this](int row) {
+        if (parentWidget()) parentWidget()->activateWindow();
+        mod_.doors.openAppointment(ListView1->row(row).tag.toLongLong(), nullptr);
+    });
     Timer2.setSingleShot(true);
     Timer2.setTimerType(Qt::PreciseTimer);
     Timer1.setInterval(500);

@@ -165,6 +165,7 @@ void frmDate::settle() {
 
 void frmDate::startNew(const NewAppointment& start) {
     row_.startNew();
+    start_ = start;
     day_ = start.day;
     mCodeCard = start.card;
     owner_ = mod_.gUserName;
@@ -202,11 +203,17 @@ core::Draft frmDate::draft() {
     row_.describe(draft);
     draft.title = txtContact->text();
     draft.key.insert(u"day"_s, day_);
+    // What it began with, which nobody typed.
+    draft.key.insert(u"card"_s, start_.card);
+    const QStringList texts{start_.start, start_.end, start_.remind, start_.contact};
+    if (row_.isNew()) draft.key.insert(u"start"_s, texts);
     return draft;
 }
 
 void frmDate::resume(const core::Draft& draft) {
-    startNew({draft.key[u"day"_s].toDate(), {}, {}, {}, 0, {}});
+    const QStringList texts = draft.key[u"start"_s].toStringList();
+    startNew({draft.key[u"day"_s].toDate(), texts.value(0), texts.value(1), texts.value(2),
+              draft.key[u"card"_s].toLongLong(), texts.value(3)});
     fields_.forget();
     row_.resume(draft);
     if (!row_.isNew())

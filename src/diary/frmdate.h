@@ -51,6 +51,7 @@ private:
     controls::ChoiceBox *txtStart, *txtEnd, *txtRemind, *Combo1;
     controls::MemoBox* txtNotes;
     core::BoundRow row_;
+    NewAppointment start_;
     QDate day_;
     qint64 mCodeCard = 0;
     qint64 shownCard_ = 0;  // as the row had it

@@ -1,8 +1,5 @@
 #include "diary/windows.h"
 
-#include <QApplication>
-#include <QPointer>
-
 #include "diary/frmalarm.h"
 #include "diary/frmcalend.h"
 #include "diary/frmdate.h"
@@ -24,34 +21,16 @@ W* found(core::Windows& windows, const QString& name) {
     return qobject_cast<W*>(windows.find(name));
 }
 
-// Takes no input until the editor is gone. Then the keys go on at `focus`, where they were, unless they went elsewhere.
-void disableDuring(QWidget& opener, core::Form& editor, QPointer<QWidget> focus) {
-    opener.setEnabled(false);
-    QObject::connect(&editor, &core::Form::unloading, &opener, [&opener, &editor, focus] {
-        opener.setEnabled(true);
-        const QWidget* now = QApplication::focusWidget();
-        if (focus && (!now || editor.isAncestorOf(now) || now->isAncestorOf(&editor)))
-            focus->setFocus(Qt::OtherFocusReason);
-    });
-    // The frame that goes with the editor takes the focus along.
-    QObject::connect(
-        &editor, &QObject::destroyed, &opener,
-        [focus] {
-            if (focus && !QApplication::focusWidget()) focus->setFocus(Qt::OtherFocusReason);
-        },
-        Qt::QueuedConnection);
-}
-
 // An editor for another row: the one that is open may have something typed in it, and stays if its user says so.
 template <typename W>
 W* freshEditor(core::Windows& windows, const QString& name, QWidget* opener) {
-    const QPointer<QWidget> focus = opener ? opener->focusWidget() : nullptr;
     if (!windows.unload(name)) {
         windows.front(name);
         return nullptr;
     }
+    const QPointer<QWidget> focus = opener ? opener->focusWidget() : nullptr;
     W* editor = qobject_cast<W*>(windows.front(name));
-    if (opener && editor) disableDuring(*opener, *editor, focus);
+    if (auto* form = qobject_cast<core::Form*>(opener); form && editor) form->waitFor(*editor, focus);
     return editor;
 }
 
@@ -59,8 +38,9 @@ frmDate* dateEditor(core::Windows& windows, core::MainMod& mod, QWidget* opener)
     frmDate* editor = freshEditor<frmDate>(windows, u"frmDate"_s, opener);
     if (!editor) return nullptr;
     const auto showDay = [&windows, &mod](QDate day) {
-        if (auto* calendar = found<frmCalend>(windows, u"frmCalend"_s)) calendar->ShowDay(day);
-        mod.doors.appointmentsChanged();
+        auto* calendar = found<frmCalend>(windows, u"frmCalend"_s);
+        if (calendar && calendar->day() != day) calendar->ShowDay(day);
+        mod.doors.appointmentsChanged();  // the day on show is read again, with the row that is chosen
     };
     core::onSignal(mod, editor, editor, &frmDate::saved, [&windows, &mod, showDay](QDate day) {
         // Whoever came from a card goes back to it.

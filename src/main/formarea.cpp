@@ -41,6 +41,7 @@ FormArea::FormArea(const platform::Settings& settings) : settings_(settings) {
     setVerticalScrollBarPolicy(Qt::ScrollBarAsNeeded);
     // Behind a window that closes comes the one that was at work before.
     setActivationOrder(ActivationHistoryOrder);
+    connect(this, &QMdiArea::subWindowActivated, this, &FormArea::bringAwaited, Qt::QueuedConnection);
     followTheme();
 }
 
@@ -88,6 +89,13 @@ void FormArea::bringToFront(core::Form* form) {
     else
         frame->show();
     setActiveSubWindow(frame);
+}
+
+// A window that takes no input would only puzzle: its editor may lie behind it.
+void FormArea::bringAwaited() {
+    const QMdiSubWindow* frame = activeSubWindow();
+    const auto* form = frame ? qobject_cast<core::Form*>(frame->widget()) : nullptr;
+    if (form && form->awaited()) bringToFront(form->awaited());
 }
 
 bool FormArea::isAtItsPlace(core::Form* form) const {

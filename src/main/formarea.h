@@ -27,6 +27,7 @@ signals:
 private:
     QPoint freePlace(QPoint wanted) const;
     void makeRoomFor(QWidget* frame);
+    void bringAwaited();
 
     const platform::Settings& settings_;
 };

@@ -141,6 +141,8 @@ std::optional<QString> DesktopPrompts::input(QWidget* parent, const QString& tit
     dialog.setTextValue(initial);
     dialog.setOkButtonText(u"Εντάξει"_s);
     dialog.setCancelButtonText(u"Άκυρο"_s);
+    constexpr int buttons = 140;  // what a title shares its bar with
+    dialog.setMinimumWidth(dialog.fontMetrics().horizontalAdvance(title) + buttons);
     if (dialog.exec() != QDialog::Accepted) return std::nullopt;
     return dialog.textValue();
 }

@@ -1,4 +1,7 @@
 // The calendar, the appointment's editor and the reminder, in the whole program.
+#include <QMdiArea>
+#include <QMdiSubWindow>
+
 #include "cards/frmaddress.h"
 #include "controls/cellgrid.h"
 #include "controls/theme.h"
@@ -39,6 +42,10 @@ struct Site : support::Office {
         for (int i = 0; i < 3; ++i) QApplication::processEvents();
         QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
         return main->windows().find(name) != nullptr;
+    }
+    QString inFront() const {
+        const QMdiSubWindow* frame = main->findChild<QMdiArea*>()->activeSubWindow();
+        return frame ? frame->widget()->objectName() : QString();
     }
     qint64 add(const QVariantMap& values, QDate day = today) {
         data::Recordset row(mod.gConn, "select * from dates where aa=0");
@@ -142,6 +149,9 @@ private slots:
         const Driver card = site.window("frmAddress");
         card.click("cmdNewAppoiment");
         QVERIFY(site.isOpen("frmCalend"));
+        site.startAt(18);
+        site.window("frmDate").click("lblClick(1)");  // another half hour is chosen
+        QVERIFY(!site.isOpen("frmDate") && site.isOpen("frmCalend"));
         site.startAt(19);
         const Driver editor = site.window("frmDate");
         QVERIFY(!site.main->windows().find("frmCalend")->isEnabled());
@@ -212,6 +222,27 @@ private slots:
         QCOMPARE(calendar.column(3), QStringList("Θ"));
     }
 
+    // Other windows stand there, too, and are older.
+    void fromTheEditorBackToWhereTheKeysWere() {
+        Site site;
+        site.window("frmDatesShow");
+        const Driver calendar = site.window("frmCalend");
+        support::activate(*site.main);
+        auto* planner = calendar.find<CellGrid>("MSFlexGrid2");
+        QCOMPARE(planner->currentRow(), 16);
+        auto* month = calendar.find<CellGrid>("MSFlexGrid1");
+        QCOMPARE(month->cell(month->currentRow(), month->currentColumn()).text, "5");
+        planner->setFocus();
+        QTest::keyClick(planner, Qt::Key_Return);
+        QVERIFY(site.isOpen("frmDate"));
+        site.window("frmCalend");  // takes no input, and gives way
+        QTRY_COMPARE(site.inFront(), "frmDate");
+        site.window("frmDate").key(Qt::Key_Escape);
+        QVERIFY(!site.isOpen("frmDate"));
+        QCOMPARE(site.inFront(), "frmCalend");
+        QTRY_VERIFY(planner->hasFocus());
+    }
+
     void aPassedDayAsks() {
         Site site;
         const Driver calendar = site.window("frmCalend");
@@ -239,11 +270,13 @@ private slots:
         emit calendar.list()->rowActivated(0);
         const Driver editor = site.window("frmDate");
         site.mod.doors.say = [&](const QString& text) { said = text; };
+        calendar.list()->selectTag(aa);
         QCOMPARE(editor.shown("txtRemind"), "");
         editor.type("txtRemind", "08:00");
         editor.type("txtNotes", "");
         editor.click("lblClick(0)");
         QVERIFY(!site.isOpen("frmDate"));
+        QCOMPARE(calendar.list()->currentTag(), QVariant(aa));
         QCOMPARE(site.stored(aa, "notes"), "παλιά");
         QVERIFY(said.contains("σημειώσεις"));
         QVERIFY(site.value("select Location from dates").isNull() && site.value("select codecard from dates").isNull());
@@ -350,6 +383,23 @@ private slots:
         QCOMPARE(site.stored(aa, "Subject"), "μισό");
     }
 
+    void aDraftOfANewAppointmentKeepsWhatItBeganWith() {
+        Site site;
+        const qint64 code = site.addCard("Παπάς", "Νίκος");
+        site.window("frmAddress").click("cmdNewAppoiment");
+        site.startAt(19);
+        site.window("frmDate").type("txtSubject", "μισό");
+        site.mod.drafts.writeAll();
+        site.desk.prompts.answerChoice("Ναι");
+        site.open();
+        core::offerDrafts(site.mod, site.main->windows(), site.main.get());
+        const Driver editor = site.window("frmDate");
+        QCOMPARE(editor.shown("txtContact") + editor.shown("txtStart") + editor.shown("txtEnd"),
+                 "Παπάς Νίκος09:3010:00");
+        editor.click("lblClick(0)");
+        QCOMPARE(site.stored(1, "Subject") + site.stored(1, "codecard"), "μισό" + QString::number(code));
+    }
+
     void aReminderComesAndIsDismissed() {
         Site site;
         site.add({{"Remind", "10:31"}, {"Subject", "Έλεγχος μεγάλος"}});
@@ -371,6 +421,7 @@ private slots:
         QCOMPARE(alarm.shown("lblAlarm"), "Έλεγχος μεγά");
         alarm.click("lblClick(2)");
         QVERIFY(!alarm.isOpen() && alarm.rows().isEmpty());
+        QCOMPARE(alarm.shown("lblAlarm"), "Υπενθύμιση");
         checkAfter(10 * 60);
         QVERIFY(!alarm.isOpen());
         QVERIFY(site.main->findChild<QStatusBar*>()->currentMessage().contains("10:40 χαμένη"));
@@ -383,6 +434,30 @@ private slots:
         checkAfter(60);
         alarm.click("lblClick(0)");
         QVERIFY(!alarm.isOpen() && site.isOpen("frmCalend"));
+    }
+
+    // A window that is shown before the main one lies behind it.
+    void aReminderAtTheStartComesAfterTheMainWindow() {
+        Site site;
+        site.add({{"Remind", "10:30"}});
+        site.main = std::make_unique<entry::MDIMain>(site.mod);
+        site.main->load();
+        QVERIFY(!site.main->alarm()->isVisible());
+        site.main->show();
+        QTRY_VERIFY(site.main->alarm()->isVisible());
+    }
+
+    void theReminderKeepsItsPlaceFromRunToRun() {
+        Site site;
+        const auto place = [&] { return site.desk.settings.number("Settings", "AlarmLeft", -1); };
+        QList<int> places;
+        for (int run = 0; run < 3; ++run) {
+            site.main->move(90, 40);
+            site.main->alarm()->showFront();
+            site.open();
+            places << place();
+        }
+        QCOMPARE(places, QList<int>(3, places.first()));
     }
 };
 

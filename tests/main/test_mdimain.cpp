@@ -68,6 +68,16 @@ private slots:
         QVERIFY(place("mnuLogOff").right() + 100 < place("mnuExit").left());
     }
 
+    void f10OpensTheFirstMenu() {
+        Site site;
+        const auto window = site.open();
+        support::activate(*window);
+        QTest::keyClick(window.get(), Qt::Key_F10);
+        QVERIFY(QApplication::activePopupWidget());
+        QCOMPARE(QApplication::activePopupWidget()->objectName(), "mnuAddress");
+        QApplication::activePopupWidget()->close();
+    }
+
     void everyWindowHasAnIconOfItsOwn() {
         Site site;
         support::WindowWalk walk(site.mod);
