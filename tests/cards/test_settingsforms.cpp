@@ -51,6 +51,7 @@ private slots:
             editor.keyInBox(Qt::Key_Return);
             QCOMPARE(office.desk.prompts.lastText(), "H Περιγραφή κατηγορίας δεν μπορεί να είναι κενή !!!");
             QVERIFY(editor.form.isEditing() && editor.hasFocus(editor.description));
+            QVERIFY(editor.find(editor.description)->property("highlight").toBool());
         }
         editor.describe("Πελάτες O'Neil");
         editor.check()->setChecked(true);

@@ -4,6 +4,7 @@
 #include <QSignalSpy>
 #include <QToolButton>
 #include "controls/boxes.h"
+#include "controls/captions.h"
 #include "controls/choicebox.h"
 #include "controls/names.h"
 #include "controls/theme.h"
@@ -276,6 +277,12 @@ private slots:
             form_->last->setFocus();
             QCOMPARE(choice->currentText(), c.chosen);
         }
+        // The arrow keys go on from what was proposed.
+        choice->setFocus(Qt::TabFocusReason);
+        support::typeKeys(choice, "Ιω");
+        QTest::keyClick(choice, Qt::Key_Down);
+        QCOMPARE(choice->currentText(), "Ιωάννης   08/05");
+        form_->last->setFocus();
         // Taking back goes on taking back, and what the program sets stands.
         choice->setFocus(Qt::TabFocusReason);
         support::typeKeys(choice, "Ιω");
@@ -383,6 +390,9 @@ private slots:
         tie(&label, form_->first);
         QCOMPARE(form_->first->accessibleName(), "Επώνυμο & Όνομα");
         QCOMPARE(label.buddy(), form_->first);
+        setTypedCaption(&label, "Α&Β");
+        setTypedCaption(form_->ok, "Α&Β");
+        QCOMPARE(label.text() + form_->ok->text(), "Α&&ΒΑ&&Β");
         QCOMPARE(arrayName("Text7", 11), "Text7(11)");
     }
 };

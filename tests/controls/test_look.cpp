@@ -1,4 +1,6 @@
 #include <QDialogButtonBox>
+#include <QMdiArea>
+#include <QMdiSubWindow>
 #include "controls/boxes.h"
 #include "controls/listview.h"
 #include "controls/theme.h"
@@ -91,6 +93,10 @@ private slots:
                 widget->resize(140, 40);
                 QVERIFY2(contrastSeen(widget) >= 4.5, widget->metaObject()->className());
             }
+            QMdiArea area;
+            QMdiSubWindow* inside = area.addSubWindow(new QWidget);
+            inside->resize(200, 100);
+            QVERIFY(contrastSeen(inside, {168, 0, 32, 30}) >= 4.5);  // the cross that closes it
         });
     }
 

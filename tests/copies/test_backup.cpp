@@ -91,6 +91,11 @@ private slots:
         QCOMPARE(site.left(), QStringList({u"αντίγραφο.tar"_s}));
         QCOMPARE(QFileInfo(site.file).permissions() & 0x77, QFile::Permissions());
         QCOMPARE(copies::checkBackup(site.file).rows, info.rows);
+        // In a folder that a group shares the copy is the group's, too.
+        QTemporaryDir shared;
+        QFile::setPermissions(shared.path(), QFile::Permissions(0x7770));
+        copies::backupOffice(site.office.folder(), shared.filePath(u"α.tar"_s));
+        QCOMPARE(QFileInfo(shared.filePath(u"α.tar"_s)).permissions() & 0x77, QFile::ReadGroup | QFile::WriteGroup);
 
         QVERIFY(copies::restoreOffice(site.file, site.other).isEmpty());
         Databases copy(site.other);

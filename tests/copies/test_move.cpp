@@ -210,6 +210,8 @@ private slots:
         qsizetype refused = -1;
         VERIFY_ERROR(Constraint, main->engine().insertRows(table, rows, refused));
         QCOMPARE(refused, 3);
+        main->engine().script("DROP TABLE \"Combo1\"");
+        VERIFY_FAILURE(u"Η εντολή", main->engine().insertRows(table, rows, refused));
     }
 
     void whatCannotBeStoredIsNamedBeforeAnything() {

@@ -173,9 +173,11 @@ private slots:
             const char* name;
             QStringList options;
             QString refusal;  // none when it is restored
+            bool twice = false;
         } cases[] = {
             {"plain", {u"--format=ustar"_s}, {}},
             {"compressed by hand", {u"--zstd"_s}, {}},
+            {"with something of a name it has", {u"--format=ustar"_s}, {}, true},
             {"a hole as large as many disks", {u"--sparse"_s, u"--zstd"_s}, u"έχει καταστραφεί"_s},
         };
         forEach(cases, [](const auto& one) {
@@ -186,6 +188,12 @@ private slots:
                       << pieces.manifest.members.keys();
             if (!one.refusal.isEmpty()) QVERIFY(QFile::resize(pieces.path(u"dorvalistu.mdb"_s), qint64(1) << 42));
             QCOMPARE(QProcess::execute(u"tar"_s, arguments), 0);
+            if (one.twice) {
+                overwrite(pieces.path(u"dorvalistu.mdb"_s), "x");
+                QCOMPARE(QProcess::execute(u"tar"_s,
+                                           {u"-C"_s, pieces.folder.path(), u"-rf"_s, site.file, u"dorvalistu.mdb"_s}),
+                         0);
+            }
             if (one.refusal.isEmpty()) {
                 site.restore();
                 QCOMPARE(site.cards(), u"0"_s);

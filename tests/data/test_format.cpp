@@ -60,6 +60,7 @@ private slots:
             {"Greek dress", 1234.5, "#.##0,00", "1.234,50"},
             {"sections", -5, "0;(0);-", "(5)"},
             {"zero section", 0, "0;(0);-", "-"},
+            {"nothing of a zero", 0, "#", ""},
             {"greatest long", std::numeric_limits<qint64>::max(), "0", "9223372036854775807"},
             {"tiny", 5e-324, "0.00", "0,00"},
             {"text number", "1.234,5", "0.00", "1234,50"},

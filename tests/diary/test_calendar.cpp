@@ -120,6 +120,12 @@ private slots:
         QCOMPARE(seconds.toPoint(), QPoint(1150, 700));
         QCOMPARE(minutes.toPoint(), QPoint(700, 1150));
         QVERIFY(hours.x() > 980 && hours.y() > 770);  // between three and four
+        ClockFace face;
+        face.resize(72, 72);
+        face.setTime(QTime(12, 0));
+        const QImage dial = face.grab().toImage();
+        for (const QPoint mark : {QPoint(65, 36), {36, 65}, {6, 36}})
+            QVERIFY(dial.pixelColor(mark) != dial.pixelColor(mark.x(), 20));
         QCOMPARE(halfOfDay(QTime(12, 59)), "ΠΜ");
         QCOMPARE(halfOfDay(QTime(13, 0)), "MM");
     }

@@ -128,6 +128,7 @@ private slots:
         auto* grid = calendar.find<CellGrid>("MSFlexGrid1");
         QCOMPARE(grid->cell(3, 3).text, "24");
         QVERIFY(grid->cell(3, 3).dot && !grid->cell(3, 4).dot);
+        QCOMPARE(grid->cell(3, 3).spoken, "Πέμπτη 24 Δεκεμβρίου 2026, με συναντήσεις");
         QTest::keyClick(grid, Qt::Key_PageDown);
         QCOMPARE(calendar.shown("MonthYear"), "Ιανουάριος 2027");
         calendar.click("Label2");

@@ -198,6 +198,9 @@ private slots:
              [](Site& site) {
                  site.crash();
                  site.logOn("Αργότερα");
+                 site.press(Edit);  // while a card is under change, none is offered
+                 core::offerDrafts(site.mod, site.main->windows(), site.main.get());
+                 QCOMPARE(site.desk.prompts.count(), 1);
              },
              1},
             {"not wanted",

@@ -45,6 +45,7 @@ private slots:
         Site site;
         const auto window = site.open();
         QCOMPARE(window->windowTitle(), "Velmarine Dorvalist Ver. " + core::programVersion());
+        QVERIFY(!window->windowIcon().isNull());
         QCOMPARE(window->statusPanel(1)->text(), "05/11/2026");
         QCOMPARE(window->statusPanel(2)->text(), "10:30");
         QCOMPARE(window->statusPanel(5)->text(), "Χρήστης: Admin");

@@ -131,6 +131,7 @@ private slots:
         Printer printer({}, {}, plainFont);
         const QString text = "Παπαδόπουλος";
         const double width = printer.textWidth(text);
+        QCOMPARE(printer.textWidth(text + "\nΑ"), width);
         QCOMPARE(printer.fitted(text, width + 0.1), text);
         QVERIFY(printer.fitted(text, width).endsWith("..."));  // as wide as the room is too wide
         QVERIFY(printer.textWidth(printer.fitted(text, width)) < width);

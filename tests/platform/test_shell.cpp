@@ -18,6 +18,9 @@ private slots:
         QFile::setPermissions(program, QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
         QVERIFY(shell.writeMail("Θέμα; $HOME", "Γραμμή 1\n\"δύο\"", "/a b/Συναντήσεις.ics"));
         QTRY_VERIFY(QFile::exists(words));
+        // Where the program was started from is no place of a file.
+        QDir::setCurrent(scratch.path());
+        QVERIFY(shell.exists(words) && !shell.exists("words"));
         QCOMPARE(QString::fromUtf8(support::bytesOf(words)),
                  "--utf8|--subject|Θέμα; $HOME|--body|Γραμμή 1\n\"δύο\"|--attach|/a b/Συναντήσεις.ics|");
     }

@@ -113,6 +113,10 @@ private slots:
              u"exists (select aa from History where codecards=code and ΗΜΕΡΟΜΗΝΙΑ between #2026/01/01# and "
              "#2026/12/31# and ΑΙΤΙΟΛΟΓΙΑ like '%τιμολόγιο%')"_s,
              u"3"_s},
+            {"words of two tables",
+             u"exists (select aa from History where codecards=code and ΑΙΤΙΟΛΟΓΙΑ like '%επίσκεψη%' and ΚΕΙΜΕΝΟ1 like "
+             "'%τηλεφων%')"_s,
+             u"2"_s},
             {"a quote and an operator", u"ΚΕΙΜΕΝΟ2 like '%\"AND\" (or%'"_s, u"1"_s},
             {"more than the index looks up", u"ΚΕΙΜΕΝΟ1 like '%έγγραφα τυπωμένα και όχι με ηλεκτρονικό ταχυδρομείο%'"_s,
              u"1"_s},
@@ -125,6 +129,7 @@ private slots:
             office.main.execute(u"insert into Cards (ΚΕΙΜΕΝΟ1,ΚΕΙΜΕΝΟ2) values (%1)"_s.arg(values));
         office.main.execute(
             u"insert into History (codecards,ΗΜΕΡΟΜΗΝΙΑ,ΑΙΤΙΟΛΟΓΙΑ) values (3,'23/11/2026','Τιμολόγιο Τ-1234')"_s);
+        office.main.execute(u"insert into History (codecards,ΑΙΤΙΟΛΟΓΙΑ) values (2,'Επίσκεψη')"_s);
         forEach(cases, [&](const auto& one) {
             const QStringList codes = shownRows(office.main, u"select code from Cards where "_s + one.where);
             QCOMPARE(codes.join(u' '), one.codes);

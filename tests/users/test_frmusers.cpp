@@ -148,6 +148,11 @@ private slots:
         form.typeBehindPassword([](QLineEdit* line) { QTest::keyClick(line, Qt::Key_Backspace); });
         form.confirm();
         QCOMPARE(form.desk.prompts.lastText(), noPassword);
+        form.desk.prompts.answer(true);
+        form.click("Command2");
+        form.mod.gConnUsers.execute("update users set [Password]=Null where UserName='maria'");
+        form.trigger("mnuEditUser");
+        QCOMPARE(form.shown("Text2"), "");
     }
 
     void aGroupThatIsGoneIsTold() {
@@ -185,6 +190,7 @@ private slots:
             QCOMPARE(form.isEditing(), !discarded);
         }
         QCOMPARE(form.user("maria"), "maria/1");
+        QCOMPARE(form.list()->currentRow(), form.rowOf("maria"));
         // Nothing of the user that was on show stays for the new one.
         QTest::keyClick(form.list(), Qt::Key_Insert);
         QVERIFY(form.isEditing());

@@ -71,6 +71,7 @@ private slots:
             {"Admin", "Admin", "admin", 1},
             {"Admin, wrong", "Admin", "Admin", 0},
             {"Admin, nothing", "Admin", "", 0},
+            {"Admin in small letters", "admin", "admin", 0},
             {"restricted user", "eleni", "κωδικός", 3},
             {"password of another", "eleni", "admin", 0},
             {"the row of an Admin is a second way in", "Admin", "second", 2},
@@ -106,6 +107,7 @@ private slots:
         QVERIFY(!logon.tryWith("", "admin"));
         QCOMPARE(office.desk.sound.beeps, 1);
         QCOMPARE(logon.shown("Text2"), "admin");
+        QVERIFY(logon.find<QPushButton>("Command1")->isDefault());
     }
 
     // The wait outlives the window, as a log-off and a new logon would have it.
