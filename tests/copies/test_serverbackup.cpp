@@ -51,32 +51,6 @@ private slots:
         for (data::Connection* connection : {&site.office.main, &main}) analyze(connection->engine());
     }
 
-    // In one whose letters no word index can be made of: searches for words are slow there, which is told and no
-    // damage.
-    void aCopyComesBackInAnotherDatabase() {
-        ServerSite site;
-        site.backup();
-        const OtherDatabase other(site.office.main, " LOCALE_PROVIDER libc LOCALE 'C' ENCODING 'UTF8'");
-        const QString folder = site.scratch.filePath(u"άλλο"_s), third = site.scratch.filePath(u"τρίτο"_s);
-        QVERIFY(copies::restoreOffice(site.file, folder, {.server = other.server()}).isEmpty());
-        Databases restored(folder);
-        data::Connection& main = restored.main;
-        QCOMPARE(allFindings(restored), QStringList());
-        QVERIFY(schema::hindrances(main, Database::Main).value(0).contains(u"γράμματα"));
-        QCOMPARE(copies::rowCounts(main), copies::rowCounts(site.office.main));
-        QCOMPARE(firstText(main, u"select σχολια from Cards where code=7"_s),
-                 firstText(site.office.main, u"select σχολια from Cards where code=7"_s));
-        main.execute(u"insert into Cards (ΕΠΩΝΥΜΟ) values ('next')"_s);
-        QCOMPARE(firstText(main, u"select max(code) from Cards"_s), u"301"_s);
-        QCOMPARE(data::readServerDescription(schema::usersDatabasePath(folder)).schema, u"dorvalistu"_s);
-        main.engine().script("DROP EXTENSION pg_trgm CASCADE");
-        main.reloadCatalog();
-        QVERIFY(schema::hindrances(main, Database::Main).value(0).contains(u"ευρετήριο των λέξεων"));
-        QCOMPARE(schema::findings(main, Database::Main), QStringList());
-        VERIFY_FAILURE(u"πίνακες", copies::restoreOffice(site.file, third, {.server = other.server()}));
-        QVERIFY(!QFileInfo::exists(third));
-    }
-
     // The dump beside the description file; afterwards the connection writes as before.
     void anUpgradeHasItsCopyToo() {
         ServerSite site;
