@@ -223,6 +223,14 @@ void ListView::keyPressEvent(QKeyEvent* event) {
         event->accept();
         return requestMenuAtRow();
     }
+    const bool moves = event->key() == Qt::Key_Down || event->key() == Qt::Key_Up;
+    if (moves && currentRow() < 0 && currentIndex().isValid()) {
+        // The cursor stands on a row that isn't chosen: in a list of one there is no other to move to.
+        const QModelIndex here = currentIndex();
+        event->accept();
+        selectionModel()->clearCurrentIndex();
+        return setCurrentIndex(here);
+    }
     const bool enter = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
     if (!enter) return QTreeView::keyPressEvent(event);
     event->accept();

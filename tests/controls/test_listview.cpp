@@ -3,9 +3,11 @@
 
 #include <QHeaderView>
 #include <QScrollBar>
+#include <QSignalSpy>
 
 #include "controls/theme.h"
 #include "support/cases.h"
+#include "support/driver.h"
 
 using controls::ListColumn;
 using controls::ListView;
@@ -51,6 +53,19 @@ private slots:
             QApplication::processEvents();
             QVERIFY(list.spare() < 0 && list.columnWidth(1) >= list.textWidth("Αιτιολογία"));
         }
+    }
+
+    // Also in a list of one, where the cursor has no other row to move to.
+    void theKeysChooseTheFirstRow() {
+        Ledger list(1);
+        support::activate(list);
+        list.setFocus(Qt::TabFocusReason);
+        QCOMPARE(list.currentRow(), -1);
+        QSignalSpy activated(&list, &controls::ListView::rowActivated);
+        QTest::keyClick(&list, Qt::Key_Down);
+        QCOMPARE(list.currentRow(), 0);
+        QTest::keyClick(&list, Qt::Key_Return);
+        QCOMPARE(activated.size(), 1);
     }
 
     void aDraggedWidthIsKept() {
