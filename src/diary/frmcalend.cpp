@@ -51,7 +51,7 @@ frmCalend::frmCalend(core::MainMod& mod, std::function<void(const NewAppointment
     setMinimumSize(1060, 480);
     on(month_, &MonthPane::dayChosen, [this](QDate day) { ShowDay(day); });
     on(month_, &MonthPane::todayWanted, [this] {
-        month_->showMonth(monthOf(today_));
+        month_->ShowMonth(monthOf(today_));
         ShowDay(today_);
     });
     on(Combo1, &QComboBox::activated, [this] {
@@ -120,7 +120,7 @@ void frmCalend::onLoad() {
     month_->setToday(today_);
     FillUsers();
     chooseUser(*Combo1, mod_.gUserName);
-    month_->showMonth(monthOf(today_));
+    month_->ShowMonth(monthOf(today_));
     ShowDay(today_);
     MSFlexGrid2->setCurrentCell(firstShownSlot, 0);
     MSFlexGrid2->showFromRow(firstShownSlot);
@@ -145,7 +145,7 @@ void frmCalend::tick() {
     if (now.date() == today_) return;
     today_ = now.date();
     month_->setToday(today_);
-    month_->showMonth(month_->month());
+    month_->ShowMonth(month_->month());
 }
 
 QSet<QDate> frmCalend::busyDays(Month month) {

@@ -4,14 +4,14 @@
 
 namespace diary {
 
-bool isDivisible(double a, double b) {
+bool IsDivisible(double a, double b) {
     return a / b == std::trunc(a / b);
 }
 
-int howManyDays(int month, int year) {
+int HowManyDays(int month, int year) {
     if (month == 4 || month == 6 || month == 9 || month == 11) return 30;
     if (month != 2) return 31;
-    const bool leap = isDivisible(year, 1000) ? isDivisible(year, 400) : isDivisible(year, 4);
+    const bool leap = IsDivisible(year, 1000) ? IsDivisible(year, 400) : IsDivisible(year, 4);
     return leap ? 29 : 28;
 }
 
@@ -19,7 +19,7 @@ QVector<Week> weeksOf(int month, int year) {
     QVector<Week> weeks(5, Week{});
     int week = 0;
     int column = QDate(year, month, 1).dayOfWeek() - 1;
-    for (int day = 1; day <= howManyDays(month, year); ++day) {
+    for (int day = 1; day <= HowManyDays(month, year); ++day) {
         weeks[week][size_t(column)] = day;
         if (++column < 7) continue;
         column = 0;

@@ -7,11 +7,11 @@
 
 namespace diary {
 
-bool isDivisible(double a, double b);
+bool IsDivisible(double a, double b);
 
 // A year that 1000 divides is a leap year when 400 divides it, any other when 4 does: so 1900 and 2100 have a 29
 // February here, which no calendar has, and 1000 and 3000 have none.
-int howManyDays(int month, int year);
+int HowManyDays(int month, int year);
 
 // Weeks from Monday, 0 where the week lies outside the month. At least five weeks; the one behind a last Sunday is
 // there, and empty, unless the month needs fewer than five.

@@ -52,7 +52,7 @@ void MonthPane::setToday(QDate today) {
 }
 
 void MonthPane::turn(int direction) {
-    showMonth(turned(month_, direction));
+    ShowMonth(turned(month_, direction));
 }
 
 QDate MonthPane::dayAt(int row, int column) const {
@@ -79,7 +79,7 @@ controls::GridCell MonthPane::cellOf(int day, int column) const {
     return cell;
 }
 
-void MonthPane::showMonth(Month month) {
+void MonthPane::ShowMonth(Month month) {
     month_ = month;
     dots_ = marked_(month);
     QVector<QVector<controls::GridCell>> rows;

@@ -19,7 +19,7 @@ public:
     // `marked` gives the days of a month that bear a dot.
     MonthPane(core::MainMod& mod, std::function<QSet<QDate>(Month)> marked);
 
-    void showMonth(Month month);
+    void ShowMonth(Month month);
     Month month() const { return month_; }
     void refreshMarks();         // the dots again
     void setToday(QDate today);  // of the mark and of the button that leads there

@@ -55,7 +55,7 @@ private slots:
             int year, days;
         } cases[] = {{"1900", 1900, 29}, {"2000", 2000, 29}, {"2001", 2001, 28}, {"2100", 2100, 29},
                      {"1000", 1000, 28}, {"3000", 3000, 28}, {"2024", 2024, 29}};
-        support::forEach(cases, [](const auto& one) { QCOMPARE(howManyDays(2, one.year), one.days); });
+        support::forEach(cases, [](const auto& one) { QCOMPARE(HowManyDays(2, one.year), one.days); });
         QVERIFY(!dayOf(29, 2, 1900).isValid() && !dayOf(29, 2, 2100).isValid());
         QCOMPARE(dayOf(29, 2, 2000), QDate(2000, 2, 29));
     }
@@ -74,7 +74,7 @@ private slots:
                         const QDate day = dayOf(week[column], month, year);
                         if (day.isValid()) QCOMPARE(day.dayOfWeek(), int(column) + 1);
                     }
-                QCOMPARE(expected, howManyDays(month, year));
+                QCOMPARE(expected, HowManyDays(month, year));
             }
     }
 

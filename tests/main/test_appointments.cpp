@@ -305,6 +305,21 @@ private slots:
         QVERIFY(!site.isOpen("frmDate"));
     }
 
+    void theSheetOnPaper() {
+        Site site;
+        const qint64 card = site.addCard("Παπαδοπούλου", "Άννα", {{"τηλεφωνο1", "2310 123456"}});
+        QString notes;
+        for (int i = 0; i < 120; ++i) notes += QString("γραμμή %1\n").arg(i);
+        const qint64 aa = site.add({{"codecard", card}, {"Location", "Γραφείο"}, {"notes", notes}});
+        site.mod.doors.openAppointment(aa, nullptr);
+        site.window("frmDate").click("cmdPrint");
+        const QStringList texts = site.desk.printers.sent.last().texts();
+        QCOMPARE(texts.mid(0, site.desk.owner.size()), site.desk.owner);
+        for (const char* text : {"Πελάτης: Παπαδοπούλου", "Τηλέφωνο: 2310 123456", "Ημερομηνία:", "05/11/2026",
+                                 "Έλεγχος", "Γραφείο", "09:00", "10:00", "γραμμή 0", "γραμμή 119"})
+            QVERIFY2(texts.contains(text), text);
+    }
+
     void deletingAsksOnlyForARow() {
         Site site;
         const qint64 aa = site.add({});
