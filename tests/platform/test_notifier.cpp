@@ -47,7 +47,7 @@ private:
     QProcess daemon_;
 };
 
-// As the specification of the desktops' notices has it.
+// As the service of the desktops names and types it.
 class Desktop : public QObject {
     Q_OBJECT
     Q_CLASSINFO("D-Bus Interface", "org.freedesktop.Notifications")
