@@ -238,7 +238,7 @@ QWidget* frmDate::firstFault(QString& text) const {
         {isTime(txtStart), u"Δεν έχετε συμπληρώσει σωστά την ώρα έναρξης συνάντησης!"_s, txtStart},
         {isTime(txtEnd), u"Δεν έχετε συμπληρώσει σωστά την ώρα τέλους συνάντησης!"_s, txtEnd},
         {isTime(txtRemind), u"Δεν έχετε συμπληρώσει σωστά την ώρα υπενθύμησης συνάντησης!"_s, txtRemind},
-        // As texts, like all lists of the diary.
+        // As texts: 9:00 has to be 09:00 before it may stand beside 10:00.
         {txtEnd->currentText() >= txtStart->currentText(),
          u"Η ώρα τέλους συνάντησης δεν πρέπει να είναι πριν την ώρα έναρξης συνάντησης!"_s, txtRemind}};
     for (const Test& test : tests) {
@@ -247,6 +247,12 @@ QWidget* frmDate::firstFault(QString& text) const {
         return test.field;
     }
     return nullptr;
+}
+
+// The card goes with the contact: after a conflict that left theirs, their card stays, too.
+bool frmDate::writesCard(data::Recordset& row) const {
+    const bool leftTheirs = row[u"codecard"].toLong() != shownCard_ && !fields_.isChanged(txtContact);
+    return row_.isNew() || (mCodeCard != shownCard_ && !leftTheirs);
 }
 
 void frmDate::SaveAppointment() {
@@ -258,7 +264,7 @@ void frmDate::SaveAppointment() {
     const bool keepsNotes = !row_.isNew() && fields_.isChanged(txtNotes) && txtNotes->text().isEmpty();
     if (!row_.save([this](data::Recordset& row) {
             if (row_.isNew()) row[u"Day"].setValue(data::wallClock(day_));
-            if (row_.isNew() || mCodeCard != shownCard_) row[u"codecard"].setValue(mCodeCard);
+            if (writesCard(row)) row[u"codecard"].setValue(mCodeCard);
             row[u"Entoleas"].setValue(mod_.gUserName);
         }))
         return;

@@ -39,6 +39,7 @@ private:
     void settle();
     core::Draft draft();
     QWidget* firstFault(QString& text) const;
+    bool writesCard(data::Recordset& row) const;
     void SaveAppointment();
     void DeleteAppointment();
     void chooseContact();

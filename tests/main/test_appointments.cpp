@@ -320,6 +320,29 @@ private slots:
             QVERIFY2(texts.contains(text), text);
     }
 
+    // The contact and its card belong together, whoever's stays.
+    void aConflictAboutTheContact() {
+        for (const bool mine : {true, false}) {
+            const support::InCase in(mine ? "mine" : "theirs");
+            Site site;
+            const qint64 old = site.addCard("Παλιός", ""), theirs = site.addCard("Δικός τους", ""),
+                         my = site.addCard("Δικός μου", "");
+            const qint64 aa = site.add({{"codecard", old}});
+            site.mod.doors.openAppointment(aa, nullptr);
+            site.mod.doors.findCard = [my](QWidget*, const core::Doors::Chosen& chosen) { chosen(my, "Δικός μου"); };
+            const Driver editor = site.window("frmDate");
+            editor.click("CmdSearch");
+            site.mod.gConn.execute(QString("update dates set contact='Δικός τους', codecard=%1").arg(theirs));
+            support::inNextDialog("ConflictDialog", [mine](Driver& dialog) {
+                dialog.find<QAbstractButton>(mine ? "optMine(0)" : "optTheirs(0)")->setChecked(true);
+                dialog.click("cmdSave");
+            });
+            editor.click("lblClick(0)");
+            QCOMPARE(site.stored(aa, "contact"), mine ? "Δικός μου" : "Δικός τους");
+            QCOMPARE(site.stored(aa, "codecard").toLongLong(), mine ? my : theirs);
+        }
+    }
+
     void deletingAsksOnlyForARow() {
         Site site;
         const qint64 aa = site.add({});
