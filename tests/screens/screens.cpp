@@ -40,6 +40,8 @@ struct Studio {
                                                              {"Email", "info@example.gr"},
                                                              {"UserName", "Admin"}};
         for (const auto& [key, value] : owner) desk.settings.setValue("Settings", key, value);
+        // They would lie over what is to be seen.
+        for (const char* start : {"frmTodayShowStart", "frmNameDayStart"}) desk.settings.setNumber("Options", start, 0);
     }
 
     QTemporaryDir directory;
