@@ -12,8 +12,12 @@ namespace cards {
 namespace {
 
 QVector<controls::ListColumn> columns() {
-    return {{u"Subject"_s, u"Θέμα"_s, 1000}, {u"Location"_s, u"Τόπος"_s, 1000}, {u"Day"_s, u"Ημέρα"_s, 1000},
-            {u"Start"_s, u"Έναρξη"_s, 1200}, {u"End"_s, u"Τέλος"_s, 1200},      {u"Σχόλια"_s, u"Σχόλια"_s, 2200}};
+    return {{.key = u"Subject"_s, .header = u"Θέμα"_s, .spare = true},
+            {u"Location"_s, u"Τόπος"_s, 1000},
+            {u"Day"_s, u"Ημέρα"_s, 1000},
+            {u"Start"_s, u"Έναρξη"_s, 1200},
+            {u"End"_s, u"Τέλος"_s, 1200},
+            {u"Σχόλια"_s, u"Σχόλια"_s, 2200}};
 }
 
 QString timeText(const QVariant& time) {
