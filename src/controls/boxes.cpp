@@ -15,6 +15,8 @@
 #include "controls/numbertext.h"
 #include "controls/walk.h"
 
+using namespace Qt::Literals::StringLiterals;
+
 namespace controls {
 
 namespace {
@@ -54,7 +56,7 @@ TextBox::TextBox(QWidget* parent) : QLineEdit(parent) {
 
 QSize TextBox::minimumSizeHint() const {
     constexpr int frame = 16;  // with the padding
-    const int readable = fontMetrics().horizontalAdvance(QStringLiteral("00/00/0000")) + frame;
+    const int readable = fontMetrics().horizontalAdvance(u"00/00/0000"_s) + frame;
     return QLineEdit::minimumSizeHint().expandedTo({readable, 0});
 }
 

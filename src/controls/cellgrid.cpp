@@ -28,7 +28,6 @@ CellGrid::CellGrid(QWidget* parent) : QTableView(parent), cells_(new detail::Cel
     });
     connect(this, &QTableView::doubleClicked, this, [this](const QModelIndex& index) {
         if (actedBy_ == ActedBy::DoubleClick) activate(index);
-        if (isOn(index)) emit cellDoubleClicked(index.row(), index.column());
     });
 }
 

@@ -52,7 +52,6 @@ public:
 
 signals:
     void cellActivated(int row, int column);
-    void cellDoubleClicked(int row, int column);
     void pageTurned(int direction);  // -1 back, 1 forward
     // Right click, which moves the cursor, -1 beside the cells; or menu key and Shift+F10 where the cursor is.
     void menuRequested(int row, int column, QPoint globalPosition);

@@ -12,7 +12,7 @@ class QProgressBar;
 
 namespace core {
 
-inline const QString workProgressName = QStringLiteral("WorkProgress");
+inline const QString workProgressName = QString::fromUtf8("WorkProgress");
 
 // Shows itself when the work lasts; until then it hands no event out, afterwards only to its own window, since it is
 // modal to the whole program: nothing can be started or closed under the work. Shows the hourglass meanwhile.

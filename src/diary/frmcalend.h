@@ -34,7 +34,6 @@ public:
     // A new appointment will be with this card.
     void setContact(qint64 card, const QString& contact);
     QDate day() const { return mDay; }
-    qint64 selectedAa() const { return mSelectedAa; }
 
 protected:
     void onLoad() override;
