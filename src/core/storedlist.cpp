@@ -15,6 +15,7 @@ StoredList::StoredList(platform::Settings& settings, const QString& name, const 
         const int stored = std::max(narrowest, settings_.number(sectionOf(column), column.key, column.width));
         column.kept = stored != column.width;
         column.width = stored;
+        known_.append(stored);
     }
     setColumns(columns);
 }
@@ -31,8 +32,9 @@ void StoredList::hideEvent(QHideEvent* event) {
 
 void StoredList::storeWidths() {
     // The widths that were given or dragged, whatever the list has made of them.
-    for (const controls::ListColumn& column : columns())
-        if (column.stored)
+    // Only those that were dragged: several lists with different widths of their own share a section.
+    for (qsizetype i = 0; i < columns().size(); ++i)
+        if (const controls::ListColumn& column = columns()[i]; column.stored && column.width != known_[i])
             settings_.setNumber(sectionOf(column), column.storedAs.isEmpty() ? column.key : column.storedAs,
                                 column.width);
 }

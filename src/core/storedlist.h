@@ -24,6 +24,7 @@ private:
 
     platform::Settings& settings_;
     QString section_;
+    QVector<int> known_;  // the widths by column as they were read
 };
 
 }  // namespace core

@@ -1,4 +1,6 @@
 // The lists of the diary: appointments of a period, cards that fall due, the work of today, who celebrates.
+#include <QHeaderView>
+
 #include <QCheckBox>
 #include <QTimer>
 
@@ -400,13 +402,24 @@ private slots:
                               {"frmThinksToDoShow", "ListView1", "lvDates", "Χρήστης", 3, 1000, ""}};
         forEach(cases, [](const Case& c) {
             DiarySite office;
-            QCOMPARE(office.window(c.name).list(c.list)->columns()[c.column].width, c.width);
+            controls::ListView* list = office.window(c.name).list(c.list);
+            QCOMPARE(list->columns()[c.column].width, c.width);
+            list->header()->resizeSection(c.column, 150);
+            const int dragged = list->columns()[c.column].width;
             office.main->windows().unload(c.name);
-            if (*c.stored) QCOMPARE(office.desk.settings.number(c.section, c.stored, 0), c.width);
+            if (*c.stored) QCOMPARE(office.desk.settings.number(c.section, c.stored, 0), dragged);
             QCOMPARE(office.desk.settings.contains(c.section, c.key), c.stored == QString(c.key));
             office.desk.settings.setNumber(c.section, c.key, 4000);
             QCOMPARE(office.window(c.name).list(c.list)->columns()[c.column].width, 4000);
         });
+    }
+
+    // A width that nobody dragged is no other list's.
+    void listsOfOneSectionLeaveEachOtherTheirWidths() {
+        Appointments office;
+        office.window("frmTodayShow");
+        office.main->windows().unload("frmTodayShow");
+        QVERIFY(!office.window("frmDatesShow").list()->columns()[0].kept);
     }
 
     // He sees his own under his name; what is another's he can only read.
