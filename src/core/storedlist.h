@@ -7,7 +7,7 @@
 namespace core {
 
 // The widths lie in the settings in a section of the list's own, a key per column, in twips. Shown, the list has the
-// widths that were stored there, and grows those that nobody has dragged; hidden, it stores its own.
+// widths that were stored there, and grows those that nobody has dragged; hidden, it stores those that were.
 class StoredList : public controls::ListView {
     Q_OBJECT
 public:

@@ -1,7 +1,6 @@
 // The lists of the diary: appointments of a period, cards that fall due, the work of today, who celebrates.
-#include <QHeaderView>
-
 #include <QCheckBox>
+#include <QHeaderView>
 #include <QTimer>
 
 #include "diary/due.h"
