@@ -26,7 +26,7 @@ QVector<controls::ListColumn> columns() {
     return {{u"Start"_s, u"Έναρξη"_s, 800},
             {u"End"_s, u"Τέλος"_s, 800},
             {u"Επαφή"_s, u"Επαφή"_s, 1300},
-            {u"Subject"_s, u"Θέμα"_s, 1800},
+            {.key = u"Subject"_s, .header = u"Θέμα"_s, .width = 1800, .spare = true},
             {u"Χρήστης"_s, u"Χρήστης"_s, 1800}};
 }
 
@@ -126,6 +126,7 @@ void frmCalend::onLoad() {
     MSFlexGrid2->showFromRow(firstShownSlot);
     tick();
     tmrClock.start(1000);
+    month_->setFocus(Qt::TabFocusReason);
 }
 
 void frmCalend::FillUsers() {

@@ -28,6 +28,7 @@ MonthPane::MonthPane(core::MainMod& mod, std::function<QSet<QDate>(Month)> marke
     MonthYear->setAlignment(Qt::AlignCenter);
     MonthYear->setFont(controls::font(u"Tahoma"_s, 10, true));
     MSFlexGrid1->setAccessibleName(u"Ημέρες του μήνα"_s);
+    setFocusProxy(MSFlexGrid1);
     MSFlexGrid1->setBehaviour(CellGrid::Unit::Cell, CellGrid::ActedBy::Click, CellGrid::Paging::Turns);
     MSFlexGrid1->setHeads({{u"ΔΕΥ"_s, u"Δευτέρα"_s},
                            {u"ΤΡΙ"_s, u"Τρίτη"_s},

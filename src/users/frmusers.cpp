@@ -186,6 +186,11 @@ void frmUsers::showList(qint64 selected) {
     refresh(selected);
 }
 
+void frmUsers::showStoredPassword() {
+    Text2->setText(passwordMask);
+    passwordStands_ = true;
+}
+
 // The first change to a stored password starts a new one.
 void frmUsers::dropMask() {
     if (!passwordStands_) return;
@@ -207,16 +212,28 @@ frmUsers::Fault frmUsers::fault() {
 }
 
 void frmUsers::save() {
-    if (const Fault found = fault(); !found.text.isEmpty()) return complain(found.text, found.field);
-    const QString groupText = Combo1->currentText();
-    const auto group = groupNumber(mod_.gConnUsers, groupText);
-    if (!group)
-        return complain(u"Υπάρχει πρόβλημα με την συγκεκριμένη ομάδα Δικαιωμάτων (%1)"_s.arg(groupText), Combo1);
-    mRs[u"Group"].setValue(*group);
+    for (;;) {
+        if (const Fault found = fault(); !found.text.isEmpty()) return complain(found.text, found.field);
+        const QString groupText = Combo1->currentText();
+        const auto group = groupNumber(mod_.gConnUsers, groupText);
+        if (!group)
+            return complain(u"Υπάρχει πρόβλημα με την συγκεκριμένη ομάδα Δικαιωμάτων (%1)"_s.arg(groupText), Combo1);
+        try {
+            write(*group);
+            return showList(mRs[u"aa"].toLong());
+        } catch (const data::Error& error) {
+            const bool isNew = mRs.editMode() == data::EditMode::Add;
+            if (isNew || error.category() != data::ErrorCategory::Conflict) throw;
+        }
+        if (!settleConflict()) return;
+    }
+}
+
+void frmUsers::write(qint64 group) {
+    mRs[u"Group"].setValue(group);
     mRs[u"UserName"].setValue(Text1->text());
     if (!passwordStands_) mRs[u"Password"].setValue(data::makeVerifier(Text2->text()));
     mRs.update();
-    showList(mRs[u"aa"].toLong());
 }
 
 void frmUsers::cancel() {

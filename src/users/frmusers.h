@@ -45,6 +45,10 @@ private:
     };
     Fault fault();
     void save();
+    void write(qint64 group);
+    bool settleConflict();  // true when the save can be tried again
+    bool addAgain();
+    void showStoredPassword();
     void cancel();
     core::Draft draft();
 

@@ -2,6 +2,7 @@
 
 #include <QGroupBox>
 #include <QMenu>
+#include <QRadioButton>
 
 #include "support/cases.h"
 #include "support/driver.h"
@@ -254,32 +255,49 @@ private slots:
         form.find<QMenu>("mnu1")->close();
     }
 
-    // Another seat changes or deletes the user meanwhile.
-    void aFailedSaveKeepsWhatWasTyped() {
+    // What both changed is chosen from; what only one changed stays.
+    void anotherSeatChangesTheUserMeanwhile() {
         struct Case {
-            const char* told;
-            QString user;
-            QString meanwhile;
+            const char *name, *meanwhile, *button;
+            QString user, there;
+            int asked;
         };
         const Case cases[] = {
-            {"άλλαξε στο μεταξύ", "άννα", "update users set UserName='m' where UserName='maria'"},
-            {"διαγράφηκε στο μεταξύ", "άννα", "delete from users where UserName='maria'"},
+            {"the name, mine", "UserName='m'", "cmdSave", "άννα", "άννα/2", 1},
+            {"the name, theirs", "UserName='m'", "optTheirs(0)", "m", "m/2", 1},
+            {"gone back", "UserName='m'", "cmdBack", "m", "m/1", 1},
+            {"another column", "Password='x'", "cmdSave", "άννα", "άννα/2", 1},
         };
-        for (const Case& c : cases) {
-            const support::InCase in(c.told);
+        support::forEach(cases, [](const Case& c) {
             UsersSite form;
             form.edit("maria");
-            form.fill(c.user, "p", "Χρήστες");
+            form.fill("άννα", "p", "Χρήστες");
             support::OtherSeat other(form);
-            other.mod.gConnUsers.execute(c.meanwhile);
+            other.mod.gConnUsers.execute(QString("update users set %1 where UserName='maria'").arg(c.meanwhile));
+            int asked = 0;
+            support::inNextDialog("ConflictDialog", [&](support::Driver& dialog) {
+                asked = int(dialog.window().findChildren<QRadioButton*>().size()) / 2;
+                dialog.click(c.button);
+                if (QString(c.button).startsWith("opt")) dialog.click("cmdSave");
+            });
             form.confirm();
-            QCOMPARE(form.desk.prompts.lastTitle(), "Μήνυμα λάθους");
-            QVERIFY2(form.desk.prompts.lastText().contains(c.told), qPrintable(form.desk.prompts.lastText()));
-            QVERIFY(form.isEditing());
-            QCOMPARE(form.shown("Text1"), c.user);
-            QCOMPARE(form.shown("Text2"), "p");
-            QVERIFY(form.user(c.user).isEmpty());
-        }
+            QCOMPARE(asked, c.asked);
+            QCOMPARE(form.user(c.user), c.there);
+            QCOMPARE(form.isEditing(), c.button == QString("cmdBack"));
+        });
+    }
+
+    void aUserWhoWasDeletedMeanwhileCanBeANewOne() {
+        UsersSite form;
+        form.edit("maria");
+        form.find<QComboBox>("Combo1")->setCurrentIndex(1);
+        form.mod.gConnUsers.execute("delete from users where UserName='maria'");
+        form.desk.prompts.answer(true);
+        form.confirm();
+        QCOMPARE(form.desk.prompts.lastText(), noPassword);  // it went with the row
+        form.find<QLineEdit>("Text2")->setText("p");
+        form.confirm();
+        QVERIFY(form.user("maria").startsWith("maria/") && !form.isEditing());
     }
 
     void aNameOfAnyLengthIsCutToItsColumn() {
