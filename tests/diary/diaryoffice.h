@@ -49,6 +49,7 @@ struct DiarySite : DiaryOffice {
         desk.settings.setValue("Options", "frmNameDayStart", "0");
     }
     void logOn() {
+        main.reset();
         main = std::make_unique<entry::MDIMain>(mod);
         main->load();
         activate(*main);

@@ -5,8 +5,8 @@
 #include "diary/month.h"
 #include "diary/planner.h"
 #include "diary/reminders.h"
+#include "diaryoffice.h"
 #include "support/cases.h"
-#include "support/office.h"
 
 using namespace diary;
 
@@ -24,19 +24,16 @@ QString taken(const char* start, const char* end) {
     return texts.join(' ');
 }
 
-struct Diary : support::Office {
+struct Diary : support::DiaryOffice {
     qint64 add(QDate day, const char* start, const char* end, const QVariantMap& more = {}) {
-        const auto time = [](const char* text) {
-            return QVariant(data::wallClock(QDate(1899, 12, 30), QTime::fromString(text, "HH:mm")));
-        };
-        QVariantMap values{{"Day", data::wallClock(day)}, {"Start", time(start)}, {"End", time(end)},
-                           {"Subject", QString(start)},   {"User", "Admin"},      {"Remind", time(start)}};
-        values.insert(more);
-        data::Recordset row(mod.gConn, "select * from dates where aa=0");
-        row.addNew();
-        for (auto [column, value] : values.asKeyValueRange()) row[column].setValue(value);
-        row.update();
-        return row[u"aa"].toLong();
+        return DiaryOffice::add("Dates",
+                                {{"Day", data::wallClock(day)},
+                                 {"Start", support::at(start)},
+                                 {"End", support::at(end)},
+                                 {"Subject", QString(start)},
+                                 {"User", "Admin"},
+                                 {"Remind", support::at(start)}},
+                                more);
     }
     bool clashes(const char* start, const char* end, qint64 except = 0, QDate day = {2026, 11, 5}) {
         return diary::clashes(mod.gConn, day, QTime::fromString(start, "HH:mm"), QTime::fromString(end, "HH:mm"),

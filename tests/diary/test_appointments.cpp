@@ -8,10 +8,8 @@
 #include "core/draftoffer.h"
 #include "diary/frmcalend.h"
 #include "diary/frmdate.h"
-#include "main/mdimain.h"
+#include "diaryoffice.h"
 #include "support/cases.h"
-#include "support/driver.h"
-#include "support/office.h"
 
 using controls::CellGrid;
 using controls::CellRole;
@@ -21,45 +19,30 @@ namespace {
 
 const QDate today(2026, 11, 5);
 
-struct Site : support::Office {
-    std::unique_ptr<entry::MDIMain> main;
-
+struct Site : support::DiarySite {
     explicit Site(int group = core::groupAdministrators, const QString& user = "Admin") {
         mod.gUserGroup = group;
         mod.gUserName = user;
-        desk.setOwner();
-        for (const char* start : {"frmTodayShowStart", "frmNameDayStart"}) desk.settings.setNumber("Options", start, 0);
-        open();
+        logOn();
     }
-    void open() {
-        main.reset();
-        main = std::make_unique<entry::MDIMain>(mod);
-        main->load();
-        main->show();
-    }
-    Driver window(const QString& name) { return Driver(*main->windows().front(name)); }
     bool isOpen(const QString& name) {
-        for (int i = 0; i < 3; ++i) QApplication::processEvents();
-        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
-        return main->windows().find(name) != nullptr;
+        settle();
+        return DiarySite::isOpen(name);
     }
     QString inFront() const {
         const QMdiSubWindow* frame = main->findChild<QMdiArea*>()->activeSubWindow();
         return frame ? frame->widget()->objectName() : QString();
     }
     qint64 add(const QVariantMap& values, QDate day = today) {
-        data::Recordset row(mod.gConn, "select * from dates where aa=0");
-        row.addNew();
-        row[u"Day"].setValue(data::wallClock(day));
-        row[u"contact"].setValue("Παπαδοπούλου");
-        row[u"Subject"].setValue("Έλεγχος");
-        row[u"Start"].setValue("09:00");
-        row[u"End"].setValue("10:00");
-        row[u"Remind"].setValue("08:30");
-        row[u"User"].setValue("Admin");
-        for (auto [column, value] : values.asKeyValueRange()) row[column].setValue(value);
-        row.update();
-        return row[u"aa"].toLong();
+        return DiarySite::add("Dates",
+                              {{"Day", data::wallClock(day)},
+                               {"contact", "Παπαδοπούλου"},
+                               {"Subject", "Έλεγχος"},
+                               {"Start", "09:00"},
+                               {"End", "10:00"},
+                               {"Remind", "08:30"},
+                               {"User", "Admin"}},
+                              values);
     }
     // The half hour's row, activated as a double click does.
     void startAt(int slot) {
@@ -413,7 +396,7 @@ private slots:
         site.window("frmDate").type("txtSubject", "μισό");
         site.mod.drafts.writeAll();
         site.desk.prompts.answerChoice("Ναι");
-        site.open();  // as after a crash: no window has closed by itself
+        site.logOn();  // as after a crash: no window has closed by itself
         core::offerDrafts(site.mod, site.main->windows(), site.main.get());
         const Driver editor = site.window("frmDate");
         QCOMPARE(editor.shown("txtSubject") + editor.shown("txtContact"), "μισόΠαπαδοπούλου");
@@ -429,7 +412,7 @@ private slots:
         site.window("frmDate").type("txtSubject", "μισό");
         site.mod.drafts.writeAll();
         site.desk.prompts.answerChoice("Ναι");
-        site.open();
+        site.logOn();
         core::offerDrafts(site.mod, site.main->windows(), site.main.get());
         const Driver editor = site.window("frmDate");
         QCOMPARE(editor.shown("txtContact") + editor.shown("txtStart") + editor.shown("txtEnd"),
@@ -492,7 +475,7 @@ private slots:
         for (int run = 0; run < 3; ++run) {
             site.main->move(90, 40);
             site.main->alarm()->showFront();
-            site.open();
+            site.logOn();
             places << place();
         }
         QCOMPARE(places, QList<int>(3, places.first()));
