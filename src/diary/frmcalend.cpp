@@ -48,7 +48,7 @@ frmCalend::frmCalend(core::MainMod& mod, std::function<void(const NewAppointment
       commands_(mod, this, commands()) {
     controls::add(controls::pageLayout(this), {{controls::row({side(), dayPane(), {ListView1, 1}}, 12), 1}});
     MnuPopUpDate = commands_.menu(u"MnuPopUpDate"_s);
-    setMinimumSize(1060, 480);
+    setMinimumSize(1160, 480);
     on(month_, &MonthPane::dayChosen, [this](QDate day) { ShowDay(day); });
     on(month_, &MonthPane::todayWanted, [this] {
         month_->ShowMonth(monthOf(today_));
@@ -126,7 +126,6 @@ void frmCalend::onLoad() {
     MSFlexGrid2->showFromRow(firstShownSlot);
     tick();
     tmrClock.start(1000);
-    month_->setFocus(Qt::TabFocusReason);
 }
 
 void frmCalend::FillUsers() {

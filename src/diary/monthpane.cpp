@@ -28,7 +28,6 @@ MonthPane::MonthPane(core::MainMod& mod, std::function<QSet<QDate>(Month)> marke
     MonthYear->setAlignment(Qt::AlignCenter);
     MonthYear->setFont(controls::font(u"Tahoma"_s, 10, true));
     MSFlexGrid1->setAccessibleName(u"Ημέρες του μήνα"_s);
-    setFocusProxy(MSFlexGrid1);
     MSFlexGrid1->setBehaviour(CellGrid::Unit::Cell, CellGrid::ActedBy::Click, CellGrid::Paging::Turns);
     MSFlexGrid1->setHeads({{u"ΔΕΥ"_s, u"Δευτέρα"_s},
                            {u"ΤΡΙ"_s, u"Τρίτη"_s},
@@ -38,11 +37,14 @@ MonthPane::MonthPane(core::MainMod& mod, std::function<QSet<QDate>(Month)> marke
                            {u"ΣΑΒ"_s, u"Σάββατο"_s},
                            {u"ΚΥΡ"_s, u"Κυριακή"_s}});
     Label2->setToolTip(u"Επιστροφή στη σημερινή ημέρα"_s);
-    controls::add(
-        controls::tabLayout(this),
-        {controls::row({commands_.toolButton(u"cmdPrevious"_s), {MonthYear, 1}, commands_.toolButton(u"cmdNext"_s)}),
-         {MSFlexGrid1, 1},
-         controls::row({new QLabel(u"Σήμερα:"_s), Label2, controls::Item::rest()})});
+    auto *previous = commands_.toolButton(u"cmdPrevious"_s), *next = commands_.toolButton(u"cmdNext"_s);
+    controls::add(controls::tabLayout(this),
+                  {controls::row({previous, {MonthYear, 1}, next}),
+                   {MSFlexGrid1, 1},
+                   controls::row({new QLabel(u"Σήμερα:"_s), Label2, controls::Item::rest()})});
+    // The keys begin among the days.
+    setTabOrder(MSFlexGrid1, previous);
+    setTabOrder(previous, next);
     on(MSFlexGrid1, &CellGrid::cellActivated, [this](int row, int column) { choose(row, column); });
     on(MSFlexGrid1, &CellGrid::pageTurned, [this](int direction) { turn(direction); });
 }

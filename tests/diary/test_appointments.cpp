@@ -85,6 +85,7 @@ private slots:
         const Driver calendar = site.window("frmCalend");
         QCOMPARE(calendar.shown("lblDate"), "Πέμπτη, 5 Νοε 2026");
         QCOMPARE(calendar.shown("MonthYear"), "Νοέμβριος 2026");
+        QCOMPARE(calendar.focused(), "MSFlexGrid1");
         QCOMPARE(calendar.rows(), QStringList("09:10|10:10|Παπαδοπούλου|Έλεγχος|Admin"));
         auto* planner = calendar.find<CellGrid>("MSFlexGrid2");
         QCOMPARE(planner->cell(18, 0).role, CellRole::Free);
